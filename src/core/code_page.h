@@ -1,0 +1,21 @@
+// The program's single-byte text (Windows-1252) to and from UTF-8, for windows and the command line.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace trillomat {
+
+/// UTF-8 of Windows-1252 text. The five bytes without a character become the control characters of
+/// the same number, as the WHATWG encoding table has it, so every text survives the round trip.
+std::string ToUtf8(std::string_view codePageText);
+
+/// Windows-1252 of UTF-8 text, each character that it lacks replaced by "?"; nothing when `utf8` is
+/// not valid UTF-8.
+std::optional<std::string> FromUtf8(std::string_view utf8);
+
+/// True when Windows-1252 has the Unicode character `codePoint`.
+bool CodePageHas(char32_t codePoint);
+
+}  // namespace trillomat
