@@ -1,0 +1,39 @@
+// The repeat marks of a melody: "(" starts a block, "@2)" plays it twice in all and "@0)" for ever.
+#pragma once
+
+#include <cstdint>
+#include <set>
+#include <utility>
+
+#include "core/event_pump.h"
+#include "core/log.h"
+#include "core/melody.h"
+
+namespace trillomat {
+
+/// Counts the rounds. There is one counter, so blocks do not nest: an inner "(" restarts the count.
+class RepeatBlock {
+ public:
+  /// How often an endless block is played in all; 0 plays it for ever.
+  int32_t endlessRounds = 0;
+  /// Blocks that share the counter can send each other back for ever, though each has a finite count.
+  /// When set, a repeat end that would jump a second time from the same count is passed.
+  bool leaveCycles = false;
+
+  int16_t Counter() const { return counter_; }
+
+  /// A "(" is performed.
+  void Start();
+  /// The repeat end `special` at `index` is performed: the number of elements to go back, 0 to go on.
+  /// Lets events run while it looks for the start. Logs a missing start and a count without an end.
+  int32_t End(std::string_view special, int32_t index, const MelodyList& elements, Log& log, EventPump& pump);
+
+ private:
+  bool BlockIsDone(int32_t count) const;
+  bool ClosesCycle(int32_t index);
+
+  int16_t counter_ = 0;
+  std::set<std::pair<int32_t, int16_t>> jumps_;  ///< index and counter of the jumps since the last "("
+};
+
+}  // namespace trillomat

@@ -1,0 +1,53 @@
+// Synthesises one tone as a RIFF/WAVE image in memory: a whole number of periods of a sine, so that
+// the image loops without an audible seam.
+//
+//   byte  0 "RIFF", size of what follows     12 "fmt ", 16, 1 (PCM), channels
+//         8 "WAVE"                           24 sample rate, byte rate, block align, bits
+//                                            36 "data", data size, samples from byte 44
+//
+// All numbers are little-endian. The layout is that of the published PCM WAVE format.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace trillomat {
+
+inline constexpr int32_t kSampleRate = 44100;
+inline constexpr size_t kWaveHeaderSize = 44;
+
+struct WaveFormat {
+  int32_t sampleRate = kSampleRate;
+  int16_t bits = 16;     ///< 8 (unsigned, around 127) or 16 (signed)
+  int16_t channels = 1;  ///< interleaved; even channels have the left level, odd ones the right
+  double leftLevel = 0.5;
+  double rightLevel = 0.5;
+};
+
+/// The header of a file with `dataSize` bytes of samples.
+std::array<uint8_t, kWaveHeaderSize> WaveHeader(const WaveFormat& format, uint32_t dataSize);
+
+/// One growable image, reused for every tone.
+class WaveSynthesis {
+ public:
+  /// Starts an image without samples.
+  void BuildWaveHeader(int32_t sampleRate, int16_t bits, int16_t channels, double leftLevel,
+                       double rightLevel);
+  /// Fills in 10 periods of `frequency` hertz, 100 above 1000 Hz. Where the sampled sine never shows
+  /// its periods (at half the sample rate and its multiples) the image ends after a second. No
+  /// samples below 1 Hz.
+  void SynthesiseTone(double frequency);
+
+  std::span<const uint8_t> Image() const { return buffer_; }
+  /// The samples behind the header.
+  std::span<const uint8_t> Samples() const { return Image().subspan(kWaveHeaderSize); }
+
+ private:
+  WaveFormat format_;
+  std::vector<uint8_t> buffer_ = std::vector<uint8_t>(kWaveHeaderSize);
+};
+
+}  // namespace trillomat
