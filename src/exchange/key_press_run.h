@@ -1,0 +1,67 @@
+// What the key-press exports share: the run over the melody that numbers the lines, and the counters of
+// a phone's composer that keeps its octave and length from one note to the next.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "core/workspace.h"
+
+namespace trillomat {
+
+inline constexpr std::string_view kLineEnd = "\r\n";
+
+/// The largest export text, in bytes. A tone without keys takes over the whole text of the element before
+/// it, so damaged melodies would otherwise grow a text with the square of their length.
+inline constexpr size_t kLargestExport = size_t{256} << 20U;
+
+/// One phone's way to type a melody. Abstract because each phone's composer wants other keys.
+class PhoneKeys {
+ public:
+  PhoneKeys() = default;
+  PhoneKeys(const PhoneKeys&) = delete;
+  PhoneKeys& operator=(const PhoneKeys&) = delete;
+  virtual ~PhoneKeys() = default;
+
+  /// Turns `keyText`, the text of the element before, into that of `note`, its CR LF included.
+  virtual void Press(const MelodyNote& note, std::string& keyText) = 0;
+};
+
+/// The Result text for ws.ExportMelody, which has been adapted: a line on the move up, if there was one, and
+/// a numbered line an element. Throws QuietFailure when the text grows beyond kLargestExport or the program
+/// is ending.
+std::string KeyPressText(PhoneKeys& phone, Workspace& ws);
+
+/// Appends `key` `count` times; as often as an export can hold when that is less.
+void AppendKeys(std::string& text, std::string_view key, int count);
+
+/// The composer of the Nokia phones and the T68i: one key steps through the octaves and wraps, two keys step
+/// through the lengths.
+class SteppingComposer {
+ public:
+  struct Keys {
+    std::string_view octaveUp;
+    std::string_view longer;
+    std::string_view shorter;
+    int lowestOctave;  ///< where the octave key wraps to
+    int highestOctave;
+  };
+
+  explicit SteppingComposer(const Keys& keys) : keys_(keys) {}
+
+  /// Appends the keys from the current octave to `target`; none when the composer does not have it.
+  void StepOctave(int target, std::string& keyText);
+  /// Appends the keys from the current length to the I-Melody duration code `code`, 0 whole to 5.
+  void StepLength(int code, std::string& keyText);
+
+ private:
+  Keys keys_;
+  int octave_ = 4;
+  int duration_ = 2;
+};
+
+/// The I-Melody duration code, 0 whole to 5 thirty-second; a length without a code counts as 0 and is logged.
+int DurationCode(const MelodyNote& note, const NoteCodec& codec);
+
+}  // namespace trillomat

@@ -1,0 +1,61 @@
+// The keys of the composers of the T39 and of the R320 and T28. There a length is chosen by holding the
+// tone's key until the display shows the wanted form; accidental and octave follow. No octave or length is
+// kept in between.
+#pragma once
+
+#include "exchange/key_press_run.h"
+
+namespace trillomat {
+
+/// What both phones share; how they write lengths, octaves and commands differs.
+class HeldKeys : public PhoneKeys {
+ public:
+  explicit HeldKeys(Workspace& ws) : ws_(ws) {}
+  void Press(const MelodyNote& note, std::string& keyText) final;
+
+ protected:
+  /// The E-Melody duration code, "0" whole to "3" eighth and shorter.
+  std::string LengthCode(const MelodyNote& note) const;
+
+ private:
+  void PressTone(const MelodyNote& note, std::string& keyText);
+
+  virtual std::string PauseText(const MelodyNote& note) const = 0;
+  virtual bool IsCommand(std::string_view special) const = 0;
+  virtual std::string_view UnknownToneMessage() const = 0;
+  /// How often the octave key is pressed.
+  virtual int OctavePresses(int octave) const = 0;
+  virtual std::string ToneText(std::string_view key, std::string_view lengthCode) const = 0;
+
+  Workspace& ws_;
+  // A tone without a key takes over both from the tone before, octave keys included.
+  std::string key_;
+  std::string modifier_;
+};
+
+class T39Keys : public HeldKeys {
+ public:
+  using HeldKeys::HeldKeys;
+
+ private:
+  std::string PauseText(const MelodyNote& note) const override;
+  bool IsCommand(std::string_view special) const override;
+  // The T39 shares the T68i's message.
+  std::string_view UnknownToneMessage() const override { return "Critical error in Make T68i Keypress"; }
+  int OctavePresses(int octave) const override { return octave - 3; }
+  std::string ToneText(std::string_view key, std::string_view lengthCode) const override;
+};
+
+class R320Keys : public HeldKeys {
+ public:
+  using HeldKeys::HeldKeys;
+
+ private:
+  std::string PauseText(const MelodyNote& note) const override;
+  bool IsCommand(std::string_view special) const override;
+  std::string_view UnknownToneMessage() const override { return "Critical error in Make R320 Keypress"; }
+  int OctavePresses(int octave) const override { return octave == 3 ? 0 : 1; }
+  std::string ToneText(std::string_view key, std::string_view lengthCode) const override;
+};
+
+}  // namespace trillomat

@@ -1,0 +1,118 @@
+#include "exchange/t68i_keys.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+#include "core/ascii.h"
+#include "core/number_text.h"
+#include "core/tone.h"
+
+namespace trillomat {
+namespace {
+
+// One "#" after the digit is flat where the tone has a flat, the next one sharp.
+constexpr ToneTable<std::string_view> kToneKeys{"1",  "1#", "2#",  "2",  "2##", "3#",  "3",  "4", "4#",
+                                                "5#", "5",  "5##", "6#", "6",   "6##", "7#", "7"};
+
+struct CommandKeys {
+  std::string_view special;
+  std::string_view keys;
+};
+
+constexpr std::array<CommandKeys, 9> kCommandKeys{{{"ledon", "Option key, 2, 2"},
+                                                   {"ledoff", "Option key, 2, 1"},
+                                                   {"vibeon", "Option key, 2, 6"},
+                                                   {"vibeoff", "Option key, 2, 5"},
+                                                   {"backon", "Option key, 2, 4"},
+                                                   {"backoff", "Option key, 2, 3"},
+                                                   {"V+", "Option key, 2, 9"},
+                                                   {"V-", "Option key, 2, Down, Down, Left"},
+                                                   {"(", "Option key, 2, 7"}}};
+
+// A count beyond all limits is cut here; AppendKeys cuts it further.
+int CountIn(std::string_view text) {
+  const double value = LeadingNumber(text);
+  return RoundToInt32(value).value_or(value < 0 ? 0 : std::numeric_limits<int>::max());
+}
+
+// The end of a repeat, "@n)": 0 is without end.
+std::string RepeatKeys(std::string_view special) {
+  std::string keys = "Option key, 2, 8";
+  const size_t end = std::max<size_t>(special.rfind(')'), 1);
+  const int count = CountIn(special.substr(1, end - 1));
+  if (count == 0) keys += ", 8";
+  if (count >= 2) {
+    keys += ',';
+    AppendKeys(keys, " 9", count - 1);
+  }
+  return keys;
+}
+
+// An absolute volume, "Vn".
+std::string VolumeKeys(std::string_view special) {
+  std::string keys = "Option key, 2, Down, Down, Left, Left";
+  const int count = CountIn(special.substr(special.find('V') + 1));
+  if (count != 0) {
+    keys += ',';
+    AppendKeys(keys, " 9", count);
+  }
+  return keys;
+}
+
+// A command that the phone does not have leaves the text of the element before.
+void PressCommand(std::string_view special, std::string& keyText) {
+  for (const CommandKeys& command : kCommandKeys) {
+    if (command.special != special) continue;
+    keyText = command.keys;
+    return;
+  }
+  if (Contains(special, ")")) {
+    keyText = RepeatKeys(special);
+  } else if (Contains(special, "V")) {
+    keyText = VolumeKeys(special);
+  }
+}
+
+std::string_view ExtraKeys(float extra) {
+  const std::string mark = NoteCodec::EncodeDurationExtra(extra, FormatMode::Rtttl).text;
+  if (mark == ".") return "Down Yes";
+  if (mark == ":") return "Down Down Yes";
+  return mark == ";" ? "Down Down Down Yes" : "";
+}
+
+}  // namespace
+
+void T68iKeys::Press(const MelodyNote& note, std::string& keyText) {
+  if (IsPause(note)) {
+    keyText = "Press: *";
+    PressLength(note, keyText);
+  } else if (!note.Special.empty()) {
+    PressCommand(note.Special, keyText);
+  } else {
+    PressTone(note, keyText);
+  }
+  keyText += kLineEnd;
+}
+
+void T68iKeys::PressTone(const MelodyNote& note, std::string& keyText) {
+  const int tone = ToneIndex(note.Note);
+  if (tone >= 0) {
+    keyText = kToneKeys.at(static_cast<size_t>(tone));
+  } else {
+    ws_.log.WriteLog("Critical error in Make T68i Keypress", 1);
+  }
+  // A tone without an octave has the text "*4".
+  composer_.StepOctave(NoteCodec::EncodeOctave(note, FormatMode::IMelody).text.at(1) - '0', keyText);
+  PressLength(note, keyText);
+  keyText.insert(0, "Press: ");
+}
+
+void T68iKeys::PressLength(const MelodyNote& note, std::string& keyText) {
+  composer_.StepLength(DurationCode(note, ws_.codec), keyText);
+  if (note.DurationExtra == 1.0F) return;
+  keyText += "OptionKey 6";
+  keyText += ExtraKeys(note.DurationExtra);
+}
+
+}  // namespace trillomat
