@@ -1,0 +1,25 @@
+// The per-user settings store: text values by section and key. Abstract so that each system keeps
+// them where its users expect them, and tests in memory.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace trillomat {
+
+class SettingsStore {
+ public:
+  SettingsStore() = default;
+  SettingsStore(const SettingsStore&) = delete;
+  SettingsStore& operator=(const SettingsStore&) = delete;
+  virtual ~SettingsStore() = default;
+
+  virtual void SaveSetting(std::string_view section, std::string_view key, std::string_view value) = 0;
+  /// The stored text, `defaultValue` when there is none.
+  virtual std::string GetSetting(std::string_view section, std::string_view key,
+                                 std::string_view defaultValue) const = 0;
+  /// Deletes a whole section; one that does not exist is no error.
+  virtual void DeleteSetting(std::string_view section) = 0;
+};
+
+}  // namespace trillomat

@@ -1,0 +1,93 @@
+#include "settings/settings.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "support/fakes.h"
+
+namespace trillomat {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class MemoryStore : public SettingsStore {
+ public:
+  void SaveSetting(std::string_view section, std::string_view key, std::string_view value) override {
+    values[std::string(section) + "/" + std::string(key)] = value;
+  }
+  std::string GetSetting(std::string_view section, std::string_view key,
+                         std::string_view defaultValue) const override {
+    const auto found = values.find(std::string(section) + "/" + std::string(key));
+    return found == values.end() ? std::string(defaultValue) : found->second;
+  }
+  void DeleteSetting(std::string_view section) override {
+    std::erase_if(values,
+                  [&](const auto& entry) { return entry.first.starts_with(std::string(section) + "/"); });
+  }
+
+  std::map<std::string, std::string> values;
+};
+
+const std::string kCleaning = "1: #############Cleaning up registry##############";
+
+TEST(SettingsTest, FirstStartCleansUpAndTakesEveryDefault) {
+  MemoryStore store;
+  FakeLog log;
+  EXPECT_EQ(LoadSettings(store, log), Settings());
+  EXPECT_THAT(log.lines, ElementsAre(kCleaning));
+}
+
+TEST(SettingsTest, WhatWasSavedComesBack) {
+  MemoryStore store;
+  FakeLog log;
+  const Settings settings{.Scale = 6,
+                          .Mode = FormatMode::Rtttl,
+                          .BrowseFolder = "z:\\tunes\\",
+                          .AutoPlay = false,
+                          .PlayMoving = false,
+                          .PlayComposing = true,
+                          .Duration = 3,
+                          .DurationExtra = 1,
+                          .OutPut = 0};
+  SaveSettings(settings, store);
+  EXPECT_EQ(store.values["Version/Counter"], "2");
+  EXPECT_EQ(store.values["Settings/AutoPlay"], "False");
+  EXPECT_EQ(store.values["Settings/Mode"], "2");
+  EXPECT_EQ(LoadSettings(store, log), settings);
+  EXPECT_THAT(log.lines, IsEmpty());
+}
+
+TEST(SettingsTest, AnOlderLayoutIsWipedButForItsCounter) {
+  MemoryStore store;
+  FakeLog log;
+  SaveSettings({.Scale = 7, .BrowseFolder = "d:\\", .OutPut = 2}, store);
+  store.values["Version/Counter"] = "1";
+  EXPECT_EQ(LoadSettings(store, log), Settings());
+  EXPECT_THAT(log.lines, ElementsAre(kCleaning));
+  EXPECT_EQ(store.values.size(), 1U);
+}
+
+TEST(SettingsTest, ValuesThatMakeNoSenseAreLoggedAndReplaced) {
+  struct Case {
+    std::string key;
+    std::string value;
+  };
+  const Case cases[] = {{"Mode", "4"},           {"Mode", "-1"},           {"Mode", "two"},
+                        {"Duration", "6"},       {"Duration", ""},         {"DurationExtra", "4"},
+                        {"OutPut", "3"},         {"Scale", "99999999999"}, {"Scale", "4 or 5"},
+                        {"AutoPlay", "perhaps"}, {"PlayMoving", ""}};
+  for (const Case& c : cases) {
+    MemoryStore store;
+    FakeLog log;
+    SaveSettings(Settings(), store);
+    store.values["Settings/" + c.key] = c.value;
+    EXPECT_EQ(LoadSettings(store, log), Settings()) << c.key << "=" << c.value;
+    EXPECT_THAT(log.lines, ElementsAre("1: The setting " + c.key + " has an unknown value-->" + c.value));
+  }
+}
+
+}  // namespace
+}  // namespace trillomat
