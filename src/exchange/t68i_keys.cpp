@@ -75,10 +75,13 @@ void PressCommand(std::string_view special, std::string& keyText) {
 }
 
 std::string_view ExtraKeys(float extra) {
-  const std::string mark = NoteCodec::EncodeDurationExtra(extra, FormatMode::Rtttl).text;
-  if (mark == ".") return "Down Yes";
-  if (mark == ":") return "Down Down Yes";
-  return mark == ";" ? "Down Down Down Yes" : "";
+  const FieldText mark = NoteCodec::EncodeDurationExtra(extra, FormatMode::Rtttl);
+  switch (mark.text.empty() ? ' ' : mark.text.front()) {
+    case '.': return "Down Yes";
+    case ':': return "Down Down Yes";
+    case ';': return "Down Down Down Yes";
+    default: return "";
+  }
 }
 
 }  // namespace
