@@ -1,0 +1,97 @@
+#include "core/log.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "support/fakes.h"
+
+namespace trillomat {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+std::string Content(const std::filesystem::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+class FakeMessages : public MessageBox {
+ public:
+  bool ShowMessage(std::string_view message, bool offerSilence) override {
+    shown.push_back((offerSilence ? "silence? " : "") + std::string(message));
+    fileWhenShown = Content(file);
+    return tick;
+  }
+  std::vector<std::string> shown;
+  bool tick = false;
+  std::filesystem::path file;
+  std::string fileWhenShown;
+};
+
+class FileLogTest : public testing::Test {
+ protected:
+  FileLogTest() {
+    std::filesystem::remove(file_);
+    messages_.file = file_;
+  }
+  ~FileLogTest() override { std::filesystem::remove(file_); }
+
+  std::filesystem::path file_ =
+      std::filesystem::path(testing::TempDir()) /
+      (std::string("log_") + testing::UnitTest::GetInstance()->current_test_info()->name() + ".txt");
+  FakeClock clock_;
+  FakeMessages messages_;
+};
+
+TEST_F(FileLogTest, LinesAreAppendedInOrder) {
+  FileLog(file_, clock_, messages_).WriteLog("Application started", 1);
+  FileLog(file_, clock_, messages_).WriteLog("Application ended", 1);
+  EXPECT_EQ(Content(file_), "12:34:56\t\tApplication started\r\n12:34:56\t\tApplication ended\r\n");
+  EXPECT_THAT(messages_.shown, IsEmpty());
+}
+
+TEST_F(FileLogTest, LevelTwoIsWrittenBeforeItIsShown) {
+  FileLog log(file_, clock_, messages_);
+  log.WriteLog("Nothing to save", 2);
+  log.WriteLog("Nothing to save", 2);
+  EXPECT_THAT(messages_.shown, ElementsAre("Nothing to save", "Nothing to save"));
+  EXPECT_THAT(messages_.fileWhenShown, HasSubstr("Nothing to save"));
+}
+
+TEST_F(FileLogTest, OneOperationCanBeSilencedFromItsSecondMessageOn) {
+  FileLog log(file_, clock_, messages_);
+  {
+    const LogOperation outer(log);
+    log.WriteLog("one", 2);
+    messages_.tick = true;
+    {
+      const LogOperation nested(log);
+      log.WriteLog("two", 2);
+    }
+    log.WriteLog("three", 2);
+  }
+  const LogOperation next(log);
+  log.WriteLog("four", 2);
+  EXPECT_THAT(messages_.shown, ElementsAre("one", "silence? two", "four"));
+  EXPECT_THAT(Content(file_), HasSubstr("three"));
+}
+
+TEST_F(FileLogTest, AFileThatCannotBeWrittenIsSaidOnce) {
+  FileLog log(file_ / "no" / "folder.txt", clock_, messages_);
+  log.WriteLog("first", 1);
+  log.WriteLog("second", 1);
+  EXPECT_THAT(messages_.shown, ElementsAre(HasSubstr("cannot be written")));
+}
+
+TEST(LogFilePathTest, DateTextMakesAFileName) {
+  EXPECT_EQ(LogFilePath("logs", "14.05.2002"), std::filesystem::path("logs") / "14-05-2002.txt");
+  EXPECT_EQ(LogFilePath("logs", "5/14/2002"), std::filesystem::path("logs") / "5-14-2002.txt");
+}
+
+}  // namespace
+}  // namespace trillomat
