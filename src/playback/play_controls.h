@@ -1,4 +1,4 @@
-// The six play buttons, the settings that decide when the melody sounds, and the play loop.
+// The six play buttons and the play loop.
 #pragma once
 
 #include <array>
@@ -7,6 +7,7 @@
 
 #include "core/workspace.h"
 #include "playback/play_host.h"
+#include "playback/play_settings.h"
 #include "playback/player.h"
 
 namespace trillomat {
@@ -18,11 +19,8 @@ inline constexpr std::array<std::string_view, 6> kControlCaptions{"Clear", "Star
 
 class PlayControls {
  public:
-  PlayControls(Workspace& ws, Player& player, PlayHost& host) : ws_(ws), player_(player), host_(host) {}
-
-  bool bAutoPlay = true;       ///< a file that is opened is played
-  bool bPlayComposing = true;  ///< an element that is entered or changed is played
-  bool bPlayMoving = true;     ///< an element that the cursor moves over is played
+  PlayControls(Workspace& ws, Player& player, const PlaySettings& settings, PlayHost& host)
+      : ws_(ws), player_(player), settings_(settings), host_(host) {}
 
   /// Presses a button, `index` from 0 to 5; any other index does nothing. Play returns when the melody
   /// has ended, and returns at once when it plays already. All buttons but Clear do nothing on an empty
@@ -51,6 +49,7 @@ class PlayControls {
 
   Workspace& ws_;
   Player& player_;
+  const PlaySettings& settings_;
   PlayHost& host_;
   bool playing_ = false;  ///< the caption reads "Playing"
   bool stop_ = false;
