@@ -10,7 +10,8 @@
 #include "composer/melody_text_view.h"
 #include "composer/song_info_panel.h"
 #include "core/workspace.h"
-#include "playback/play_controls.h"
+#include "playback/play_host.h"
+#include "playback/play_settings.h"
 #include "playback/player.h"
 
 namespace trillomat {
