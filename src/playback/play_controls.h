@@ -44,8 +44,8 @@ class PlayControls {
   void Play();
   void ToEnd();
   Ending PlayLoop();
-  Ending WaitWhilePaused();
-  int32_t PlayAt(int32_t position, int32_t beat);
+  bool WaitWhilePaused();
+  int32_t PlayAt(int32_t position);
 
   Workspace& ws_;
   Player& player_;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "core/clock.h"
 #include "core/workspace.h"
@@ -68,11 +69,11 @@ class Player {
   const PlayedElement& LastPlayed() const { return last_; }
 
  private:
-  int32_t PlayRepeatEnd(const std::string& special, int32_t index);
+  int32_t PlayRepeatEnd(std::string_view special, int32_t index);
   void PlayCommand(std::string_view special);
   void PlayNote(const MelodyNote& note, int32_t beat);
   void BeepTone(int32_t hertz, int32_t length);
-  void PlayToneWave(int32_t length, int32_t base, int16_t octave);
+  void PlayToneWave(int32_t hertz, int32_t length);
   bool StartWave();
   void StopWave();
 

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <set>
+#include <string_view>
 #include <utility>
 
 #include "core/event_pump.h"

@@ -1,0 +1,63 @@
+#include "playback/play_trace.h"
+
+#include <algorithm>
+
+namespace trillomat {
+namespace {
+
+// A clock and a pump in one: waiting moves the time on without taking any.
+class SilentTime : public Clock, public EventPump {
+ public:
+  explicit SilentTime(EventPump& real) : real_(real) {}
+
+  double SecondsSinceMidnight() const override { return seconds_; }
+  std::string DateText() const override { return {}; }
+  std::string TimeText() const override { return {}; }
+  bool PumpEvents() override { return real_.PumpEvents(); }
+  bool WaitForEvents(double milliseconds) override {
+    seconds_ += milliseconds / 1000;
+    return PumpEvents();
+  }
+  /// Starts a day anew, so that the time stays small enough to be exact.
+  void Reset() { seconds_ = 0; }
+
+ private:
+  EventPump& real_;
+  double seconds_ = 0;
+};
+
+}  // namespace
+
+std::string_view KindText(ElementKind kind) {
+  switch (kind) {
+    case ElementKind::Tone: return "tone";
+    case ElementKind::Pause: return "pause";
+    case ElementKind::Command: return "command";
+    case ElementKind::Repeat: return "repeat";
+  }
+  return {};
+}
+
+bool TraceMelody(const Workspace& ws, int32_t beat, int32_t endlessRounds, const TraceSink& sink) {
+  return TraceMelody(ws, beat, endlessRounds, sink, ws.log);
+}
+
+bool TraceMelody(const Workspace& ws, int32_t beat, int32_t endlessRounds, const TraceSink& sink, Log& log) {
+  SilentTime time(ws.pump);
+  NullSoundDevice sound;
+  NullPlayerView view;
+  Player player(ws, PlayerSeams{log, time, time, sound, view});
+  player.outputType = OutputType::Midi;
+  player.repeat.endlessRounds = std::max(1, endlessRounds);
+  player.repeat.leaveCycles = true;
+  const LogOperation operation(log);
+  for (int32_t i = 0; i <= ws.melody.UpperBound(); ++i) {
+    time.Reset();
+    const int32_t back = player.PlayElement(ws.melody.At(i), beat, i);
+    if (!time.PumpEvents() || !sink({i, player.LastPlayed()})) return false;
+    i -= back;
+  }
+  return true;
+}
+
+}  // namespace trillomat

@@ -1,0 +1,101 @@
+#include "playback/render_wave.h"
+
+#include <algorithm>
+#include <limits>
+#include <vector>
+
+#include "playback/play_trace.h"
+#include "playback/wave_synthesis.h"
+
+namespace trillomat {
+namespace {
+
+constexpr int64_t kRampFrames = kSampleRate * 3 / 1000;
+constexpr int64_t kMaxDataSize = std::numeric_limits<uint32_t>::max() - int64_t{kWaveHeaderSize};
+
+class SilentLog : public Log {
+ public:
+  void WriteLog(std::string_view /*message*/, int16_t /*level*/) override {}
+};
+
+// The position of a time in samples. Counted from the start of the melody, so that nothing adds up.
+int64_t FramesAt(int64_t milliseconds) { return (milliseconds * kSampleRate + 500) / 1000; }
+
+int64_t DataSizeAt(int64_t milliseconds) { return FramesAt(milliseconds) * 2; }
+
+// Writes one element after the other at its exact position.
+class WaveWriter {
+ public:
+  explicit WaveWriter(std::ostream& out) : out_(out) {}
+
+  bool Write(const PlayedElement& played) {
+    const int64_t begin = FramesAt(time_);
+    time_ += std::max(0, played.length);
+    const int64_t length = FramesAt(time_) - begin;
+    if (played.frequency > 0 && length > 0) {
+      WriteTone(played.frequency, length);
+    } else {
+      WriteSilence(length);
+    }
+    return out_.good();
+  }
+
+ private:
+  void WriteTone(int32_t hertz, int64_t length) {
+    wave_.BuildWaveHeader(kSampleRate, 16, 1, 0.5, 0.5);
+    wave_.SynthesiseTone(hertz);
+    const auto image = wave_.Samples();
+    const auto loop = static_cast<int64_t>(image.size() / 2);
+    const int64_t ramp = std::max<int64_t>(1, std::min(kRampFrames, length / 2));
+    for (int64_t k = 0; k < length; ++k) {
+      const auto at = static_cast<size_t>(k % loop) * 2;
+      const auto sample = static_cast<int16_t>(image[at] | image[at + 1] << 8);
+      const int64_t edge = std::min({k, length - 1 - k, ramp});
+      Put(static_cast<int16_t>(sample * edge / ramp));
+    }
+  }
+
+  void WriteSilence(int64_t length) {
+    for (int64_t k = 0; k < length; ++k) Put(0);
+  }
+
+  void Put(int16_t sample) {
+    out_.put(static_cast<char>(sample & 0xFF));
+    out_.put(static_cast<char>(sample >> 8));
+  }
+
+  std::ostream& out_;
+  WaveSynthesis wave_;
+  int64_t time_ = 0;  // milliseconds
+};
+
+bool Refuse(Workspace& ws, std::string_view words) {
+  ws.refusal = words;
+  return false;
+}
+
+}  // namespace
+
+bool RenderWave(Workspace& ws, int32_t beat, int32_t endlessRounds, std::ostream& out) {
+  // The header tells the size, and the stream may be one that cannot go back: so the walk is made twice.
+  SilentLog silent;
+  int64_t time = 0;
+  const auto measure = [&time](const TraceStep& step) {
+    time += std::max(0, step.played.length);
+    return DataSizeAt(time) <= kMaxDataSize;
+  };
+  if (!TraceMelody(ws, beat, endlessRounds, measure, silent)) {
+    const bool tooLong = DataSizeAt(time) > kMaxDataSize;
+    return Refuse(ws, tooLong ? "The melody is too long for a WAV file." : "Interrupted.");
+  }
+  const auto header = WaveHeader(WaveFormat{}, static_cast<uint32_t>(DataSizeAt(time)));
+  out.write(reinterpret_cast<const char*>(header.data()), header.size());
+  WaveWriter writer(out);
+  const auto write = [&writer](const TraceStep& step) { return writer.Write(step.played); };
+  if (!TraceMelody(ws, beat, endlessRounds, write) || !out.flush()) {
+    return Refuse(ws, out.good() ? "Interrupted." : "The WAV file could not be written.");
+  }
+  return true;
+}
+
+}  // namespace trillomat

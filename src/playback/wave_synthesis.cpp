@@ -1,0 +1,94 @@
+#include "playback/wave_synthesis.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+namespace trillomat {
+namespace {
+
+// Writes the low `size` bytes of `value`, least significant first.
+void PutNumber(std::span<uint8_t> out, size_t at, uint32_t value, size_t size) {
+  for (size_t i = 0; i < size; ++i) out[at + i] = static_cast<uint8_t>(value >> (8 * i));
+}
+
+void PutText(std::span<uint8_t> out, size_t at, std::string_view text) {
+  std::copy(text.begin(), text.end(), out.begin() + static_cast<std::ptrdiff_t>(at));
+}
+
+uint32_t FrameSize(const WaveFormat& format) {
+  return static_cast<uint32_t>(format.channels) * static_cast<uint32_t>(format.bits / 8);
+}
+
+int PeriodsOf(double frequency) { return frequency <= 1000 ? 10 : 100; }
+
+double PhaseStep(int32_t sampleRate, double frequency) {
+  const double pi = 4 * std::atan(1.0);
+  return 2 * pi / (sampleRate / frequency);
+}
+
+// The number of samples until the sine has crossed zero upwards once for each period.
+uint32_t FrameCount(int32_t sampleRate, double frequency) {
+  const int periods = PeriodsOf(frequency);
+  const double step = PhaseStep(sampleRate, frequency);
+  const double expected = periods * (sampleRate / frequency);
+  const auto limit = static_cast<uint32_t>(std::max<double>(sampleRate, expected + 2));
+  double before = 0;
+  int crossings = 0;
+  for (uint32_t n = 1; n < limit; ++n) {
+    const double now = std::sin(n * step);
+    if (before < 0 && now >= 0 && ++crossings == periods) return n;
+    before = now;
+  }
+  return limit;
+}
+
+}  // namespace
+
+std::array<uint8_t, kWaveHeaderSize> WaveHeader(const WaveFormat& format, uint32_t dataSize) {
+  std::array<uint8_t, kWaveHeaderSize> header{};
+  const uint32_t frameSize = FrameSize(format);
+  const auto sampleRate = static_cast<uint32_t>(format.sampleRate);
+  PutText(header, 0, "RIFF");
+  PutNumber(header, 4, dataSize + static_cast<uint32_t>(kWaveHeaderSize) - 8, 4);
+  PutText(header, 8, "WAVEfmt ");
+  PutNumber(header, 16, 16, 4);  // size of the format block
+  PutNumber(header, 20, 1, 2);   // PCM
+  PutNumber(header, 22, static_cast<uint32_t>(format.channels), 2);
+  PutNumber(header, 24, sampleRate, 4);
+  PutNumber(header, 28, sampleRate * frameSize, 4);
+  PutNumber(header, 32, frameSize, 2);
+  PutNumber(header, 34, static_cast<uint32_t>(format.bits), 2);
+  PutText(header, 36, "data");
+  PutNumber(header, 40, dataSize, 4);
+  return header;
+}
+
+void WaveSynthesis::BuildWaveHeader(int32_t sampleRate, int16_t bits, int16_t channels, double leftLevel,
+                                    double rightLevel) {
+  format_ = {sampleRate, bits, channels, leftLevel, rightLevel};
+  const auto header = WaveHeader(format_, 0);
+  buffer_.assign(header.begin(), header.end());
+}
+
+void WaveSynthesis::SynthesiseTone(double frequency) {
+  const uint32_t frames = frequency >= 1 ? FrameCount(format_.sampleRate, frequency) : 0;
+  const auto header = WaveHeader(format_, frames * FrameSize(format_));
+  buffer_.resize(kWaveHeaderSize + size_t{frames} * FrameSize(format_));
+  std::copy(header.begin(), header.end(), buffer_.begin());
+
+  const double step = PhaseStep(format_.sampleRate, frequency);
+  const double fullScale = format_.bits == 8 ? 127 : 32767;
+  const size_t sampleSize = format_.bits == 8 ? 1 : 2;
+  size_t at = kWaveHeaderSize;
+  for (uint32_t k = 0; k < frames; ++k) {
+    const double value = std::sin(k * step) * fullScale;
+    for (int channel = 0; channel < format_.channels; ++channel, at += sampleSize) {
+      const double level = channel % 2 == 0 ? format_.leftLevel : format_.rightLevel;
+      const int sample = static_cast<int>(level * value) + (format_.bits == 8 ? 127 : 0);
+      PutNumber(buffer_, at, static_cast<uint32_t>(sample), sampleSize);
+    }
+  }
+}
+
+}  // namespace trillomat
