@@ -6,6 +6,14 @@
 #include "formats/fault_trap.h"
 
 namespace trillomat {
+namespace {
+
+void CheckLength(size_t length) {
+  if (length > kLargestExport)
+    throw QuietFailure("the melody takes more key presses than can be written down");
+}
+
+}  // namespace
 
 std::string KeyPressText(PhoneKeys& phone, Workspace& ws) {
   std::string result;
@@ -17,10 +25,7 @@ std::string KeyPressText(PhoneKeys& phone, Workspace& ws) {
   // Events that run in between may change the melody, so its size is read anew for each element.
   for (size_t i = 0; i < ws.ExportMelody.size(); ++i) {
     phone.Press(ws.ExportMelody[i], keyText);
-    if (keyText.size() + result.size() > kLargestExport) {
-      throw QuietFailure("the key presses are too long to write down from element " + std::to_string(i) +
-                         " on");
-    }
+    CheckLength(keyText.size() + result.size());
     result += std::to_string(i) + "--> ";
     result += keyText;
     PumpOrLeave(ws);
@@ -29,9 +34,8 @@ std::string KeyPressText(PhoneKeys& phone, Workspace& ws) {
 }
 
 void AppendKeys(std::string& text, std::string_view key, int count) {
-  const int most = static_cast<int>(kLargestExport / key.size());
-  const auto times = static_cast<size_t>(std::clamp(count, 0, most));
-  text.reserve(text.size() + times * key.size());
+  const auto times = static_cast<size_t>(std::max(count, 0));
+  CheckLength(times * key.size());
   for (size_t i = 0; i < times; ++i) text += key;
 }
 

@@ -30,7 +30,7 @@ constexpr std::array<CommandKeys, 9> kCommandKeys{{{"ledon", "Option key, 2, 2"}
                                                    {"V-", "Option key, 2, Down, Down, Left"},
                                                    {"(", "Option key, 2, 7"}}};
 
-// A count beyond all limits is cut here; AppendKeys cuts it further.
+// A count beyond all limits becomes one that AppendKeys refuses.
 int CountIn(std::string_view text) {
   const double value = LeadingNumber(text);
   return RoundToInt32(value).value_or(value < 0 ? 0 : std::numeric_limits<int>::max());

@@ -1,0 +1,218 @@
+// The key presses of the four phones, through the public export.
+#include <gmock/gmock.h>
+
+#include <array>
+
+#include "core/tone.h"
+#include "exchange/export_targets.h"
+#include "exchange/key_press_run.h"
+#include "exchange/sample_notes.h"
+#include "support/fakes.h"
+
+namespace trillomat {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr float kTriplet = kDurationExtras[3];
+
+struct Exported {
+  std::optional<std::string> text;
+  std::vector<std::string> log;
+  std::string refusal;
+};
+
+Exported Export(Phone phone, const MelodyList& notes) {
+  FakeWorkspace fake;
+  fake.ws.ExportMelody = notes;
+  std::optional<std::string> text = ExportText(phone, fake.ws);
+  return {std::move(text), fake.log.lines, fake.ws.refusal};
+}
+
+// The Result for `lines`: numbered, each with a line end.
+std::string Numbered(const std::vector<std::string>& lines) {
+  std::string text;
+  for (size_t i = 0; i < lines.size(); ++i) text += std::to_string(i) + "--> " + lines[i] + "\r\n";
+  return text;
+}
+
+void ExpectLines(Phone phone, const MelodyList& notes, const std::vector<std::string>& lines) {
+  const Exported exported = Export(phone, notes);
+  EXPECT_EQ(exported.text, Numbered(lines));
+  EXPECT_THAT(exported.log, IsEmpty());
+}
+
+TEST(KeyPresses, EveryToneWhateverItsCase) {
+  // Quarter notes; octave 4 is where the Nokia and T68i composers start and has an octave key elsewhere.
+  const ToneTable<std::array<std::string, 3>> keys{{{"1", "1", "1|0"},
+                                                    {"1#", "1#", "1|#0"},
+                                                    {"1#", "2#", "2|##0"},
+                                                    {"2", "2", "2|0"},
+                                                    {"2#", "2##", "2|#0"},
+                                                    {"2#", "3#", "3|#0"},
+                                                    {"3", "3", "3|0"},
+                                                    {"4", "4", "4|0"},
+                                                    {"4#", "4#", "4|#0"},
+                                                    {"4#", "5#", "5|##0"},
+                                                    {"5", "5", "5|0"},
+                                                    {"5#", "5##", "5|#0"},
+                                                    {"5#", "6#", "6|##0"},
+                                                    {"6", "6", "6|0"},
+                                                    {"6#", "6##", "6|#0"},
+                                                    {"6#", "7#", "7|#0"},
+                                                    {"7", "7", "7|0"}}};
+  for (size_t i = 0; i < kTones.size(); ++i) {
+    for (const bool upper : {false, true}) {
+      std::string note(kTones.at(i));
+      if (upper) note.back() = static_cast<char>(note.back() - 'a' + 'A');
+      const std::string held = keys.at(i)[2].substr(0, 1);
+      const std::string behind = " Then press: " + keys.at(i)[2].substr(2);
+      ExpectLines(Phone::Nokia, {Tone(note)}, {"Press: " + keys.at(i)[0]});
+      ExpectLines(Phone::T68i, {Tone(note)}, {"Press: " + keys.at(i)[1]});
+      ExpectLines(Phone::T39, {Tone(note)}, {"Hold: " + held + " until lowercase with a \".\"" + behind});
+      ExpectLines(Phone::R320, {Tone(note)}, {"Hold: " + held + " until uppercase." + behind});
+    }
+  }
+}
+
+TEST(KeyPresses, NokiaStepsThroughOctavesAndLengths) {
+  ExpectLines(Phone::Nokia,
+              {Tone("c", 3, 0.5F), Tone("g", 3, 1.0F, 1.5F), Tone("c", 6, 4.0F), Tone("c", 4, 0.125F),
+               Tone("c", 5, 4.0F)},
+              {"Press: 1 * * * 8", "Press: (hold) 5 9", "Press: 1 * * * 9 9", "Press: 1 * * 8 8 8 8 8",
+               "Press: 1 * 9 9 9 9 9"});
+}
+
+TEST(KeyPresses, NokiaPausesAndCommands) {
+  ExpectLines(Phone::Nokia,
+              {Pause(0.5F), Pause(1.0F, 1.5F), Pause(1.0F, 1.5F), Pause(2.0F, kTriplet), Pause(2.0F, 1.75F),
+               Tone("R", -1), CommandNote("V10"), CommandNote("ledon"), Tone("a", 4, 1.0F, kTriplet)},
+              {"Press: 0 8", "Press and hold 0  9", "Press and hold 0 ", "Press and hold 0 \r\n 9",
+               "Press and hold 0 \r\n 9\r\n", "Press: 0 8", "Not supported", "Not supported", "Press: 6"});
+  ExpectLines(Phone::Nokia, {Pause(1.0F, 1.75F)}, {""});
+}
+
+TEST(KeyPresses, NokiaToneWithoutAnOctaveGetsNoOctaveKeys) {
+  ExpectLines(Phone::Nokia, {Tone("c", 6), Tone("d", -1), Tone("e", 3)},
+              {"Press: 1 * *", "Press: 2", "Press: 3 *"});
+}
+
+TEST(KeyPresses, T68iTypesWithoutBlanks) {
+  ExpectLines(Phone::T68i,
+              {Tone("c", 5, 2.0F), Tone("d", 4, 1.0F, 1.5F), Tone("e", 7, 0.25F, 1.75F), Pause(1.0F, 1.5F),
+               Pause(4.0F, kTriplet), Tone("a", -1, 4.0F)},
+              {"Press: 109", "Press: 20008OptionKey 6Down Yes", "Press: 300088OptionKey 6Down Down Yes",
+               "Press: *99OptionKey 6Down Yes", "Press: *99OptionKey 6Down Down Down Yes", "Press: 60"});
+}
+
+TEST(KeyPresses, T68iCommands) {
+  const std::vector<std::array<std::string, 2>> cases{{"ledon", "2"},
+                                                      {"ledoff", "1"},
+                                                      {"vibeon", "6"},
+                                                      {"vibeoff", "5"},
+                                                      {"backon", "4"},
+                                                      {"backoff", "3"},
+                                                      {"V+", "9"},
+                                                      {"V-", "Down, Down, Left"},
+                                                      {"(", "7"},
+                                                      {"@0)", "8, 8"},
+                                                      {"@1)", "8"},
+                                                      {"@2)", "8, 9"},
+                                                      {"@3)", "8, 9 9"},
+                                                      {"@-3)", "8"},
+                                                      {")", "8, 8"},
+                                                      {")5", "8, 8"},
+                                                      {"V0", "Down, Down, Left, Left"},
+                                                      {"V3", "Down, Down, Left, Left, 9 9 9"},
+                                                      {"V", "Down, Down, Left, Left"}};
+  for (const auto& [special, keys] : cases) {
+    ExpectLines(Phone::T68i, {CommandNote(special)}, {"Option key, 2, " + keys});
+  }
+  ExpectLines(Phone::T68i, {Tone("c"), CommandNote("LedOn")}, {"Press: 1", "Press: 1\r\n"});
+}
+
+TEST(KeyPresses, T39LengthsOctavesAndCommands) {
+  ExpectLines(
+      Phone::T39,
+      {Tone("c", 3), Tone("#f", 5, 0.5F), Tone("b", 3, 4.0F), Tone("&b", 4, 2.0F), Tone("c", 3, 0.125F),
+       Tone("c", -1), Pause(4.0F), Pause(2.0F), Pause(1.0F, 1.5F), Pause(0.5F), Pause(0.25F),
+       CommandNote("V10"), CommandNote("@2)")},
+      {R"(Hold: 1 until lowercase with a ".")", "Press: 4 Then press: #00",
+       R"(Hold: 7 until uppercase with a ".")", "Hold: 7 until uppercase. Then press: #0", "Press: 1",
+       R"(Hold: 1 until lowercase with a ".")", "Hold: * until P. is shown", "Hold: * until P is shown",
+       "Hold: * until p. is shown", "Press: *", "Press: *", "Not supported", "Not supported"});
+}
+
+TEST(KeyPresses, R320HasTwoLengthsAndTwoOctaves) {
+  ExpectLines(Phone::R320,
+              {Tone("d", 4), Tone("&a", 3, 0.5F), Tone("c", 3, 2.0F), Tone("#c", 4, 4.0F),
+               Tone("c", 3, 0.25F), Tone("c", -1), Pause(4.0F), CommandNote("vibeoff"), CommandNote("V+")},
+              {"Hold: 2 until uppercase. Then press: 0", "Press: 6 Then press: ##", "Not supported",
+               "Not supported Then press: #0", "Press: 1", "Hold: 1 until uppercase. Then press: 0",
+               "Press: *", "Not supported", "Not supported"});
+}
+
+TEST(KeyPresses, AToneWithoutKeysCarriesOnTheElementBefore) {
+  // "e#" and a length that no phone has, as a damaged text gives them.
+  const MelodyList notes{Tone("#c", 4), Tone("x", 4), Tone("x", 5, 0), Tone("d", 4)};
+  const std::string unknownLength = "1: Unknown duration-->0";
+
+  const Exported nokia = Export(Phone::Nokia, notes);
+  EXPECT_EQ(nokia.text, Numbered({"Press: 1#", "Press: Press: 1#\r\n",
+                                  "Press: Press: Press: 1#\r\n\r\n * 9 9", "Press: 2 * * * 8 8"}));
+  EXPECT_THAT(nokia.log, ElementsAre("1: Critical error in Make Nokia Keypress", unknownLength,
+                                     "1: Critical error in Make Nokia Keypress"));
+
+  const Exported t68i = Export(Phone::T68i, notes);
+  EXPECT_EQ(t68i.text, Numbered({"Press: 1#", "Press: Press: 1#\r\n", "Press: Press: Press: 1#\r\n\r\n099",
+                                 "Press: 200088"}));
+  EXPECT_THAT(t68i.log, ElementsAre("1: Critical error in Make T68i Keypress",
+                                    "1: Critical error in Make T68i Keypress", unknownLength));
+
+  // These keep the key and the modifier, to which the octave keys of each element are added.
+  const Exported t39 = Export(Phone::T39, notes);
+  EXPECT_EQ(t39.text,
+            Numbered({R"(Hold: 1 until lowercase with a "." Then press: #0)",
+                      R"(Hold: 1 until lowercase with a "." Then press: #00)", "Press: 1 Then press: #0000",
+                      R"(Hold: 2 until lowercase with a "." Then press: 0)"}));
+  EXPECT_THAT(t39.log, ElementsAre("1: Critical error in Make T68i Keypress",
+                                   "1: Critical error in Make T68i Keypress", unknownLength));
+
+  const Exported r320 = Export(Phone::R320, {Tone("#c", 4), CommandNote("V10"), Tone("x", 3)});
+  EXPECT_EQ(r320.text, Numbered({"Hold: 1 until uppercase. Then press: #0", "Press: 1 Then press: #00",
+                                 "Hold: 1 until uppercase. Then press: #00"}));
+  EXPECT_THAT(r320.log, ElementsAre("1: Critical error in Make R320 Keypress", unknownLength,
+                                    "1: Critical error in Make R320 Keypress"));
+}
+
+TEST(KeyPresses, TellsOfAMoveUpAlone) {
+  const std::vector<std::pair<MelodyList, std::string>> cases{
+      {Tones({2, 3}), "All notes have been moved 1 (scale) \r\n"}, {Tones({6, 7}), ""}, {Tones({3, 4}), ""}};
+  for (const auto& [notes, header] : cases) {
+    const std::string text = Export(Phone::Nokia, notes).text.value();
+    EXPECT_EQ(text.substr(0, text.find("0--> ")), header);
+  }
+  EXPECT_TRUE(
+      Export(Phone::T68i, Tones({2})).text->starts_with("All notes have been moved 2 (scale) \r\n0--> "));
+  EXPECT_TRUE(
+      Export(Phone::T39, Tones({2})).text->starts_with("All notes have been moved 1 (scale) \r\n0--> "));
+  EXPECT_TRUE(
+      Export(Phone::R320, Tones({0})).text->starts_with("All notes have been moved 3 (scale) \r\n0--> "));
+}
+
+TEST(KeyPresses, CountsLinesBeyondSixteenBits) {
+  const std::string text = Export(Phone::Nokia, MelodyList(70000, Tone("c"))).text.value();
+  EXPECT_TRUE(text.ends_with("69999--> Press: 1\r\n"));
+  EXPECT_NE(text.find("\n32768--> Press: 1\r\n"), std::string::npos);
+}
+
+TEST(KeyPresses, RefusesATextBeyondAllBounds) {
+  const Exported repeat = Export(Phone::T68i, {CommandNote("@9999999999999)")});
+  EXPECT_EQ(repeat.text, std::nullopt);
+  EXPECT_EQ(repeat.refusal, "the melody takes more key presses than can be written down");
+  EXPECT_EQ(Export(Phone::Nokia, MelodyList(20000, Tone("x"))).text, std::nullopt);
+}
+
+}  // namespace
+}  // namespace trillomat
