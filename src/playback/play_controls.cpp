@@ -88,6 +88,7 @@ PlayControls::Ending PlayControls::PlayLoop() {
 int32_t PlayControls::PlayAt(int32_t position) {
   ws_.melody.lCurrentIndex = position;
   host_.RefreshMelodyView();
+  if (stop_ || position > ws_.melody.UpperBound()) return 0;  // events ran
   const MelodyNote note = ws_.melody.At(position);
   return player_.PlayElement(note, host_.lBeatDuration(), position);
 }

@@ -1,0 +1,156 @@
+#include "composer/song_info.h"
+
+#include <gtest/gtest.h>
+
+#include "composer/song_info_panel.h"
+#include "support/fakes.h"
+
+namespace trillomat {
+namespace {
+
+TEST(SongInfoTest, StyleAndVolumeConversions) {
+  struct Case {
+    std::string in;
+    std::string out;
+  };
+  for (const Case& c : {Case{"S0", "S0: Natural Style"},
+                        {"S1", "S1: Continuous Style"},
+                        {"S2", "S2: Staccato Style"},
+                        {"", "S0: Natural Style"},
+                        {"s=1", "S1: Continuous Style"},
+                        {"S12", "S1: Continuous Style"},
+                        {"S20", "S0: Natural Style"},
+                        {"S3", "S0: Natural Style"}}) {
+    EXPECT_EQ(StyleText(c.in), c.out) << c.in;
+    EXPECT_EQ(StyleCode(StyleText(c.in)), c.out.substr(0, 2)) << c.in;
+  }
+  for (const Case& c : {Case{"V7", "V7"},
+                        {"V15", "V15"},
+                        {"V16", "V10"},
+                        {"V123", "V10"},
+                        {"7", "V10"},
+                        {"", "V10"},
+                        {"v7", "V10"},
+                        {"V-1", "V10"},
+                        {"V", "V"},
+                        {"V7xyz", "V7x"},
+                        {"V015", "V01"},
+                        {"V99999999999", "V10"}}) {
+    EXPECT_EQ(VolumeText(c.in), c.out) << c.in;
+  }
+}
+
+class SongInfoPanelTest : public testing::Test, public FakeWorkspace {
+ protected:
+  void SetMode(FormatMode mode) {
+    ws.iNoteMode = mode;
+    panel_.SetMode();
+    panel_.LoadHeader();
+  }
+  const SongInfoRow& Row(int index) const { return panel_.Rows().at(static_cast<size_t>(index)); }
+
+  SongInfoPanel panel_{ws};
+};
+
+TEST_F(SongInfoPanelTest, RowsFollowTheMode) {
+  ws.header = {.Name = "Tune", .Composer = "Anon", .BPM = 120, .Style = "S2", .Volume = "V7", .Loop = 3};
+  SetMode(FormatMode::IMelody);
+  std::string texts;
+  for (const SongInfoRow& row : panel_.Rows()) texts += std::string(row.caption) + "=" + row.text + ";";
+  EXPECT_EQ(
+      texts,
+      "Version=1.2;Format=Class 1.0;Name=Tune;Composer=Anon;B P M=120;Style=S2: Staccato Style;Volume=V7;");
+  EXPECT_FALSE(Row(0).enabled);
+  EXPECT_FALSE(Row(1).enabled);
+  EXPECT_TRUE(Row(2).enabled);
+
+  SetMode(FormatMode::Rtttl);
+  panel_.ShowDefaults("6", "8");
+  texts.clear();
+  for (const SongInfoRow& row : panel_.Rows()) {
+    if (row.visible) texts += std::string(row.caption) + "=" + row.text + ";";
+  }
+  EXPECT_EQ(texts,
+            "Name=Tune;B P M=120;Repeat=3;Duration (Default)=6;Octave (Default)=8;Style=S2: Staccato Style;");
+  EXPECT_TRUE(Row(0).enabled);
+
+  SetMode(FormatMode::EMelody);
+  for (const SongInfoRow& row : panel_.Rows()) EXPECT_FALSE(row.visible);
+}
+
+TEST_F(SongInfoPanelTest, TypingIsTakenOverOnlyWhenItIsInRange) {
+  struct Case {
+    FormatMode mode;
+    int row;
+    std::string text;
+    bool invalid;
+    int32_t bpm;
+    int16_t loop;
+  };
+  const Case cases[] = {
+      {FormatMode::IMelody, 4, "2", true, 100, 1},      {FormatMode::IMelody, 4, "25", false, 25, 1},
+      {FormatMode::IMelody, 4, "900", false, 900, 1},   {FormatMode::IMelody, 4, "901", true, 100, 1},
+      {FormatMode::IMelody, 4, "", true, 100, 1},       {FormatMode::IMelody, 4, "1e2", true, 100, 1},
+      {FormatMode::IMelody, 4, " 120", true, 100, 1},   {FormatMode::IMelody, 4, "99999999999", true, 100, 1},
+      {FormatMode::Rtttl, 1, "250", false, 250, 1},     {FormatMode::Rtttl, 2, "15", false, 100, 15},
+      {FormatMode::Rtttl, 2, "16", true, 100, 1},       {FormatMode::Rtttl, 2, "0", false, 100, 0},
+      {FormatMode::Rtttl, 2, "", true, 100, 1},         {FormatMode::Rtttl, 2, "-1", true, 100, 1},
+      {FormatMode::Rtttl, 3, "anything", false, 100, 1}};
+  for (const Case& c : cases) {
+    ws.header.BPM = 100;
+    ws.header.Loop = 1;
+    SetMode(c.mode);
+    const bool tempoTaken = panel_.txtSongInfo_Change(c.row, c.text);
+    EXPECT_EQ(tempoTaken, c.bpm != 100) << c.text;
+    EXPECT_EQ(Row(c.row).invalid, c.invalid) << c.text;
+    EXPECT_EQ(ws.header.BPM, c.bpm) << c.text;
+    EXPECT_EQ(ws.header.Loop, c.loop) << c.text;
+  }
+}
+
+TEST_F(SongInfoPanelTest, NamesGoToTheHeaderFromTheRowOfTheMode) {
+  SetMode(FormatMode::IMelody);
+  panel_.txtSongInfo_Change(2, "Fr\xE8re Jacques");
+  panel_.txtSongInfo_Change(3, "Anon");
+  EXPECT_EQ(ws.header.Name, "Fr\xE8re Jacques");
+  EXPECT_EQ(ws.header.Composer, "Anon");
+  SetMode(FormatMode::Rtttl);
+  panel_.txtSongInfo_Change(0, "Ode");
+  panel_.txtSongInfo_Change(3, "6");
+  EXPECT_EQ(ws.header.Name, "Ode");
+  EXPECT_EQ(ws.header.Composer, "Anon");
+}
+
+TEST_F(SongInfoPanelTest, TempoAndRepeatTakeDigitsAlone) {
+  const auto accepts = [this](FormatMode mode, int row, char key) {
+    ws.iNoteMode = mode;
+    return panel_.txtSongInfo_KeyPress(row, key);
+  };
+  for (const auto& [mode, row] :
+       {std::pair{FormatMode::IMelody, 4}, {FormatMode::Rtttl, 1}, {FormatMode::Rtttl, 2}}) {
+    EXPECT_TRUE(accepts(mode, row, '7'));
+    EXPECT_TRUE(accepts(mode, row, '\b'));
+    EXPECT_FALSE(accepts(mode, row, 'x'));
+    EXPECT_FALSE(accepts(mode, row, '-'));
+  }
+  EXPECT_TRUE(accepts(FormatMode::IMelody, 2, 'x'));
+  EXPECT_TRUE(accepts(FormatMode::Rtttl, 0, '-'));
+}
+
+TEST_F(SongInfoPanelTest, LoadingPutsStyleAndVolumeRight) {
+  ws.header.Style = "";
+  ws.header.Volume = "V99";
+  ws.header.BPM = 9999;
+  SetMode(FormatMode::IMelody);
+  EXPECT_EQ(ws.header.Style, "S0");
+  EXPECT_EQ(ws.header.Volume, "V10");
+  EXPECT_TRUE(Row(4).invalid);
+  EXPECT_EQ(ws.header.BPM, 9999) << "a tempo out of range is shown red and not taken over";
+  panel_.cboSongInfo_Change(0, "S1: Continuous Style");
+  panel_.cboSongInfo_Change(1, "V3");
+  EXPECT_EQ(ws.header.Style, "S1");
+  EXPECT_EQ(ws.header.Volume, "V3");
+}
+
+}  // namespace
+}  // namespace trillomat
