@@ -22,6 +22,12 @@ MelodyList WithOctaves(std::initializer_list<int16_t> octaves) {
   return notes;
 }
 
+std::vector<int16_t> OctavesOf(const MelodyList& notes) {
+  std::vector<int16_t> octaves;
+  for (const MelodyNote& note : notes) octaves.push_back(note.Octave);
+  return octaves;
+}
+
 TEST(ChangeScaleTest, MovesAllOrNothing) {
   struct Case {
     FormatMode mode;
@@ -52,7 +58,7 @@ TEST(ChangeScaleTest, MovesAllOrNothing) {
     FakeLog log;
     MelodyList notes = c.before;
     EXPECT_EQ(ChangeScale(notes, c.octaves, c.mode, log), c.message.empty());
-    EXPECT_EQ(notes, c.after);
+    EXPECT_EQ(OctavesOf(notes), OctavesOf(c.after));
     if (c.message.empty()) {
       EXPECT_THAT(log.lines, ElementsAre("1: Change Scale started"));
     } else {

@@ -81,7 +81,10 @@ TEST_F(ComposerTest, RtttlDefaultsLandInTheTwoBoxesOfTheirView) {
 TEST_F(ComposerTest, AnImportReplacesMelodyAndSongInformation) {
   Compose("c2 d2", 1);
   ws.ImportMelody = {ws.codec.DecodeNote("*5e2", FormatMode::IMelody)};
-  ws.header = {.Name = "New", .BPM = 150, .Style = "2", .Volume = ""};
+  ws.header.Name = "New";
+  ws.header.BPM = 150;
+  ws.header.Style = "2";
+  ws.header.Volume = "";
   composer.TakeImportMelody();
   EXPECT_EQ(Tokens(), "|*5e2 ");
   EXPECT_TRUE(ws.ImportMelody.empty());
