@@ -1,0 +1,39 @@
+#include "ui/dialog_parts.h"
+
+#include <QFontDatabase>
+#include <QFontMetrics>
+
+#include "ui/qt_text.h"
+
+namespace trillomat {
+
+void SetUpDialog(QDialog& dialog, const QString& objectName, const QString& title) {
+  dialog.setObjectName(objectName);
+  dialog.setWindowTitle(title);
+  dialog.setModal(true);
+}
+
+QPushButton* NewDialogButton(const QString& objectName, const ControlText& text, QWidget* parent) {
+  QPushButton* button = NewButton(objectName, text, parent);
+  button->setAutoDefault(true);
+  return button;
+}
+
+void SetUpTextBox(QPlainTextEdit& box) {
+  constexpr int kCharacters = 56;
+  constexpr int kLines = 10;
+  box.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  // A melody can be one line of a megabyte. Breaking that between words takes Qt half a minute.
+  box.setWordWrapMode(QTextOption::WrapAnywhere);
+  box.setTabChangesFocus(true);
+  const QFontMetrics metrics(box.font());
+  box.setMinimumSize(metrics.averageCharWidth() * kCharacters, metrics.lineSpacing() * kLines);
+}
+
+QString WithMnemonic(std::string_view caption, char letter) {
+  QString text = ToQString(caption);
+  const auto place = text.indexOf(QLatin1Char(letter));
+  return place < 0 ? text : text.insert(place, u'&');
+}
+
+}  // namespace trillomat

@@ -1,0 +1,46 @@
+#include "ui/frm_about.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "ui/dialog_parts.h"
+
+namespace trillomat {
+namespace {
+
+QLabel* NewLine(const char* name, const QString& text, QWidget* parent) {
+  QLabel* label = NewLabel(name, text, nullptr, parent);
+  label->setAlignment(Qt::AlignCenter);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  return label;
+}
+
+QLabel* NewTitle(QWidget* parent) {
+  QLabel* title = NewLine("lblTitle", QStringLiteral("Trillomat"), parent);
+  QFont font = title->font();
+  font.setPointSizeF(font.pointSizeF() * 1.6);
+  font.setBold(true);
+  title->setFont(font);
+  return title;
+}
+
+}  // namespace
+
+frmAbout::frmAbout(const QString& version, QWidget* parent) : QDialog(parent) {
+  SetUpDialog(*this, QStringLiteral("frmAbout"), QStringLiteral("About Trillomat"));
+  auto* cmdOK = NewDialogButton(QStringLiteral("cmdOK"),
+                                {QStringLiteral("&OK"), QStringLiteral("Close the About window")}, this);
+  cmdOK->setDefault(true);
+  connect(cmdOK, &QPushButton::clicked, this, &frmAbout::accept);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(NewTitle(this));
+  layout->addWidget(NewLine("lblVersion", "Version " + version, this));
+  layout->addWidget(NewLine(
+      "lblCredit", QStringLiteral("A composer for mobile phone ringtone melodies, by the Trillomat authors"),
+      this));
+  layout->addStretch();
+  layout->addWidget(cmdOK, 0, Qt::AlignHCenter);
+}
+
+}  // namespace trillomat

@@ -1,0 +1,155 @@
+#include "ui/frm_export.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <array>
+#include <optional>
+#include <utility>
+
+#include "ui/dialog_parts.h"
+#include "ui/qt_text.h"
+
+namespace trillomat {
+namespace {
+
+struct TargetWords {
+  char mnemonic;
+  const char* spoken;
+  const char* tip;
+};
+
+constexpr std::array<TargetWords, kExportButtons.size()> kTargetWords{
+    {{'6', "Export as T68i key presses", "The keys that type the melody into a T68i"},
+     {'3', "Export as T39 key presses", "The keys that type the melody into a T39"},
+     {'N', "Export as Nokia Composer key presses", "The keys that type the melody into the Nokia Composer"},
+     {'R', "Export as RTTTL text", "The melody as an RTTTL ringtone text"},
+     {'o', "Second Nokia Composer, exports nothing", "Exports nothing"},
+     {'M', "MIDI, exports nothing", "Exports nothing"},
+     {'W', "WAVE, exports nothing", "Exports nothing"},
+     {'2', "Export as R320 and T28 key presses", "The keys that type the melody into an R320 or a T28"}}};
+
+QString CopyKey() { return QKeySequence(QKeySequence::Copy).toString(QKeySequence::NativeText); }
+
+// Copies everything while nothing is selected, and keeps Enter from pressing a button of the window.
+class ResultBox : public QPlainTextEdit {
+ public:
+  using QPlainTextEdit::QPlainTextEdit;
+
+  void Copy() {
+    if (!textCursor().hasSelection()) selectAll();
+    copy();
+  }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->matches(QKeySequence::Copy)) {
+      Copy();
+    } else if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+      QPlainTextEdit::keyPressEvent(event);
+    }
+  }
+};
+
+}  // namespace
+
+frmExport::frmExport(Workspace& ws, QWidget* parent) : QDialog(parent), ws_(ws) {
+  SetUpDialog(*this, QStringLiteral("frmExport"), QStringLiteral("Trillomat - Export"));
+  auto* frames = new QHBoxLayout;
+  frames->addWidget(NewTargetFrame());
+  frames->addWidget(NewResultFrame(), 1);
+  auto* layout = new QVBoxLayout(this);
+  layout->addLayout(frames, 1);
+  layout->addLayout(NewButtonRow());
+}
+
+QWidget* frmExport::NewTargetFrame() {
+  auto* frame = new QGroupBox(QStringLiteral("&Export To"), this);
+  auto* layout = new QVBoxLayout(frame);
+  for (size_t i = 0; i < kExportButtons.size(); ++i) {
+    const ExportButton& target = kExportButtons.at(i);
+    const TargetWords& words = kTargetWords.at(i);
+    auto* button =
+        NewDialogButton(IndexedName("cmdExport", static_cast<int>(i)),
+                        {WithMnemonic(target.caption, words.mnemonic), words.spoken, words.tip}, frame);
+    connect(button, &QPushButton::clicked, this, [this, &target] { cmdExport_Click(target); });
+    layout->addWidget(button);
+  }
+  layout->addStretch();
+  return frame;
+}
+
+QWidget* frmExport::NewResultFrame() {
+  auto* frame = new QGroupBox(QStringLiteral("Res&ult"), this);
+  auto* box = new ResultBox(frame);
+  txtResult_ = box;
+  NameControl(
+      *box, QStringLiteral("txtResult"),
+      {{}, QStringLiteral("Result of the export"), CopyKey() + " copies all of it, or what is selected"});
+  SetUpTextBox(*box);
+  box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  auto* copy = new QShortcut(QKeySequence::Copy, this);
+  connect(copy, &QShortcut::activated, box, &ResultBox::Copy);
+  lblStatus_ = NewLabel(QStringLiteral("lblStatus"), {}, nullptr, frame);
+  lblStatus_->setWordWrap(true);
+  auto* layout = new QVBoxLayout(frame);
+  layout->addWidget(box, 1);
+  layout->addWidget(lblStatus_);
+  return frame;
+}
+
+QLayout* frmExport::NewButtonRow() {
+  cmdSaveToFile_ =
+      NewDialogButton(QStringLiteral("cmdSaveToFile"),
+                      {QStringLiteral("&Save To File"), QStringLiteral("Save to file, saves nothing"),
+                       QStringLiteral("Saves nothing")},
+                      this);
+  cmdSaveToFile_->setEnabled(false);
+  auto* cmdAbort =
+      NewDialogButton(QStringLiteral("cmdAbort"),
+                      {QStringLiteral("&Close"), QStringLiteral("Close the export window")}, this);
+  connect(cmdAbort, &QPushButton::clicked, this, &frmExport::reject);
+  auto* row = new QHBoxLayout;
+  row->addStretch();
+  row->addWidget(cmdSaveToFile_);
+  row->addWidget(cmdAbort);
+  return row;
+}
+
+void frmExport::cmdExport_Click(const ExportButton& button) {
+  // Events run during an export, so a button can be pressed again.
+  if (exporting_) return;
+  cmdSaveToFile_->setEnabled(false);
+  ws_.ExportMelody = ws_.melody.Elements();
+  ShowResult({}, {});
+  if (button.phone) MakeText(*button.phone);
+  if (button.enablesSaveToFile) cmdSaveToFile_->setEnabled(true);
+}
+
+void frmExport::MakeText(Phone phone) {
+  exporting_ = true;
+  std::optional<std::string> text = ExportText(phone, ws_);
+  exporting_ = false;
+  if (closing_) return reject();
+  if (text) {
+    ShowResult(std::move(*text), CopyKey() + " copies the Result.");
+  } else {
+    ShowResult({}, "No Result: " + ToQString(ws_.refusal) + '.');
+  }
+}
+
+void frmExport::ShowResult(std::string result, const QString& status) {
+  result_ = std::move(result);
+  txtResult_->setPlainText(ToQString(result_));
+  lblStatus_->setText(status);
+}
+
+void frmExport::reject() {
+  closing_ = true;
+  ws_.ExportMelody.clear();  // ends an export that is running
+  if (!exporting_) QDialog::reject();
+}
+
+}  // namespace trillomat

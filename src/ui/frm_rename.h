@@ -1,0 +1,26 @@
+// The window "Trillomat - Rename", which asks for a file's new name.
+#pragma once
+
+#include <QDialog>
+#include <QLayout>
+#include <QLineEdit>
+
+namespace trillomat {
+
+class frmRename : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// `name` is the file's name without its extension.
+  explicit frmRename(const QString& name, QWidget* parent = nullptr);
+
+  /// The name in the box, without an extension; it counts when the window was accepted.
+  QString NewName() const { return txtName_->text(); }
+
+ private:
+  QLayout* NewButtonRow();
+
+  QLineEdit* txtName_;
+};
+
+}  // namespace trillomat
