@@ -21,9 +21,14 @@ struct Command {
 };
 constexpr std::array<Command, 3> kCommands{{{"led", "ledon", 6}, {"bac", "backon", 7}, {"vib", "vibeon", 7}}};
 
+// What is left of the melody itself, for a message.
+std::string QuotedRest(std::string_view text) {
+  return Quoted(text.substr(0, text.size() - std::min(text.size(), kSentinel.size())));
+}
+
 size_t RepeatEndLength(std::string_view text) {
   const size_t end = text.find(')');
-  if (end == std::string_view::npos) throw RunTimeFault("a repeat end has no \")\": " + Quoted(text));
+  if (end == std::string_view::npos) throw RunTimeFault("a repeat end has no \")\": " + QuotedRest(text));
   return end + 1;
 }
 
@@ -36,9 +41,7 @@ size_t NoteLength(std::string_view text) {
     const std::string_view mark = text.substr(i + 1, 1);
     return mark == "." || mark == ":" || mark == ";" ? i + 2 : i + 1;
   }
-  text.remove_suffix(std::min(text.size(), kSentinel.size()));
-  throw RunTimeFault(text.empty() ? "the melody ends without a note"
-                                  : "no length digit follows in the melody: " + Quoted(text));
+  throw RunTimeFault("no note with a length digit follows in the melody: " + QuotedRest(text));
 }
 
 size_t FrontLength(std::string_view text) {

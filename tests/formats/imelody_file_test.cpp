@@ -1,0 +1,133 @@
+#include "formats/imelody_file.h"
+
+#include "read_case.h"
+
+namespace trillomat {
+namespace {
+
+constexpr const char* kFault = "1: Error in bReadFile_IMelody";
+
+std::string Song(const std::string& melody) { return "MELODY:" + melody + "\r\nEND:IMELODY\r\n"; }
+
+TEST(IMelodyFile, CutsTheMelodyIntoTokens) {
+  const std::vector<ReadCase> cases{
+      {"tones, pauses, marks",
+       Song("c2*5#d3.&a1;r2:"),
+       true,
+       {"4 c 1 1", "5 #d 0.5 1.5", "4 &a 2 0.6666667", "-1 r 1 1.75"},
+       {}},
+      {"every command",
+       Song("ledonledoffvibeonvibeoffbackonbackoffV+V-V5V10(@12)"),
+       true,
+       {"ledon", "ledoff", "vibeon", "vibeoff", "backon", "backoff", "V+", "V-", "V5", "V10", "(", "@12)"},
+       {}},
+      {"a tone b is no backlight command", Song("b2backonb3"), true, {"4 b 1 1", "backon", "4 b 0.5 1"}, {}},
+      {"layout anywhere, over lines", Song(" c\t2\r\n *5\r\n c 3"), true, {"4 c 1 1", "5 c 0.5 1"}, {}},
+      {"the octave digit ends no token", Song("*5c2*6*7"), false, {}, {kFault}},
+      {"a star of the token before does not count", Song("V*3c2"), true, {"V*3", "4 c 1 1"}, {}},
+      {"no token at all", Song(""), false, {}, {kFault}},
+      {"a volume at the end eats into the sentinel", Song("c2V"), false, {}, {kFault}},
+      {"half a command eats into the sentinel",
+       Song("c2led"),
+       false,
+       {},
+       {"1: Could not decode the note....-->led--E", kFault}},
+      {"a repeat end without a bracket", Song("c2@3"), false, {}, {kFault}},
+      {"a token that is none", Song("xy2"), true, {"0  0 0"}, {"1: Could not decode the note....-->xy2"}},
+  };
+  for (const ReadCase& each : cases) CheckRead(FormatMode::IMelody, each);
+}
+
+TEST(IMelodyFile, LooksForALengthIn32767Positions) {
+  FakeWorkspace fake;
+  EXPECT_TRUE(ReadText_IMelody(Song(std::string(32766, 'c') + "2"), fake.ws));
+  EXPECT_EQ(fake.ws.ImportMelody.size(), 1U);
+  EXPECT_FALSE(ReadText_IMelody(Song(std::string(32767, 'c') + "2"), fake.ws));
+}
+
+TEST(IMelodyFile, WalksTheTagLines) {
+  const std::vector<ReadCase> cases{
+      {"an unknown tag is logged, case counts",
+       "BEGIN:IMELODY\rname:x\n" + Song("c2"),
+       true,
+       {"4 c 1 1"},
+       {"1: Found an other tag - unknown-->BEGIN", "1: Found an other tag - unknown-->name"}},
+      {"no melody", "NAME:x", true, {}, {}},
+      {"a second melody starts afresh", Song("c2") + Song("d2"), true, {"4 d 1 1"}, {}},
+      {"any END closes the melody",
+       "MELODY:c2\nd2\nTREND:x\n",
+       true,
+       {"4 c 1 1", "4 d 1 1"},
+       {"1: Found an other tag - unknown-->TREND"}},
+      {"an END in the melody line itself does not", "MELODY:ENDc2", false, {}, {kFault}},
+      {"a blank line after the last", Song("c2") + "\r\n", false, {}, {}},
+      {"a line of NUL", std::string("NAME:x\n\0", 8), false, {}, {}},
+      {"no bytes", "", false, {}, {kFault}},
+      {"no END", "MELODY:c2\r\nd2", false, {}, {kFault}},
+      {"a beat of eleven digits", "BEAT:99999999999\r\n" + Song("c2"), false, {}, {kFault}},
+  };
+  for (const ReadCase& each : cases) CheckRead(FormatMode::IMelody, each);
+}
+
+TEST(IMelodyFile, TakesTheSongInformation) {
+  FakeWorkspace fake;
+  EXPECT_TRUE(
+      ReadText_IMelody("NAME: a:b \nCOMPOSER:\xE4\nSTYLE:S2\nVOLUME:V7\nVERSION:9\nFORMAT:F\n", fake.ws));
+  const SongHeader expected{" a:b ", "\xE4", 100, "S2", "V7", "9", "F", 0};
+  EXPECT_EQ(fake.ws.header, expected);
+
+  for (const auto& [beat, bpm] : std::vector<std::pair<std::string, int32_t>>{
+           {"120.5", 120}, {"121.5", 122}, {"fast", 0}, {"", 0}, {"-60", -60}, {" 90 bpm", 90}}) {
+    EXPECT_TRUE(ReadText_IMelody("BEAT:" + beat, fake.ws));
+    EXPECT_EQ(fake.ws.header.BPM, bpm) << beat;
+  }
+}
+
+TEST(IMelodyFile, SaysWhatIsWrongAndKeepsWhatItRead) {
+  const std::vector<std::pair<std::string, std::string>> cases{
+      {"NAME:x\nOops\n", "line 2 has no \":\": \"Oops\""},
+      {"NAME:x\nMELODY:c2\n", "no END line follows the MELODY line"},
+      {"NAME:x\nBEAT:9999999999\n", "line 2: the beat is out of range: \"9999999999\""},
+      {"NAME:x\nMELODY:c2@3\nEND", "a repeat end has no \")\": \"@3\""},
+      {"NAME:x\nMELODY:c2d\nEND", "no note with a length digit follows in the melody: \"d\""}};
+  for (const auto& [text, refusal] : cases) {
+    FakeWorkspace fake;
+    EXPECT_FALSE(ReadText_IMelody(text, fake.ws));
+    EXPECT_EQ(fake.ws.refusal, refusal);
+    EXPECT_EQ(fake.ws.header.Name, "x");
+  }
+}
+
+TEST(IMelodyFile, WritesTenLines) {
+  FakeWorkspace fake;
+  fake.ws.header = {"Tune", "Me", -120, "S1", "V5", "never", "written", 3};
+  fake.ws.ExportMelody = {{4, "c", "", 1.0F, 1.0F}, {5, "#d", "", 1.5F, 0.5F},  {-1, "r", "", 1.0F, 2.0F},
+                          CommandNote("ledon"),     {9, "C", "", 1.75F, 0.25F}, {4, "R", "", 1.0F, 3.0F}};
+  EXPECT_EQ(WriteText_IMelody(fake.ws),
+            "BEGIN:IMELODY\r\nVERSION:1.2\r\nFORMAT:CLASS1.0\r\nNAME:Tune\r\nCOMPOSER:Me\r\nBEAT:120\r\n"
+            "STYLE:S1\r\nVOLUME:V5\r\nMELODY:c2*5#d3.r1ledon[*4c4:]r\r\nEND:IMELODY\r\n");
+  EXPECT_TRUE(fake.ws.ExportMelody.at(4).NotSupported);
+  EXPECT_EQ(fake.pump.pumps, 6);
+}
+
+TEST(IMelodyFile, WrapsBehindMoreThanSixtyCharacters) {
+  FakeWorkspace fake;
+  const auto melodyOf = [&](size_t tones) {
+    fake.ws.ExportMelody.assign(tones, {4, "c", "", 1.0F, 1.0F});
+    const std::string text = WriteText_IMelody(fake.ws);
+    const size_t start = text.find("MELODY:c");
+    return text.substr(start + 7, text.find("\r\nEND") - start - 7);
+  };
+  const auto tones = [](size_t count) {
+    std::string text;
+    while (count-- > 0) text += "c2";
+    return text;
+  };
+  EXPECT_EQ(melodyOf(30), tones(30));
+  EXPECT_EQ(melodyOf(31), tones(31) + "\r\n ");
+  // A continued line counts its blank: 1 + 2 * 30 is over 60.
+  EXPECT_EQ(melodyOf(62), tones(31) + "\r\n " + tones(30) + "\r\n " + tones(1));
+}
+
+}  // namespace
+}  // namespace trillomat
