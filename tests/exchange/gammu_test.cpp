@@ -1,0 +1,108 @@
+// RTTTL text that the program writes, read back by libgammu, which knows nothing of this program.
+//
+// libgammu 1.42 has RTTTL's octaves 4 to 7, and reads a dot right behind the tone name alone, where notes in
+// the default octave have it. So the tunes here keep to those octaves and have their dots on such notes.
+#include <gammu.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <random>
+
+#include "core/tone.h"
+#include "exchange/export_targets.h"
+#include "exchange/import_text.h"
+#include "exchange/sample_notes.h"
+#include "support/fakes.h"
+
+namespace trillomat {
+namespace {
+
+class GammuTest : public ::testing::Test {
+ protected:
+  // libgammu opens no file whose path is longer than some 35 characters.
+  void SetUp() override { std::filesystem::current_path(::testing::TempDir()); }
+  void TearDown() override { std::filesystem::remove(file_); }
+
+  // What libgammu finds in `text`; null when it refuses the file.
+  std::unique_ptr<GSM_Ringtone> ReadByGammu(const std::string& text) {
+    std::ofstream(file_, std::ios::binary) << text << "\r\n";
+    auto ringtone = std::make_unique<GSM_Ringtone>();
+    std::string path = file_.string();
+    if (GSM_ReadRingtoneFile(path.data(), ringtone.get()) != ERR_NONE) return nullptr;
+    return ringtone->Format == RING_NOTETONE ? std::move(ringtone) : nullptr;
+  }
+
+  void ExpectGammuReads(const MelodyList& melody) {
+    fake_.ws.ExportMelody = melody;
+    const std::optional<std::string> text = ExportText(Phone::Rtttl, fake_.ws);
+    ASSERT_TRUE(text) << fake_.ws.refusal;
+    const std::unique_ptr<GSM_Ringtone> ringtone = ReadByGammu(*text);
+    ASSERT_NE(ringtone, nullptr) << *text;
+    // The adaptation has moved the export's copy.
+    const MelodyList& notes = fake_.ws.ExportMelody;
+    ASSERT_EQ(static_cast<size_t>(ringtone->NoteTone.NrCommands), notes.size()) << *text;
+    for (size_t i = 0; i < notes.size(); ++i) {
+      SCOPED_TRACE(*text + ", note " + std::to_string(i));
+      ExpectSame(notes[i], ringtone->NoteTone.Commands[i]);
+    }
+  }
+
+  FakeWorkspace fake_;
+
+ private:
+  void ExpectSame(const MelodyNote& note, const GSM_RingCommand& command) const {
+    EXPECT_EQ(command.Type, RING_Note);
+    EXPECT_EQ(command.Note.Tempo, fake_.ws.header.BPM);
+    EXPECT_EQ(command.Note.Duration >> 5, DurationIndex(note.Duration));
+    EXPECT_EQ(command.Note.DurationSpec, note.DurationExtra == 1.5F ? DottedNote : NoSpecialDuration);
+    // Counted in semitones from c, 1 to 12; 0 is a pause.
+    const ToneTable<int> semitones{1, 2, 2, 3, 4, 4, 5, 6, 7, 7, 8, 9, 9, 10, 11, 11, 12};
+    const int tone = ToneIndex(note.Note);
+    EXPECT_EQ(command.Note.Note >> 4, tone < 0 ? 0 : semitones.at(static_cast<size_t>(tone)));
+    if (tone < 0) return;
+    EXPECT_EQ(static_cast<int>(command.Note.Scale), note.Octave + 2);
+  }
+
+  std::filesystem::path file_ =
+      std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()) + ".txt";
+};
+
+TEST_F(GammuTest, ReadsTunes) {
+  std::ifstream tunes(TEST_DATA_DIR "/tunes.txt");
+  int count = 0;
+  for (std::string line; std::getline(tunes, line); ++count) {
+    ASSERT_TRUE(Convert_RTTTL(line, fake_.ws)) << line;
+    const MelodyList melody = fake_.ws.ImportMelody;
+    ExpectGammuReads(melody);
+  }
+  EXPECT_EQ(count, 6);
+}
+
+TEST_F(GammuTest, ReadsRandomMelodies) {
+  constexpr size_t kMostNotes = 255;
+  std::mt19937 engine(1);
+  const auto below = [&engine](size_t bound) {
+    return std::uniform_int_distribution<size_t>(0, bound - 1)(engine);
+  };
+  for (int round = 0; round < 100; ++round) {
+    MelodyList notes(1 + below(kMostNotes));
+    for (MelodyNote& note : notes) {
+      const float duration = kDurations.at(below(kDurations.size()));
+      note = below(8) == 0 ? Pause(duration)
+                           : Tone(kTones.at(below(kTones.size())), 3 + static_cast<int>(below(3)), duration);
+    }
+    const int16_t octave = ComputeRtttlHeaderDefaults(notes).octave;
+    for (MelodyNote& note : notes) {
+      if ((IsPause(note) || note.Octave == octave) && below(4) == 0) note.DurationExtra = 1.5F;
+    }
+    fake_.ws.header.Name = "Dice";  // libgammu refuses a tune without a name
+    fake_.ws.header.BPM = 63 + static_cast<int>(below(100));
+    ExpectGammuReads(notes);
+    if (HasFailure()) break;
+  }
+}
+
+}  // namespace
+}  // namespace trillomat
