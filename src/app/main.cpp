@@ -1,0 +1,120 @@
+// The window program: makes the parts, wires them together, and runs the event loop.
+#include <QCommandLineParser>
+#include <QMessageBox>
+#include <QTimer>
+#include <cstdio>
+
+#include "app/log_folder.h"
+#include "app/trillomat_application.h"
+#include "core/log.h"
+#include "core/workspace.h"
+#include "platform/clock_std.h"
+#include "platform/pump_qt.h"
+#include "platform/settings_qt.h"
+#include "platform/sound_sdl.h"
+#include "ui/frm_main.h"
+#include "ui/message_box_qt.h"
+#include "ui/resources.h"
+
+namespace trillomat {
+namespace {
+
+struct Options {
+  QString file;
+  QString screenshot;
+};
+
+Options ParseArguments(const QApplication& app) {
+  QCommandLineParser parser;
+  parser.setApplicationDescription(QStringLiteral("Composes ringtone melodies for mobile phones."));
+  parser.addHelpOption();
+  parser.addVersionOption();
+  parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Melody file to open."),
+                               QStringLiteral("[FILE]"));
+  const QCommandLineOption screenshot(QStringLiteral("screenshot"),
+                                      QStringLiteral("Save a picture of the window and end."),
+                                      QStringLiteral("PNG"));
+  parser.addOption(screenshot);
+  parser.process(app);
+  if (parser.positionalArguments().size() > 1) {
+    std::fputs("trillomat: more than one FILE\n", stderr);
+    parser.showHelp(2);
+  }
+  return {parser.positionalArguments().value(0), parser.value(screenshot)};
+}
+
+std::filesystem::path NativePath(const QString& path) { return path.toStdWString(); }
+
+// The parts of the program that the main window needs, in the order in which they need each other.
+class Program {
+ public:
+  explicit Program(const std::filesystem::path& logFolder)
+      : log_(LogFilePath(logFolder, clock_.DateText()), clock_, messages_),
+        workspace_(log_, pump_),
+        sound_(log_),
+        window_({workspace_, clock_, sound_, settings_}) {
+    QObject::connect(&window_, &frmMain::Closed, &window_, [this] { pump_.End(); });
+  }
+
+  Log& ProgramLog() { return log_; }
+
+  int Run(QApplication& app, const Options& options) {
+    if (!window_.Load()) return 1;
+    window_.show();
+    int status = 0;
+    // From inside the event loop, because opening a file may play it.
+    QTimer::singleShot(0, &window_, [&] { status = Start(options); });
+    QApplication::exec();
+    window_.Unload();
+    (void)app;
+    return status;
+  }
+
+ private:
+  int Start(const Options& options) {
+    if (!options.screenshot.isEmpty()) return TakeScreenshot(options);
+    if (!options.file.isEmpty()) window_.OpenFile(NativePath(options.file));
+    return 0;
+  }
+
+  int TakeScreenshot(const Options& options) {
+    if (!options.file.isEmpty()) window_.OpenFile(NativePath(options.file));
+    const bool saved = window_.grab().save(options.screenshot);
+    window_.close();
+    return saved ? 0 : 1;
+  }
+
+  StdClock clock_;
+  QtMessageBox messages_;
+  QtPump pump_;
+  FileLog log_;
+  Workspace workspace_;
+  SdlSound sound_;
+  QtSettingsStore settings_;
+  frmMain window_;
+};
+
+int Main(int argc, char** argv) {
+  TrillomatApplication app(argc, argv);
+  LoadResources();
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/ui/trillomat.svg")));
+  const Options options = ParseArguments(app);
+  const auto logFolder = LogFolder(NativePath(QApplication::applicationDirPath()));
+  if (!logFolder) {
+    QMessageBox::critical(
+        nullptr, QStringLiteral("Trillomat"),
+        QStringLiteral("The log file cannot be written, neither beside the program nor in ") +
+            QString::fromStdWString(StateFolder().wstring()));
+    return 1;
+  }
+  Program program(*logFolder);
+  app.onFault = [&program](std::string_view what) {
+    program.ProgramLog().WriteLog("Error in an event handler: " + std::string(what), 2);
+  };
+  return program.Run(app, options);
+}
+
+}  // namespace
+}  // namespace trillomat
+
+int main(int argc, char** argv) { return trillomat::Main(argc, argv); }

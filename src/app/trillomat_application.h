@@ -1,0 +1,20 @@
+// The application object: no exception leaves an event handler unnoticed.
+#pragma once
+
+#include <QApplication>
+#include <functional>
+#include <string_view>
+
+namespace trillomat {
+
+class TrillomatApplication : public QApplication {
+ public:
+  TrillomatApplication(int& argc, char** argv);
+
+  /// Called with what an exception says that came out of an event handler. The program goes on.
+  std::function<void(std::string_view what)> onFault;
+
+  bool notify(QObject* receiver, QEvent* event) override;
+};
+
+}  // namespace trillomat

@@ -1,0 +1,11 @@
+// The arrows on buttons, drawn in the palette's own colours.
+#pragma once
+
+#include <QIcon>
+
+namespace trillomat {
+
+/// An arrow to the left or right that is sharp at any scale and follows the palette it is drawn with.
+QIcon ArrowIcon(Qt::ArrowType direction);
+
+}  // namespace trillomat

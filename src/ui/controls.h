@@ -1,0 +1,33 @@
+// How every window makes its controls: with the name they are known by, a name for screen readers, and
+// a way of taking the focus that leaves it with the melody when the mouse is used.
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QString>
+
+namespace trillomat {
+
+/// What a person who hears the window instead of seeing it is told of a control, and what the pointer
+/// shows when it rests there.
+struct ControlText {
+  QString caption;  ///< with its "&"; empty for a control without one
+  QString spoken;   ///< the accessible name
+  QString tip = {};
+};
+
+/// Names `control` and sets its accessible name and tooltip.
+void NameControl(QWidget& control, const QString& objectName, const ControlText& text);
+
+/// A button that does not take the focus when it is clicked, so that the keys keep working on the
+/// melody. The Tab key still reaches it.
+QPushButton* NewButton(const QString& objectName, const ControlText& text, QWidget* parent);
+
+/// A label whose mnemonic leads to `buddy`.
+QLabel* NewLabel(const QString& objectName, const QString& caption, QWidget* buddy, QWidget* parent);
+
+/// Sets the text unless it stands there already, because setting it moves the caret.
+void ShowText(QLineEdit& box, const QString& text);
+
+}  // namespace trillomat

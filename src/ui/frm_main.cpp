@@ -1,0 +1,164 @@
+#include "ui/frm_main.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "formats/format_table.h"
+#include "ui/qt_text.h"
+
+namespace trillomat {
+namespace {
+
+// The captions of kDurationCaptions and kDurationExtraCaptions with their mnemonics.
+constexpr std::array<std::string_view, 6> kDurationTexts{"Full note", "1/&2 note",  "1/&4 note",
+                                                         "1/&8 note", "1/1&6 note", "1/&32 note"};
+constexpr std::array<std::string_view, 4> kExtraTexts{"Nothing", "Dotted note", "Double dotted note",
+                                                      "2/3 length"};
+
+}  // namespace
+
+frmMain::frmMain(const MainSeams& seams)
+    : seams_(seams),
+      ws_(seams.workspace),
+      player_(ws_, seams.clock, seams.sound, *this),
+      composer_(ws_, player_, playSettings_, *this),
+      play_(ws_, player_, playSettings_, composer_),
+      menu_(new MainMenu(*menuBar(), ws_, composer_, playSettings_, player_)),
+      noteEntry_(new NoteEntryBox(composer_, this)),
+      durations_(new OptionBox(QStringLiteral("Duration"), "optDuration", kDurationTexts, this)),
+      extras_(new OptionBox(QStringLiteral("More..."), "optDurationExtra", kExtraTexts, this)),
+      insert_(new InsertBox(composer_, this)),
+      melody_(new MelodyBox(composer_, play_, player_, this)),
+      songInfo_(new SongInfoBox(composer_, this)),
+      phone_(new PhoneDisplay(this)),
+      files_(new FilesBox(this)) {
+  files_->setEnabled(false);  // until there is a file browser behind it
+  setObjectName(QStringLiteral("frmMain"));
+  setWindowTitle(QStringLiteral("Trillomat"));
+  LayOut();
+  Connect();
+  ShowComposer();
+  melody_->Line().TakeFocus();
+}
+
+void frmMain::LayOut() {
+  auto* upper = new QHBoxLayout;
+  upper->addWidget(noteEntry_, 1);
+  upper->addWidget(durations_);
+  upper->addWidget(extras_);
+  upper->addWidget(insert_);
+  auto* lower = new QHBoxLayout;
+  lower->addWidget(songInfo_, 3);
+  lower->addWidget(phone_);
+  lower->addWidget(files_, 4);
+  auto* centre = new QWidget(this);
+  auto* column = new QVBoxLayout(centre);
+  column->addLayout(upper, 1);
+  column->addWidget(melody_);
+  column->addLayout(lower, 1);
+  setCentralWidget(centre);
+}
+
+void frmMain::Connect() {
+  connect(durations_, &OptionBox::Clicked, this, [this](int index) { composer_.optDuration_Click(index); });
+  connect(extras_, &OptionBox::Clicked, this, [this](int index) { composer_.optDurationExtra_Click(index); });
+  connect(menu_, &MainMenu::ExitRequested, this, &QWidget::close);
+  connect(menu_, &MainMenu::CleanUpRequested, this, [this] { CleanUpSettings(seams_.settings, ws_.log); });
+}
+
+bool frmMain::Load() {
+  ws_.log.WriteLog("Application started", 1);
+  ws_.log.WriteLog("Version:" + QCoreApplication::applicationVersion().toStdString(), 1);
+  ApplySettings(LoadSettings(seams_.settings, ws_.log));
+  return true;
+}
+
+void frmMain::Unload() {
+  SaveSettings(CurrentSettings(), seams_.settings);
+  ws_.log.WriteLog("Application ended", 1);
+}
+
+// In the order in which the settings are listed, through the handlers that the user's clicks run.
+void frmMain::ApplySettings(const Settings& settings) {
+  composer_.SliderOctave_Change(settings.Scale);
+  composer_.mnuSettingFormatType_Click(settings.Mode);
+  sBrowseFolder_ = settings.BrowseFolder;
+  playSettings_ = {.bAutoPlay = settings.AutoPlay,
+                   .bPlayComposing = settings.PlayComposing,
+                   .bPlayMoving = settings.PlayMoving};
+  if (composer_.HasDuration(settings.Duration)) composer_.optDuration_Click(settings.Duration);
+  if (composer_.HasDurationExtra(settings.DurationExtra)) {
+    composer_.optDurationExtra_Click(settings.DurationExtra);
+  }
+  player_.outputType = static_cast<OutputType>(settings.OutPut);
+  ShowComposer();
+}
+
+Settings frmMain::CurrentSettings() const {
+  const ComposerState& state = composer_.State();
+  return {.Scale = state.octave,
+          .Mode = ws_.iNoteMode,
+          .BrowseFolder = sBrowseFolder_,
+          .AutoPlay = playSettings_.bAutoPlay,
+          .PlayMoving = playSettings_.bPlayMoving,
+          .PlayComposing = playSettings_.bPlayComposing,
+          .Duration = static_cast<int16_t>(state.duration),
+          .DurationExtra = static_cast<int16_t>(state.durationExtra),
+          .OutPut = static_cast<int16_t>(player_.outputType)};
+}
+
+bool frmMain::OpenFile(const std::filesystem::path& file) {
+  const std::string extension = file.extension().string();
+  const auto mode = ModeOfExtension(extension.empty() ? "" : std::string_view(extension).substr(1));
+  if (!mode) return false;
+  composer_.mnuSettingFormatType_Click(*mode);
+  if (!FormatOf(*mode).bReadFile(file, ws_)) {
+    ws_.log.WriteLog("Error when decoding file", 1);
+    return false;
+  }
+  play_.MelodyReplaced();
+  composer_.TakeImportMelody();
+  return true;
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+  phone_->StopVibration();
+  event->accept();
+  emit Closed();
+}
+
+void frmMain::ShowMelody(const MelodyViewText& text) { melody_->Line().ShowMelody(text); }
+
+void frmMain::ShowComposer() {
+  const QWidget* focus = focusWidget();
+  menu_->ShowState();
+  noteEntry_->ShowState(LimitsOf(ws_.iNoteMode).rangeNote);
+  durations_->ShowState(composer_.State().duration,
+                        [this](int index) { return composer_.HasDuration(index); });
+  extras_->ShowState(composer_.State().durationExtra,
+                     [this](int index) { return composer_.HasDurationExtra(index); });
+  insert_->ShowState();
+  melody_->ShowState();
+  songInfo_->ShowState();
+  // A control that was disabled or hidden under the user's fingers hands the focus to the melody, not to
+  // whatever happens to come next.
+  if (focus != nullptr && (!focus->isEnabled() || focus->isHidden())) melody_->Line().TakeFocus();
+}
+
+void frmMain::UpdateListFiles() {}
+
+void frmMain::ShowFrequency(std::string_view text) { phone_->ShowFrequency(text); }
+
+void frmMain::ShowPicture(int picture) { phone_->ShowPicture(picture); }
+
+void frmMain::EnableTimer(int timer) {
+  if (timer == kVibrationTimer) phone_->StartVibration();
+}
+
+void frmMain::DisableTimer(int timer) {
+  if (timer == kVibrationTimer) phone_->StopVibration();
+}
+
+}  // namespace trillomat

@@ -1,0 +1,40 @@
+// The middle of the window: the melody line, the buttons that move and erase at its cursor, the six
+// play and list buttons, and "All notes".
+#pragma once
+
+#include <QGroupBox>
+#include <QPushButton>
+#include <array>
+
+#include "composer/composer.h"
+#include "playback/play_controls.h"
+#include "ui/melody_line.h"
+
+namespace trillomat {
+
+class MelodyBox : public QGroupBox {
+  Q_OBJECT
+
+ public:
+  MelodyBox(Composer& composer, PlayControls& play, const Player& player, QWidget* parent);
+
+  MelodyLine& Line() { return *line_; }
+  /// Shows what is enabled and the Play button's caption.
+  void ShowState();
+
+ private:
+  QLayout* NewCursorRow();
+  QLayout* NewControlRow();
+  QGroupBox* NewAllNotes();
+  void Press(MelodyKey key, bool repeated);
+
+  Composer& composer_;
+  PlayControls& play_;
+  const Player& player_;
+  MelodyLine* line_;
+  std::array<QPushButton*, 4> cursorButtons_{};
+  std::array<QPushButton*, 6> controls_{};
+  std::array<QPushButton*, 2> scale_{};
+};
+
+}  // namespace trillomat

@@ -1,0 +1,33 @@
+#include "ui/option_box.h"
+
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "ui/controls.h"
+#include "ui/qt_text.h"
+
+namespace trillomat {
+
+OptionBox::OptionBox(const QString& title, const char* group, std::span<const std::string_view> captions,
+                     QWidget* parent)
+    : QGroupBox(title, parent) {
+  auto* column = new QVBoxLayout(this);
+  for (const std::string_view caption : captions) {
+    auto* option = new QRadioButton(ToQString(caption), this);
+    const int index = static_cast<int>(group_.buttons().size());
+    const QString spoken = title + QStringLiteral(": ") + option->text().remove(QLatin1Char('&'));
+    NameControl(*option, IndexedName(group, index), {{}, spoken});
+    option->setFocusPolicy(Qt::TabFocus);
+    group_.addButton(option, index);
+    column->addWidget(option);
+  }
+  column->addStretch();
+  connect(&group_, &QButtonGroup::idClicked, this, &OptionBox::Clicked);
+}
+
+void OptionBox::ShowState(int selected, const std::function<bool(int)>& isEnabled) {
+  for (QAbstractButton* option : group_.buttons()) option->setEnabled(isEnabled(group_.id(option)));
+  if (QAbstractButton* option = group_.button(selected)) option->setChecked(true);
+}
+
+}  // namespace trillomat

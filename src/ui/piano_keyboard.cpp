@@ -1,0 +1,151 @@
+#include "ui/piano_keyboard.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QPainterPath>
+
+#include "ui/controls.h"
+#include "ui/qt_text.h"
+
+namespace trillomat {
+namespace {
+
+constexpr int kWhiteKeys = 7;
+
+struct KeyPlace {
+  const char* spoken;
+  char name;         ///< what stands at the foot of a white key, 0 on a black one
+  double whiteLeft;  ///< left edge of a white key, middle of a black one, in widths of a white key
+};
+
+// The black keys stand a little off the gaps between the white ones, as on a real keyboard.
+constexpr std::array<KeyPlace, 12> kPlaces{{{"C", 'C', 0},
+                                            {"C sharp", 0, 0.93},
+                                            {"D", 'D', 1},
+                                            {"D sharp", 0, 2.07},
+                                            {"E", 'E', 2},
+                                            {"F", 'F', 3},
+                                            {"F sharp", 0, 3.90},
+                                            {"G", 'G', 4},
+                                            {"G sharp", 0, 5.0},
+                                            {"A", 'A', 5},
+                                            {"A sharp", 0, 6.10},
+                                            {"B", 'B', 6}}};
+
+const KeyPlace& PlaceOf(int tone) { return kPlaces.at(static_cast<size_t>(tone)); }
+
+// White keys are white and black keys black in a dark palette, too.
+QColor Lighter(const QPalette& palette) {
+  const QColor base = palette.color(QPalette::Base);
+  const QColor text = palette.color(QPalette::Text);
+  return base.lightness() > text.lightness() ? base : text;
+}
+
+QColor Darker(const QPalette& palette) {
+  const QColor base = palette.color(QPalette::Base);
+  const QColor text = palette.color(QPalette::Text);
+  return base.lightness() > text.lightness() ? text : base;
+}
+
+QColor Mix(const QColor& a, const QColor& b, double share) {
+  const auto mix = [share](float x, float y) { return static_cast<float>(x * (1 - share) + y * share); };
+  return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()), mix(a.blueF(), b.blueF()));
+}
+
+}  // namespace
+
+PianoKey::PianoKey(int tone, QWidget* parent)
+    : QAbstractButton(parent),
+      black_(PlaceOf(tone).name == 0),
+      letter_(QLatin1Char(kPianoLetters.at(static_cast<size_t>(tone)))) {
+  const KeyPlace& place = PlaceOf(tone);
+  const QString spoken = QString::fromLatin1(place.spoken);
+  NameControl(*this, IndexedName("cmdTone", tone),
+              {{},
+               QStringLiteral("Insert ") + spoken,
+               spoken + QStringLiteral(" (key ") + letter_.toUpper() + QLatin1Char(')')});
+  if (!black_) setText(QStringLiteral("\r\n\r\n\r\n") + QLatin1Char(place.name));
+  setFocusPolicy(Qt::TabFocus);
+}
+
+QColor PianoKey::Face() const {
+  const QColor colour = black_ ? Darker(palette()) : Lighter(palette());
+  if (isDown()) return Mix(colour, palette().color(QPalette::Highlight), 0.6);
+  if (!isEnabled()) return Mix(colour, palette().color(QPalette::Window), 0.5);
+  return underMouse() ? Mix(colour, palette().color(QPalette::Highlight), 0.2) : colour;
+}
+
+QColor PianoKey::Ink() const {
+  const QColor ink = black_ ? Lighter(palette()) : Darker(palette());
+  return isEnabled() ? ink : Mix(ink, Face(), 0.5);
+}
+
+void PianoKey::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  PaintFace(painter);
+  PaintLetters(painter);
+}
+
+void PianoKey::PaintFace(QPainter& painter) const {
+  const double round = 4;
+  // The top corners lie above the widget, so that only the foot is rounded.
+  const QRectF face = QRectF(rect()).adjusted(0.5, -round, -0.5, -0.5);
+  const QColor edge = Mix(Darker(palette()), palette().color(QPalette::Window), 0.4);
+  painter.setPen(QPen(edge, 1));
+  painter.setBrush(Face());
+  painter.drawRoundedRect(face, round, round);
+  painter.drawLine(QPointF(face.left(), 0.5), QPointF(face.right(), 0.5));
+  if (!hasFocus()) return;
+  painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(3, 3, -3, -3), round, round);
+}
+
+void PianoKey::PaintLetters(QPainter& painter) const {
+  QFont small = font();
+  small.setPointSizeF(font().pointSizeF() * 0.85);
+  const int line = QFontMetrics(font()).height();
+  painter.setPen(Ink());
+  QRect foot = rect().adjusted(0, 0, 0, -line / 3);
+  if (!black_) {
+    QFont bold = font();
+    bold.setBold(true);
+    painter.setFont(bold);
+    painter.drawText(foot, Qt::AlignHCenter | Qt::AlignBottom, text().trimmed());
+    foot.adjust(0, 0, 0, -line);
+  }
+  painter.setFont(small);
+  painter.setPen(Mix(Ink(), Face(), 0.35));
+  painter.drawText(foot, Qt::AlignHCenter | Qt::AlignBottom, letter_);
+}
+
+PianoKeyboard::PianoKeyboard(QWidget* parent) : QWidget(parent) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  for (int tone = 0; tone < static_cast<int>(keys_.size()); ++tone) {
+    auto* key = new PianoKey(tone, this);
+    connect(key, &QAbstractButton::clicked, this, [this, tone] { emit Pressed(tone); });
+    keys_.at(static_cast<size_t>(tone)) = key;
+  }
+  for (PianoKey* key : keys_) {
+    if (key->IsBlack()) key->raise();
+  }
+}
+
+void PianoKeyboard::EnableKeys(bool enable) {
+  for (PianoKey* key : keys_) key->setEnabled(enable);
+}
+
+void PianoKeyboard::resizeEvent(QResizeEvent* /*event*/) {
+  const double white = static_cast<double>(width()) / kWhiteKeys;
+  const double black = white * 0.6;
+  for (size_t tone = 0; tone < keys_.size(); ++tone) {
+    const double at = kPlaces.at(tone).whiteLeft * white;
+    const int left = qRound(keys_.at(tone)->IsBlack() ? at - black / 2 : at);
+    const int right = qRound(keys_.at(tone)->IsBlack() ? at + black / 2 : at + white);
+    const int bottom = keys_.at(tone)->IsBlack() ? height() * 6 / 10 : height();
+    keys_.at(tone)->setGeometry(left, 0, right - left, bottom);
+  }
+}
+
+}  // namespace trillomat

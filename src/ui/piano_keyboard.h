@@ -1,0 +1,56 @@
+// One octave of a piano: the twelve note buttons, white keys tall, black keys over and between them.
+#pragma once
+
+#include <QAbstractButton>
+#include <QWidget>
+#include <array>
+
+namespace trillomat {
+
+/// The letter keys of the computer keyboard that play c to b.
+inline constexpr std::array<char, 12> kPianoLetters{'z', 's', 'x', 'd', 'c', 'v',
+                                                    'g', 'b', 'h', 'n', 'j', 'm'};
+
+class PianoKey : public QAbstractButton {
+  Q_OBJECT
+
+ public:
+  PianoKey(int tone, QWidget* parent);
+
+  bool IsBlack() const { return black_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void PaintFace(QPainter& painter) const;
+  void PaintLetters(QPainter& painter) const;
+  QColor Face() const;
+  QColor Ink() const;
+
+  bool black_;
+  QString letter_;  ///< of the computer keyboard
+};
+
+class PianoKeyboard : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit PianoKeyboard(QWidget* parent);
+
+  QSize sizeHint() const override { return {364, 150}; }
+  QSize minimumSizeHint() const override { return {308, 120}; }
+  void EnableKeys(bool enable);
+
+ signals:
+  /// Key `tone` was pressed, 0 for c to 11 for b.
+  void Pressed(int tone);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  std::array<PianoKey*, 12> keys_{};
+};
+
+}  // namespace trillomat

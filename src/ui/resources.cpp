@@ -1,0 +1,13 @@
+#include "ui/resources.h"
+
+#include <QtGlobal>
+
+// A resource file of a static library has to be named, or the linker leaves it out. The macro wants the
+// global namespace.
+static void InitResources() { Q_INIT_RESOURCE(ui); }
+
+namespace trillomat {
+
+void LoadResources() { InitResources(); }
+
+}  // namespace trillomat

@@ -1,0 +1,37 @@
+// "Song information": seven rows of a caption and a text box or list.
+#pragma once
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <array>
+
+#include "composer/composer.h"
+
+namespace trillomat {
+
+class SongInfoBox : public QGroupBox {
+  Q_OBJECT
+
+ public:
+  SongInfoBox(Composer& composer, QWidget* parent);
+
+  void ShowState();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QLineEdit* NewTextBox(int index);
+  QComboBox* NewList(int index);
+  void ShowTextRow(int index, const SongInfoRow& row);
+  void ShowList(QComboBox& list, const SongInfoRow& row);
+
+  Composer& composer_;
+  std::array<QLabel*, 7> lblSongInfo_{};
+  std::array<QLineEdit*, SongInfoPanel::kTextRows> txtSongInfo_{};
+  std::array<QComboBox*, 2> cboSongInfo_{};
+};
+
+}  // namespace trillomat
