@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "browser/file_row.h"
 #include "browser/file_store.h"
 #include "browser/open_melody.h"
+#include "browser/safe_save.h"
 #include "core/workspace.h"
 #include "playback/player.h"
 
@@ -61,20 +63,18 @@ class FileBrowser {
   /// not opened; a file that is no melody file is said so to the user (level 2).
   bool OpenFile(const std::filesystem::path& file);
 
-  /// The path of the selected row in the given form: the browse folder and the row's text.
-  std::string SelectedPath() const;
+  /// The file of the selected row: the browse folder and the row's text. No path when it is no file's.
+  TargetFile SelectedFile() const;
 
  private:
   const FileRow* Selected() const;
-  void Select(int row, bool forSave);
-  void SelectName(std::string_view name);
-  void Open(std::string_view missingBackslash);
-  void OpenAndPlay(const std::filesystem::path& file);
+  void Select(int row, bool clicked);
+  void Reselect(const std::optional<FileRow>& row);
+  void SelectFile(const std::string& name);
+  void OpenSelected(std::string_view missingBackslash);
   void EnterPrevious();
-  void EnterFolder(std::string folder);
-  void AddNames(const FolderListing& listing, RowKind kind, std::string_view failure);
-  void RenameTo(const std::string& oldName, std::string_view newName);
-  void FollowMode(FormatMode mode);
+  void AddRows(const FolderListing& listing, RowKind kind, std::string_view failure);
+  void RenameTo(const TargetFile& file, const std::string& newName);
 
   Workspace& ws_;
   FileStore& store_;
@@ -87,7 +87,7 @@ class FileBrowser {
   std::string listedFolder_;
   FormatMode listedMode_ = FormatMode::IMelody;
   int selected_ = kNoRow;
-  bool chosenForSave_ = false;  ///< the selected row was clicked, not only right-clicked
+  bool clicked_ = false;        ///< the selected row was clicked, not only right-clicked
   bool clickDeferred_ = false;  ///< until timer 1 runs the click
   bool listBusy_ = false;       ///< a click or double click is being handled
   bool rightButtonDown_ = false;

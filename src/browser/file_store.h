@@ -66,8 +66,9 @@ class FileStore {
   virtual void KeepRights(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
   /// True once the file's bytes are on the medium.
   virtual bool Flush(const std::filesystem::path& file) = 0;
-  /// Makes what `file` holds reachable under the free name `aside` in the same folder; `file` itself stays
-  /// in place where the medium can hold one file under two names. On the medium when it returns true.
+  /// Makes what `file`, which is no folder, holds reachable under the free name `aside` in the same folder;
+  /// `file` itself stays in place where the medium can hold one file under two names. On the medium when it
+  /// returns true.
   virtual bool KeepAside(const std::filesystem::path& file, const std::filesystem::path& aside) = 0;
   /// Renames a file within its folder; what was named `to` is replaced in the same instant. On the medium
   /// when it returns true.

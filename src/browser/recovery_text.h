@@ -1,13 +1,14 @@
 // The text of the recovery file, which keeps every field of a melody exactly. One line each, fields
-// separated by tabs, "\" "tab" "CR" "LF" and NUL written as "\" and two hexadecimal digits:
+// separated by tabs; "\", tab, CR, LF and NUL inside a field are "\" and two hexadecimal digits:
 //
 //   trillomat-recovery 1
 //   mode     0
 //   song     NAME COMPOSER BPM STYLE VOLUME VERSION FORMAT LOOP
 //   note     OCTAVE NOTE SPECIAL EXTRA DURATION NOTSUPPORTED     for each element, in order
-//   end      NUMBER-OF-ELEMENTS
+//   end      NUMBER-OF-ELEMENTS CHECKSUM
 //
-// Numbers are decimal, the lengths the shortest decimals that give the same single-precision number.
+// Numbers are decimal, the lengths the shortest decimals that give the same single-precision number. The
+// checksum is the 64-bit FNV-1a hash of all bytes before the last line.
 #pragma once
 
 #include <optional>

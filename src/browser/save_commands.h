@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -14,9 +15,14 @@
 
 namespace trillomat {
 
-/// The filter text of the save dialog from pairs of a description and an extension:
-/// "Melody (*.mel" ")" NUL "*.mel" for each, NUL between them and the text " + Chr$(0)" after the last.
+/// The filter text of the save dialog from pairs of a description and an extension. Each gives
+/// "DESCRIPTION (*.EXT)" and "*.EXT", every part ended by NUL, the last by the text " + Chr$(0)".
 std::string BuildDialogFilter(std::span<const std::pair<std::string_view, std::string_view>> formats);
+
+/// The file that a save dialog's answer means: its name without blanks at the end and cut before a NUL,
+/// with "." and `extension` appended unless it contains them. Nothing for an answer without a name.
+std::optional<std::filesystem::path> ChosenFile(const std::filesystem::path& answer,
+                                                std::string_view extension);
 
 class SaveCommands {
  public:
@@ -29,10 +35,10 @@ class SaveCommands {
   void cmdSaveAs_Click();
 
  private:
+  bool NothingToSave();
   void Save();
   void SaveAs();
-  void SaveAsFile(const std::filesystem::path& file);
-  std::filesystem::path WithExtension(const std::filesystem::path& chosen) const;
+  std::optional<std::filesystem::path> AskFile();
 
   Workspace& ws_;
   FileStore& store_;

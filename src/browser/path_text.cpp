@@ -1,0 +1,22 @@
+#include "browser/path_text.h"
+
+#include <algorithm>
+
+#include "core/code_page.h"
+
+namespace trillomat {
+
+std::string PathText(std::string_view path) {
+  std::string text = FromUtf8(path).value_or(std::string(path));
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
+  return text;
+}
+
+std::string PathText(const std::filesystem::path& native, const FileStore& store) {
+  if (const auto given = store.GivenPath(native)) return PathText(*given);
+  const std::u8string text = native.u8string();
+  return PathText(std::string(text.begin(), text.end()));
+}
+
+}  // namespace trillomat
