@@ -1,0 +1,38 @@
+// The file store over POSIX, with drive letters laid over its one tree as compatibility layers do: C: is
+// the home folder, Z: is "/", D: and on are the mounted removable volumes.
+#pragma once
+
+#include "browser/file_store.h"
+#include "platform/file_store_drives.h"
+
+namespace trillomat {
+
+class PosixFileStore : public FileStore {
+ public:
+  explicit PosixFileStore(DriveMap drives) : drives_(std::move(drives)) {}
+
+  uint32_t GetLogicalDrives() override { return drives_.Refresh(); }
+  std::string DriveText(char letter) const override { return drives_.Text(letter); }
+  std::filesystem::path NativePath(std::string_view given) const override { return drives_.Native(given); }
+  std::optional<std::string> GivenPath(const std::filesystem::path& native) const override {
+    return drives_.Given(native);
+  }
+
+  FolderListing ListFolders(const std::filesystem::path& folder) override;
+  FolderListing ListFiles(const std::filesystem::path& folder, std::string_view pattern) override;
+
+  bool Exists(const std::filesystem::path& file) const override;
+  bool Delete(const std::filesystem::path& file) override;
+  bool Copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
+  bool Create(const std::filesystem::path& file) override;
+  void KeepRights(const std::filesystem::path& from, const std::filesystem::path& to) override;
+  bool Flush(const std::filesystem::path& file) override;
+  bool KeepAside(const std::filesystem::path& file, const std::filesystem::path& aside) override;
+  bool Move(const std::filesystem::path& from, const std::filesystem::path& to) override;
+  std::unique_ptr<FileLock> TryLock(const std::filesystem::path& file) override;
+
+ private:
+  DriveMap drives_;
+};
+
+}  // namespace trillomat
