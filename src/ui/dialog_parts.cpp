@@ -20,9 +20,12 @@ QPushButton* NewDialogButton(const QString& objectName, const ControlText& text,
 }
 
 void SetUpTextBox(QPlainTextEdit& box) {
-  constexpr int kCharacters = 56;
-  constexpr int kLines = 10;
-  box.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  constexpr int kCharacters = 50;
+  constexpr int kLines = 8;
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  font.setStyleHint(QFont::Monospace);
+  font.setFixedPitch(true);
+  box.setFont(font);
   // A melody can be one line of a megabyte. Breaking that between words takes Qt half a minute.
   box.setWordWrapMode(QTextOption::WrapAnywhere);
   box.setTabChangesFocus(true);

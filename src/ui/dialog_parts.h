@@ -11,6 +11,9 @@
 
 namespace trillomat {
 
+/// How much larger than it must be a window opens that shows a melody text.
+inline constexpr qreal kRoomToSpare = 1.3;
+
 /// Names `dialog`, titles it and makes it modal.
 void SetUpDialog(QDialog& dialog, const QString& objectName, const QString& title);
 

@@ -63,6 +63,7 @@ frmExport::frmExport(Workspace& ws, QWidget* parent) : QDialog(parent), ws_(ws) 
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(frames, 1);
   layout->addLayout(NewButtonRow());
+  resize(sizeHint() * kRoomToSpare);
 }
 
 QWidget* frmExport::NewTargetFrame() {

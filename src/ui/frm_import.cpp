@@ -38,6 +38,7 @@ frmImport::frmImport(Workspace& ws, QWidget* parent) : QDialog(parent), ws_(ws),
   layout->addWidget(NewFormatFrame());
   layout->addWidget(NewSourceFrame(), 1);
   layout->addLayout(NewButtonRow());
+  resize(sizeHint() * kRoomToSpare);
   txtSource_->setFocus();
   dialog_.Load();
   cmdImport_->setEnabled(dialog_.CanImport());

@@ -18,6 +18,7 @@ frmRename::frmRename(const QString& name, QWidget* parent)
               {{}, QStringLiteral("New name of the file"), QStringLiteral("The name without its extension")});
   txtName_->setMinimumWidth(QFontMetrics(txtName_->font()).averageCharWidth() * kCharacters);
   txtName_->selectAll();
+  txtName_->setFocus();
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(NewLabel(QStringLiteral("lblName"), QStringLiteral("&New name:"), txtName_, this));
   layout->addWidget(txtName_);
