@@ -76,9 +76,7 @@ PlayControls::Ending PlayControls::PlayLoop() {
   // Events run in here, and a click may have shortened the melody.
   for (int32_t i = 0; i <= std::min(last, ws_.melody.UpperBound()); ++i) {
     i -= PlayAt(i);
-    if (!WaitWhilePaused()) return Ending::ProgramEnds;
-    if (stop_) return Ending::Stopped;
-    if (!ws_.pump.PumpEvents()) return Ending::ProgramEnds;
+    if (!ws_.pump.PumpEvents() || !WaitWhilePaused()) return Ending::ProgramEnds;
     if (stop_) return Ending::Stopped;
   }
   return Ending::Done;

@@ -80,9 +80,10 @@ void Player::PlayPause(const MelodyNote& note, int32_t beat) {
 void Player::Wait(float milliseconds) {
   // The start is kept in single precision, which costs up to 8 ms late in the day.
   const auto start = static_cast<float>(seams_.clock.SecondsSinceMidnight());
-  const float length = milliseconds / 1000;
+  float length = milliseconds / 1000;
   for (;;) {
     const auto elapsed = static_cast<float>(seams_.clock.SecondsSinceMidnight() - double{start});
+    if (elapsed < -1) length = 0;  // midnight has passed, and the wait lasts until its start comes again
     if (!(elapsed < length)) return;
     timePassed_ = true;
     if (!seams_.pump.WaitForEvents(double{length - elapsed} * 1000)) return;
