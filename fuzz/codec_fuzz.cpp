@@ -1,7 +1,7 @@
 // Any token and any record through the codec, in every notation.
 #include <fuzzer/FuzzedDataProvider.h>
 
-#include "fuzz/fuzz_workspace.h"
+#include "fuzz/checks.h"
 
 namespace trillomat {
 namespace {
@@ -17,7 +17,7 @@ MelodyNote AnyNote(FuzzedDataProvider& data) {
 }
 
 void FuzzCodec(FuzzedDataProvider& data) {
-  FuzzWorkspace fuzz;
+  SilentWorkspace fuzz;
   Workspace& ws = fuzz.ws;
   ws.codec.defaults = {data.ConsumeIntegral<int16_t>(), data.PickValueInArray(kDurations)};
   MelodyList melody{AnyNote(data)};

@@ -2,12 +2,12 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "fuzz/fuzz_workspace.h"
+#include "fuzz/checks.h"
 
 // NOLINTNEXTLINE(readability-identifier-naming): libFuzzer looks for this name.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   using namespace trillomat;
-  FuzzWorkspace fuzz;
+  SilentWorkspace fuzz;
   Workspace& ws = fuzz.ws;
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   const bool ok = FormatOf(FormatMode::FUZZ_MODE).ReadText(bytes, ws);

@@ -1,31 +1,12 @@
-// What every fuzz target works on: a workspace whose log and event pump do nothing, and the checks
-// that hold for any input.
+// The checks that hold for any input of any fuzz target.
 #pragma once
 
 #include <cstdlib>
-#include <string_view>
 
-#include "core/workspace.h"
 #include "formats/format_table.h"
+#include "support/silent_workspace.h"
 
 namespace trillomat {
-
-class SilentLog : public Log {
- public:
-  void WriteLog(std::string_view /*message*/, int16_t /*level*/) override {}
-};
-
-class IdlePump : public EventPump {
- public:
-  bool PumpEvents() override { return true; }
-  bool WaitForEvents(double /*milliseconds*/) override { return true; }
-};
-
-struct FuzzWorkspace {
-  SilentLog log;
-  IdlePump pump;
-  Workspace ws{log, pump};
-};
 
 /// Stops the fuzzer with a finding when `holds` is false.
 inline void Require(bool holds) {
