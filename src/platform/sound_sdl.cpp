@@ -17,7 +17,7 @@ using std::chrono::steady_clock;
 using Frames = std::chrono::duration<int64_t, std::ratio<1, kSampleRate>>;
 
 constexpr uint16_t kBufferFrames = 1024;
-constexpr milliseconds kLongestDrain{250};
+constexpr milliseconds kLongestDrain{500};
 
 SDL_AudioSpec WantedSpec() {
   SDL_AudioSpec spec{};

@@ -9,9 +9,9 @@
 //                                             |<- latency -->|
 //
 // Where the card asks for more than has happened yet, silence is stretched, and a tone that sounds goes
-// on; its stop is then honoured at once and all that follows moves, keeping its lengths and gaps. Where
-// the card asks too late, the lag is taken out of a silence. Every tone starts and ends in a ramp, so
-// that nothing clicks and two equal tones in a row are heard as two.
+// on; its stop is then heeded at once and all that follows moves, so that later tones keep their length.
+// Where the card asks too late, the lag is taken out of a silence. Every tone starts and ends in a
+// ramp, so that nothing clicks and two equal tones in a row are heard as two.
 #pragma once
 
 #include <cstdint>
@@ -31,7 +31,7 @@ class ToneMixer {
   /// Length of a full ramp: just under 3 ms at 44.1 kHz.
   static constexpr int64_t kRamp = 132;
   /// The lag behind now from which a silence is shortened.
-  static constexpr int64_t kMaxLag = 6000;
+  static constexpr int64_t kMaxLag = 17640;
   /// After a silence as long as this the lag is put right, whatever it is.
   static constexpr int64_t kIdle = 88200;
 

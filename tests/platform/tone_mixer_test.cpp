@@ -1,0 +1,196 @@
+#include "platform/tone_mixer.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <utility>
+
+namespace trillomat {
+namespace {
+
+constexpr int64_t kBuffer = 1024;
+constexpr int64_t kLatency = 1536;
+constexpr int16_t kHigh = 1000;
+constexpr int16_t kLow = -1000;
+
+/// A tone of one level from `begin` to `end`, so that its samples show its place and its ramps.
+struct Event {
+  int64_t begin;
+  int64_t end;
+  int16_t level = kHigh;
+};
+
+/// A sound card that asks at the given times, with the program starting and stopping tones meanwhile.
+class Card {
+ public:
+  explicit Card(std::vector<Event> events) : events_(std::move(events)) {}
+
+  void Ask(int64_t now) {
+    for (; next_ < 2 * events_.size(); ++next_) {
+      const Event& event = events_[next_ / 2];
+      const bool start = next_ % 2 == 0;
+      if ((start ? event.begin : event.end) > now) break;
+      if (start) {
+        mixer.Start({event.level}, event.begin);
+      } else {
+        mixer.Stop(event.end);
+      }
+    }
+    const size_t size = out.size();
+    out.resize(size + kBuffer);
+    mixer.Render(std::span(out).subspan(size), now);
+  }
+
+  void AskRegularly(int64_t from, int64_t to) {
+    for (int64_t now = from; now < to; now += kBuffer) Ask(now);
+  }
+
+  /// The lengths of the stretches of one sign: positive above, negative below, with silence as "0".
+  std::vector<std::pair<int, int64_t>> Runs() const {
+    std::vector<std::pair<int, int64_t>> runs;
+    for (const int16_t sample : out) {
+      const int sign = (sample > 0 ? 1 : 0) - (sample < 0 ? 1 : 0);
+      if (runs.empty() || runs.back().first != sign) runs.emplace_back(sign, 0);
+      ++runs.back().second;
+    }
+    return runs;
+  }
+
+  ToneMixer mixer{kLatency};
+  std::vector<int16_t> out;
+
+ private:
+  std::vector<Event> events_;
+  size_t next_ = 0;  // two steps an event
+};
+
+// Random tones and gaps of 10 to 200 ms, beginning at 10000.
+std::vector<Event> RandomEvents(std::mt19937& random, int count) {
+  std::uniform_int_distribution<int64_t> length(441, 8820);
+  std::vector<Event> events;
+  int64_t at = 10000;
+  for (int i = 0; i < count; ++i) {
+    const int64_t end = at + length(random);
+    events.push_back({at, end, i % 2 == 0 ? kHigh : kLow});
+    at = end + (i % 3 == 0 ? length(random) : 0);
+  }
+  return events;
+}
+
+// Tones, their order and the gaps between them must be as exact as if there were no buffers.
+void ExpectExact(const Card& card, const std::vector<Event>& events) {
+  std::vector<std::pair<int, int64_t>> expected;
+  for (size_t i = 0; i < events.size(); ++i) {
+    if (i > 0 && events[i].begin > events[i - 1].end)
+      expected.emplace_back(0, events[i].begin - events[i - 1].end);
+    expected.emplace_back(events[i].level > 0 ? 1 : -1, events[i].end - events[i].begin);
+  }
+  auto runs = card.Runs();
+  ASSERT_GE(runs.size(), 2U);
+  runs.erase(runs.begin());
+  runs.pop_back();
+  EXPECT_EQ(runs, expected);
+}
+
+TEST(ToneMixer, KeepsLengthsAndGapsHoweverTheCardAsks) {
+  std::mt19937 random(1);
+  const auto events = RandomEvents(random, 60);
+  for (const int jitter : {0, 100, 250}) {
+    std::uniform_int_distribution<int64_t> shift(-jitter, jitter);
+    Card card(events);
+    for (int64_t now = 0; now < events.back().end + 5000; now += kBuffer) card.Ask(now + shift(random));
+    ExpectExact(card, events);
+    EXPECT_TRUE(card.mixer.IsDrained());
+  }
+}
+
+TEST(ToneMixer, SoundsOneLatencyLater) {
+  Card card({{10000, 20000}});
+  card.AskRegularly(0, 30000);
+  EXPECT_EQ(card.Runs().front().second, 10000 + kLatency);
+}
+
+TEST(ToneMixer, AToneGoesOnWhenTheCardRunsAheadAndTheRestMoves) {
+  const std::vector<Event> events{{3000, 9000}, {11000, 15000, kLow}, {15500, 16000}};
+  Card card(events);
+  card.AskRegularly(0, 6000);
+  for (int i = 0; i < 5; ++i) card.Ask(6000);  // a burst: nobody knows yet when the tone ends
+  card.AskRegularly(7000, 40000);
+  const auto runs = card.Runs();
+  ASSERT_EQ(runs.size(), 7U);
+  EXPECT_GT(runs[1].second, 6000);
+  EXPECT_LT(runs[1].second, 6000 + 5 * kBuffer);
+  EXPECT_GE(runs[2].second, 2000);  // silence makes up for the latency that the burst has eaten
+  EXPECT_LT(runs[2].second, 2000 + kBuffer);
+  EXPECT_EQ(runs[3].second, 4000);
+  EXPECT_EQ(runs[4].second, 500);
+  EXPECT_EQ(runs[5].second, 500);
+}
+
+TEST(ToneMixer, ALagIsTakenOutOfASilenceAlone) {
+  const std::vector<Event> events{{3000, 23000}, {63000, 83000, kLow}};
+  Card card(events);
+  card.AskRegularly(0, 6000);
+  card.AskRegularly(36000, 140000);  // the card stood still for 30000 samples
+  const auto runs = card.Runs();
+  ASSERT_EQ(runs.size(), 5U);
+  EXPECT_EQ(runs[1].second, 20000);
+  EXPECT_NEAR(static_cast<double>(runs[2].second), 10000, 2 * kBuffer);
+  EXPECT_EQ(runs[3].second, 20000);
+}
+
+TEST(ToneMixer, AfterALongSilenceTheLatencyIsAsAtFirst) {
+  Card card({{3000, 9000}, {200000, 206000, kLow}});
+  card.AskRegularly(0, 6000);
+  card.AskRegularly(12000, 230000);  // a lag too small to be taken out at once
+  const auto runs = card.Runs();
+  ASSERT_EQ(runs.size(), 5U);
+  const int64_t asked = runs[0].second + runs[1].second + runs[2].second;
+  EXPECT_NEAR(static_cast<double>(asked), 200000 + kLatency - (12000 - 6 * kBuffer), kBuffer);
+}
+
+TEST(ToneMixer, EqualTonesInARowAreSeparatedWithoutAClick) {
+  Card card({{3000, 9000}, {9000, 15000}});
+  card.AskRegularly(0, 30000);
+  const auto border = card.out.begin() + 9000 + kLatency;
+  EXPECT_EQ(*std::min_element(border - 500, border + 500), *border);
+  EXPECT_LT(*border, kHigh / 50);
+  EXPECT_EQ(*(border - ToneMixer::kRamp - 1), kHigh);
+  EXPECT_EQ(*(border + ToneMixer::kRamp), kHigh);
+  for (size_t i = 1; i < card.out.size(); ++i) EXPECT_LE(std::abs(card.out[i] - card.out[i - 1]), 8) << i;
+}
+
+TEST(ToneMixer, AStopThatComesLateStillEndsInARamp) {
+  Card card({{3000, 7200}, {9000, 15000, kLow}});
+  card.AskRegularly(0, 6000);
+  for (const int64_t now : {6000, 7000, 7100, 7300, 8300}) card.Ask(now);
+  card.AskRegularly(9400, 30000);
+  for (size_t i = 1; i < card.out.size(); ++i) EXPECT_LE(std::abs(card.out[i] - card.out[i - 1]), 16) << i;
+  EXPECT_GT(card.Runs().at(1).second, 4200);
+  EXPECT_LE(card.Runs().at(1).second, 4200 + kBuffer + ToneMixer::kRamp);
+}
+
+TEST(ToneMixer, SurvivesOddOrders) {
+  ToneMixer mixer(kLatency);
+  std::vector<int16_t> out(kBuffer);
+  mixer.Stop(0);
+  mixer.Start({}, 0);
+  EXPECT_TRUE(mixer.IsDrained());
+  mixer.Start({kHigh}, 5);
+  mixer.Stop(5);
+  EXPECT_TRUE(mixer.IsDrained());  // a tone of no length is none
+  mixer.Start({kHigh}, 10);
+  mixer.Start({kLow}, 500);  // takes the place of the first
+  mixer.Stop(900);
+  for (int64_t now = 0; now < 8; ++now) mixer.Render(out, now * kBuffer);
+  EXPECT_TRUE(mixer.IsDrained());
+  for (int64_t at = 0; at < 100000; ++at) mixer.Start({kHigh}, 10000 + at);  // the card is dead
+  mixer.Stop(200000);
+  for (int64_t now = 0; now < 200; ++now) mixer.Render(out, 200000 + now * kBuffer);
+  EXPECT_TRUE(mixer.IsDrained());
+}
+
+}  // namespace
+}  // namespace trillomat
