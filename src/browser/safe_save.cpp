@@ -110,8 +110,10 @@ SaveOutcome MoveIn(const fs::path& beside, const TargetFile& file, FileStore& st
 std::optional<std::string> KeptName(std::string_view name) {
   if (!name.starts_with('.') || !name.ends_with(kKeptSuffix)) return std::nullopt;
   name.remove_prefix(1);
-  if (name.size() <= kKeptSuffix.size()) return std::nullopt;
-  return std::string(name.substr(0, name.size() - kKeptSuffix.size()));
+  if (name.size() < kKeptSuffix.size()) return std::nullopt;
+  name.remove_suffix(kKeptSuffix.size());
+  if (name.empty() || name == "." || name == "..") return std::nullopt;
+  return std::string(name);
 }
 
 void PutBack(const fs::path& aside, const fs::path& file, FileStore& store, Log& log) {

@@ -1,0 +1,301 @@
+#include "browser/browser_fixture.h"
+
+#include <sys/stat.h>
+
+#include <chrono>
+
+namespace trillomat {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+TEST_F(BrowserTest, ListsFoldersAndTheFilesOfTheMode) {
+  for (const char* name : {"Zeta.imy", "alpha.IMY", "b.emy", "c.rtx", "d.mel", "imy", "e.imy.txt"}) {
+    folder.Write(name, "");
+  }
+  for (const char* name : {"x", "Apart", "folder.imy", "x/Previous"}) folder.MakeFolder(name);
+  const std::vector<std::pair<FormatMode, std::string>> cases = {
+      {FormatMode::IMelody, "[Apart] [folder.imy] [x] alpha.IMY Zeta.imy "},
+      {FormatMode::EMelody, "[Apart] [folder.imy] [x] b.emy "},
+      {FormatMode::Rtttl, "[Apart] [folder.imy] [x] c.rtx "},
+      {FormatMode::Melody, "[Apart] [folder.imy] [x] d.mel "}};
+  for (const auto& [mode, rows] : cases) {
+    composer.mnuSettingFormatType_Click(mode);
+    EXPECT_EQ(Rows(), rows);
+  }
+  browser.ListFiles_DblClick(RowOf("[x]"));
+  EXPECT_EQ(browser.sBrowseFolder, "c:\\x\\");
+  EXPECT_EQ(Rows(), "[Previous] [Previous] ");
+  browser.ListFiles_DblClick(1);
+  EXPECT_EQ(browser.sBrowseFolder, "c:\\x\\Previous\\");
+  browser.ListFiles_DblClick(0);
+  EXPECT_EQ(browser.sBrowseFolder, "c:\\x\\");
+  browser.ListFiles_DblClick(0);
+  EXPECT_EQ(browser.sBrowseFolder, "c:\\");
+  EXPECT_THAT(Logged(), IsEmpty());
+}
+
+TEST_F(BrowserTest, ChangesTheDrive) {
+  folder.Write("a.imy", TuneText("c2"));
+  ASSERT_TRUE(browser.FillDrives());
+  EXPECT_THAT(browser.Drives(), ElementsAre("C: " + folder.Path().string(), "Z: /"));
+  Fill();
+  browser.ListFiles_Click(RowOf("a.imy"));
+  EXPECT_TRUE(browser.CanSave());
+  browser.cboDrives_Click(browser.Drives()[1]);
+  EXPECT_EQ(browser.sBrowseFolder, "Z:\\");
+  EXPECT_EQ(browser.CurrentDrive(), 1);
+  EXPECT_NE(RowOf("[etc]"), FileBrowser::kNoRow);
+  EXPECT_FALSE(browser.CanSave());
+  EXPECT_THAT(Logged(), Contains("1: Change drive"));
+}
+
+TEST_F(BrowserTest, AClickOpensAFile) {
+  folder.Write("good.imy", TuneText("c2*5d3"));
+  folder.Write("bad.imy", "no melody at all");
+  folder.MakeFolder("x");
+  Fill();
+  browser.ListFiles_Click(RowOf("good.imy"));
+  EXPECT_EQ(Tokens(), "*4c2*5d3");
+  EXPECT_EQ(ws.melody.lCurrentIndex, -1);
+  EXPECT_EQ(ws.header.Name, "Tune");
+  EXPECT_EQ(composer.SongInfo().Rows()[2].text, "Tune");
+  EXPECT_EQ(composer.SongInfo().GetStyleCode(), "S2");
+  EXPECT_TRUE(browser.CanSave());
+  EXPECT_THAT(Logged(), IsEmpty());
+  EXPECT_THAT(sound.beeps, IsEmpty());
+
+  browser.ListFiles_Click(RowOf("[x]"));
+  EXPECT_FALSE(browser.CanSave());
+  browser.ListFiles_DblClick(RowOf("bad.imy"));
+  EXPECT_EQ(Tokens(), "*4c2*5d3");
+  EXPECT_THAT(Logged(), Contains("1: Error when decoding file"));
+
+  settings.bAutoPlay = true;
+  browser.ListFiles_DblClick(RowOf("good.imy"));
+  EXPECT_THAT(sound.beeps, testing::SizeIs(2));
+}
+
+TEST_F(BrowserTest, AFolderWithoutABackslashIsMendedAndLogged) {
+  folder.MakeFolder("x");
+  folder.Write("x/a.imy", TuneText("c2"));
+  browser.sBrowseFolder = "c:\\x";
+  Fill();
+  browser.ListFiles_Click(RowOf("a.imy"));
+  browser.ListFiles_DblClick(RowOf("a.imy"));
+  EXPECT_EQ(Tokens(), "*4c2");
+  EXPECT_THAT(Logged(), ElementsAre("1: Found sBrowseFolder without \\", "1: sBrowseFolder without \\"));
+}
+
+TEST_F(BrowserTest, AClickWhileAToneSoundsWaitsForTimer1) {
+  folder.Write("a.imy", TuneText("c2"));
+  folder.Write("b.imy", TuneText("d2"));
+  Fill();
+  browser.ListFiles_Click(RowOf("a.imy"));
+  sound.onBeep = [this] {
+    browser.ListFiles_Click(RowOf("b.imy"));
+    EXPECT_EQ(Tokens(), "*4c2");
+    EXPECT_FALSE(browser.CanSave());
+    browser.Timer1_Tick();  // still sounding
+    EXPECT_EQ(Tokens(), "*4c2");
+  };
+  player.PlayTone(100, 523, 3);
+  EXPECT_THAT(window.calls, ElementsAre("timer on 1", "timer off 1", "timer on 1"));
+  browser.Timer1_Tick();
+  EXPECT_EQ(Tokens(), "*4d2");
+  EXPECT_EQ(SelectedText(), "b.imy");
+  EXPECT_TRUE(browser.CanSave());
+}
+
+// With AutoPlay on, opening plays inside the handler of the click; another file can be opened all the same.
+TEST_F(BrowserTest, OpeningAFileEndsThePlayingOfTheOneBefore) {
+  settings.bAutoPlay = true;
+  folder.Write("a.imy", TuneText("c2c2c2c2c2c2c2c2"));
+  folder.Write("b.imy", TuneText("a3"));
+  Fill();
+  sound.onBeep = [this] {
+    if (sound.beeps.size() == 2) browser.ListFiles_Click(RowOf("b.imy"));
+    if (sound.beeps.size() == 3) browser.Timer1_Tick();
+  };
+  pump.onPump = [this](int /*pumps*/) {
+    if (!player.NoteIsSounding()) browser.Timer1_Tick();
+  };
+  browser.ListFiles_Click(RowOf("a.imy"));
+  EXPECT_EQ(Tokens(), "*4a3");
+  ASSERT_FALSE(sound.beeps.empty());
+  EXPECT_LT(sound.beeps.size(), 6U);
+  EXPECT_NE(sound.beeps.back(), sound.beeps.front());
+  EXPECT_FALSE(controls.IsPlaying());
+}
+
+TEST_F(BrowserTest, AClickDuringAReadIsIgnored) {
+  folder.Write("a.imy", TuneText("c2"));
+  folder.Write("b.imy", TuneText("d2"));
+  Fill();
+  pump.onPump = [this](int pumps) {
+    if (pumps > 1) return;
+    browser.ListFiles_Click(RowOf("b.imy"));
+    browser.ListFiles_DblClick(RowOf("b.imy"));
+    EXPECT_FALSE(browser.OpenFile(folder / "b.imy"));
+    EXPECT_EQ(SelectedText(), "a.imy");
+  };
+  browser.ListFiles_Click(RowOf("a.imy"));
+  EXPECT_GT(pump.pumps, 0);
+  EXPECT_EQ(Tokens(), "*4c2");
+}
+
+TEST_F(BrowserTest, TheRightButtonSelectsAndShowsTheMenu) {
+  folder.Write("a.imy", TuneText("c2"));
+  folder.Write("b.imy", TuneText("d2"));
+  Fill();
+  browser.ListFiles_Click(RowOf("a.imy"));
+  window.onMenu = [this] { browser.ListFiles_Click(browser.SelectedRow()); };
+  browser.ListFiles_MouseDown(1, RowOf("b.imy"));
+  browser.ListFiles_MouseDown(2, FileBrowser::kNoRow);
+  EXPECT_THAT(window.calls, IsEmpty());
+  EXPECT_EQ(SelectedText(), "a.imy");
+  browser.ListFiles_MouseDown(2, RowOf("b.imy"));
+  EXPECT_THAT(window.calls, ElementsAre("menu"));
+  EXPECT_EQ(SelectedText(), "b.imy");
+  EXPECT_EQ(Tokens(), "*4c2");
+  EXPECT_FALSE(browser.CanSave()) << "the melody of a.imy must not be saved over b.imy";
+}
+
+TEST_F(BrowserTest, DeletesTheSelectedFile) {
+  for (const char* name : {"a.imy", "b.imy", "[x]"}) folder.Write(name, TuneText("c2"));
+  folder.MakeFolder("x");
+  Fill();
+  browser.ListFiles_MouseDown(2, RowOf("[x]"));
+  browser.mnuDelete_Click();
+  EXPECT_THAT(folder.Names(), ElementsAre("[x]", "a.imy", "b.imy", "x"));
+  browser.ListFiles_MouseDown(2, RowOf("a.imy"));
+  browser.mnuDelete_Click();
+  EXPECT_EQ(Rows(), "[x] b.imy ");
+  EXPECT_EQ(browser.SelectedRow(), FileBrowser::kNoRow);
+  EXPECT_THAT(Logged(), IsEmpty());
+  browser.ListFiles_MouseDown(2, RowOf("b.imy"));
+  std::filesystem::remove(folder / "b.imy");
+  browser.mnuDelete_Click();
+  EXPECT_EQ(Rows(), "[x] ");
+  EXPECT_THAT(Logged(), ElementsAre("1: Could not find the file in bDeleteFile....->c:\\b.imy"));
+}
+
+TEST_F(BrowserTest, RenamesWithinTheFolder) {
+  struct Case {
+    std::optional<std::string> newName;
+    std::string rows;
+    std::string reason;
+  };
+  const Case cases[] = {{std::nullopt, "[x] a.b.IMY c.imy ", ""},
+                        {"", "[x] a.b.IMY c.imy ", "the name is empty"},
+                        {".", "[x] a.b.IMY c.imy ", "that of a folder"},
+                        {"..", "[x] a.b.IMY c.imy ", "that of a folder"},
+                        {"x\\d", "[x] a.b.IMY c.imy ", "separator"},
+                        {"x/d", "[x] a.b.IMY c.imy ", "separator"},
+                        {"../d", "[x] a.b.IMY c.imy ", "separator"},
+                        {"z:d", "[x] a.b.IMY c.imy ", "separator"},
+                        {std::string("d\0e", 3), "[x] a.b.IMY c.imy ", "separator"},
+                        {"a.b", "[x] a.b.IMY c.imy ", "exists"},
+                        {std::string(300, 'd'), "[x] a.b.IMY c.imy ", "copying failed"},
+                        {"d e", "[x] c.imy d e.IMY ", ""}};
+  folder.Write("a.b.IMY", TuneText("c2"));
+  folder.Write("c.imy", TuneText("d2"));
+  folder.MakeFolder("x");
+  for (const Case& c : cases) {
+    Fill();
+    browser.ListFiles_MouseDown(2, RowOf("a.b.IMY"));
+    window.newName = c.newName;
+    browser.mnuRename_Click();
+    EXPECT_THAT(window.calls, ElementsAre("menu", "rename a.b"));
+    EXPECT_EQ(Rows(), c.rows);
+    if (c.reason.empty()) {
+      EXPECT_THAT(Logged(), IsEmpty());
+    } else {
+      EXPECT_THAT(Logged(), ElementsAre(HasSubstr(c.reason)));
+    }
+  }
+  EXPECT_EQ(folder.Read("d e.IMY"), TuneText("c2"));
+  EXPECT_THAT(folder.Names(), ElementsAre("c.imy", "d e.IMY", "x"));
+  Fill();
+  browser.ListFiles_MouseDown(2, RowOf("[x]"));
+  browser.mnuRename_Click();
+  EXPECT_THAT(window.calls, ElementsAre("menu"));
+}
+
+TEST_F(BrowserTest, NamesOfAnyBytesAreListedOrLeftOut) {
+  for (const char* name : {"\xff\xfe.imy", "line\nfeed.imy", "\xe3\x81\x82.imy", "a:b.imy", "c\\d.imy"}) {
+    folder.Write(name, TuneText("c2"));
+  }
+  mkfifo((folder / "pipe.imy").c_str(), 0600);
+  std::filesystem::create_symlink("nowhere", folder / "dangling.imy");
+  Fill();
+  EXPECT_EQ(Rows(), "line\nfeed.imy \xe3\x81\x82.imy \xff\xfe.imy ");
+  for (int row = 0; row < 3; ++row) {
+    ws.melody.Clear();
+    browser.ListFiles_Click(row);
+    EXPECT_EQ(Tokens(), "*4c2");
+  }
+  browser.UpdateListFiles();
+  EXPECT_THAT(Logged(), testing::UnorderedElementsAre("1: Left out of the list->a:b.imy",
+                                                      "1: Left out of the list->c\\d.imy"));
+  browser.ListFiles_MouseDown(2, 0);
+  std::filesystem::remove(folder / "line\nfeed.imy");
+  browser.mnuDelete_Click();
+  EXPECT_THAT(Logged(), Contains("1: Could not find the file in bDeleteFile....->c:\\line?feed.imy"));
+}
+
+TEST_F(BrowserTest, AFolderThatVanishesIsLogged) {
+  for (const char* browsed : {"c:\\gone\\", "q:\\", "c:", "", "c:\\..\\", "nonsense"}) {
+    browser.sBrowseFolder = browsed;
+    log.lines.clear();
+    browser.UpdateListFiles();
+    EXPECT_THAT(Logged(), ElementsAre("1: Could not list all folders in UpdateListFiles",
+                                      "1: Could not list all files in UpdateListFiles"));
+    browser.ListFiles_DblClick(0);
+  }
+}
+
+TEST_F(BrowserTest, ListsTwentyThousandFilesWithoutAStall) {
+  constexpr int kFiles = 20000;
+  for (int i = 0; i < kFiles; ++i)
+    folder.Write((i % 2 == 0 ? "TUNE" : "tune") + std::to_string(i) + ".imy", "");
+  const auto start = std::chrono::steady_clock::now();
+  browser.UpdateListFiles();
+  const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+  EXPECT_EQ(browser.Rows().size(), static_cast<size_t>(kFiles));
+  EXPECT_EQ(browser.Rows()[1].name, "tune1.imy");
+  EXPECT_LT(time.count(), 1.0);
+}
+
+TEST_F(BrowserTest, AFileFromOutsideOpensAsIfClicked) {
+  folder.MakeFolder("x");
+  folder.Write("x/a.MEL", "+CdE");
+  folder.Write("x/b.txt", "+CdE");
+  EXPECT_TRUE(browser.OpenFile(folder / "x/a.MEL"));
+  EXPECT_EQ(ws.iNoteMode, FormatMode::Melody);
+  EXPECT_EQ(browser.sBrowseFolder, "C:\\x\\");
+  EXPECT_EQ(SelectedText(), "a.MEL");
+  EXPECT_TRUE(browser.CanSave());
+  EXPECT_EQ(ws.melody.Elements().size(), 3U);
+  EXPECT_THAT(Logged(), IsEmpty());
+
+  EXPECT_FALSE(browser.OpenFile(folder / "x/b.txt"));
+  EXPECT_THAT(Logged(), ElementsAre("2: Not a melody file (imy, emy, rtx, mel)->C:\\x\\b.txt"));
+  log.lines.clear();
+  EXPECT_FALSE(browser.OpenFile(folder / "gone/a.imy"));
+  EXPECT_THAT(Logged(), ElementsAre("1: Error when decoding file"));
+  EXPECT_EQ(browser.sBrowseFolder, "C:\\x\\");
+  EXPECT_EQ(ws.melody.Elements().size(), 3U);
+
+  folder.MakeFolder("q:r");
+  folder.Write("q:r/a.imy", TuneText("c2"));
+  EXPECT_TRUE(browser.OpenFile(folder / "q:r/a.imy"));
+  EXPECT_EQ(browser.sBrowseFolder, "C:\\x\\");
+  EXPECT_FALSE(browser.CanSave()) << "its folder cannot be shown, so no row is that file";
+}
+
+}  // namespace
+}  // namespace trillomat

@@ -1,0 +1,205 @@
+#include "browser/recovery.h"
+
+#include <chrono>
+#include <random>
+#include <thread>
+
+#include "browser/browser_fixture.h"
+#include "support/child_process.h"
+
+namespace trillomat {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+RecoveredMelody Composed(const Workspace& ws) { return {ws.iNoteMode, ws.header, ws.melody.Elements()}; }
+
+TEST_F(BrowserTest, TheRecoveryTextKeepsEveryField) {
+  ws.iNoteMode = FormatMode::Rtttl;
+  ws.header = {"N\xe4me\t\\\r\n", std::string("\0\x7f", 2), -5, "S2", "", "1.2", "Class 1.0", 32767};
+  ws.melody.Assign({{-1, "", "ledon", 0, 0, false},
+                    {3, "#c", "", static_cast<float>(2.0 / 3.0), 0.125F, true},
+                    {-32768, "R", "@\\09)\n", 1.75F, -1.0F, false}});
+  EXPECT_EQ(ReadRecovery(WriteRecovery(ws)), Composed(ws));
+  ws.melody.Clear();
+  EXPECT_EQ(ReadRecovery(WriteRecovery(ws)), Composed(ws));
+}
+
+TEST_F(BrowserTest, ADamagedRecoveryTextIsRefused) {
+  Compose("*5d3");
+  const std::string text = WriteRecovery(ws);
+  for (size_t i = 0; i < text.size(); ++i) {
+    EXPECT_FALSE(ReadRecovery(text.substr(0, i))) << i;
+    for (const char wrong : {'\0', '\t', '\n', '\\', '9', '\xff'}) {
+      std::string damaged = text;
+      if (damaged[i] == wrong) continue;
+      damaged[i] = wrong;
+      EXPECT_FALSE(ReadRecovery(damaged)) << i;
+    }
+  }
+  std::minstd_rand random(1);  // NOLINT(cert-msc51-cpp): the same bytes each run
+  for (int round = 0; round < 1000; ++round) {
+    std::string bytes = round % 2 == 0 ? "trillomat-recovery 1\nmode\t0\n" : "";
+    for (int i = 0; i < 100; ++i) bytes += "01289\t\n\\-.einfat \xff"[random() % 17];
+    EXPECT_FALSE(ReadRecovery(bytes));
+  }
+}
+
+class RecoveryTest : public BrowserTest {
+ protected:
+  std::filesystem::path State() const { return folder / "state/trillomat"; }
+
+  /// Ends as a crash does: the lock goes, the files stay.
+  static void Crash(std::unique_ptr<Recovery>& recovery) { recovery.reset(); }
+
+  std::unique_ptr<Recovery> MakeRecovery() { return std::make_unique<Recovery>(ws, store, State()); }
+
+  void Edit(Recovery& recovery, const std::string& token) {
+    Compose(token);
+    recovery.MarkChanged();
+    recovery.Tick();
+  }
+
+  std::string LastTokens(const Recovery& recovery) {
+    const auto last = recovery.LastMelody();
+    if (!last) return "none";
+    std::string text;
+    for (MelodyNote note : last->elements) text += ws.codec.EncodeNote(note, FormatMode::IMelody);
+    return text;
+  }
+};
+
+TEST_F(RecoveryTest, AnAbnormalEndIsNoticedAndTheMelodyKept) {
+  auto recovery = MakeRecovery();
+  EXPECT_FALSE(recovery->Start());
+  EXPECT_EQ(LastTokens(*recovery), "none");
+  Edit(*recovery, "c2");
+  recovery->MarkChanged();
+  ws.melody.Clear();
+  recovery->Tick();  // clearing all is no melody to keep
+  Crash(recovery);
+
+  recovery = MakeRecovery();
+  EXPECT_TRUE(recovery->Start());
+  EXPECT_EQ(LastTokens(*recovery), "*4c2");
+  opener.recovery = recovery.get();
+  opener.TakeRecovered(*recovery->LastMelody());
+  recovery->Tick();
+  Crash(recovery);  // once more, before any edit
+
+  recovery = MakeRecovery();
+  EXPECT_TRUE(recovery->Start());
+  EXPECT_EQ(LastTokens(*recovery), "*4c2");
+  Edit(*recovery, "d2");
+  recovery->End();
+
+  recovery = MakeRecovery();
+  EXPECT_FALSE(recovery->Start());
+  EXPECT_EQ(LastTokens(*recovery), "*4d2");
+  Crash(recovery);  // nothing was composed, so nothing is offered, and nothing lost
+
+  recovery = MakeRecovery();
+  EXPECT_FALSE(recovery->Start());
+  EXPECT_EQ(LastTokens(*recovery), "*4d2");
+  EXPECT_THAT(log.lines, IsEmpty());
+}
+
+TEST_F(RecoveryTest, OpeningAFileKeepsTheComposedMelody) {
+  folder.Write("a.imy", TuneText("a2"));
+  folder.Write("b.imy", TuneText("b2"));
+  Fill();
+  auto recovery = MakeRecovery();
+  recovery->Start();
+  opener.recovery = recovery.get();
+  Compose("c2");
+  const RecoveredMelody composed = Composed(ws);
+  for (const char* file : {"a.imy", "b.imy", "a.imy"}) {
+    browser.ListFiles_Click(RowOf(file));
+    recovery->MarkChanged();
+    recovery->Tick();
+    EXPECT_EQ(recovery->LastMelody(), composed);
+  }
+  opener.TakeRecovered(*recovery->LastMelody());
+  EXPECT_EQ(Composed(ws), composed);
+  EXPECT_EQ(ws.melody.lCurrentIndex, -1);
+  recovery->End();
+}
+
+TEST_F(RecoveryTest, ProgramsAtTheSameTimeKeepTheirOwnMelodies) {
+  auto first = MakeRecovery();
+  auto second = MakeRecovery();
+  first->Start();
+  EXPECT_FALSE(second->Start());
+  Edit(*first, "c2");
+  Edit(*second, "d2");
+  Crash(second);
+  auto third = MakeRecovery();
+  EXPECT_TRUE(third->Start());
+  EXPECT_EQ(LastTokens(*third), "*4d2");
+  third->End();
+  first->End();
+  third = MakeRecovery();
+  EXPECT_FALSE(third->Start());
+  EXPECT_EQ(LastTokens(*third), "*4c2");
+}
+
+TEST_F(RecoveryTest, DamagedFilesAndAFolderThatCannotBeWrittenAreSurvived) {
+  folder.MakeFolder("state/trillomat");
+  folder.Write("state/trillomat/running-1", "");
+  folder.Write("state/trillomat/recovery-1.txt", std::string(1000, '\0'));
+  folder.Write("state/trillomat/last-1.txt", "trillomat-recovery 1\nnote");
+  auto recovery = MakeRecovery();
+  EXPECT_FALSE(recovery->Start());
+  EXPECT_EQ(LastTokens(*recovery), "none");
+  std::filesystem::remove_all(folder / "state");
+  Edit(*recovery, "c2");
+  Edit(*recovery, "d2");
+  EXPECT_THAT(log.lines, ElementsAre("1: Could not write the recovery file"));
+  folder.MakeFolder("state/trillomat");
+  recovery->Tick();
+  EXPECT_TRUE(std::filesystem::exists(State() / "recovery-1.txt")) << "a failed write is tried again";
+
+  folder.Write("file", "");
+  Recovery homeless(ws, store, folder / "file/trillomat");
+  EXPECT_FALSE(homeless.Start());
+  Edit(homeless, "c2");
+  homeless.End();
+  EXPECT_EQ(log.lines.back(), "1: No recovery file can be kept");
+}
+
+// Edits and ticks like a running window, killed in the middle of it: of all that was edited, at most what
+// came after the last tick is lost.
+TEST_F(RecoveryTest, AKilledProgramLosesOnlyTheLastEdits) {
+  std::minstd_rand random(1);  // NOLINT(cert-msc51-cpp): the same instants each run, as far as there are any
+  for (int round = 0; round < 20; ++round) {
+    std::filesystem::remove_all(State());
+    folder.Write("ticked", "0");
+    ChildProcess child([&] {
+      auto recovery = MakeRecovery();
+      recovery->Start();
+      MelodyList elements;
+      for (int ticks = 1;; ++ticks) {
+        elements.push_back(ws.codec.DecodeNote("c2", FormatMode::IMelody));
+        ws.melody.Assign(elements);
+        recovery->MarkChanged();
+        recovery->Tick();
+        truncate((folder / "ticked").c_str(), ticks);
+      }
+      return 0;
+    });
+    while (std::filesystem::file_size(folder / "ticked") < 2) std::this_thread::yield();
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % 20000));
+    ASSERT_TRUE(child.Kill());
+    const size_t ticks = std::filesystem::file_size(folder / "ticked");
+    const auto recovery = MakeRecovery();
+    ASSERT_TRUE(recovery->Start());
+    ASSERT_TRUE(recovery->LastMelody());
+    EXPECT_GE(recovery->LastMelody()->elements.size(), ticks);
+    EXPECT_LE(recovery->LastMelody()->elements.size(), ticks + 1);
+    recovery->End();
+  }
+}
+
+}  // namespace
+}  // namespace trillomat

@@ -1,0 +1,150 @@
+#include "browser/browser_fixture.h"
+#include "formats/imelody_file.h"
+
+namespace trillomat {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST_F(BrowserTest, SaveWritesOverTheSelectedFile) {
+  folder.Write("a.imy", TuneText("c2"));
+  Fill();
+  browser.ListFiles_Click(RowOf("a.imy"));
+  log.lines.clear();
+  Compose("*5d3");
+  save.cmdSave_Click();
+  EXPECT_THAT(log.lines, ElementsAre("1: Save file started", "1: Removed file", "1: Saved the file"));
+  EXPECT_THAT(window.calls, ElementsAre("Wait", "Save"));
+  EXPECT_EQ(folder.Read("a.imy"), WriteText_IMelody(ws));
+  EXPECT_THAT(folder.Read("a.imy"), testing::HasSubstr("*5d3"));
+  EXPECT_THAT(folder.Names(), ElementsAre("a.imy"));
+  EXPECT_TRUE(browser.CanSave());
+}
+
+TEST_F(BrowserTest, SaveKeepsTheRightsOfTheFile) {
+  folder.Write("a.imy", TuneText("c2"));
+  const auto rights = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
+  std::filesystem::permissions(folder / "a.imy", rights);
+  Fill();
+  browser.ListFiles_Click(RowOf("a.imy"));
+  save.cmdSave_Click();
+  EXPECT_EQ(std::filesystem::status(folder / "a.imy").permissions(), rights);
+}
+
+TEST_F(BrowserTest, SaveWithoutAMelodyOrAFileChangesNothing) {
+  save.cmdSave_Click();
+  save.cmdSaveAs_Click();
+  EXPECT_THAT(log.lines, ElementsAre("2: Nothing to save", "2: Nothing to save"));
+  EXPECT_THAT(window.calls, IsEmpty());
+  folder.Write("a.imy", TuneText("c2"));
+  folder.MakeFolder("x");
+  Fill();
+  Compose("c2");
+  for (const char* row : {"", "[x]", "a.imy"}) {
+    browser.ListFiles_MouseDown(2, RowOf(row));
+    std::filesystem::remove(folder / "a.imy");
+    Fill();
+    browser.ListFiles_MouseDown(2, RowOf(row));
+    log.lines.clear();
+    save.cmdSave_Click();
+    EXPECT_THAT(log.lines,
+                ElementsAre("1: Save file started",
+                            testing::StartsWith("1: Could not find the file in bDeleteFile....->c:\\"),
+                            "1: Could not remove the old file"));
+    EXPECT_THAT(folder.Names(), ElementsAre("x"));
+  }
+}
+
+TEST_F(BrowserTest, SaveAsFollowsTheAnswers) {
+  struct Case {
+    std::string_view name;
+    std::optional<std::string> answer;
+    bool yes;
+    std::string file;  ///< that holds the melody afterwards
+    std::vector<std::string> lines;
+  };
+  const std::vector<std::string> saved{"1: Save As started", "1: File Saved"};
+  const Case cases[] = {
+      {"cancelled", std::nullopt, true, "", {"1: Save As started", "1: Abort Save As file"}},
+      {"no name", "", true, "", {"1: Save As started", "1: Abort Save As file"}},
+      {"extension appended", "tune", true, "tune.imy", saved},
+      {"blanks behind it", "two  ", true, "two.imy", saved},
+      {"extension there", "x.ImY", true, "x.ImY", saved},
+      {"extension inside", "x.imy.txt", true, "x.imy.txt", saved},
+      {"answered No", "old.imy", false, "", {"1: Save As started"}},
+      {"answered Yes", "old", true, "old.imy", saved},
+      {"a folder in its place",
+       "folder.imy",
+       true,
+       "",
+       {"1: Save As started", "1: Failed to remove the file in bDeleteFile->C:\\folder.imy",
+        "1: Failed to remove file"}},
+      {"no such folder",
+       "gone/new.imy",
+       true,
+       "",
+       {"1: Save As started", "1: Could not make a new file beside->C:\\gone\\new.imy",
+        "2: Failed to save file"}}};
+  folder.MakeFolder("folder.imy");
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    folder.Write("old.imy", "old");
+    Fill();
+    Compose("*5d3");
+    if (c.answer) window.savePath = c.answer->empty() ? "" : folder / *c.answer;
+    window.yes = c.yes;
+    save.cmdSaveAs_Click();
+    EXPECT_EQ(log.lines, c.lines);
+    EXPECT_EQ(window.calls.front(), "Wait");
+    EXPECT_EQ(window.calls.back(), "Save As");
+    const bool asked = testing::Value(window.calls, Contains("File Exist|File Already exist! Remove?"));
+    EXPECT_EQ(asked, c.answer && (c.answer->starts_with("old") || c.answer->starts_with("folder")));
+    if (!c.file.empty()) {
+      EXPECT_EQ(folder.Read(c.file), WriteText_IMelody(ws));
+      EXPECT_EQ(RowOf(c.file) != FileBrowser::kNoRow, !c.file.ends_with("txt"));
+    }
+    EXPECT_EQ(folder.Read("old.imy") == "old", c.file != "old.imy");
+  }
+  EXPECT_TRUE(std::filesystem::is_directory(folder / "folder.imy"));
+  EXPECT_THAT(folder.Names(),
+              ElementsAre("folder.imy", "old.imy", "tune.imy", "two.imy", "x.ImY", "x.imy.txt"));
+}
+
+TEST_F(BrowserTest, TheSaveDialogOpensForTheMode) {
+  Compose("c2");
+  for (const auto mode : {FormatMode::IMelody, FormatMode::EMelody, FormatMode::Rtttl, FormatMode::Melody}) {
+    composer.mnuSettingFormatType_Click(mode);
+    save.cmdSaveAs_Click();
+    const std::string extension(LimitsOf(mode).extension);
+    ASSERT_TRUE(window.dialog);
+    EXPECT_EQ(window.dialog->folder.lexically_normal(), folder.Path());
+    EXPECT_EQ(window.dialog->fileName, "SaveMelody");
+    EXPECT_EQ(window.dialog->extension, extension);
+    EXPECT_EQ(window.dialog->filter, std::string(LimitsOf(mode).caption) + " (*." + extension + ")" + '\0' +
+                                         "*." + extension + " + Chr$(0)");
+  }
+  const std::pair<std::string_view, std::string_view> two[] = {{"One", "a"}, {"Two", "b"}};
+  EXPECT_EQ(BuildDialogFilter(two), std::string("One (*.a)\0*.a\0Two (*.b)\0*.b + Chr$(0)", 37));
+  EXPECT_EQ(ChosenFile(std::string("tune\0rest.imy", 13), "imy"), "tune.imy");
+}
+
+TEST_F(BrowserTest, ASecondSaveDuringASaveIsIgnored) {
+  folder.Write("a.imy", TuneText("c2"));
+  Fill();
+  browser.ListFiles_Click(RowOf("a.imy"));
+  pump.onPump = [this](int /*pumps*/) {
+    save.cmdSave_Click();
+    save.cmdSaveAs_Click();
+    browser.UpdateListFiles();
+  };
+  log.lines.clear();
+  save.cmdSave_Click();
+  EXPECT_THAT(log.lines, ElementsAre("1: Save file started", "1: Removed file", "1: Saved the file"));
+  EXPECT_EQ(folder.Read("a.imy"), WriteText_IMelody(ws));
+  EXPECT_THAT(folder.Names(), ElementsAre("a.imy"));
+}
+
+}  // namespace
+}  // namespace trillomat
