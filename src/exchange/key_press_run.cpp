@@ -1,16 +1,13 @@
 #include "exchange/key_press_run.h"
 
-#include <algorithm>
-
 #include "core/number_text.h"
 #include "formats/fault_trap.h"
 
 namespace trillomat {
 namespace {
 
-void CheckLength(size_t length) {
-  if (length > kLargestExport)
-    throw QuietFailure("the melody takes more key presses than can be written down");
+void Require(bool writable) {
+  if (!writable) throw QuietFailure("the melody takes more key presses than can be written down");
 }
 
 }  // namespace
@@ -25,7 +22,7 @@ std::string KeyPressText(PhoneKeys& phone, Workspace& ws) {
   // Events that run in between may change the melody, so its size is read anew for each element.
   for (size_t i = 0; i < ws.ExportMelody.size(); ++i) {
     phone.Press(ws.ExportMelody[i], keyText);
-    CheckLength(keyText.size() + result.size());
+    Require(keyText.size() + result.size() <= kLargestExport);
     result += std::to_string(i) + "--> ";
     result += keyText;
     PumpOrLeave(ws);
@@ -34,9 +31,9 @@ std::string KeyPressText(PhoneKeys& phone, Workspace& ws) {
 }
 
 void AppendKeys(std::string& text, std::string_view key, int count) {
-  const auto times = static_cast<size_t>(std::max(count, 0));
-  CheckLength(times * key.size());
-  for (size_t i = 0; i < times; ++i) text += key;
+  constexpr int kMostPresses = 1000000;
+  Require(count <= kMostPresses);
+  for (int i = 0; i < count; ++i) text += key;
 }
 
 void SteppingComposer::StepOctave(int target, std::string& keyText) {

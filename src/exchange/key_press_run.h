@@ -33,7 +33,8 @@ class PhoneKeys {
 /// is ending.
 std::string KeyPressText(PhoneKeys& phone, Workspace& ws);
 
-/// Appends `key` `count` times, if that is more than 0. Throws QuietFailure beyond kLargestExport.
+/// Appends `key` `count` times, if that is more than 0. Throws QuietFailure for more than a million times,
+/// which only a damaged count asks for.
 void AppendKeys(std::string& text, std::string_view key, int count);
 
 /// The composer of the Nokia phones and the T68i: one key steps through the octaves and wraps, two keys step

@@ -66,12 +66,15 @@ TEST(KeyPresses, EveryToneWhateverItsCase) {
     for (const bool upper : {false, true}) {
       std::string note(kTones.at(i));
       if (upper) note.back() = static_cast<char>(note.back() - 'a' + 'A');
-      const std::string held = keys.at(i)[2].substr(0, 1);
-      const std::string behind = " Then press: " + keys.at(i)[2].substr(2);
+      const std::string& held = keys.at(i)[2];
+      const std::string hold = "Hold: " + held.substr(0, 1) + " until ";
+      std::string t39 = hold + "lowercase with a \".\"";
+      std::string r320 = hold + "uppercase.";
+      const std::string behind = " Then press: " + held.substr(2);
       ExpectLines(Phone::Nokia, {Tone(note)}, {"Press: " + keys.at(i)[0]});
       ExpectLines(Phone::T68i, {Tone(note)}, {"Press: " + keys.at(i)[1]});
-      ExpectLines(Phone::T39, {Tone(note)}, {"Hold: " + held + " until lowercase with a \".\"" + behind});
-      ExpectLines(Phone::R320, {Tone(note)}, {"Hold: " + held + " until uppercase." + behind});
+      ExpectLines(Phone::T39, {Tone(note)}, {t39 += behind});
+      ExpectLines(Phone::R320, {Tone(note)}, {r320 += behind});
     }
   }
 }
