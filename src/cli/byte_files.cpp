@@ -7,6 +7,7 @@
 #include <random>
 #include <system_error>
 
+#include "cli/console.h"
 #include "cli/failure.h"
 #include "formats/fault_trap.h"
 #include "formats/text_file.h"
@@ -45,16 +46,15 @@ fs::path NameBeside(const fs::path& file) {
 }
 
 void Replace(const fs::path& file, const Write& write) {
+  const std::unique_ptr<FileStore> store = SystemFileStore();
   const fs::path part = NameBeside(file);
-  std::error_code error;
   try {
     WriteTo(part, write);
-    const fs::file_status old = fs::status(file, error);
-    if (fs::exists(old)) fs::permissions(part, old.permissions(), error);
-    fs::rename(part, file, error);
-    if (error) Fail("cannot write", file, error.value());
+    store->KeepRights(file, part);
+    errno = 0;
+    if (!store->Flush(part) || !store->Move(part, file)) Fail("cannot write", file, errno);
   } catch (...) {
-    fs::remove(part, error);
+    store->Delete(part);
     throw;
   }
 }

@@ -117,8 +117,9 @@ void CommandLine::AddFileCommands() {
   AddOut(import);
 
   CLI::App* exporter = AddCommand("export", "Print the melody as a phone takes it", ExportCommand);
-  std::vector<std::string> targets;
-  for (const ExportTarget& target : kExportTargets) targets.emplace_back(target.option);
+  std::vector<std::string> targets(kExportTargets.size());
+  std::transform(kExportTargets.begin(), kExportTargets.end(), targets.begin(),
+                 [](const ExportTarget& target) { return std::string(target.option); });
   exporter->add_option("--to", call_.to, "What to print")->required()->check(CLI::IsMember(targets));
   AddMode(exporter);
   AddIn(exporter);
