@@ -1,5 +1,7 @@
 // The four formats on real files: bytes and line ends, and every way in which a file can refuse.
-#include <fstream>
+#include <array>
+#include <filesystem>
+#include <random>
 
 #include "core/ascii.h"
 #include "formats/text_file.h"
@@ -15,15 +17,12 @@ constexpr std::array<const char*, 4> kNames{"IMelody", "EMelody", "RTTTL", "Melo
 
 class FilesTest : public testing::Test {
  protected:
-  FilesTest() {
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
-  }
+  FilesTest() { fs::create_directories(folder_); }
   ~FilesTest() override { fs::remove_all(folder_); }
 
+  // Two builds may run their tests at the same time.
   fs::path folder_ =
-      fs::temp_directory_path() /
-      (std::string("trillomat-") + testing::UnitTest::GetInstance()->current_test_info()->name());
+      fs::temp_directory_path() / ("trillomat-formats-" + std::to_string(std::random_device()()));
   FakeWorkspace fake_;
 };
 
