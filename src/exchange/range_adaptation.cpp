@@ -73,9 +73,13 @@ std::string RangeRefusal(std::span<const MelodyNote> notes, OctaveRange range, s
   if (notes.empty()) return "the melody has no elements";
   using Limits = std::numeric_limits<int>;
   const auto [min, max] = OctavesIn(notes, {.min = Limits::max(), .max = Limits::min()});
-  return "the melody spans octaves " + std::to_string(min) + " to " + std::to_string(max) +
-         ", which is more than the " + std::to_string(range.high - range.low + 1) + " octaves of " +
-         std::string(phone);
+  const std::string octaves = std::to_string(min) + " to " + std::to_string(max);
+  const int span = range.high - range.low;
+  // The inside-out start of the scan refuses some melodies that lie far outside as well.
+  if (max - min <= span)
+    return "the melody's octaves " + octaves + " are too far from those of " + std::string(phone);
+  return "the melody spans octaves " + octaves + ", which is more than the " + std::to_string(span + 1) +
+         " octaves of " + std::string(phone);
 }
 
 }  // namespace trillomat

@@ -76,6 +76,7 @@ TEST(ExportTargets, TellsAMisfitFromAnEmptyMelody) {
        "the melody spans octaves 2 to 5, which is more than the 3 octaves of the T39"},
       {Phone::R320, Tones({3, 5}),
        "the melody spans octaves 3 to 5, which is more than the 2 octaves of the R320 and T28"},
+      {Phone::R320, Tones({-2}), "the melody's octaves -2 to -2 are too far from those of the R320 and T28"},
       {Phone::Rtttl, {}, "the melody has no elements"}};
   for (const Case& c : cases) {
     FakeWorkspace fake;
