@@ -62,7 +62,7 @@ class SdlSound::Locked {
 
 SdlSound::~SdlSound() {
   if (state_ != State::Open) return;
-  StopWave();
+  SdlSound::StopWave();
   Drain();
   SDL_CloseAudioDevice(device_);
   SDL_QuitSubSystem(SDL_INIT_AUDIO);
