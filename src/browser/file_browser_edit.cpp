@@ -54,7 +54,7 @@ void FileBrowser::RenameTo(const TargetFile& file, const std::string& newGiven) 
 
 bool FileBrowser::OpenFile(const std::filesystem::path& file) {
   if (listBusy_) return false;
-  const std::string extension = file.extension().string();
+  const std::string extension = NameText(file.extension());
   const auto mode = ModeOfExtension(std::string_view(extension).substr(extension.empty() ? 0 : 1));
   if (!mode) {
     ws_.log.WriteLog("Not a melody file (imy, emy, rtx, mel)->" + PathText(file, store_), 2);

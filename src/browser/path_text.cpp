@@ -6,6 +6,13 @@
 
 namespace trillomat {
 
+std::filesystem::path NamePath(std::string_view name) { return std::u8string(name.begin(), name.end()); }
+
+std::string NameText(const std::filesystem::path& name) {
+  const std::u8string text = name.u8string();
+  return {text.begin(), text.end()};
+}
+
 std::string PathText(std::string_view path) {
   std::string text = FromUtf8(path).value_or(std::string(path));
   std::replace_if(
@@ -15,8 +22,7 @@ std::string PathText(std::string_view path) {
 
 std::string PathText(const std::filesystem::path& native, const FileStore& store) {
   if (const auto given = store.GivenPath(native)) return PathText(*given);
-  const std::u8string text = native.u8string();
-  return PathText(std::string(text.begin(), text.end()));
+  return PathText(NameText(native));
 }
 
 }  // namespace trillomat

@@ -174,9 +174,9 @@ bool bDeleteFile(const TargetFile& file, FileStore& store, Log& log) {
 void PutBackLeftovers(const fs::path& folder, FileStore& store, Log& log) {
   for (const std::string& name : store.ListFiles(folder, kAnyLeftover).names) {
     if (const auto kept = KeptName(name)) {
-      PutBack(folder / name, folder / *kept, store, log);
+      PutBack(folder / NamePath(name), folder / NamePath(*kept), store, log);
     } else if (name.starts_with(kSavingPrefix)) {
-      store.Delete(folder / name);
+      store.Delete(folder / NamePath(name));
     }
   }
 }

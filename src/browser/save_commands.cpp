@@ -1,5 +1,6 @@
 #include "browser/save_commands.h"
 
+#include <algorithm>
 #include <array>
 
 #include "browser/flag_set.h"
@@ -21,14 +22,13 @@ std::string BuildDialogFilter(std::span<const std::pair<std::string_view, std::s
 
 std::optional<std::filesystem::path> ChosenFile(const std::filesystem::path& answer,
                                                 std::string_view extension) {
-  const std::u8string utf8 = answer.filename().u8string();
-  std::string name(utf8.begin(), utf8.end());
+  std::string name = NameText(answer.filename());
   name.resize(std::min(name.find('\0'), name.size()));
   name.resize(name.find_last_not_of(' ') + 1);
   if (name.empty() || name == "." || name == "..") return std::nullopt;
   const std::string ending = "." + std::string(extension);
   if (!Contains(Lowered(name), ending)) name += ending;
-  return answer.parent_path() / std::u8string(name.begin(), name.end());
+  return answer.parent_path() / NamePath(name);
 }
 
 bool SaveCommands::NothingToSave() {

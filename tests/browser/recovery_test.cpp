@@ -38,7 +38,7 @@ TEST_F(BrowserTest, ADamagedRecoveryTextIsRefused) {
       EXPECT_FALSE(ReadRecovery(damaged)) << i;
     }
   }
-  std::minstd_rand random(1);  // NOLINT(cert-msc51-cpp): the same bytes each run
+  std::minstd_rand random(1);  // the same bytes each run
   for (int round = 0; round < 1000; ++round) {
     std::string bytes = round % 2 == 0 ? "trillomat-recovery 1\nmode\t0\n" : "";
     for (int i = 0; i < 100; ++i) bytes += "01289\t\n\\-.einfat \xff"[random() % 17];
@@ -171,7 +171,7 @@ TEST_F(RecoveryTest, DamagedFilesAndAFolderThatCannotBeWrittenAreSurvived) {
 // Edits and ticks like a running window, killed in the middle of it: of all that was edited, at most what
 // came after the last tick is lost.
 TEST_F(RecoveryTest, AKilledProgramLosesOnlyTheLastEdits) {
-  std::minstd_rand random(1);  // NOLINT(cert-msc51-cpp): the same instants each run, as far as there are any
+  std::minstd_rand random(1);  // the same instants each run, as far as there are any
   for (int round = 0; round < 20; ++round) {
     std::filesystem::remove_all(State());
     folder.Write("ticked", "0");

@@ -14,7 +14,6 @@
 namespace trillomat {
 namespace {
 
-using testing::Contains;
 using testing::ElementsAre;
 
 // The real store on a medium that vanishes after a number of changes: nothing works from then on. Without
@@ -187,7 +186,7 @@ TEST_F(BrowserTest, AKilledSaveLeavesTheOldOrTheNewContent) {
   folder.Write("a.imy", texts[0]);
   Fill();
   browser.ListFiles_Click(RowOf("a.imy"));
-  std::minstd_rand random(1);  // NOLINT(cert-msc51-cpp): the same instants each run, as far as there are any
+  std::minstd_rand random(1);  // the same instants each run, as far as there are any
   int interrupted = 0;
   for (int round = 0; round < KillRounds(); ++round) {
     ChildProcess child([&] {

@@ -118,12 +118,14 @@ TEST_F(BrowserTest, TheSaveDialogOpensForTheMode) {
     composer.mnuSettingFormatType_Click(mode);
     save.cmdSaveAs_Click();
     const std::string extension(LimitsOf(mode).extension);
+    std::string filter(LimitsOf(mode).caption);
+    filter.append(" (*.").append(extension).append(")").append(1, '\0');
+    filter.append("*.").append(extension).append(" + Chr$(0)");
     ASSERT_TRUE(window.dialog);
     EXPECT_EQ(window.dialog->folder.lexically_normal(), folder.Path());
     EXPECT_EQ(window.dialog->fileName, "SaveMelody");
     EXPECT_EQ(window.dialog->extension, extension);
-    EXPECT_EQ(window.dialog->filter, std::string(LimitsOf(mode).caption) + " (*." + extension + ")" + '\0' +
-                                         "*." + extension + " + Chr$(0)");
+    EXPECT_EQ(window.dialog->filter, filter);
   }
   const std::pair<std::string_view, std::string_view> two[] = {{"One", "a"}, {"Two", "b"}};
   EXPECT_EQ(BuildDialogFilter(two), std::string("One (*.a)\0*.a\0Two (*.b)\0*.b + Chr$(0)", 37));

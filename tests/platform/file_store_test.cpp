@@ -9,7 +9,6 @@ namespace trillomat {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST(DriveMapTest, FindsTheRemovableVolumes) {
   EXPECT_THAT(RemovableVolumes("/dev/sda1 / ext4 rw 0 0\n"
