@@ -3,33 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <map>
-
 #include "support/fakes.h"
+#include "support/memory_store.h"
 
 namespace trillomat {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-class MemoryStore : public SettingsStore {
- public:
-  void SaveSetting(std::string_view section, std::string_view key, std::string_view value) override {
-    values[std::string(section) + "/" + std::string(key)] = value;
-  }
-  std::string GetSetting(std::string_view section, std::string_view key,
-                         std::string_view defaultValue) const override {
-    const auto found = values.find(std::string(section) + "/" + std::string(key));
-    return found == values.end() ? std::string(defaultValue) : found->second;
-  }
-  void DeleteSetting(std::string_view section) override {
-    std::erase_if(values,
-                  [&](const auto& entry) { return entry.first.starts_with(std::string(section) + "/"); });
-  }
-
-  std::map<std::string, std::string> values;
-};
 
 const std::string kCleaning = "1: #############Cleaning up registry##############";
 
