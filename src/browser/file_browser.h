@@ -40,6 +40,8 @@ class FileBrowser {
   int SelectedRow() const { return selected_; }
   /// True while "Save" has a file to write over; the window also locks it while a melody plays.
   bool CanSave() const;
+  /// True while a click or double click is being handled: a file is being read, or a folder entered.
+  bool IsBusy() const { return listBusy_; }
 
   /// Reads the drive list. False, and "Failed to get drivelist-> End program" in the log, when the program
   /// has to end.

@@ -33,6 +33,7 @@ class SaveCommands {
   void cmdSave_Click();
   /// Asks for a name and writes the melody there.
   void cmdSaveAs_Click();
+  bool IsSaving() const { return saving_; }
 
  private:
   bool NothingToSave();
