@@ -9,11 +9,13 @@
 #include "core/log.h"
 #include "core/workspace.h"
 #include "platform/clock_std.h"
+#include "platform/file_store_posix.h"
 #include "platform/pump_qt.h"
 #include "platform/settings_qt.h"
 #include "platform/sound_sdl.h"
 #include "ui/frm_main.h"
 #include "ui/message_box_qt.h"
+#include "ui/questions.h"
 #include "ui/resources.h"
 
 namespace trillomat {
@@ -52,7 +54,7 @@ class Program {
       : log_(LogFilePath(logFolder, clock_.DateText()), clock_, messages_),
         workspace_(log_, pump_),
         sound_(log_),
-        window_({workspace_, clock_, sound_, settings_}) {
+        window_({workspace_, clock_, sound_, settings_, files_, questions_}) {
     QObject::connect(&window_, &frmMain::Closed, &window_, [this] { pump_.End(); });
   }
 
@@ -78,7 +80,7 @@ class Program {
   }
 
   int TakeScreenshot(const Options& options) {
-    if (!options.file.isEmpty()) window_.OpenFile(NativePath(options.file));
+    if (!options.file.isEmpty()) window_.OpenFile(NativePath(options.file), false);
     const bool saved = window_.grab().save(options.screenshot);
     window_.close();
     return saved ? 0 : 1;
@@ -91,6 +93,8 @@ class Program {
   Workspace workspace_;
   SdlSound sound_;
   QtSettingsStore settings_;
+  PosixFileStore files_{DriveMap()};
+  QtQuestions questions_;
   frmMain window_;
 };
 

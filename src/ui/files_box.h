@@ -1,24 +1,84 @@
-// "Files": the drive list, the file list, and the buttons that save, import and export.
+// "Files": the drive list, the file list, and the buttons that save, import and export. At any time one
+// file operation runs at most; a click that would start a second one does nothing.
 #pragma once
 
 #include <QComboBox>
 #include <QGroupBox>
-#include <QListWidget>
+#include <QLabel>
+#include <QMenu>
 #include <QPushButton>
+#include <QTimer>
+
+#include "browser/file_browser.h"
+#include "browser/save_commands.h"
+#include "ui/controls.h"
+#include "ui/file_list.h"
+#include "ui/questions.h"
 
 namespace trillomat {
 
-class FilesBox : public QGroupBox {
+struct FilesBoxParts {
+  Workspace& workspace;
+  FileStore& files;
+  Questions& questions;
+  const Player& player;
+  Composer& composer;
+  PlayControls& play;
+  const PlaySettings& playSettings;
+  PlayerView& timers;
+};
+
+class FilesBox : public QGroupBox, private BrowserView {
   Q_OBJECT
 
  public:
-  explicit FilesBox(QWidget* parent);
+  FilesBox(const FilesBoxParts& parts, QWidget* parent);
+
+  FileBrowser& Browser() { return browser_; }
+  const FileBrowser& Browser() const { return browser_; }
+  /// Opens a file that was named on the command line or dropped.
+  void OpenFile(const std::filesystem::path& file);
+
+  void ShowState();
+  void StartClickTimer() { clickTimer_.start(TimerInterval(kFileClickTimer)); }
+  void StopClickTimer() { clickTimer_.stop(); }
 
  private:
+  void LayOut();
   QLayout* NewButtons();
+  void AddMenuItems();
+  void Connect();
+  QPushButton* NewCommand(const char* objectName, const ControlText& text, void (FilesBox::*command)());
+  bool FileOperationRuns() const;
+  void cmdSave_Click();
+  void cmdSaveAs_Click();
+  void cmdImport_Click();
+  void cmdExport_Click();
+
+  // BrowserView
+  void ShowFiles() override;
+  void ShowSelectedFile() override;
+  void PopUpFileMenu() override;
+  std::optional<std::string> AskNewName(std::string_view name) override;
+  void SetSaveCaption(std::string_view caption) override;
+  void SetSaveAsCaption(std::string_view caption) override;
+  std::optional<std::filesystem::path> AskSavePath(const SaveDialog& dialog) override;
+  bool AskYesNo(std::string_view title, std::string_view question) override;
+
+  Workspace& ws_;
+  Questions& questions_;
+  Composer& composer_;
+  PlayControls& play_;
+  MelodyOpener opener_;
+  FileBrowser browser_;
+  SaveCommands save_;
+  QTimer clickTimer_;
+  bool exchanging_ = false;  ///< the import or the export window is open
 
   QComboBox* cboDrives_;
-  QListWidget* listFiles_;
+  QLabel* lblFolder_;
+  FileList* listFiles_;
+  QMenu* mnuRight_;
   QPushButton* cmdSave_;
   QPushButton* cmdSaveAs_;
   QPushButton* cmdImport_;

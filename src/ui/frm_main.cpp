@@ -4,8 +4,9 @@
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <utility>
 
-#include "formats/format_table.h"
+#include "ui/frm_about.h"
 #include "ui/qt_text.h"
 
 namespace trillomat {
@@ -16,6 +17,8 @@ constexpr std::array<std::string_view, 6> kDurationTexts{"Full note", "1/&2 note
                                                          "1/&8 note", "1/1&6 note", "1/&32 note"};
 constexpr std::array<std::string_view, 4> kExtraTexts{"Nothing", "Dotted note", "Double dotted note",
                                                       "2/3 length"};
+
+constexpr QSize kFirstSize(1024, 720);
 
 }  // namespace
 
@@ -29,12 +32,13 @@ frmMain::frmMain(const MainSeams& seams)
       noteEntry_(new NoteEntryBox(composer_, this)),
       durations_(new OptionBox(QStringLiteral("Duration"), "optDuration", kDurationTexts, this)),
       extras_(new OptionBox(QStringLiteral("More..."), "optDurationExtra", kExtraTexts, this)),
+      allNotes_(new AllNotesBox(composer_, this)),
       insert_(new InsertBox(composer_, this)),
       melody_(new MelodyBox(composer_, play_, player_, this)),
       songInfo_(new SongInfoBox(composer_, this)),
       phone_(new PhoneDisplay(this)),
-      files_(new FilesBox(this)) {
-  files_->setEnabled(false);  // until there is a file browser behind it
+      files_(new FilesBox(
+          {ws_, seams.files, seams.questions, player_, composer_, play_, playSettings_, *this}, this)) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowTitle(QStringLiteral("Trillomat"));
   LayOut();
@@ -47,7 +51,10 @@ void frmMain::LayOut() {
   auto* upper = new QHBoxLayout;
   upper->addWidget(noteEntry_, 1);
   upper->addWidget(durations_);
-  upper->addWidget(extras_);
+  auto* third = new QVBoxLayout;
+  third->addWidget(extras_, 1);
+  third->addWidget(allNotes_);
+  upper->addLayout(third);
   upper->addWidget(insert_);
   auto* lower = new QHBoxLayout;
   lower->addWidget(songInfo_, 3);
@@ -59,6 +66,9 @@ void frmMain::LayOut() {
   column->addWidget(melody_);
   column->addLayout(lower, 1);
   setCentralWidget(centre);
+  // The menu bar keeps its place while its menus are hidden, so that nothing jumps when a melody starts.
+  menuBar()->setMinimumHeight(menuBar()->sizeHint().height());
+  resize(kFirstSize);
 }
 
 void frmMain::Connect() {
@@ -66,12 +76,16 @@ void frmMain::Connect() {
   connect(extras_, &OptionBox::Clicked, this, [this](int index) { composer_.optDurationExtra_Click(index); });
   connect(menu_, &MainMenu::ExitRequested, this, &QWidget::close);
   connect(menu_, &MainMenu::CleanUpRequested, this, [this] { CleanUpSettings(seams_.settings, ws_.log); });
+  connect(menu_, &MainMenu::AboutRequested, this,
+          [this] { frmAbout(QCoreApplication::applicationVersion(), this).exec(); });
 }
 
 bool frmMain::Load() {
   ws_.log.WriteLog("Application started", 1);
-  ws_.log.WriteLog("Version:" + QCoreApplication::applicationVersion().toStdString(), 1);
+  ws_.log.WriteLog("Version:" + FromQString(QCoreApplication::applicationVersion()), 1);
   ApplySettings(LoadSettings(seams_.settings, ws_.log));
+  if (!files_->Browser().FillDrives()) return false;
+  files_->Browser().UpdateListFiles();
   return true;
 }
 
@@ -84,7 +98,7 @@ void frmMain::Unload() {
 void frmMain::ApplySettings(const Settings& settings) {
   composer_.SliderOctave_Change(settings.Scale);
   composer_.mnuSettingFormatType_Click(settings.Mode);
-  sBrowseFolder_ = settings.BrowseFolder;
+  files_->Browser().sBrowseFolder = settings.BrowseFolder;
   playSettings_ = {.bAutoPlay = settings.AutoPlay,
                    .bPlayComposing = settings.PlayComposing,
                    .bPlayMoving = settings.PlayMoving};
@@ -100,7 +114,7 @@ Settings frmMain::CurrentSettings() const {
   const ComposerState& state = composer_.State();
   return {.Scale = state.octave,
           .Mode = ws_.iNoteMode,
-          .BrowseFolder = sBrowseFolder_,
+          .BrowseFolder = files_->Browser().sBrowseFolder,
           .AutoPlay = playSettings_.bAutoPlay,
           .PlayMoving = playSettings_.bPlayMoving,
           .PlayComposing = playSettings_.bPlayComposing,
@@ -109,18 +123,12 @@ Settings frmMain::CurrentSettings() const {
           .OutPut = static_cast<int16_t>(player_.outputType)};
 }
 
-bool frmMain::OpenFile(const std::filesystem::path& file) {
-  const std::string extension = file.extension().string();
-  const auto mode = ModeOfExtension(extension.empty() ? "" : std::string_view(extension).substr(1));
-  if (!mode) return false;
-  composer_.mnuSettingFormatType_Click(*mode);
-  if (!FormatOf(*mode).bReadFile(file, ws_)) {
-    ws_.log.WriteLog("Error when decoding file", 1);
-    return false;
-  }
-  play_.MelodyReplaced();
-  composer_.TakeImportMelody();
-  return true;
+void frmMain::OpenFile(const std::filesystem::path& file, bool mayPlay) {
+  if (mayPlay) return files_->OpenFile(file);
+  const bool autoPlay = std::exchange(playSettings_.bAutoPlay, false);
+  files_->OpenFile(file);
+  playSettings_.bAutoPlay = autoPlay;
+  menu_->ShowState();
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
@@ -139,15 +147,17 @@ void frmMain::ShowComposer() {
                         [this](int index) { return composer_.HasDuration(index); });
   extras_->ShowState(composer_.State().durationExtra,
                      [this](int index) { return composer_.HasDurationExtra(index); });
+  allNotes_->ShowState();
   insert_->ShowState();
   melody_->ShowState();
   songInfo_->ShowState();
+  files_->ShowState();
   // A control that was disabled or hidden under the user's fingers hands the focus to the melody, not to
   // whatever happens to come next.
   if (focus != nullptr && (!focus->isEnabled() || focus->isHidden())) melody_->Line().TakeFocus();
 }
 
-void frmMain::UpdateListFiles() {}
+void frmMain::UpdateListFiles() { files_->Browser().UpdateListFiles(); }
 
 void frmMain::ShowFrequency(std::string_view text) { phone_->ShowFrequency(text); }
 
@@ -155,10 +165,12 @@ void frmMain::ShowPicture(int picture) { phone_->ShowPicture(picture); }
 
 void frmMain::EnableTimer(int timer) {
   if (timer == kVibrationTimer) phone_->StartVibration();
+  if (timer == kFileClickTimer) files_->StartClickTimer();
 }
 
 void frmMain::DisableTimer(int timer) {
   if (timer == kVibrationTimer) phone_->StopVibration();
+  if (timer == kFileClickTimer) files_->StopClickTimer();
 }
 
 }  // namespace trillomat

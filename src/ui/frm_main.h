@@ -3,12 +3,12 @@
 #pragma once
 
 #include <QMainWindow>
-#include <QTimer>
 #include <filesystem>
 
 #include "composer/composer.h"
 #include "playback/play_controls.h"
 #include "settings/settings.h"
+#include "ui/all_notes_box.h"
 #include "ui/files_box.h"
 #include "ui/insert_box.h"
 #include "ui/main_menu.h"
@@ -26,6 +26,8 @@ struct MainSeams {
   const Clock& clock;
   SoundDevice& sound;
   SettingsStore& settings;
+  FileStore& files;
+  Questions& questions;
 };
 
 class frmMain : public QMainWindow, private ComposerView, private PlayerView {
@@ -39,8 +41,9 @@ class frmMain : public QMainWindow, private ComposerView, private PlayerView {
   /// The program's end: saves the settings and logs it.
   void Unload();
 
-  /// Opens a melody file as a click in the file list would; its mode follows its extension.
-  bool OpenFile(const std::filesystem::path& file);
+  /// Opens a melody file as a click in the file list would; its mode follows its extension, the browse
+  /// folder its folder. With "AutoPlay" on it is played to its end, unless `mayPlay` is false.
+  void OpenFile(const std::filesystem::path& file, bool mayPlay = true);
 
  signals:
   /// The window was closed: the program is to end.
@@ -71,12 +74,12 @@ class frmMain : public QMainWindow, private ComposerView, private PlayerView {
   Player player_;
   Composer composer_;
   PlayControls play_;
-  std::string sBrowseFolder_;
 
   MainMenu* menu_;
   NoteEntryBox* noteEntry_;
   OptionBox* durations_;
   OptionBox* extras_;
+  AllNotesBox* allNotes_;
   InsertBox* insert_;
   MelodyBox* melody_;
   SongInfoBox* songInfo_;

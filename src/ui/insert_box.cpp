@@ -16,24 +16,21 @@ struct Spoken {
 // In the order of kInsertButtons. The tooltips tell the two light buttons apart.
 constexpr std::array<Spoken, kInsertButtons.size()> kSpoken{{{"LED on", "Insert LED on"},
                                                              {"LED off", "Insert LED off"},
-                                                             {"&VIB on", "Insert vibration on"},
+                                                             {"VIB on", "Insert vibration on"},
                                                              {"VIB off", "Insert vibration off"},
                                                              {"Lig&ht on", "Insert backlight on"},
-                                                             {"Light on", "Insert backlight off"},
+                                                             {"Li&ght on", "Insert backlight off"},
                                                              {"Volume (&+)", "Insert volume up"},
                                                              {"Volume (&-)", "Insert volume down"},
                                                              {"Repeat start", "Insert repeat start"},
                                                              {"Repeat stop", "Insert repeat stop"},
-                                                             {"Set Volu&me", "Insert volume"}}};
+                                                             {"Set Volume", "Insert volume"}}};
 
 }  // namespace
 
+// The Tab key takes the controls in the order in which they are made.
 InsertBox::InsertBox(Composer& composer, QWidget* parent)
-    : QGroupBox(QStringLiteral("Insert"), parent),
-      composer_(composer),
-      cboVolume_(new QComboBox(this)),
-      txtRepeat_(new QLineEdit(this)),
-      lblRepeat_(NewLabel(QStringLiteral("lblRepeat"), QStringLiteral("Repeat count"), txtRepeat_, this)) {
+    : QGroupBox(QStringLiteral("Insert"), parent), composer_(composer) {
   auto* grid = new QGridLayout(this);
   for (int i = 0; i < static_cast<int>(kInsertButtons.size()); ++i) AddButton(*grid, i);
   AddVolume(*grid);
@@ -55,6 +52,7 @@ void InsertBox::AddButton(QGridLayout& grid, int index) {
 }
 
 void InsertBox::AddVolume(QGridLayout& grid) {
+  cboVolume_ = new QComboBox(this);
   NameControl(*cboVolume_, QStringLiteral("cboVolume"),
               {{}, QStringLiteral("Volume to set"), QStringLiteral("Volume that \"Set Volume\" inserts")});
   cboVolume_->setEditable(true);
@@ -66,6 +64,8 @@ void InsertBox::AddVolume(QGridLayout& grid) {
 
 // The row keeps its place while it is hidden, so that nothing jumps when a repeat is opened.
 void InsertBox::AddRepeat(QGridLayout& grid) {
+  txtRepeat_ = new QLineEdit(this);
+  lblRepeat_ = NewLabel(QStringLiteral("lblRepeat"), QStringLiteral("Repeat count"), txtRepeat_, this);
   NameControl(*txtRepeat_, QStringLiteral("txtRepeat"),
               {{},
                QStringLiteral("Repeat count"),

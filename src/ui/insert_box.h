@@ -28,9 +28,9 @@ class InsertBox : public QGroupBox {
 
   Composer& composer_;
   std::array<QPushButton*, kInsertButtons.size()> cmdInsert_{};
-  QComboBox* cboVolume_;
-  QLineEdit* txtRepeat_;
-  QLabel* lblRepeat_;
+  QComboBox* cboVolume_ = nullptr;
+  QLineEdit* txtRepeat_ = nullptr;
+  QLabel* lblRepeat_ = nullptr;
 };
 
 }  // namespace trillomat

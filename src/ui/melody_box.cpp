@@ -51,16 +51,13 @@ MelodyBox::MelodyBox(Composer& composer, PlayControls& play, const Player& playe
       play_(play),
       player_(player),
       line_(new MelodyLine(this)) {
-  auto* column = new QVBoxLayout;
+  auto* column = new QVBoxLayout(this);
   column->addWidget(line_);
   auto* below = new QHBoxLayout;
   below->addLayout(NewCursorRow());
   below->addStretch();
   below->addLayout(NewControlRow());
   column->addLayout(below);
-  auto* row = new QHBoxLayout(this);
-  row->addLayout(column, 1);
-  row->addWidget(NewAllNotes());
   connect(line_, &MelodyLine::KeyPressed, this, &MelodyBox::Press);
 }
 
@@ -94,27 +91,9 @@ QLayout* MelodyBox::NewControlRow() {
   return row;
 }
 
-QGroupBox* MelodyBox::NewAllNotes() {
-  auto* box = new QGroupBox(QStringLiteral("All notes"), this);
-  scale_ = {NewButton(QStringLiteral("cmdScaleUP"),
-                      {QStringLiteral("Scal&e up"), QStringLiteral("Move all notes an octave up"),
-                       QStringLiteral("Move all notes an octave up")},
-                      box),
-            NewButton(QStringLiteral("cmdScaleDown"),
-                      {QStringLiteral("Scale do&wn"), QStringLiteral("Move all notes an octave down"),
-                       QStringLiteral("Move all notes an octave down")},
-                      box)};
-  connect(scale_[0], &QPushButton::clicked, this, [this] { composer_.cmdScaleUP_Click(); });
-  connect(scale_[1], &QPushButton::clicked, this, [this] { composer_.cmdScaleDown_Click(); });
-  auto* column = new QVBoxLayout(box);
-  for (QPushButton* button : scale_) column->addWidget(button);
-  return box;
-}
-
 void MelodyBox::ShowState() {
   const bool edit = composer_.CanEdit();
   for (QPushButton* button : cursorButtons_) button->setEnabled(edit);
-  for (QPushButton* button : scale_) button->setEnabled(edit);
   for (const Control locked : {Control::Clear, Control::StartOver, Control::ToEnd}) {
     controls_.at(static_cast<size_t>(locked))->setEnabled(edit);
   }

@@ -1,5 +1,5 @@
-// The middle of the window: the melody line, the buttons that move and erase at its cursor, the six
-// play and list buttons, and "All notes".
+// The middle of the window: the melody line, the buttons that move and erase at its cursor, and the six
+// play and list buttons.
 #pragma once
 
 #include <QGroupBox>
@@ -25,7 +25,6 @@ class MelodyBox : public QGroupBox {
  private:
   QLayout* NewCursorRow();
   QLayout* NewControlRow();
-  QGroupBox* NewAllNotes();
   void Press(MelodyKey key, bool repeated);
 
   Composer& composer_;
@@ -34,7 +33,6 @@ class MelodyBox : public QGroupBox {
   MelodyLine* line_;
   std::array<QPushButton*, 4> cursorButtons_{};
   std::array<QPushButton*, 6> controls_{};
-  std::array<QPushButton*, 2> scale_{};
 };
 
 }  // namespace trillomat

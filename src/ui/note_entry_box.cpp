@@ -23,6 +23,7 @@ NoteEntryBox::NoteEntryBox(Composer& composer, QWidget* parent)
   column->addLayout(upper, 1);
   column->addLayout(NewOctaveRow());
   connect(piano_, &PianoKeyboard::Pressed, this, [this](int tone) { composer_.cmdTone_Click(tone); });
+  setTabOrder(buttons_.back(), SliderOctave_);
   AddLetterKeys();
 }
 

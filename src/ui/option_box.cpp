@@ -26,7 +26,11 @@ OptionBox::OptionBox(const QString& title, const char* group, std::span<const st
 }
 
 void OptionBox::ShowState(int selected, const std::function<bool(int)>& isEnabled) {
-  for (QAbstractButton* option : group_.buttons()) option->setEnabled(isEnabled(group_.id(option)));
+  for (QAbstractButton* option : group_.buttons()) {
+    option->setEnabled(isEnabled(group_.id(option)));
+    // The Tab key goes to the selected option, the arrow keys from one to the next.
+    option->setFocusPolicy(group_.id(option) == selected ? Qt::TabFocus : Qt::NoFocus);
+  }
   if (QAbstractButton* option = group_.button(selected)) option->setChecked(true);
 }
 

@@ -99,15 +99,22 @@ bool SongInfoBox::eventFilter(QObject* watched, QEvent* event) {
 void SongInfoBox::ShowState() {
   const auto& rows = composer_.SongInfo().Rows();
   for (size_t i = 0; i < rows.size(); ++i) {
-    lblSongInfo_.at(i)->setText(ToQString(rows.at(i).caption));
+    ShowCaption(*lblSongInfo_.at(i), ToQString(rows.at(i).caption));
     lblSongInfo_.at(i)->setVisible(rows.at(i).visible);
     lblSongInfo_.at(i)->buddy()->setVisible(rows.at(i).visible);
     lblSongInfo_.at(i)->buddy()->setEnabled(rows.at(i).enabled);
-    lblSongInfo_.at(i)->buddy()->setAccessibleName(ToQString(rows.at(i).caption));
   }
   for (int i = 0; i < SongInfoPanel::kTextRows; ++i) ShowTextRow(i, rows.at(static_cast<size_t>(i)));
   ShowList(*cboSongInfo_[0], rows.at(SongInfoPanel::kStyleRow));
   ShowList(*cboSongInfo_[1], rows.at(SongInfoPanel::kVolumeRow));
+}
+
+// "Style" is the one caption with a letter left for a mnemonic.
+void SongInfoBox::ShowCaption(QLabel& label, const QString& caption) {
+  const QString text = caption == QStringLiteral("Style") ? QStringLiteral("St&yle") : caption;
+  if (label.text() == text) return;
+  label.setText(text);
+  label.buddy()->setAccessibleName(caption);
 }
 
 // Valid text has the palette's own colour, which is black in a light palette.
@@ -115,6 +122,8 @@ void SongInfoBox::ShowTextRow(int index, const SongInfoRow& row) {
   QLineEdit& box = *txtSongInfo_.at(static_cast<size_t>(index));
   const QSignalBlocker quiet(box);
   ShowText(box, ToQString(row.text));
+  if (invalid_.at(static_cast<size_t>(index)) == row.invalid) return;
+  invalid_.at(static_cast<size_t>(index)) = row.invalid;
   QPalette colours;
   if (row.invalid) colours.setColor(QPalette::Text, QColor(kInvalidText));
   box.setPalette(colours);

@@ -25,6 +25,7 @@ class SongInfoBox : public QGroupBox {
  private:
   QLineEdit* NewTextBox(int index);
   QComboBox* NewList(int index);
+  static void ShowCaption(QLabel& label, const QString& caption);
   void ShowTextRow(int index, const SongInfoRow& row);
   void ShowList(QComboBox& list, const SongInfoRow& row);
 
@@ -32,6 +33,7 @@ class SongInfoBox : public QGroupBox {
   std::array<QLabel*, 7> lblSongInfo_{};
   std::array<QLineEdit*, SongInfoPanel::kTextRows> txtSongInfo_{};
   std::array<QComboBox*, 2> cboSongInfo_{};
+  std::array<bool, SongInfoPanel::kTextRows> invalid_{};  ///< shown in red
 };
 
 }  // namespace trillomat

@@ -1,0 +1,60 @@
+#include "ui/file_list.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace trillomat {
+
+FileList::FileList(QWidget* parent) : QListWidget(parent) {
+  setUniformItemSizes(true);
+  setEditTriggers(NoEditTriggers);
+}
+
+QItemSelectionModel::SelectionFlags FileList::selectionCommand(const QModelIndex& /*index*/,
+                                                               const QEvent* /*event*/) const {
+  return QItemSelectionModel::NoUpdate;
+}
+
+void FileList::ShowSelected(int row) {
+  if (row < 0 || row >= count()) return clearSelection();
+  selectionModel()->select(indexFromItem(item(row)), QItemSelectionModel::ClearAndSelect);
+  setCurrentRow(row, QItemSelectionModel::NoUpdate);
+}
+
+// The click comes last: what it starts may fill this list anew or play a melody to its end.
+void FileList::mousePressEvent(QMouseEvent* event) {
+  const QModelIndex index = indexAt(event->pos());
+  const int row = index.isValid() ? index.row() : -1;
+  menuPlace_ = event->globalPosition().toPoint();
+  const Qt::MouseButton button = event->button();
+  QListWidget::mousePressEvent(event);
+  if (button == Qt::RightButton) emit MenuRequested(row);
+  if (button == Qt::LeftButton && row >= 0) emit Clicked(row);
+}
+
+void FileList::mouseDoubleClickEvent(QMouseEvent* event) {
+  const QModelIndex index = indexAt(event->pos());
+  if (event->button() == Qt::LeftButton && index.isValid()) emit DoubleClicked(index.row());
+}
+
+// The mouse has asked already, by its press.
+void FileList::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() != QContextMenuEvent::Keyboard) return;
+  menuPlace_ = viewport()->mapToGlobal(visualItemRect(currentItem()).center());
+  emit MenuRequested(currentRow());
+}
+
+void FileList::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    return QListWidget::keyPressEvent(event);
+  }
+  if (currentItem() == nullptr || event->isAutoRepeat()) return;
+  // A folder is entered by a double click, a file is opened by a single one.
+  const bool folder = currentItem()->data(Qt::UserRole).toBool();
+  const int row = currentRow();
+  if (folder) emit DoubleClicked(row);
+  if (!folder) emit Clicked(row);
+}
+
+}  // namespace trillomat

@@ -1,0 +1,38 @@
+// The list widget of the file browser. Which row is selected is decided by the browser alone: it is the
+// row that "Save" writes over. The arrow keys move a frame over the rows, Enter acts on the framed row.
+#pragma once
+
+#include <QListWidget>
+
+namespace trillomat {
+
+class FileList : public QListWidget {
+  Q_OBJECT
+
+ public:
+  explicit FileList(QWidget* parent);
+
+  /// Shows row `row` as selected, none for -1.
+  void ShowSelected(int row);
+  /// Where the last right click or menu key asked for a menu, on the screen.
+  QPoint MenuPlace() const { return menuPlace_; }
+
+ signals:
+  void Clicked(int row);
+  void DoubleClicked(int row);
+  /// The right button, or the menu key, was pressed on `row`, -1 for none.
+  void MenuRequested(int row);
+
+ protected:
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                       const QEvent* event) const override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  QPoint menuPlace_;
+};
+
+}  // namespace trillomat

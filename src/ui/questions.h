@@ -1,0 +1,32 @@
+// What the window asks the user in dialogs of their own. Abstract so that tests can give the answers.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <filesystem>
+#include <optional>
+
+#include "browser/browser_view.h"
+
+namespace trillomat {
+
+class Questions {
+ public:
+  Questions() = default;
+  Questions(const Questions&) = delete;
+  Questions& operator=(const Questions&) = delete;
+  virtual ~Questions() = default;
+
+  // As in BrowserView; the dialogs stand over `parent`.
+  virtual std::optional<std::filesystem::path> AskSavePath(QWidget* parent, const SaveDialog& dialog) = 0;
+  virtual bool AskYesNo(QWidget* parent, const QString& title, const QString& question) = 0;
+};
+
+/// Asks with the window system's own dialogs.
+class QtQuestions : public Questions {
+ public:
+  std::optional<std::filesystem::path> AskSavePath(QWidget* parent, const SaveDialog& dialog) override;
+  bool AskYesNo(QWidget* parent, const QString& title, const QString& question) override;
+};
+
+}  // namespace trillomat
