@@ -1,0 +1,156 @@
+// The main window by keyboard, its names for screen readers, and where the focus goes.
+#include <gmock/gmock.h>
+
+#include <QAccessible>
+#include <QSet>
+
+#include "ui/main_window.h"
+#include "ui/piano_keyboard.h"
+
+namespace trillomat {
+namespace {
+
+using testing::SizeIs;
+
+class MainWindowKeys : public MainWindowTest {
+ protected:
+  MainWindowKeys() {
+    Press("optDuration(2)");
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+  }
+  void PressKey(Qt::Key key) { QTest::keyClick(window.focusWidget(), key); }
+};
+
+TEST_F(MainWindowKeys, TheMelodyHasTheFocusAndItsKeysEditIt) {
+  struct Step {
+    Qt::Key key;
+    const char* shown;
+  };
+  for (const Step& step :
+       {Step{Qt::Key_Z, "*4c2|"}, Step{Qt::Key_S, "*4c2 *4#c2|"}, Step{Qt::Key_M, "*4c2 *4#c2 *4b2|"},
+        Step{Qt::Key_Left, "*4c2 *4#c2|*4b2"}, Step{Qt::Key_Backspace, "*4c2|*4b2"},
+        Step{Qt::Key_Delete, "*4c2|"}, Step{Qt::Key_Home, "|*4c2"}, Step{Qt::Key_Right, "*4c2|"},
+        Step{Qt::Key_Home, "|*4c2"}, Step{Qt::Key_End, "*4c2|"}}) {
+    PressKey(step.key);
+    EXPECT_EQ(Shown(), step.shown);
+  }
+}
+
+TEST_F(MainWindowKeys, AllTwelveLettersPlayTheirKeys) {
+  for (const char letter : kPianoLetters) QTest::keyClick(window.focusWidget(), letter);
+  ASSERT_THAT(ws.melody.Elements(), SizeIs(12));
+  for (size_t i = 0; i < 12; ++i) EXPECT_EQ(ws.melody.Elements()[i].Note, kToneKeys[i]);
+}
+
+TEST_F(MainWindowKeys, LettersTypeWhereTextIsTypedAndPlayEverywhereElse) {
+  struct Case {
+    const char* control;
+    bool plays;
+  };
+  Press("cmdInsert(8)");
+  for (const Case& c :
+       {Case{"txtSongInfo(2)", false}, Case{"txtRepeat", false}, Case{"cboVolume", false},
+        Case{"txtRight", true}, Case{"cmdTone(3)", true}, Case{"SliderOctave", true}, Case{"ListFiles", true},
+        Case{"cboSongInfo(0)", true}, Case{"optDuration(2)", true}, Case{"cmdControl(4)", true}}) {
+    const int32_t before = ws.melody.UpperBound();
+    Get<QWidget>(c.control).setFocus();
+    PressKey(Qt::Key_X);
+    EXPECT_EQ(ws.melody.UpperBound() - before, c.plays ? 1 : 0) << c.control;
+  }
+  EXPECT_EQ(Text("txtSongInfo(2)"), "x");
+}
+
+TEST_F(MainWindowKeys, SpacePlaysAndStopsAndNeverPressesTheLastButton) {
+  QTest::mouseClick(&Get<QWidget>("cmdTone(9)"), Qt::LeftButton);
+  QTest::mouseClick(&Get<QWidget>("cmdPause"), Qt::LeftButton);
+  QTest::mouseClick(&Get<QWidget>("optDuration(3)"), Qt::LeftButton);
+  sound.beeps.clear();
+  PressKey(Qt::Key_Space);
+  EXPECT_THAT(sound.beeps, SizeIs(1));
+  EXPECT_THAT(ws.melody.Elements(), SizeIs(2));
+  sound.onBeep = [this] {
+    QTest::mouseClick(&Get<QWidget>("cmdControl(4)"), Qt::LeftButton);
+    PressKey(Qt::Key_Space);
+  };
+  Enter("aa");
+  sound.beeps.clear();
+  PressKey(Qt::Key_Space);
+  EXPECT_THAT(sound.beeps, SizeIs(1));
+}
+
+TEST_F(MainWindowKeys, AFocusThatIsLockedAwayGoesToTheMelody) {
+  Enter("a");
+  Get<QWidget>("cmdEraseLeft").setFocus();
+  Press("cmdControl(4)");
+  EXPECT_EQ(window.focusWidget(), &Get<QWidget>("txtRight"));
+}
+
+TEST_F(MainWindowKeys, EveryControlIsNamedAndReachedByTabInTheOrderOfTheEye) {
+  QStringList reached;
+  Get<QWidget>("cmdTone(0)").setFocus();
+  for (QString name = "cmdTone(0)"; !reached.contains(name); name = window.focusWidget()->objectName()) {
+    reached << name;
+    EXPECT_FALSE(window.focusWidget()->accessibleName().isEmpty()) << name.toStdString();
+    PressKey(Qt::Key_Tab);
+  }
+  QStringList expected;
+  for (int i = 0; i < 12; ++i) expected << IndexedName("cmdTone", i);
+  expected << "cmdPause"
+           << "cmdDuration"
+           << "cmdLowHigh"
+           << "SliderOctave"
+           << "optDuration(2)"
+           << "optDurationExtra(0)"
+           << "cmdScaleDown"
+           << "cmdScaleUP";
+  for (int i = 0; i < 11; ++i) expected << IndexedName("cmdInsert", i);
+  expected << "cboVolume"
+           << "txtLeft"
+           << "txtRight"
+           << "cmdEraseLeft"
+           << "cmdLeft"
+           << "cmdRight"
+           << "cmdEraseRight";
+  for (int i = 0; i < 6; ++i) expected << IndexedName("cmdControl", i);
+  expected << "txtSongInfo(2)"
+           << "txtSongInfo(3)"
+           << "txtSongInfo(4)"
+           << "cboSongInfo(0)"
+           << "cboSongInfo(1)"
+           << "cboDrives"
+           << "ListFiles"
+           << "cmdSaveAs"
+           << "cmdImport"
+           << "cmdExport";
+  EXPECT_EQ(reached.join(' ').toStdString(), expected.join(' ').toStdString());
+}
+
+TEST_F(MainWindowKeys, MnemonicsDoNotCollideAndCaptionsAreAsGiven) {
+  QSet<QString> seen;
+  const auto add = [&](const QString& caption) {
+    const QString mnemonic = QKeySequence::mnemonic(caption).toString();
+    EXPECT_FALSE(seen.contains(mnemonic)) << caption.toStdString();
+    if (!mnemonic.isEmpty()) seen.insert(mnemonic);
+  };
+  for (const QAction* menu : window.menuBar()->actions()) add(menu->text());
+  for (const auto* button : window.findChildren<QAbstractButton*>()) add(button->text());
+  for (const auto* label : window.findChildren<QLabel*>()) add(label->text());
+  EXPECT_GE(seen.size(), 25);
+  const auto expectCaption = [this](const QString& name, std::string_view caption) {
+    EXPECT_EQ(Get<QAbstractButton>(name).text().remove('&'), ToQString(caption));
+  };
+  for (int i = 0; i < 6; ++i) {
+    expectCaption(IndexedName("optDuration", i), kDurationCaptions.at(static_cast<size_t>(i)));
+    expectCaption(IndexedName("cmdControl", i), kControlCaptions.at(static_cast<size_t>(i)));
+  }
+  for (int i = 0; i < 4; ++i) {
+    expectCaption(IndexedName("optDurationExtra", i), kDurationExtraCaptions.at(static_cast<size_t>(i)));
+  }
+  for (int i = 0; i < 11; ++i) {
+    expectCaption(IndexedName("cmdInsert", i), kInsertButtons.at(static_cast<size_t>(i)).caption);
+  }
+}
+
+}  // namespace
+}  // namespace trillomat
