@@ -20,6 +20,19 @@ OutputType OutputOf(std::string_view name) {
   return name == "midi" ? OutputType::Midi : OutputType::Wave;
 }
 
+// Loads a melody and marks what its mode cannot express, as the text view of the window does before an
+// element is played.
+void LoadForPlaying(Workspace& ws, const Invocation& call) {
+  LoadMelody(ws, call.in, FormatOfPath(call.in, call.mode));
+  SilentLog silent;
+  const NoteCodec codec(silent);
+  for (int32_t i = 0; i <= ws.melody.UpperBound(); ++i) {
+    MelodyNote note = ws.melody.At(i);
+    codec.EncodeNote(note, ws.iNoteMode);
+    ws.melody.MarkNotSupported(i, note.NotSupported);
+  }
+}
+
 void Play(Workspace& ws, OutputType output) {
   StdClock clock;
   SdlSound sound(ws.log);
@@ -44,7 +57,7 @@ void PrintTrace(Workspace& ws, int32_t endlessRounds) {
 }  // namespace
 
 void PlayCommand(Workspace& ws, const Invocation& call) {
-  LoadMelody(ws, call.in, FormatOfPath(call.in, call.mode));
+  LoadForPlaying(ws, call);
   if (call.trace) {
     PrintTrace(ws, call.endless);
   } else {
@@ -53,7 +66,7 @@ void PlayCommand(Workspace& ws, const Invocation& call) {
 }
 
 void RenderCommand(Workspace& ws, const Invocation& call) {
-  LoadMelody(ws, call.in, FormatOfPath(call.in, call.mode));
+  LoadForPlaying(ws, call);
   const int32_t beat = UpdateBeatLength(ws.header);
   WriteOutput(call.out, [&](std::ostream& stream) {
     if (!RenderWave(ws, beat, call.endless, stream)) {

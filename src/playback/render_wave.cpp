@@ -13,11 +13,6 @@ namespace {
 constexpr int64_t kRampFrames = kSampleRate * 3 / 1000;
 constexpr int64_t kMaxDataSize = std::numeric_limits<uint32_t>::max() - int64_t{kWaveHeaderSize};
 
-class SilentLog : public Log {
- public:
-  void WriteLog(std::string_view /*message*/, int16_t /*level*/) override {}
-};
-
 // The position of a time in samples. Counted from the start of the melody, so that nothing adds up.
 int64_t FramesAt(int64_t milliseconds) { return (milliseconds * kSampleRate + 500) / 1000; }
 

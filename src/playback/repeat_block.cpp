@@ -23,20 +23,31 @@ int32_t RepeatBlock::End(std::string_view special, int32_t index, const MelodyLi
     counter_ = 0;
     return 0;
   }
-  for (int32_t k = 0; k <= index; ++k) {
-    const auto position = static_cast<size_t>(index - k);
-    if (position < elements.size() && elements[position].Special == "(") {
-      if (leaveCycles && ClosesCycle(index)) {
-        counter_ = 0;
-        return 0;
-      }
-      if (counter_ < std::numeric_limits<int16_t>::max()) ++counter_;
-      return k;
-    }
-    if (!pump.PumpEvents()) return 0;
+  const std::optional<int32_t> distance = DistanceToStart(index, elements, pump);
+  if (!distance) return 0;
+  if (*distance < 0) {
+    if (index != 0) log.WriteLog("Can not find the start of the Repeat", 2);
+    return 0;
   }
-  if (index != 0) log.WriteLog("Can not find the start of the Repeat", 2);
-  return 0;
+  if (leaveCycles && ClosesCycle(index)) {
+    counter_ = 0;
+    return 0;
+  }
+  if (counter_ < std::numeric_limits<int16_t>::max()) ++counter_;
+  return *distance;
+}
+
+// The distance back to the nearest "(" at or before `index`, -1 when there is none; nothing when the
+// program is ending.
+std::optional<int32_t> RepeatBlock::DistanceToStart(int32_t index, const MelodyList& elements,
+                                                    EventPump& pump) {
+  for (int32_t at = index; at >= searchFrom_; --at) {
+    const auto position = static_cast<size_t>(at);
+    if (position < elements.size() && elements[position].Special == "(") return index - at;
+    if (!pump.PumpEvents()) return std::nullopt;
+  }
+  if (leaveCycles) searchFrom_ = index;
+  return -1;
 }
 
 bool RepeatBlock::BlockIsDone(int32_t count) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <set>
 #include <string_view>
 #include <utility>
@@ -17,8 +18,10 @@ class RepeatBlock {
  public:
   /// How often an endless block is played in all; 0 plays it for ever.
   int32_t endlessRounds = 0;
-  /// Blocks that share the counter can send each other back for ever, though each has a finite count.
-  /// When set, a repeat end that would jump a second time from the same count is passed.
+  /// For a walk that must end, over a melody that nothing changes meanwhile. Blocks that share the
+  /// counter can send each other back for ever, though each has a finite count: a repeat end that would
+  /// jump a second time from the same count is passed then. And where no start lies before a repeat end,
+  /// later ones look no further back than to it.
   bool leaveCycles = false;
 
   int16_t Counter() const { return counter_; }
@@ -32,8 +35,10 @@ class RepeatBlock {
  private:
   bool BlockIsDone(int32_t count) const;
   bool ClosesCycle(int32_t index);
+  std::optional<int32_t> DistanceToStart(int32_t index, const MelodyList& elements, EventPump& pump);
 
   int16_t counter_ = 0;
+  int32_t searchFrom_ = 0;                       ///< no start lies before this index
   std::set<std::pair<int32_t, int16_t>> jumps_;  ///< index and counter of the jumps since the last "("
 };
 

@@ -54,6 +54,15 @@ TEST(PlayTrace, FollowsRepeats) {
   EXPECT_EQ(Order("( ( *3a2 @2) @2) *3c2"), "01232342345");
 }
 
+TEST(PlayTrace, RepeatEndsWithoutAStartCostNoMoreThanOthers) {
+  constexpr int kCount = 20000;
+  Playing p("c2");
+  p.ws.melody.Assign(MelodyList(kCount, CommandNote("@0)")));
+  EXPECT_TRUE(TraceMelody(p.ws, 600, 1, [](const TraceStep&) { return true; }));
+  EXPECT_LE(p.pump.pumps, 4 * kCount);
+  EXPECT_EQ(p.log.lines.size(), kCount - 1U);
+}
+
 TEST(PlayTrace, ACountBeyondTheCounterComesToAnEnd) {
   size_t steps = 0;
   Playing p("( *3a2 @40000)");

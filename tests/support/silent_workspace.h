@@ -5,11 +5,6 @@
 
 namespace trillomat {
 
-class SilentLog : public Log {
- public:
-  void WriteLog(std::string_view /*message*/, int16_t /*level*/) override {}
-};
-
 class IdlePump : public EventPump {
  public:
   bool PumpEvents() override { return true; }
