@@ -39,12 +39,12 @@ int32_t Player::PlayRepeatEnd(std::string_view special, int32_t index) {
 }
 
 void Player::PlayCommand(std::string_view special) {
+  if (!special.empty()) last_.kind = ElementKind::Command;
   const bool onOff = Contains(special, "on") || Contains(special, "off");
   if (!onOff && !Contains(special, "V")) {
     seams_.log.WriteLog("Error - can not find any note", 1);
     return;
   }
-  last_.kind = ElementKind::Command;
   if (!LimitsOf(ws_.iNoteMode).commands) return;
   if (lights_.Perform(special)) {
     seams_.view.ShowPicture(lights_.Picture());

@@ -57,7 +57,7 @@ TEST(PlayTrace, FollowsRepeats) {
 TEST(PlayTrace, RepeatEndsWithoutAStartCostNoMoreThanOthers) {
   constexpr int kCount = 20000;
   Playing p("c2");
-  p.ws.melody.Assign(MelodyList(kCount, CommandNote("@0)")));
+  p.ws.melody.Assign(MelodyList(kCount, CommandNote("@2)")));
   EXPECT_TRUE(TraceMelody(p.ws, 600, 1, [](const TraceStep&) { return true; }));
   EXPECT_LE(p.pump.pumps, 4 * kCount);
   EXPECT_EQ(p.log.lines.size(), kCount - 1U);
