@@ -25,7 +25,7 @@ struct Case {
   int status;
   testing::Matcher<std::string> out;
   testing::Matcher<std::string> err;
-  std::string_view input = "";  ///< at standard input
+  std::string_view input = {};  ///< at standard input
 };
 
 /// A test that starts in an empty folder of its own.
