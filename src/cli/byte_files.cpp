@@ -7,10 +7,10 @@
 #include <random>
 #include <system_error>
 
-#include "cli/console.h"
 #include "cli/failure.h"
 #include "formats/fault_trap.h"
 #include "formats/text_file.h"
+#include "platform/system_parts.h"
 
 namespace trillomat {
 namespace {

@@ -1,12 +1,11 @@
 // What the command line needs of the system and the C++ library does not have: arguments in one
-// encoding, streams that pass bytes unaltered, an interrupt that can be asked for, the file store.
+// encoding, streams that pass bytes unaltered, an interrupt that can be asked for.
 #pragma once
 
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "browser/file_store.h"
 #include "core/event_pump.h"
 
 namespace trillomat {
@@ -20,8 +19,5 @@ void MakeStreamsBinary();
 /// A pump that sleeps while it waits. Its functions return false once the user has interrupted the
 /// program (Ctrl-C), which from its making on no longer ends the process by itself.
 std::unique_ptr<EventPump> MakeInterruptiblePump();
-
-/// The system's drives, folders and files.
-std::unique_ptr<FileStore> SystemFileStore();
 
 }  // namespace trillomat

@@ -2,7 +2,6 @@
 #include <ctime>
 
 #include "cli/console.h"
-#include "platform/file_store_posix.h"
 
 namespace trillomat {
 namespace {
@@ -45,7 +44,5 @@ std::vector<std::string> Utf8Arguments(int argc, char** argv) {
 void MakeStreamsBinary() {}
 
 std::unique_ptr<EventPump> MakeInterruptiblePump() { return std::make_unique<SignalPump>(); }
-
-std::unique_ptr<FileStore> SystemFileStore() { return std::make_unique<PosixFileStore>(DriveMap()); }
 
 }  // namespace trillomat

@@ -5,8 +5,7 @@
 #include "cli/failure.h"
 #include "cli/melody_source.h"
 #include "core/code_page.h"
-#include "platform/clock_std.h"
-#include "platform/sound_sdl.h"
+#include "platform/system_parts.h"
 #include "playback/beat.h"
 #include "playback/play_controls.h"
 #include "playback/play_trace.h"
@@ -34,10 +33,10 @@ void LoadForPlaying(Workspace& ws, const Invocation& call) {
 }
 
 void Play(Workspace& ws, OutputType output) {
-  StdClock clock;
-  SdlSound sound(ws.log);
+  const std::unique_ptr<Clock> clock = SystemClock();
+  const std::unique_ptr<SoundDevice> sound = SystemSound(ws.log);
   NullPlayerView view;
-  Player player(ws, clock, sound, view);
+  Player player(ws, *clock, *sound, view);
   player.outputType = output;
   NullPlayHost host(UpdateBeatLength(ws.header));
   const PlaySettings settings;

@@ -6,12 +6,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
-#include <functional>
 
-#include "core/ascii.h"
+#include "platform/file_names.h"
 
 namespace trillomat {
 namespace {
@@ -63,18 +61,6 @@ mode_t KindOf(const fs::path& folder, const dirent& entry) {
   return stat((folder / entry.d_name).c_str(), &found) == 0 ? found.st_mode & S_IFMT : 0;
 }
 
-// Sorted without regard to case, and by bytes where that makes no difference.
-void Sort(std::vector<std::string>& names) {
-  std::vector<std::pair<std::string, std::string>> keyed;
-  keyed.reserve(names.size());
-  for (std::string& name : names) {
-    std::string key = Lowered(name);
-    keyed.emplace_back(std::move(key), std::move(name));
-  }
-  std::sort(keyed.begin(), keyed.end());
-  for (size_t i = 0; i < names.size(); ++i) names[i] = std::move(keyed[i].second);
-}
-
 FolderListing List(const fs::path& folder, mode_t kind, std::string_view ending) {
   FolderListing listing;
   DIR* const stream = folder.empty() ? nullptr : opendir(folder.c_str());
@@ -82,9 +68,7 @@ FolderListing List(const fs::path& folder, mode_t kind, std::string_view ending)
   errno = 0;
   while (const dirent* entry = readdir(stream)) {
     const std::string_view name = entry->d_name;
-    const bool matches = name.size() >= ending.size() &&
-                         EqualNoCase(name.substr(name.size() - ending.size()), ending) && name != "." &&
-                         name != "..";
+    const bool matches = EndsNoCase(name, ending) && name != "." && name != "..";
     if (matches && KindOf(folder, *entry) == kind) {
       auto& names = name.find_first_of("\\:") == name.npos ? listing.names : listing.leftOut;
       names.emplace_back(name);
@@ -93,7 +77,7 @@ FolderListing List(const fs::path& folder, mode_t kind, std::string_view ending)
   }
   listing.complete = errno == 0;
   closedir(stream);
-  Sort(listing.names);
+  SortNoCase(listing.names);
   return listing;
 }
 

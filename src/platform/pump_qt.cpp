@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QTimer>
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <thread>
@@ -9,7 +10,9 @@
 namespace trillomat {
 
 bool QtPump::PumpEvents() {
-  if (!ending_ && lastPump_.elapsed() >= kPumpInterval) Process(false);
+  constexpr int kMostDoublings = 12;
+  const int interval = kPumpInterval << std::min(depth_, kMostDoublings);
+  if (!ending_ && lastPump_.elapsed() >= interval) Process(QEventLoop::AllEvents);
   return !ending_;
 }
 
@@ -25,14 +28,11 @@ bool QtPump::WaitForEvents(double milliseconds) {
   alarm.setTimerType(Qt::PreciseTimer);
   alarm.setSingleShot(true);
   alarm.start(std::chrono::milliseconds(std::llround(whole)));
-  Process(true);
+  Process(QEventLoop::WaitForMoreEvents);
   return !ending_;
 }
 
-void QtPump::Process(bool wait) {
-  QEventLoop::ProcessEventsFlags flags = QEventLoop::AllEvents;
-  if (wait) flags |= QEventLoop::WaitForMoreEvents;
-  if (depth_ >= kMaxDepth) flags |= QEventLoop::ExcludeUserInputEvents;
+void QtPump::Process(QEventLoop::ProcessEventsFlags flags) {
   ++depth_;
   QCoreApplication::processEvents(flags);
   --depth_;

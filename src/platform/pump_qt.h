@@ -2,19 +2,20 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QEventLoop>
 
 #include "core/event_pump.h"
 
 namespace trillomat {
 
-/// To be used from the thread of the window. Loops that pump run inside event handlers, so they nest;
-/// below a depth that no one reaches by hand the user's input waits until the inner loops have ended.
+/// To be used from the thread of the window. Loops that pump run inside event handlers, so they nest: a
+/// loop inside a handler inside a loop. The deeper a loop runs, the less often it lets events run, so that
+/// a key that is held down cannot pile up handlers, and yet every loop can be stopped.
 class QtPump : public EventPump {
  public:
-  /// The event queue is reached at most once in this time, in milliseconds.
+  /// PumpEvents reaches the event queue at most once in this time, in milliseconds; each nested level
+  /// doubles it. Waiting lets events run at any depth.
   static constexpr int kPumpInterval = 4;
-  /// Loops that may run inside each other before input has to wait.
-  static constexpr int kMaxDepth = 24;
 
   QtPump() { lastPump_.start(); }
 
@@ -25,7 +26,7 @@ class QtPump : public EventPump {
   bool WaitForEvents(double milliseconds) override;
 
  private:
-  void Process(bool wait);
+  void Process(QEventLoop::ProcessEventsFlags flags);
 
   QElapsedTimer lastPump_;
   int depth_ = 0;

@@ -1,0 +1,16 @@
+// What the file stores of all systems do alike with the names in a folder.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace trillomat {
+
+/// Whether `name` ends in `ending`, whatever their case.
+bool EndsNoCase(std::string_view name, std::string_view ending);
+
+/// Sorts without regard to case, and by bytes where that makes no difference.
+void SortNoCase(std::vector<std::string>& names);
+
+}  // namespace trillomat

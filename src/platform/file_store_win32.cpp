@@ -1,0 +1,236 @@
+#include "platform/file_store_win32.h"
+
+#include <array>
+#include <utility>
+
+#include "core/ascii.h"
+#include "platform/file_names.h"
+#include "platform/win32.h"
+// after windows.h
+#include <aclapi.h>
+
+namespace trillomat {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+// An open file, closed when it goes.
+class File {
+ public:
+  File(const fs::path& file, DWORD access, DWORD sharing, DWORD disposition)
+      : handle_(CreateFileW(file.c_str(), access, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
+                            nullptr)) {}
+  File(const File&) = delete;
+  File& operator=(const File&) = delete;
+  ~File() {
+    if (*this) CloseHandle(handle_);
+  }
+  explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
+  bool Flush() const { return *this && FlushFileBuffers(handle_) != FALSE; }
+
+ private:
+  HANDLE handle_;
+};
+
+// Nobody else may open the file meanwhile, but its holder may delete it.
+class Win32Lock : public FileLock {
+ public:
+  explicit Win32Lock(const fs::path& file)
+      : file_(file, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_DELETE, OPEN_ALWAYS) {}
+  bool Held() const { return static_cast<bool>(file_); }
+
+ private:
+  File file_;
+};
+
+// A write-protected file open for writing: it has to be unprotected for as long as that takes.
+class Unprotected {
+ public:
+  explicit Unprotected(const fs::path& file) : file_(file), attributes_(GetFileAttributesW(file.c_str())) {
+    if (Protected()) SetFileAttributesW(file_.c_str(), attributes_ & ~DWORD{FILE_ATTRIBUTE_READONLY});
+  }
+  Unprotected(const Unprotected&) = delete;
+  Unprotected& operator=(const Unprotected&) = delete;
+  ~Unprotected() {
+    if (Protected()) SetFileAttributesW(file_.c_str(), attributes_);
+  }
+
+ private:
+  bool Protected() const {
+    return attributes_ != INVALID_FILE_ATTRIBUTES && (attributes_ & FILE_ATTRIBUTE_READONLY) != 0;
+  }
+
+  fs::path file_;
+  DWORD attributes_;
+};
+
+bool IsFolder(const fs::path& file) {
+  const DWORD attributes = GetFileAttributesW(file.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+bool IsKind(const WIN32_FIND_DATAW& entry, bool folders) {
+  const DWORD no = folders ? 0 : FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE;
+  const DWORD yes = folders ? FILE_ATTRIBUTE_DIRECTORY : 0;
+  return (entry.dwFileAttributes & no) == 0 && (entry.dwFileAttributes & yes) == yes;
+}
+
+// Adds the entry's name if it is of the kind and has the ending. The system's own matching is not used:
+// it compares with the short names as well, which no one sees.
+void AddEntry(const WIN32_FIND_DATAW& entry, bool folders, std::string_view ending, FolderListing& listing) {
+  const std::wstring_view name = entry.cFileName;
+  if (!IsKind(entry, folders) || name == L"." || name == L"..") return;
+  const auto utf8 = Utf8OfWide(name);
+  if (!utf8) {
+    // Half a surrogate pair: there is no other text for it than this.
+    listing.leftOut.emplace_back("(a name that is not valid Unicode)");
+  } else if (EndsNoCase(*utf8, ending)) {
+    listing.names.push_back(*utf8);
+  }
+}
+
+FolderListing List(const fs::path& folder, bool folders, std::string_view ending) {
+  FolderListing listing;
+  if (folder.empty()) return {{}, {}, false};
+  WIN32_FIND_DATAW entry;
+  const HANDLE search = FindFirstFileW((folder / L"*").c_str(), &entry);
+  if (search == INVALID_HANDLE_VALUE) {
+    // The root of an empty drive has not even "." in it.
+    listing.complete = GetLastError() == ERROR_FILE_NOT_FOUND;
+    return listing;
+  }
+  do {
+    AddEntry(entry, folders, ending, listing);
+  } while (FindNextFileW(search, &entry) != FALSE);
+  listing.complete = GetLastError() == ERROR_NO_MORE_FILES;
+  FindClose(search);
+  SortNoCase(listing.names);
+  return listing;
+}
+
+bool IsDrivePath(std::string_view given) {
+  return given.size() >= 3 && ToUpper(given[0]) >= 'A' && ToUpper(given[0]) <= 'Z' &&
+         given.substr(1, 2) == ":\\";
+}
+
+bool IsDrivePresent(char letter) {
+  return (::GetLogicalDrives() >> static_cast<unsigned>(ToUpper(letter) - 'A') & 1U) != 0;
+}
+
+// Whether all names in what follows the drive can be names of files.
+bool AreNames(std::string_view names) {
+  constexpr std::string_view kForbidden{"/:\0", 3};
+  if (names.find_first_of(kForbidden) != names.npos) return false;
+  while (!names.empty()) {
+    const std::string_view name = names.substr(0, names.find('\\'));
+    if (name == "." || name == "..") return false;
+    names.remove_prefix(std::min(name.size() + 1, names.size()));
+  }
+  return true;
+}
+
+}  // namespace
+
+uint32_t Win32FileStore::GetLogicalDrives() { return ::GetLogicalDrives(); }
+
+// With the volume's name where asking for it cannot wait for a medium.
+std::string Win32FileStore::DriveText(char letter) const {
+  const std::string drive = std::string(1, letter) + ":";
+  const fs::path root = drive + "\\";
+  std::array<wchar_t, MAX_PATH + 1> label{};
+  if (GetDriveTypeW(root.c_str()) != DRIVE_FIXED) return drive;
+  if (GetVolumeInformationW(root.c_str(), label.data(), MAX_PATH, nullptr, nullptr, nullptr, nullptr, 0) ==
+      FALSE)
+    return drive;
+  const auto name = Utf8OfWide(label.data());
+  return name && !name->empty() ? drive + " " + *name : drive;
+}
+
+fs::path Win32FileStore::NativePath(std::string_view given) const {
+  if (!IsDrivePath(given) || !IsDrivePresent(given.front()) || !AreNames(given.substr(3))) return {};
+  return WideOfUtf8(given).value_or(L"");
+}
+
+std::optional<std::string> Win32FileStore::GivenPath(const fs::path& native) const {
+  std::error_code unknown;
+  const fs::path path = fs::absolute(native, unknown).lexically_normal();
+  if (unknown) return std::nullopt;
+  auto given = Utf8OfWide(path.native());
+  if (!given || !IsDrivePath(*given)) return std::nullopt;
+  given->front() = ToUpper(given->front());
+  return given;
+}
+
+FolderListing Win32FileStore::ListFolders(const fs::path& folder) { return List(folder, true, {}); }
+
+FolderListing Win32FileStore::ListFiles(const fs::path& folder, std::string_view pattern) {
+  if (pattern.starts_with('*')) pattern.remove_prefix(1);
+  return List(folder, false, pattern);
+}
+
+bool Win32FileStore::Exists(const fs::path& file) const {
+  return GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+bool Win32FileStore::Delete(const fs::path& file) { return DeleteFileW(file.c_str()) != FALSE; }
+
+bool Win32FileStore::Copy(const fs::path& from, const fs::path& to) {
+  if (CopyFileW(from.c_str(), to.c_str(), TRUE) == FALSE) return false;
+  const Unprotected copy(to);
+  if (Flush(to)) return true;
+  Delete(to);
+  return false;
+}
+
+bool Win32FileStore::Create(const fs::path& file) {
+  return static_cast<bool>(File(file, GENERIC_WRITE, kShareAll, CREATE_NEW));
+}
+
+// The access list; what it inherits stays inherited. And whether the file is shown.
+void Win32FileStore::KeepRights(const fs::path& from, const fs::path& to) {
+  PACL list = nullptr;
+  PSECURITY_DESCRIPTOR descriptor = nullptr;
+  if (GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &list,
+                            nullptr, &descriptor) == ERROR_SUCCESS) {
+    SECURITY_DESCRIPTOR_CONTROL control = 0;
+    DWORD revision = 0;
+    GetSecurityDescriptorControl(descriptor, &control, &revision);
+    const SECURITY_INFORMATION inheritance = (control & SE_DACL_PROTECTED) != 0
+                                                 ? PROTECTED_DACL_SECURITY_INFORMATION
+                                                 : UNPROTECTED_DACL_SECURITY_INFORMATION;
+    std::wstring name = to.native();
+    SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inheritance, nullptr,
+                          nullptr, list, nullptr);
+    LocalFree(descriptor);
+  }
+  constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+  const DWORD attributes = GetFileAttributesW(from.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & kKept) != 0)
+    SetFileAttributesW(to.c_str(), (attributes & kKept) | FILE_ATTRIBUTE_ARCHIVE);
+}
+
+bool Win32FileStore::Flush(const fs::path& file) {
+  return File(file, GENERIC_WRITE, kShareAll, OPEN_EXISTING).Flush();
+}
+
+// A second link keeps the file in its place; media without links have it moved. The link needs no flush
+// of its own: the medium's journal has it before the move that relies on it.
+bool Win32FileStore::KeepAside(const fs::path& file, const fs::path& aside) {
+  if (IsFolder(file)) return false;
+  if (CreateHardLinkW(aside.c_str(), file.c_str(), nullptr) != FALSE) return true;
+  return MoveFileExW(file.c_str(), aside.c_str(), MOVEFILE_WRITE_THROUGH) != FALSE;
+}
+
+bool Win32FileStore::Move(const fs::path& from, const fs::path& to) {
+  return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+}
+
+std::unique_ptr<FileLock> Win32FileStore::TryLock(const fs::path& file) {
+  auto lock = std::make_unique<Win32Lock>(file);
+  if (!lock->Held()) return nullptr;
+  return lock;
+}
+
+}  // namespace trillomat

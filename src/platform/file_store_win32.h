@@ -1,0 +1,31 @@
+// The file store over Windows' own drives and files. All calls take the system's wide paths, so names
+// outside the code page work.
+#pragma once
+
+#include "browser/file_store.h"
+
+namespace trillomat {
+
+class Win32FileStore : public FileStore {
+ public:
+  uint32_t GetLogicalDrives() override;
+  std::string DriveText(char letter) const override;
+
+  std::filesystem::path NativePath(std::string_view given) const override;
+  std::optional<std::string> GivenPath(const std::filesystem::path& native) const override;
+
+  FolderListing ListFolders(const std::filesystem::path& folder) override;
+  FolderListing ListFiles(const std::filesystem::path& folder, std::string_view pattern) override;
+
+  bool Exists(const std::filesystem::path& file) const override;
+  bool Delete(const std::filesystem::path& file) override;
+  bool Copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
+  bool Create(const std::filesystem::path& file) override;
+  void KeepRights(const std::filesystem::path& from, const std::filesystem::path& to) override;
+  bool Flush(const std::filesystem::path& file) override;
+  bool KeepAside(const std::filesystem::path& file, const std::filesystem::path& aside) override;
+  bool Move(const std::filesystem::path& from, const std::filesystem::path& to) override;
+  std::unique_ptr<FileLock> TryLock(const std::filesystem::path& file) override;
+};
+
+}  // namespace trillomat

@@ -1,0 +1,20 @@
+// The system's own implementation of each seam, for the programs to wire in.
+#pragma once
+
+#include <memory>
+
+#include "browser/file_store.h"
+#include "core/clock.h"
+#include "core/log.h"
+#include "playback/sound_device.h"
+
+namespace trillomat {
+
+std::unique_ptr<Clock> SystemClock();
+
+/// `log` hears why there is no sound, and has to outlive the device.
+std::unique_ptr<SoundDevice> SystemSound(Log& log);
+
+std::unique_ptr<FileStore> SystemFileStore();
+
+}  // namespace trillomat

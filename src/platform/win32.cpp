@@ -1,0 +1,30 @@
+#include "platform/win32.h"
+
+namespace trillomat {
+
+std::optional<std::string> Utf8OfWide(std::wstring_view text) {
+  const auto length = static_cast<int>(text.size());
+  if (length == 0) return "";
+  const auto convert = [&](char* out, int size) {
+    return WideCharToMultiByte(CP_UTF8, WC_ERR_INVALID_CHARS, text.data(), length, out, size, nullptr,
+                               nullptr);
+  };
+  std::string utf8(static_cast<size_t>(convert(nullptr, 0)), '\0');
+  if (utf8.empty()) return std::nullopt;
+  convert(utf8.data(), static_cast<int>(utf8.size()));
+  return utf8;
+}
+
+std::optional<std::wstring> WideOfUtf8(std::string_view text) {
+  const auto length = static_cast<int>(text.size());
+  if (length == 0) return L"";
+  const auto convert = [&](wchar_t* out, int size) {
+    return MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(), length, out, size);
+  };
+  std::wstring wide(static_cast<size_t>(convert(nullptr, 0)), L'\0');
+  if (wide.empty()) return std::nullopt;
+  convert(wide.data(), static_cast<int>(wide.size()));
+  return wide;
+}
+
+}  // namespace trillomat
