@@ -89,7 +89,10 @@ void Composer::RefreshMelodyView() {
   view_.ShowMelody(*text);
 }
 
-void Composer::ClearMelodyView() { view_.ShowMelody({}); }
+void Composer::ClearMelodyView() {
+  textView_.AbandonRefresh();
+  view_.ShowMelody({});
+}
 
 void Composer::UpdateBeatLength() { lBeatDuration_ = trillomat::UpdateBeatLength(ws_.header); }
 

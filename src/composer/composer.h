@@ -95,6 +95,7 @@ class Composer : public PlayHost {
   ComposerState state_;
   int32_t lBeatDuration_ = 0;
   bool bToneBusy_ = false;
+  int sounding_ = 0;  ///< elements that PlayAt is playing, one inside the other
 };
 
 }  // namespace trillomat

@@ -179,10 +179,15 @@ bool Composer::HasElementAtCursor() const {
   return ws_.melody.lCurrentIndex >= 0 && ws_.melody.lCurrentIndex <= ws_.melody.UpperBound();
 }
 
+// A key pressed while an element sounds plays another inside its wait. Past a few of them the key only
+// acts, so that fast fingers neither wait nor pile up waits.
 void Composer::PlayAt(int32_t index) {
-  if (index < 0 || index > ws_.melody.UpperBound()) return;
+  constexpr int kMostAtOnce = 6;
+  if (index < 0 || index > ws_.melody.UpperBound() || sounding_ >= kMostAtOnce) return;
   const MelodyNote note = ws_.melody.At(index);  // a copy: events that run meanwhile may change the melody
+  ++sounding_;
   player_.PlayElement(note, lBeatDuration_, index);
+  --sounding_;
 }
 
 }  // namespace trillomat

@@ -35,6 +35,9 @@ class MelodyTextView {
   /// this text is out of date then.
   std::optional<MelodyViewText> RefreshMelodyView();
 
+  /// Makes a refresh that is running return nothing: what it would show was cleared meanwhile.
+  void AbandonRefresh() { ++refreshes_; }
+
  private:
   MelodyViewText::Defaults RefreshDefaults();
   std::optional<std::string> TokenAt(int32_t index);
