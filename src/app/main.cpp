@@ -3,16 +3,16 @@
 #include <QMessageBox>
 #include <QTimer>
 #include <cstdio>
+#include <memory>
 
 #include "app/log_folder.h"
 #include "app/trillomat_application.h"
+#include "core/code_page.h"
 #include "core/log.h"
 #include "core/workspace.h"
-#include "platform/clock_std.h"
-#include "platform/file_store_posix.h"
 #include "platform/pump_qt.h"
 #include "platform/settings_qt.h"
-#include "platform/sound_sdl.h"
+#include "platform/system_parts.h"
 #include "ui/frm_main.h"
 #include "ui/message_box_qt.h"
 #include "ui/questions.h"
@@ -47,53 +47,70 @@ Options ParseArguments(const QApplication& app) {
 
 std::filesystem::path NativePath(const QString& path) { return path.toStdWString(); }
 
+// Level-2 messages of a program that no one sits in front of.
+class StandardErrorMessages : public MessageBox {
+ public:
+  bool ShowMessage(std::string_view message, bool /*offerSilence*/) override {
+    std::fprintf(stderr, "trillomat: %s\n", ToUtf8(message).c_str());
+    return false;
+  }
+};
+
+std::unique_ptr<MessageBox> MessagesFor(const Options& options) {
+  if (options.screenshot.isEmpty()) return std::make_unique<QtMessageBox>();
+  return std::make_unique<StandardErrorMessages>();
+}
+
 // The parts of the program that the main window needs, in the order in which they need each other.
 class Program {
  public:
-  explicit Program(const std::filesystem::path& logFolder)
-      : log_(LogFilePath(logFolder, clock_.DateText()), clock_, messages_),
+  Program(const Options& options, const std::filesystem::path& logFolder)
+      : options_(options),
+        messages_(MessagesFor(options)),
+        log_(LogFilePath(logFolder, clock_->DateText()), *clock_, *messages_),
         workspace_(log_, pump_),
-        sound_(log_),
-        window_({workspace_, clock_, sound_, settings_, files_, questions_}) {
+        sound_(SystemSound(log_)),
+        window_({workspace_, *clock_, *sound_, settings_, *files_, questions_, StateFolder()}) {
     QObject::connect(&window_, &frmMain::Closed, &window_, [this] { pump_.End(); });
   }
 
   Log& ProgramLog() { return log_; }
 
-  int Run(QApplication& app, const Options& options) {
+  int Run() {
     if (!window_.Load()) return 1;
     window_.show();
     int status = 0;
     // From inside the event loop, because opening a file may play it.
-    QTimer::singleShot(0, &window_, [&] { status = Start(options); });
+    QTimer::singleShot(0, &window_, [this, &status] { status = Start(); });
     QApplication::exec();
     window_.Unload();
-    (void)app;
     return status;
   }
 
  private:
-  int Start(const Options& options) {
-    if (!options.screenshot.isEmpty()) return TakeScreenshot(options);
-    if (!options.file.isEmpty()) window_.OpenFile(NativePath(options.file));
-    return 0;
+  int Start() {
+    const bool screenshot = !options_.screenshot.isEmpty();
+    if (!screenshot) window_.OfferRecovery();
+    if (!options_.file.isEmpty()) window_.OpenFile(NativePath(options_.file), !screenshot);
+    return screenshot ? TakeScreenshot() : 0;
   }
 
-  int TakeScreenshot(const Options& options) {
-    if (!options.file.isEmpty()) window_.OpenFile(NativePath(options.file), false);
-    const bool saved = window_.grab().save(options.screenshot);
+  int TakeScreenshot() {
+    const bool saved = window_.grab().save(options_.screenshot);
+    if (!saved) messages_->ShowMessage("the picture cannot be written", false);
     window_.close();
     return saved ? 0 : 1;
   }
 
-  StdClock clock_;
-  QtMessageBox messages_;
+  const Options& options_;
+  std::unique_ptr<Clock> clock_ = SystemClock();
+  std::unique_ptr<MessageBox> messages_;
   QtPump pump_;
   FileLog log_;
   Workspace workspace_;
-  SdlSound sound_;
+  std::unique_ptr<SoundDevice> sound_;
   QtSettingsStore settings_;
-  PosixFileStore files_{DriveMap()};
+  std::unique_ptr<FileStore> files_ = SystemFileStore();
   QtQuestions questions_;
   frmMain window_;
 };
@@ -111,11 +128,13 @@ int Main(int argc, char** argv) {
             QString::fromStdWString(StateFolder().wstring()));
     return 1;
   }
-  Program program(*logFolder);
+  Program program(options, *logFolder);
   app.onFault = [&program](std::string_view what) {
     program.ProgramLog().WriteLog("Error in an event handler: " + std::string(what), 2);
   };
-  return program.Run(app, options);
+  const int status = program.Run();
+  app.onFault = nullptr;
+  return status;
 }
 
 }  // namespace
