@@ -36,6 +36,7 @@ InsertBox::InsertBox(Composer& composer, QWidget* parent)
   AddVolume(*grid);
   AddRepeat(*grid);
   grid->setRowStretch(grid->rowCount(), 1);
+  for (const int column : {0, 1}) grid->setColumnStretch(column, 1);
 }
 
 // Even indices stand left, odd ones right.
@@ -57,6 +58,8 @@ void InsertBox::AddVolume(QGridLayout& grid) {
               {{}, QStringLiteral("Volume to set"), QStringLiteral("Volume that \"Set Volume\" inserts")});
   cboVolume_->setEditable(true);
   cboVolume_->setInsertPolicy(QComboBox::NoInsert);
+  cboVolume_->setMinimumContentsLength(2);
+  cboVolume_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   for (int volume = 0; volume <= kHighestVolume; ++volume) cboVolume_->addItem(QString::number(volume));
   cboVolume_->setCurrentText(QStringLiteral("7"));
   grid.addWidget(cboVolume_, kSetVolume / 2, 1);
@@ -65,6 +68,7 @@ void InsertBox::AddVolume(QGridLayout& grid) {
 // The row keeps its place while it is hidden, so that nothing jumps when a repeat is opened.
 void InsertBox::AddRepeat(QGridLayout& grid) {
   txtRepeat_ = new QLineEdit(this);
+  txtRepeat_->setMinimumWidth(cboVolume_->minimumSizeHint().width());
   lblRepeat_ = NewLabel(QStringLiteral("lblRepeat"), QStringLiteral("Repeat count"), txtRepeat_, this);
   NameControl(*txtRepeat_, QStringLiteral("txtRepeat"),
               {{},

@@ -66,6 +66,9 @@ QLayout* NoteEntryBox::NewOctaveRow() {
           [this](int value) { composer_.SliderOctave_Change(value); });
   lbl_ = {NewLabel(IndexedName("lbl", 0), QStringLiteral("Act&ive ocatave:"), SliderOctave_, this),
           new QLabel(this), new QLabel(this)};
+  QFont bold = font();
+  bold.setBold(true);
+  lbl_[1]->setFont(bold);
   lbl_[1]->setObjectName(IndexedName("lbl", 1));
   lbl_[2]->setObjectName(IndexedName("lbl", 2));
   auto* row = new QHBoxLayout;

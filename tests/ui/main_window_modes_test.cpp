@@ -80,6 +80,7 @@ TEST_F(MainWindowModes, EachModeOffersWhatItCanHold) {
     EXPECT_EQ(Enabled("cmdInsert", 11), std::string(11, c.commands ? 'x' : '.'));
     EXPECT_EQ(Get<QComboBox>("cboVolume").isEnabled(), c.commands);
     EXPECT_EQ(Rows(), c.rows);
+    EXPECT_TRUE(QSize(1024, 700).expandedTo(window.minimumSizeHint()) == QSize(1024, 700));
     for (int i = 0; i < 4; ++i) {
       EXPECT_EQ(Action(IndexedName("mnuSettingFormatType", i)).isChecked(), i == static_cast<int>(c.mode));
     }
