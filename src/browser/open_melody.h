@@ -31,6 +31,11 @@ class MelodyOpener {
   /// Presses Stop when a melody plays, so that a file that waits to be opened can be.
   void StopPlaying();
 
+  /// To be called before an import, which changes the song information even when it fails.
+  void BeginImport();
+  /// Replaces the composed melody by what was imported.
+  void TakeImported();
+
   /// Replaces the composed melody, the song information and the mode by those of `melody`.
   void TakeRecovered(RecoveredMelody melody);
 

@@ -26,12 +26,12 @@ FilesBox::FilesBox(const FilesBoxParts& parts, QWidget* parent)
       ws_(parts.workspace),
       questions_(parts.questions),
       composer_(parts.composer),
-      play_(parts.play),
       opener_(parts.workspace, parts.composer, parts.play, parts.playSettings),
       browser_(parts.workspace, parts.files, parts.player, opener_, *this, parts.timers),
       save_(parts.workspace, parts.files, browser_, *this),
       cboDrives_(new QComboBox(this)),
       lblFolder_(new QLabel(this)),
+      lblNotice_(new QLabel(this)),
       listFiles_(new FileList(this)),
       mnuRight_(new QMenu(this)),
       cmdSave_(NewCommand("cmdSave",
@@ -74,6 +74,11 @@ void FilesBox::LayOut() {
   NameControl(*lblFolder_, QStringLiteral("lblFolder"), {{}, QStringLiteral("Current folder")});
   // A long path must not widen the window.
   lblFolder_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  NameControl(*lblNotice_, QStringLiteral("lblNotice"),
+              {{}, QStringLiteral("Why the last file was not opened")});
+  lblNotice_->setWordWrap(true);
+  lblNotice_->setTextFormat(Qt::PlainText);
+  lblNotice_->hide();
   auto* drive = new QHBoxLayout;
   drive->addWidget(NewLabel(QStringLiteral("lblDrive"), QStringLiteral("Select drive:"), cboDrives_, this));
   drive->addWidget(cboDrives_, 1);
@@ -84,6 +89,7 @@ void FilesBox::LayOut() {
   column->addLayout(drive);
   column->addWidget(lblFolder_);
   column->addLayout(lower, 1);
+  column->addWidget(lblNotice_);
 }
 
 QLayout* FilesBox::NewButtons() {
@@ -111,17 +117,17 @@ void FilesBox::AddMenuItems() {
 
 void FilesBox::Connect() {
   connect(listFiles_, &FileList::Clicked, this, [this](int row) {
-    if (!FileOperationRuns()) browser_.ListFiles_Click(row);
+    if (!FileOperationRuns()) Open([this, row] { browser_.ListFiles_Click(row); });
   });
   connect(listFiles_, &FileList::DoubleClicked, this, [this](int row) {
-    if (!FileOperationRuns()) browser_.ListFiles_DblClick(row);
+    if (!FileOperationRuns()) Open([this, row] { browser_.ListFiles_DblClick(row); });
   });
   connect(listFiles_, &FileList::MenuRequested, this,
           [this](int row) { browser_.ListFiles_MouseDown(FileBrowser::kRightButton, row); });
   connect(cboDrives_, &QComboBox::activated, this, [this](int index) {
     if (!FileOperationRuns()) browser_.cboDrives_Click(cboDrives_->itemText(index).toStdString());
   });
-  connect(&clickTimer_, &QTimer::timeout, this, [this] { browser_.Timer1_Tick(); });
+  connect(&clickTimer_, &QTimer::timeout, this, [this] { Open([this] { browser_.Timer1_Tick(); }); });
   const auto shortcut = [this](const QKeySequence& keys, QPushButton* button) {
     connect(new QShortcut(keys, this), &QShortcut::activated, button, &QPushButton::click);
   };
@@ -133,7 +139,20 @@ void FilesBox::Connect() {
 bool FilesBox::FileOperationRuns() const { return exchanging_ || browser_.IsBusy() || save_.IsSaving(); }
 
 void FilesBox::OpenFile(const std::filesystem::path& file) {
-  if (!FileOperationRuns()) browser_.OpenFile(file);
+  if (!FileOperationRuns()) Open([this, file] { browser_.OpenFile(file); });
+}
+
+// Runs something that may open a file, and shows why it was refused.
+void FilesBox::Open(const std::function<void()>& open) {
+  ws_.refusal.clear();
+  ShowRefusal({});
+  open();
+  ShowRefusal(QStringLiteral("Not opened: "));
+}
+
+void FilesBox::ShowRefusal(const QString& what) {
+  lblNotice_->setVisible(!ws_.refusal.empty());
+  lblNotice_->setText(what + ToQString(ws_.refusal));
 }
 
 void FilesBox::cmdSave_Click() {
@@ -147,11 +166,11 @@ void FilesBox::cmdSaveAs_Click() {
 void FilesBox::cmdImport_Click() {
   if (FileOperationRuns()) return;
   const FlagSet open(exchanging_);
+  opener_.BeginImport();
   frmImport window(ws_, this->window());
   window.exec();
-  if (ws_.ImportMelody.empty()) return;
-  composer_.TakeImportMelody();
-  play_.MelodyReplaced();
+  ShowRefusal(ws_.ImportMelody.empty() ? QStringLiteral("Not imported: ") : QStringLiteral("Not adapted: "));
+  if (!ws_.ImportMelody.empty()) opener_.TakeImported();
 }
 
 void FilesBox::cmdExport_Click() {

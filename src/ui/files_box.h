@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTimer>
+#include <functional>
 
 #include "browser/file_browser.h"
 #include "browser/save_commands.h"
@@ -36,6 +37,7 @@ class FilesBox : public QGroupBox, private BrowserView {
 
   FileBrowser& Browser() { return browser_; }
   const FileBrowser& Browser() const { return browser_; }
+  MelodyOpener& Opener() { return opener_; }
   /// Opens a file that was named on the command line or dropped.
   void OpenFile(const std::filesystem::path& file);
 
@@ -50,6 +52,8 @@ class FilesBox : public QGroupBox, private BrowserView {
   void Connect();
   QPushButton* NewCommand(const char* objectName, const ControlText& text, void (FilesBox::*command)());
   bool FileOperationRuns() const;
+  void Open(const std::function<void()>& open);
+  void ShowRefusal(const QString& what);
   void cmdSave_Click();
   void cmdSaveAs_Click();
   void cmdImport_Click();
@@ -68,7 +72,6 @@ class FilesBox : public QGroupBox, private BrowserView {
   Workspace& ws_;
   Questions& questions_;
   Composer& composer_;
-  PlayControls& play_;
   MelodyOpener opener_;
   FileBrowser browser_;
   SaveCommands save_;
@@ -77,6 +80,7 @@ class FilesBox : public QGroupBox, private BrowserView {
 
   QComboBox* cboDrives_;
   QLabel* lblFolder_;
+  QLabel* lblNotice_;  ///< why the last file or text was not taken; hidden when it was
   FileList* listFiles_;
   QMenu* mnuRight_;
   QPushButton* cmdSave_;

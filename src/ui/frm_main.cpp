@@ -2,7 +2,12 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QHBoxLayout>
+#include <QMimeData>
+#include <QTimer>
+#include <QUrl>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -38,9 +43,11 @@ frmMain::frmMain(const MainSeams& seams)
       songInfo_(new SongInfoBox(composer_, this)),
       phone_(new PhoneDisplay(this)),
       files_(new FilesBox(
-          {ws_, seams.files, seams.questions, player_, composer_, play_, playSettings_, *this}, this)) {
+          {ws_, seams.files, seams.questions, player_, composer_, play_, playSettings_, *this}, this)),
+      recovery_(new RecoveryKeeper(ws_, seams.files, seams.stateFolder, files_->Opener(), this)) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowTitle(QStringLiteral("Trillomat"));
+  setAcceptDrops(true);
   LayOut();
   Connect();
   ShowComposer();
@@ -76,6 +83,8 @@ void frmMain::Connect() {
   connect(extras_, &OptionBox::Clicked, this, [this](int index) { composer_.optDurationExtra_Click(index); });
   connect(menu_, &MainMenu::ExitRequested, this, &QWidget::close);
   connect(menu_, &MainMenu::CleanUpRequested, this, [this] { CleanUpSettings(seams_.settings, ws_.log); });
+  connect(menu_, &MainMenu::RecoverRequested, this, [this] { recovery_->RecoverLast(); });
+  connect(melody_, &MelodyBox::Clearing, this, [this] { recovery_->KeepBeforeReplacing(); });
   connect(menu_, &MainMenu::AboutRequested, this,
           [this] { frmAbout(QCoreApplication::applicationVersion(), this).exec(); });
 }
@@ -86,10 +95,12 @@ bool frmMain::Load() {
   ApplySettings(LoadSettings(seams_.settings, ws_.log));
   if (!files_->Browser().FillDrives()) return false;
   files_->Browser().UpdateListFiles();
+  recovery_->Start();
   return true;
 }
 
 void frmMain::Unload() {
+  recovery_->End();
   SaveSettings(CurrentSettings(), seams_.settings);
   ws_.log.WriteLog("Application ended", 1);
 }
@@ -137,9 +148,25 @@ void frmMain::closeEvent(QCloseEvent* event) {
   emit Closed();
 }
 
-void frmMain::ShowMelody(const MelodyViewText& text) { melody_->Line().ShowMelody(text); }
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  if (urls.size() == 1 && urls.front().isLocalFile()) event->acceptProposedAction();
+}
+
+// From the event loop, so that the program the file comes from need not wait until it has been played.
+void frmMain::dropEvent(QDropEvent* event) {
+  const QString file = event->mimeData()->urls().value(0).toLocalFile();
+  event->acceptProposedAction();
+  QTimer::singleShot(0, this, [this, file] { OpenFile(file.toStdWString()); });
+}
+
+void frmMain::ShowMelody(const MelodyViewText& text) {
+  recovery_->MarkChanged();
+  melody_->Line().ShowMelody(text);
+}
 
 void frmMain::ShowComposer() {
+  recovery_->MarkChanged();
   const QWidget* focus = focusWidget();
   menu_->ShowState();
   noteEntry_->ShowState(LimitsOf(ws_.iNoteMode).rangeNote);

@@ -16,6 +16,7 @@
 #include "ui/note_entry_box.h"
 #include "ui/option_box.h"
 #include "ui/phone_display.h"
+#include "ui/recovery_keeper.h"
 #include "ui/song_info_box.h"
 
 namespace trillomat {
@@ -28,6 +29,7 @@ struct MainSeams {
   SettingsStore& settings;
   FileStore& files;
   Questions& questions;
+  std::filesystem::path stateFolder = {};  ///< where the recovery file is kept; empty for nowhere
 };
 
 class frmMain : public QMainWindow, private ComposerView, private PlayerView {
@@ -38,6 +40,8 @@ class frmMain : public QMainWindow, private ComposerView, private PlayerView {
 
   /// The program's start: logs it and applies the settings. False when the program has to end at once.
   bool Load();
+  /// Offers the melody of a run that ended abnormally, if there is one.
+  void OfferRecovery() { recovery_->Offer(this, seams_.questions); }
   /// The program's end: saves the settings and logs it.
   void Unload();
 
@@ -51,6 +55,8 @@ class frmMain : public QMainWindow, private ComposerView, private PlayerView {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   void LayOut();
@@ -85,6 +91,7 @@ class frmMain : public QMainWindow, private ComposerView, private PlayerView {
   SongInfoBox* songInfo_;
   PhoneDisplay* phone_;
   FilesBox* files_;
+  RecoveryKeeper* recovery_;
 };
 
 }  // namespace trillomat

@@ -42,6 +42,8 @@ QAction* MainMenu::AddItem(QMenu& menu, const QString& objectName, const QString
 
 void MainMenu::AddFileMenu(QMenuBar& bar) {
   QMenu* file = AddMenu(bar, "mnuFile", QStringLiteral("&File"));
+  AddItem(*file, QStringLiteral("mnuFileRecover"), QStringLiteral("&Recover last melody"),
+          [this] { emit RecoverRequested(); });
   AddItem(*file, QStringLiteral("mnuFileCleanUp"), QStringLiteral("&Clean up settings"),
           [this] { emit CleanUpRequested(); });
   file->addSeparator();

@@ -24,6 +24,7 @@ class MainMenu : public QObject {
   void ShowState();
 
  signals:
+  void RecoverRequested();
   void CleanUpRequested();
   void ExitRequested();
   void AboutRequested();

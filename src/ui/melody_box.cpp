@@ -84,7 +84,10 @@ QLayout* MelodyBox::NewControlRow() {
     auto* button =
         NewButton(IndexedName("cmdControl", i),
                   {QLatin1String(made.caption), QLatin1String(made.spoken), QLatin1String(made.tip)}, this);
-    connect(button, &QPushButton::clicked, this, [this, i] { play_.cmdControl_Click(i); });
+    connect(button, &QPushButton::clicked, this, [this, i] {
+      if (i == static_cast<int>(Control::Clear)) emit Clearing();
+      play_.cmdControl_Click(i);
+    });
     row->addWidget(button);
     controls_.at(static_cast<size_t>(i)) = button;
   }

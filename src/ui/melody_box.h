@@ -22,6 +22,10 @@ class MelodyBox : public QGroupBox {
   /// Shows what is enabled and the Play button's caption.
   void ShowState();
 
+ signals:
+  /// The melody is about to be cleared.
+  void Clearing();
+
  private:
   QLayout* NewCursorRow();
   QLayout* NewControlRow();
