@@ -15,7 +15,8 @@ AllNotesBox::AllNotesBox(Composer& composer, QWidget* parent)
   connect(buttons_[0], &QPushButton::clicked, this, [this] { composer_.cmdScaleDown_Click(); });
   connect(buttons_[1], &QPushButton::clicked, this, [this] { composer_.cmdScaleUP_Click(); });
   auto* column = new QVBoxLayout(this);
-  for (QPushButton* button : buttons_) column->addWidget(button);
+  column->addWidget(buttons_[0]);
+  column->addWidget(buttons_[1]);
 }
 
 void AllNotesBox::ShowState() {

@@ -42,6 +42,8 @@ class FilesBox : public QGroupBox, private BrowserView {
   void OpenFile(const std::filesystem::path& file);
 
   void ShowState();
+  /// True while a file is read, written, imported or exported: a second such operation has to wait.
+  bool FileOperationRuns() const;
   void StartClickTimer() { clickTimer_.start(TimerInterval(kFileClickTimer)); }
   void StopClickTimer() { clickTimer_.stop(); }
 
@@ -51,7 +53,6 @@ class FilesBox : public QGroupBox, private BrowserView {
   void AddMenuItems();
   void Connect();
   QPushButton* NewCommand(const char* objectName, const ControlText& text, void (FilesBox::*command)());
-  bool FileOperationRuns() const;
   void Open(const std::function<void()>& open);
   void ShowRefusal(const QString& what);
   void cmdSave_Click();

@@ -1,7 +1,7 @@
 #include "ui/frm_main.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QHBoxLayout>
@@ -50,6 +50,7 @@ frmMain::frmMain(const MainSeams& seams)
   setAcceptDrops(true);
   LayOut();
   Connect();
+  GiveFocusBack();
   ShowComposer();
   melody_->Line().TakeFocus();
 }
@@ -83,10 +84,24 @@ void frmMain::Connect() {
   connect(extras_, &OptionBox::Clicked, this, [this](int index) { composer_.optDurationExtra_Click(index); });
   connect(menu_, &MainMenu::ExitRequested, this, &QWidget::close);
   connect(menu_, &MainMenu::CleanUpRequested, this, [this] { CleanUpSettings(seams_.settings, ws_.log); });
-  connect(menu_, &MainMenu::RecoverRequested, this, [this] { recovery_->RecoverLast(); });
+  connect(menu_, &MainMenu::RecoverRequested, this, [this] {
+    if (!files_->FileOperationRuns()) recovery_->RecoverLast();
+  });
   connect(melody_, &MelodyBox::Clearing, this, [this] { recovery_->KeepBeforeReplacing(); });
   connect(menu_, &MainMenu::AboutRequested, this,
           [this] { frmAbout(QCoreApplication::applicationVersion(), this).exec(); });
+}
+
+// Who has typed a text goes back to the melody, and its keys, with Enter or with the next button.
+void frmMain::GiveFocusBack() {
+  for (const auto* box : findChildren<QLineEdit*>()) {
+    connect(box, &QLineEdit::returnPressed, this, [this] { melody_->Line().TakeFocus(); });
+  }
+  for (const auto* button : findChildren<QAbstractButton*>()) {
+    connect(button, &QAbstractButton::pressed, this, [this] {
+      if (qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr) melody_->Line().TakeFocus();
+    });
+  }
 }
 
 bool frmMain::Load() {

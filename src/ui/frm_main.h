@@ -32,7 +32,7 @@ struct MainSeams {
   std::filesystem::path stateFolder = {};  ///< where the recovery file is kept; empty for nowhere
 };
 
-class frmMain : public QMainWindow, private ComposerView, private PlayerView {
+class frmMain final : public QMainWindow, private ComposerView, private PlayerView {
   Q_OBJECT
 
  public:
@@ -61,6 +61,7 @@ class frmMain : public QMainWindow, private ComposerView, private PlayerView {
  private:
   void LayOut();
   void Connect();
+  void GiveFocusBack();
   void ApplySettings(const Settings& settings);
   Settings CurrentSettings() const;
 

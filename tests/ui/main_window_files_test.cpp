@@ -9,9 +9,7 @@
 namespace trillomat {
 namespace {
 
-using testing::Contains;
 using testing::ElementsAre;
-using testing::IsSupersetOf;
 
 /// An I-Melody file with these notes.
 std::string Tune(const std::string& notes) {

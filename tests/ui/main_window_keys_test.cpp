@@ -79,6 +79,16 @@ TEST_F(MainWindowKeys, SpacePlaysAndStopsAndNeverPressesTheLastButton) {
   EXPECT_THAT(sound.beeps, SizeIs(1));
 }
 
+TEST_F(MainWindowKeys, TypedTextHandsTheFocusBackOnEnterAndOnTheNextButton) {
+  for (const bool enter : {true, false}) {
+    Get<QWidget>("txtSongInfo(2)").setFocus();
+    PressKey(Qt::Key_X);
+    if (enter) PressKey(Qt::Key_Return);
+    if (!enter) QTest::mouseClick(&Get<QWidget>("cmdPause"), Qt::LeftButton);
+    EXPECT_EQ(window.focusWidget(), &Get<QWidget>("txtRight"));
+  }
+}
+
 TEST_F(MainWindowKeys, AFocusThatIsLockedAwayGoesToTheMelody) {
   Enter("a");
   Get<QWidget>("cmdEraseLeft").setFocus();

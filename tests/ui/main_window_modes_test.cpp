@@ -8,8 +8,6 @@
 namespace trillomat {
 namespace {
 
-using testing::ElementsAre;
-
 class MainWindowModes : public MainWindowTest {
  protected:
   /// Which members of an indexed group are enabled, "x" or ".".
