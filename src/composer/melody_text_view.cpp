@@ -24,11 +24,14 @@ MelodyViewText::Defaults MelodyTextView::RefreshDefaults() {
   MelodyViewText::Defaults shown{DecimalText(defaults.octave + 2),
                                  ws_.codec.EncodeDuration(defaults.duration, FormatMode::Rtttl).text};
   if (!bRTTTLUseDefault) defaults = {.octave = -1, .duration = -1.0F};
+  shownDefaults_ = defaults;
   return shown;
 }
 
 std::optional<std::string> MelodyTextView::TokenAt(int32_t index) {
   const unsigned refresh = refreshes_;
+  // A file that was saved or read since the last token may have left other defaults.
+  if (ws_.iNoteMode == FormatMode::Rtttl) ws_.codec.defaults = shownDefaults_;
   MelodyNote note = ws_.melody.At(index);
   std::string token = ws_.codec.EncodeNote(note, ws_.iNoteMode);
   ws_.melody.MarkNotSupported(index, note.NotSupported);

@@ -46,6 +46,7 @@ class MelodyTextView {
 
   Workspace& ws_;
   unsigned refreshes_ = 0;
+  MelodyDefaults shownDefaults_;  ///< what RTTTL tokens leave out in the view
 };
 
 }  // namespace trillomat

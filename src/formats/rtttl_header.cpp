@@ -93,6 +93,8 @@ void AppendRtttlTokens(std::string_view notes, Workspace& ws) {
     rest.remove_prefix(std::min(rest.size(), token.size() + 1));
     // Escaped, because "??-" was a trigraph once and compilers warn of it.
     if (comma == std::string_view::npos) ws.log.WriteLog("Last Note?\?-->" + std::string(token), 1);
+    // A text view that was rebuilt since the last token has set defaults of its own.
+    ws.codec.defaults = {ws.rtttl.Octave, ws.rtttl.Duration};
     MelodyNote note = ws.codec.DecodeNote(token, FormatMode::Rtttl);
     if (note.Special != "Error") ws.ImportMelody.push_back(std::move(note));
     PumpOrLeave(ws);

@@ -114,6 +114,16 @@ TEST_F(MelodyTextViewTest, ARefreshThatWasOvertakenShowsNothing) {
   EXPECT_EQ(inner->txtLeft + inner->txtRight, "");
 }
 
+TEST_F(MelodyTextViewTest, DefaultsThatAnEventLeftBehindAreNotShown) {
+  ws.iNoteMode = FormatMode::Rtttl;
+  Fill(3);
+  ws.melody.lCurrentIndex = 2;
+  pump.onPump = [&](int /*pumps*/) { ws.codec.defaults = {.octave = 4, .duration = 1.0F}; };
+  const auto text = view_.RefreshMelodyView();
+  ASSERT_TRUE(text);
+  EXPECT_EQ(text->txtLeft, "   4C6   4C6   4C6");
+}
+
 TEST_F(MelodyTextViewTest, AMelodyThatShrinksMeanwhileIsNotReadBehindItsEnd) {
   Fill(5);
   ws.melody.lCurrentIndex = 4;

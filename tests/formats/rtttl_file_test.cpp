@@ -81,6 +81,16 @@ TEST(RtttlFile, LooksForKeysAtEveryPosition) {
   EXPECT_EQ(fake.log.lines, (std::vector<std::string>{"2: Incorrect Header"}));
 }
 
+TEST(RtttlFile, ARebuiltTextViewDoesNotDisturbAReadThatRuns) {
+  FakeWorkspace f;
+  f.pump.onPump = [&f](int /*pumps*/) { f.ws.codec.defaults = {.octave = -1, .duration = -1.0F}; };
+  ASSERT_TRUE(ReadText_RTTTL("tune:d=8,o=6,b=100:c,d,", f.ws));
+  for (const MelodyNote& note : f.ws.ImportMelody) {
+    EXPECT_EQ(note.Octave, 4) << note.Note;
+    EXPECT_EQ(note.Duration, 0.5F) << note.Note;
+  }
+}
+
 TEST(RtttlFile, WritesTheCommonestDefaults) {
   FakeWorkspace fake;
   Workspace& ws = fake.ws;
