@@ -11,10 +11,6 @@ endif()
 if(TRILLOMAT_SANITIZE)
   add_compile_options(-fsanitize=${TRILLOMAT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${TRILLOMAT_SANITIZE})
-  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # Between the sanitizers' own checks GCC loses sight of values that are set, in Qt's connect() for one.
-    target_compile_options(trillomat_options INTERFACE -Wno-maybe-uninitialized)
-  endif()
 endif()
 
 # trillomat_library(NAME SOURCES...): the static library of the folder src/NAME.

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <functional>
 
 #include "ui/arrow_icon.h"
 #include "ui/controls.h"
@@ -68,7 +69,9 @@ QLayout* MelodyBox::NewCursorRow() {
     auto* button =
         NewButton(QLatin1String(made.name),
                   {QLatin1String(made.caption), QLatin1String(made.spoken), QLatin1String(made.tip)}, this);
-    connect(button, &QPushButton::clicked, this, [this, click = made.click] { (composer_.*click)(); });
+    // Not composer_.*click: GCC 12's sanitizer builds lose the object there.
+    connect(button, &QPushButton::clicked, this,
+            [this, click = made.click] { std::invoke(click, composer_); });
     row->addWidget(button);
     cursorButtons_.at(i) = button;
   }
