@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/ascii.h"
+#include "core/code_page.h"
 
 namespace trillomat {
 
@@ -17,7 +18,8 @@ void FileLog::WriteLog(std::string_view message, int16_t level) {
   out.close();
   if (out.fail() && !failureShown_) {
     failureShown_ = true;
-    Show("The log file cannot be written: " + file_.string());
+    const std::u8string name = file_.u8string();
+    Show("The log file cannot be written: " + FromUtf8(std::string(name.begin(), name.end())).value_or(""));
   }
   if (level == 2) Show(message);
 }
@@ -40,7 +42,8 @@ void FileLog::Show(std::string_view message) {
 }
 
 std::filesystem::path LogFilePath(const std::filesystem::path& folder, std::string_view dateText) {
-  return folder / (ReplaceAll(ReplaceAll(dateText, "/", "-"), ".", "-") + ".txt");
+  const std::string name = ToUtf8(ReplaceAll(ReplaceAll(dateText, "/", "-"), ".", "-") + ".txt");
+  return folder / std::u8string(name.begin(), name.end());
 }
 
 }  // namespace trillomat
