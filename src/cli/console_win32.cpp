@@ -4,25 +4,12 @@
 #include <cstdio>
 
 #include "cli/console.h"
+#include "platform/pump_sleep.h"
 #include "platform/win32.h"
 // after windows.h
 #include <shellapi.h>
 
 namespace trillomat {
-namespace {
-
-// Ctrl-C ends the process, and its sound with it: nothing else has to be put back.
-class SleepingPump : public EventPump {
- public:
-  bool PumpEvents() override { return true; }
-  bool WaitForEvents(double milliseconds) override {
-    Sleep(static_cast<DWORD>(milliseconds + 0.999));
-    return true;
-  }
-};
-
-}  // namespace
-
 std::vector<std::string> Utf8Arguments(int argc, char** argv) {
   int count = 0;
   wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
@@ -40,6 +27,7 @@ void MakeStreamsBinary() {
   SetConsoleOutputCP(CP_UTF8);
 }
 
-std::unique_ptr<EventPump> MakeInterruptiblePump() { return std::make_unique<SleepingPump>(); }
+// Ctrl-C ends the process, and its sound with it: nothing else has to be put back.
+std::unique_ptr<EventPump> MakeInterruptiblePump() { return std::make_unique<SleepPump>(); }
 
 }  // namespace trillomat

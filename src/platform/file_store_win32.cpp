@@ -1,5 +1,6 @@
 #include "platform/file_store_win32.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -131,6 +132,13 @@ bool AreNames(std::string_view names) {
   return true;
 }
 
+// Made absolute, without "." and ".." and with "\" alone; empty for what is no path.
+std::wstring FullPath(const fs::path& path) {
+  std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+  full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  return full;
+}
+
 }  // namespace
 
 uint32_t Win32FileStore::GetLogicalDrives() { return ::GetLogicalDrives(); }
@@ -150,14 +158,13 @@ std::string Win32FileStore::DriveText(char letter) const {
 
 fs::path Win32FileStore::NativePath(std::string_view given) const {
   if (!IsDrivePath(given) || !IsDrivePresent(given.front()) || !AreNames(given.substr(3))) return {};
+  // No folder's path ends with a "\", but that of a drive.
+  if (given.size() > 3 && given.ends_with('\\')) given.remove_suffix(1);
   return WideOfUtf8(given).value_or(L"");
 }
 
 std::optional<std::string> Win32FileStore::GivenPath(const fs::path& native) const {
-  std::error_code unknown;
-  const fs::path path = fs::absolute(native, unknown).lexically_normal();
-  if (unknown) return std::nullopt;
-  auto given = Utf8OfWide(path.native());
+  auto given = Utf8OfWide(FullPath(native));
   if (!given || !IsDrivePath(*given)) return std::nullopt;
   given->front() = ToUpper(given->front());
   return given;

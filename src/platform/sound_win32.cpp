@@ -1,8 +1,8 @@
 #include "platform/sound_win32.h"
 
 #include <chrono>
-#include <thread>
 
+#include "platform/pump_sleep.h"
 #include "platform/win32.h"
 // after windows.h
 #include <mmsystem.h>
@@ -38,7 +38,7 @@ void Win32Sound::Beep(int32_t hertz, int32_t milliseconds) {
   if (milliseconds <= 0) return;
   const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
   ::Beep(static_cast<DWORD>(hertz), static_cast<DWORD>(milliseconds));
-  std::this_thread::sleep_until(end);
+  SleepUntil(end);
 }
 
 }  // namespace trillomat
