@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "browser/file_browser.h"
+#include "browser/folder_store.h"
 #include "browser/save_commands.h"
-#include "platform/file_store_posix.h"
 #include "support/composer_fixture.h"
 #include "support/temp_folder.h"
 
@@ -118,7 +118,7 @@ class BrowserTest : public testing::Test, public FakeWorkspace {
   }
 
   TempFolder folder;
-  PosixFileStore store{DriveMap(folder.Path(), "/dev/null")};
+  FolderStore store{folder.Path()};
   FakeWindow window;
   FakeSound sound;
   Player player{ws, clock, sound, window};

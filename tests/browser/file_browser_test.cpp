@@ -1,9 +1,5 @@
 #include "browser/browser_fixture.h"
 
-#include <sys/stat.h>
-
-#include <chrono>
-
 namespace trillomat {
 namespace {
 
@@ -36,21 +32,6 @@ TEST_F(BrowserTest, ListsFoldersAndTheFilesOfTheMode) {
   browser.ListFiles_DblClick(0);
   EXPECT_EQ(browser.sBrowseFolder, "c:\\");
   EXPECT_THAT(Logged(), IsEmpty());
-}
-
-TEST_F(BrowserTest, ChangesTheDrive) {
-  folder.Write("a.imy", TuneText("c2"));
-  ASSERT_TRUE(browser.FillDrives());
-  EXPECT_THAT(browser.Drives(), ElementsAre("C: " + folder.Path().string(), "Z: /"));
-  Fill();
-  browser.ListFiles_Click(RowOf("a.imy"));
-  EXPECT_TRUE(browser.CanSave());
-  browser.cboDrives_Click(browser.Drives()[1]);
-  EXPECT_EQ(browser.sBrowseFolder, "Z:\\");
-  EXPECT_EQ(browser.CurrentDrive(), 1);
-  EXPECT_NE(RowOf("[etc]"), FileBrowser::kNoRow);
-  EXPECT_FALSE(browser.CanSave());
-  EXPECT_THAT(Logged(), Contains("1: Change drive"));
 }
 
 TEST_F(BrowserTest, AClickOpensAFile) {
@@ -225,28 +206,6 @@ TEST_F(BrowserTest, RenamesWithinTheFolder) {
   EXPECT_THAT(window.calls, ElementsAre("menu"));
 }
 
-TEST_F(BrowserTest, NamesOfAnyBytesAreListedOrLeftOut) {
-  for (const char* name : {"\xff\xfe.imy", "line\nfeed.imy", "\xe3\x81\x82.imy", "a:b.imy", "c\\d.imy"}) {
-    folder.Write(name, TuneText("c2"));
-  }
-  mkfifo((folder / "pipe.imy").c_str(), 0600);
-  std::filesystem::create_symlink("nowhere", folder / "dangling.imy");
-  Fill();
-  EXPECT_EQ(Rows(), "line\nfeed.imy \xe3\x81\x82.imy \xff\xfe.imy ");
-  for (int row = 0; row < 3; ++row) {
-    ws.melody.Clear();
-    browser.ListFiles_Click(row);
-    EXPECT_EQ(Tokens(), "*4c2");
-  }
-  browser.UpdateListFiles();
-  EXPECT_THAT(Logged(), testing::UnorderedElementsAre("1: Left out of the list->a:b.imy",
-                                                      "1: Left out of the list->c\\d.imy"));
-  browser.ListFiles_MouseDown(2, 0);
-  std::filesystem::remove(folder / "line\nfeed.imy");
-  browser.mnuDelete_Click();
-  EXPECT_THAT(Logged(), Contains("1: Could not find the file in bDeleteFile....->c:\\line?feed.imy"));
-}
-
 TEST_F(BrowserTest, AFolderThatVanishesIsLogged) {
   for (const char* browsed : {"c:\\gone\\", "q:\\", "c:", "", "c:\\..\\", "nonsense"}) {
     browser.sBrowseFolder = browsed;
@@ -256,18 +215,6 @@ TEST_F(BrowserTest, AFolderThatVanishesIsLogged) {
                                       "1: Could not list all files in UpdateListFiles"));
     browser.ListFiles_DblClick(0);
   }
-}
-
-TEST_F(BrowserTest, ListsTwentyThousandFilesWithoutAStall) {
-  constexpr int kFiles = 20000;
-  for (int i = 0; i < kFiles; ++i)
-    folder.Write((i % 2 == 0 ? "TUNE" : "tune") + std::to_string(i) + ".imy", "");
-  const auto start = std::chrono::steady_clock::now();
-  browser.UpdateListFiles();
-  const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
-  EXPECT_EQ(browser.Rows().size(), static_cast<size_t>(kFiles));
-  EXPECT_EQ(browser.Rows()[1].name, "tune1.imy");
-  EXPECT_LT(time.count(), 1.0);
 }
 
 TEST_F(BrowserTest, AFileFromOutsideOpensAsIfClicked) {
@@ -289,12 +236,6 @@ TEST_F(BrowserTest, AFileFromOutsideOpensAsIfClicked) {
   EXPECT_THAT(Logged(), ElementsAre("1: Error when decoding file"));
   EXPECT_EQ(browser.sBrowseFolder, "C:\\x\\");
   EXPECT_EQ(ws.melody.Elements().size(), 3U);
-
-  folder.MakeFolder("q:r");
-  folder.Write("q:r/a.imy", TuneText("c2"));
-  EXPECT_TRUE(browser.OpenFile(folder / "q:r/a.imy"));
-  EXPECT_EQ(browser.sBrowseFolder, "C:\\x\\");
-  EXPECT_FALSE(browser.CanSave()) << "its folder cannot be shown, so no row is that file";
 }
 
 }  // namespace

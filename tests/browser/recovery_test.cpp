@@ -1,19 +1,12 @@
-#include "browser/recovery.h"
-
-#include <chrono>
 #include <random>
-#include <thread>
 
-#include "browser/browser_fixture.h"
-#include "support/child_process.h"
+#include "browser/recovery_fixture.h"
 
 namespace trillomat {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-RecoveredMelody Composed(const Workspace& ws) { return {ws.iNoteMode, ws.header, ws.melody.Elements()}; }
 
 TEST_F(BrowserTest, TheRecoveryTextKeepsEveryField) {
   ws.iNoteMode = FormatMode::Rtttl;
@@ -45,30 +38,6 @@ TEST_F(BrowserTest, ADamagedRecoveryTextIsRefused) {
     EXPECT_FALSE(ReadRecovery(bytes));
   }
 }
-
-class RecoveryTest : public BrowserTest {
- protected:
-  std::filesystem::path State() const { return folder / "state/trillomat"; }
-
-  /// Ends as a crash does: the lock goes, the files stay.
-  static void Crash(std::unique_ptr<Recovery>& recovery) { recovery.reset(); }
-
-  std::unique_ptr<Recovery> MakeRecovery() { return std::make_unique<Recovery>(ws, store, State()); }
-
-  void Edit(Recovery& recovery, const std::string& token) {
-    Compose(token);
-    recovery.MarkChanged();
-    recovery.Tick();
-  }
-
-  std::string LastTokens(const Recovery& recovery) {
-    const auto last = recovery.LastMelody();
-    if (!last) return "none";
-    std::string text;
-    for (MelodyNote note : last->elements) text += ws.codec.EncodeNote(note, FormatMode::IMelody);
-    return text;
-  }
-};
 
 TEST_F(RecoveryTest, AnAbnormalEndIsNoticedAndTheMelodyKept) {
   auto recovery = MakeRecovery();
@@ -152,11 +121,12 @@ TEST_F(RecoveryTest, DamagedFilesAndAFolderThatCannotBeWrittenAreSurvived) {
   auto recovery = MakeRecovery();
   EXPECT_FALSE(recovery->Start());
   EXPECT_EQ(LastTokens(*recovery), "none");
-  std::filesystem::remove_all(folder / "state");
+  std::filesystem::remove(State() / "recovery-1.txt");
+  std::filesystem::create_directory(State() / "recovery-1.txt");
   Edit(*recovery, "c2");
   Edit(*recovery, "d2");
   EXPECT_THAT(log.lines, ElementsAre("1: Could not write the recovery file"));
-  folder.MakeFolder("state/trillomat");
+  std::filesystem::remove(State() / "recovery-1.txt");
   recovery->Tick();
   EXPECT_TRUE(std::filesystem::exists(State() / "recovery-1.txt")) << "a failed write is tried again";
 
@@ -166,39 +136,6 @@ TEST_F(RecoveryTest, DamagedFilesAndAFolderThatCannotBeWrittenAreSurvived) {
   Edit(homeless, "c2");
   homeless.End();
   EXPECT_EQ(log.lines.back(), "1: No recovery file can be kept");
-}
-
-// Edits and ticks like a running window, killed in the middle of it: of all that was edited, at most what
-// came after the last tick is lost.
-TEST_F(RecoveryTest, AKilledProgramLosesOnlyTheLastEdits) {
-  std::minstd_rand random(1);  // the same instants each run, as far as there are any
-  for (int round = 0; round < 20; ++round) {
-    std::filesystem::remove_all(State());
-    folder.Write("ticked", "0");
-    ChildProcess child([&] {
-      auto recovery = MakeRecovery();
-      recovery->Start();
-      MelodyList elements;
-      for (int ticks = 1;; ++ticks) {
-        elements.push_back(ws.codec.DecodeNote("c2", FormatMode::IMelody));
-        ws.melody.Assign(elements);
-        recovery->MarkChanged();
-        recovery->Tick();
-        truncate((folder / "ticked").c_str(), ticks);
-      }
-      return 0;
-    });
-    while (std::filesystem::file_size(folder / "ticked") < 2) std::this_thread::yield();
-    std::this_thread::sleep_for(std::chrono::microseconds(random() % 20000));
-    ASSERT_TRUE(child.Kill());
-    const size_t ticks = std::filesystem::file_size(folder / "ticked");
-    const auto recovery = MakeRecovery();
-    ASSERT_TRUE(recovery->Start());
-    ASSERT_TRUE(recovery->LastMelody());
-    EXPECT_GE(recovery->LastMelody()->elements.size(), ticks);
-    EXPECT_LE(recovery->LastMelody()->elements.size(), ticks + 1);
-    recovery->End();
-  }
 }
 
 }  // namespace

@@ -23,16 +23,6 @@ TEST_F(BrowserTest, SaveWritesOverTheSelectedFile) {
   EXPECT_TRUE(browser.CanSave());
 }
 
-TEST_F(BrowserTest, SaveKeepsTheRightsOfTheFile) {
-  folder.Write("a.imy", TuneText("c2"));
-  const auto rights = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
-  std::filesystem::permissions(folder / "a.imy", rights);
-  Fill();
-  browser.ListFiles_Click(RowOf("a.imy"));
-  save.cmdSave_Click();
-  EXPECT_EQ(std::filesystem::status(folder / "a.imy").permissions(), rights);
-}
-
 TEST_F(BrowserTest, SaveWithoutAMelodyOrAFileChangesNothing) {
   save.cmdSave_Click();
   save.cmdSaveAs_Click();

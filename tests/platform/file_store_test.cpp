@@ -1,8 +1,8 @@
+// The system's file store, whichever it is.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/file_store_posix.h"
-#include "support/child_process.h"
+#include "platform/system_parts.h"
 #include "support/temp_folder.h"
 
 namespace trillomat {
@@ -10,87 +10,39 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(DriveMapTest, FindsTheRemovableVolumes) {
-  EXPECT_THAT(RemovableVolumes("/dev/sda1 / ext4 rw 0 0\n"
-                               "/dev/sdb1 /media/ada/My\\040Stick\\134\\0111 vfat rw 0 0\n"
-                               "/dev/sdc1 /run/media/ada/B exfat rw 0 0\n"
-                               "tmpfs /run tmpfs rw 0 0\n"
-                               "nas:/tunes /mnt nfs rw 0 0\n"
-                               "/dev/sdd1 /mnt/c\\04 ext4 rw 0 0\n"
-                               "/dev/sde1 /mediaeval ext4 rw 0 0\n"
-                               "tmpfs /media tmpfs rw 0 0\n"
-                               "\nnonsense\n\\"),
-              ElementsAre("/media/ada/My Stick\\\t1", "/run/media/ada/B", "/mnt", "/mnt/c\\04"));
-}
-
-TEST(DriveMapTest, AVolumeKeepsItsLetterWhileItIsMounted) {
-  constexpr uint32_t kAlways = 1U << 2 | 1U << 25;  // C: and Z:
-  const TempFolder folder;
-  folder.Write("mounts", "a /media/ada/A x\nb /media/ada/B x\n");
-  DriveMap drives("/home/ada/", folder / "mounts");
-  EXPECT_EQ(drives.Refresh(), kAlways | 1U << 3 | 1U << 4);
-  EXPECT_EQ(drives.Text('C'), "C: /home/ada");
-  EXPECT_EQ(drives.Text('E'), "E: /media/ada/B");
-  EXPECT_EQ(drives.Text('Z'), "Z: /");
-  folder.Write("mounts", "b /media/ada/B x\n");
-  EXPECT_EQ(drives.Refresh(), kAlways | 1U << 4);
-  folder.Write("mounts", "c /media/ada/C x\nb /media/ada/B x\na /media/ada/A x\n");
-  EXPECT_EQ(drives.Refresh(), kAlways | 1U << 3 | 1U << 4 | 1U << 5);
-  EXPECT_EQ(drives.Text('D'), "D: /media/ada/C");
-  EXPECT_EQ(drives.Text('E'), "E: /media/ada/B");
-  std::string many;
-  for (int i = 0; i < 40; ++i) many += "x /mnt/" + std::to_string(i) + " x\n";
-  folder.Write("mounts", many);
-  EXPECT_EQ(drives.Refresh(), 0x3fffffcU);
-}
-
-TEST(DriveMapTest, TranslatesPathsBothWays) {
-  const TempFolder folder;
-  folder.Write("mounts", "b /media/ada/B:\\134 x\n");
-  const DriveMap drives("/home/ada", folder / "mounts");
-  const std::pair<std::string_view, std::string_view> both[] = {{"C:\\", "/home/ada"},
-                                                                {"C:\\tunes\\a.imy", "/home/ada/tunes/a.imy"},
-                                                                {"Z:\\", "/"},
-                                                                {"Z:\\home\\adam", "/home/adam"},
-                                                                {"D:\\\xff", "/media/ada/B:\\/\xff"},
-                                                                {"C:\\...", "/home/ada/..."}};
-  for (const auto& [given, native] : both) {
-    EXPECT_EQ(drives.Native(given), native);
-    EXPECT_EQ(drives.Given(native), given);
-  }
-  EXPECT_EQ(drives.Native("c:\\tunes\\"), "/home/ada/tunes");
-  EXPECT_EQ(drives.Given("/home/ada/x/../tunes/./a.imy"), "C:\\tunes\\a.imy");
-  EXPECT_EQ(drives.Given("a.imy"), drives.Given(std::filesystem::current_path() / "a.imy"));
-  const std::string_view refused[] = {"",        "C:",        "c:tunes",     "q:\\a",
-                                      "/home",   "\\\\nas\\", "c:\\..\\bob", "c:\\.",
-                                      "c:\\a/b", "c:\\a:b",   "E:\\",        std::string_view("c:\\\0", 4)};
-  for (const std::string_view given : refused) EXPECT_EQ(drives.Native(given), "") << given;
-  for (const char* native : {"/home/ada/a:b", "/tmp/c\\d", ""}) EXPECT_EQ(drives.Given(native), std::nullopt);
-}
-
 class FileStoreTest : public testing::Test {
  protected:
   TempFolder folder;
-  PosixFileStore store{DriveMap(folder.Path(), "/dev/null")};
+  std::unique_ptr<FileStore> store = SystemFileStore();
 };
 
 TEST_F(FileStoreTest, ListsByKindAndPattern) {
-  for (const char* name : {"b.imy", "B.IMY", "a.imy", "a.imy.bak", ".imy", "c:d.imy"}) folder.Write(name, "");
+  constexpr const char* kForeign = "\xe5\xa4\x9c\xe6\x9b\xb2.imy";  // no code page has both this and Latin
+  for (const char* name : {"b.imy", "A.IMY", "z.imy", "a.imy.bak", ".imy", kForeign}) folder.Write(name, "");
   folder.MakeFolder("folder.imy");
-  folder.MakeFolder("x:y");
-  std::filesystem::create_symlink("a.imy", folder / "link.imy");
-  std::filesystem::create_symlink("folder.imy", folder / "folderlink");
-  const FolderListing files = store.ListFiles(folder.Path(), "*.imy");
+  const FolderListing files = store->ListFiles(folder.Path(), "*.imy");
   EXPECT_TRUE(files.complete);
-  EXPECT_THAT(files.names, ElementsAre(".imy", "a.imy", "B.IMY", "b.imy", "link.imy"));
-  EXPECT_THAT(files.leftOut, ElementsAre("c:d.imy"));
-  const FolderListing folders = store.ListFolders(folder.Path());
-  EXPECT_THAT(folders.names, ElementsAre("folder.imy", "folderlink"));
-  EXPECT_THAT(folders.leftOut, ElementsAre("x:y"));
-  for (const char* wrong : {"", "/nowhere", "/dev/null"}) {
-    EXPECT_FALSE(store.ListFiles(wrong, "*.imy").complete);
-    EXPECT_FALSE(store.ListFolders(wrong).complete);
+  EXPECT_THAT(files.names, ElementsAre(".imy", "A.IMY", "b.imy", "z.imy", kForeign));
+  EXPECT_THAT(files.leftOut, testing::IsEmpty());
+  EXPECT_THAT(store->ListFolders(folder.Path()).names, ElementsAre("folder.imy"));
+  for (const auto& wrong : {std::filesystem::path(), folder / "none", folder / "z.imy"}) {
+    EXPECT_FALSE(store->ListFiles(wrong, "*.imy").complete);
+    EXPECT_FALSE(store->ListFolders(wrong).complete);
   }
+}
+
+TEST_F(FileStoreTest, APathSurvivesTheRoundTripThroughTheGivenForm) {
+  for (const char* name : {"a.imy", "two words.imy", "\xe5\xa4\x9c\xe6\x9b\xb2.imy"}) {
+    const auto given = store->GivenPath(folder / name);
+    ASSERT_TRUE(given);
+    EXPECT_TRUE(given->ends_with("\\" + std::string(name))) << *given;
+    EXPECT_EQ(store->NativePath(*given), folder / name);
+    EXPECT_NE(store->GetLogicalDrives() & 1U << (given->front() - 'A'), 0U);
+    EXPECT_TRUE(store->DriveText(given->front()).starts_with(given->substr(0, 2)));
+  }
+  for (const char* wrong :
+       {"", "C:", "c:tunes", "/home", "\\\\nas\\", "c:\\..\\bob", "c:\\.", "c:\\a/b", "c:\\a:b"})
+    EXPECT_EQ(store->NativePath(wrong), "") << wrong;
 }
 
 TEST_F(FileStoreTest, CopiesDeletesAndCreatesWithoutHarm) {
@@ -98,45 +50,47 @@ TEST_F(FileStoreTest, CopiesDeletesAndCreatesWithoutHarm) {
   folder.Write("a", text);
   folder.Write("b", "old");
   folder.MakeFolder("x");
-  EXPECT_TRUE(store.Copy(folder / "a", folder / "c"));
+  EXPECT_TRUE(store->Copy(folder / "a", folder / "c"));
   EXPECT_EQ(folder.Read("c"), text);
-  EXPECT_FALSE(store.Copy(folder / "a", folder / "b"));
-  EXPECT_FALSE(store.Copy(folder / "gone", folder / "d"));
-  EXPECT_FALSE(store.Copy(folder / "x", folder / "d"));
-  EXPECT_FALSE(store.Create(folder / "b"));
-  EXPECT_FALSE(store.Delete(folder / "x"));
-  EXPECT_FALSE(store.KeepAside(folder / "x", folder / "d"));
+  EXPECT_FALSE(store->Copy(folder / "a", folder / "b"));
+  EXPECT_FALSE(store->Copy(folder / "gone", folder / "d"));
+  EXPECT_FALSE(store->Copy(folder / "x", folder / "d"));
+  EXPECT_FALSE(store->Create(folder / "b"));
+  EXPECT_FALSE(store->Delete(folder / "x"));
+  EXPECT_FALSE(store->KeepAside(folder / "x", folder / "d"));
   EXPECT_EQ(folder.Read("b"), "old");
   EXPECT_THAT(folder.Names(), ElementsAre("a", "b", "c", "x"));
-  EXPECT_TRUE(store.Delete(folder / "a"));
-  EXPECT_FALSE(store.Exists(folder / "a"));
-  EXPECT_TRUE(store.Create(folder / "a"));
+  EXPECT_TRUE(store->Delete(folder / "a"));
+  EXPECT_FALSE(store->Exists(folder / "a"));
+  EXPECT_TRUE(store->Create(folder / "a"));
   EXPECT_EQ(folder.Read("a"), "");
 }
 
 TEST_F(FileStoreTest, SetsAsideAndReplaces) {
   folder.Write("a", "old");
   folder.Write("b", "new");
-  ASSERT_TRUE(store.KeepAside(folder / "a", folder / "kept"));
+  ASSERT_TRUE(store->KeepAside(folder / "a", folder / "kept"));
   EXPECT_EQ(folder.Read("a"), "old");
-  EXPECT_TRUE(store.Flush(folder / "b"));
-  EXPECT_TRUE(store.Move(folder / "b", folder / "a"));
+  EXPECT_TRUE(store->Flush(folder / "b"));
+  EXPECT_TRUE(store->Move(folder / "b", folder / "a"));
   EXPECT_EQ(folder.Read("a"), "new");
   EXPECT_EQ(folder.Read("kept"), "old");
-  EXPECT_FALSE(store.Flush(folder / "b"));
-  EXPECT_FALSE(store.Move(folder / "b", folder / "a"));
+  EXPECT_FALSE(store->Flush(folder / "b"));
+  EXPECT_FALSE(store->Move(folder / "b", folder / "a"));
   EXPECT_THAT(folder.Names(), ElementsAre("a", "kept"));
 }
 
 TEST_F(FileStoreTest, ALockEndsWithItsHolder) {
-  auto lock = store.TryLock(folder / "lock");
+  auto lock = store->TryLock(folder / "lock");
   ASSERT_TRUE(lock);
-  const auto tryInChild = [this] { return store.TryLock(folder / "lock") ? 0 : 1; };
-  EXPECT_EQ(ChildProcess(tryInChild).WaitFor(), 1);
+  EXPECT_FALSE(store->TryLock(folder / "lock"));
   lock.reset();
-  EXPECT_EQ(ChildProcess(tryInChild).WaitFor(), 0);
-  EXPECT_TRUE(store.TryLock(folder / "lock"));
-  EXPECT_FALSE(store.TryLock(folder / "no/lock"));
+  lock = store->TryLock(folder / "lock");
+  ASSERT_TRUE(lock);
+  EXPECT_TRUE(store->Delete(folder / "lock")) << "its holder may delete it";
+  lock.reset();
+  EXPECT_FALSE(store->Exists(folder / "lock"));
+  EXPECT_FALSE(store->TryLock(folder / "no/lock"));
 }
 
 }  // namespace

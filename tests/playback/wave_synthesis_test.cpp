@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <numbers>
 
 namespace trillomat {
 namespace {
@@ -49,7 +50,8 @@ TEST(WaveSynthesis, CutsHalfScaleSamplesTowardsZero) {
   EXPECT_EQ(SampleAt(image, 1), 16383);
   EXPECT_EQ(SampleAt(image, 3), -16383);
   wave.SynthesiseTone(440);
-  EXPECT_EQ(SampleAt(wave.Image(), 1), static_cast<int>(0.5 * 32767 * std::sin(2 * M_PI * 440 / 44100)));
+  EXPECT_EQ(SampleAt(wave.Image(), 1),
+            static_cast<int>(0.5 * 32767 * std::sin(2 * std::numbers::pi * 440 / 44100)));
 }
 
 TEST(WaveSynthesis, EndsAtTheUpwardCrossingOfTheLastPeriod) {

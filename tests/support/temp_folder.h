@@ -1,11 +1,10 @@
 // A folder of its own for a test, deleted with everything in it.
 #pragma once
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -15,8 +14,10 @@ namespace trillomat {
 class TempFolder {
  public:
   TempFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "trillomat-test-XXXXXX").string();
-    path_ = mkdtemp(name.data());
+    do {
+      path_ = std::filesystem::temp_directory_path() /
+              ("trillomat-test-" + std::to_string(std::random_device{}()));
+    } while (!std::filesystem::create_directory(path_));
   }
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
@@ -26,16 +27,19 @@ class TempFolder {
   }
 
   const std::filesystem::path& Path() const { return path_; }
-  std::filesystem::path operator/(std::string_view name) const { return path_ / name; }
+  /// Names are UTF-8 where the system's are text.
+  std::filesystem::path operator/(std::string_view name) const {
+    return path_ / std::u8string(name.begin(), name.end());
+  }
 
   void Write(const std::string& name, const std::string& text) const {
-    std::ofstream(path_ / name, std::ios::binary) << text;
+    std::ofstream(*this / name, std::ios::binary) << text;
   }
-  void MakeFolder(const std::string& name) const { std::filesystem::create_directories(path_ / name); }
+  void MakeFolder(const std::string& name) const { std::filesystem::create_directories(*this / name); }
 
   std::string Read(const std::string& name) const {
     std::ostringstream text;
-    text << std::ifstream(path_ / name, std::ios::binary).rdbuf();
+    text << std::ifstream(*this / name, std::ios::binary).rdbuf();
     return text.str();
   }
 
