@@ -118,7 +118,7 @@ class Program {
 int Main(int argc, char** argv) {
   TrillomatApplication app(argc, argv);
   LoadResources();
-  QApplication::setWindowIcon(QIcon(QStringLiteral(":/ui/trillomat.svg")));
+  QApplication::setWindowIcon(Picture(QStringLiteral("trillomat")));
   const Options options = ParseArguments(app);
   const auto logFolder = LogFolder(NativePath(QApplication::applicationDirPath()));
   if (!logFolder) {

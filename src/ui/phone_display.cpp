@@ -2,7 +2,6 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QSvgRenderer>
 #include <QVBoxLayout>
 #include <random>
 
@@ -10,6 +9,7 @@
 #include "playback/player_view.h"
 #include "ui/controls.h"
 #include "ui/qt_text.h"
+#include "ui/resources.h"
 
 namespace trillomat {
 namespace {
@@ -24,19 +24,16 @@ constexpr std::array<const char*, 4> kSpoken{"Phone", "Phone with its backlight 
 
 }  // namespace
 
-SvgPicture::SvgPicture(const QString& file, QWidget* parent)
-    : QWidget(parent), renderer_(new QSvgRenderer(file, this)) {}
-
-void SvgPicture::paintEvent(QPaintEvent* /*event*/) {
+void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  renderer_->render(&painter, QRectF(rect()));
+  picture_.paint(&painter, rect());
 }
 
 PhoneDisplay::PhoneDisplay(QWidget* parent)
     : QGroupBox(QStringLiteral("Phone"), parent), area_(new QWidget(this)), lblFrequency_(new QLabel(this)) {
   area_->setFixedSize(kPhone.width() + kJitter, kPhone.height() + kJitter);
   for (int i = 0; i < static_cast<int>(imageMS_.size()); ++i) {
-    auto* picture = new SvgPicture(QStringLiteral(":/ui/phone_%1.svg").arg(i), area_);
+    auto* picture = new PictureWidget(Picture(QStringLiteral("phone_%1").arg(i)), area_);
     NameControl(*picture, IndexedName("ImageMS", i), {{}, QLatin1String(kSpoken.at(static_cast<size_t>(i)))});
     picture->setGeometry(QRect(QPoint(kJitter / 2, kJitter / 2), kPhone));
     imageMS_.at(static_cast<size_t>(i)) = picture;
@@ -77,7 +74,7 @@ void PhoneDisplay::Vibrate() {
   std::uniform_real_distribution<double> random(0, 1);
   const double left = random(generator);
   const VibrationSpot spot = RandomVibrationSpot(left, random(generator));
-  for (SvgPicture* picture : imageMS_) picture->move(spot.left - kOrigin.left, spot.top - kOrigin.top);
+  for (PictureWidget* picture : imageMS_) picture->move(spot.left - kOrigin.left, spot.top - kOrigin.top);
 }
 
 }  // namespace trillomat

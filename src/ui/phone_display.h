@@ -3,26 +3,26 @@
 #pragma once
 
 #include <QGroupBox>
+#include <QIcon>
 #include <QLabel>
 #include <QTimer>
 #include <QWidget>
 #include <array>
 #include <string_view>
-
-class QSvgRenderer;
+#include <utility>
 
 namespace trillomat {
 
-/// One drawing, sharp at any size and scale.
-class SvgPicture : public QWidget {
+/// One drawing that fills the widget.
+class PictureWidget : public QWidget {
  public:
-  SvgPicture(const QString& file, QWidget* parent);
+  PictureWidget(QIcon picture, QWidget* parent) : QWidget(parent), picture_(std::move(picture)) {}
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QSvgRenderer* renderer_;
+  QIcon picture_;
 };
 
 class PhoneDisplay : public QGroupBox {
@@ -42,7 +42,7 @@ class PhoneDisplay : public QGroupBox {
   QLayout* NewFrequencyRow();
 
   QWidget* area_;
-  std::array<SvgPicture*, 4> imageMS_{};
+  std::array<PictureWidget*, 4> imageMS_{};
   QLabel* lblFrequency_;
   QTimer timer_;
 };

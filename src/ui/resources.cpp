@@ -10,4 +10,6 @@ namespace trillomat {
 
 void LoadResources() { InitResources(); }
 
+QIcon Picture(const QString& name) { return QIcon(QStringLiteral(":/ui/%1." TRILLOMAT_PICTURES).arg(name)); }
+
 }  // namespace trillomat
