@@ -70,7 +70,7 @@ void frmMain::LayOut() {
   lower->addWidget(files_, 4);
   auto* centre = new QWidget(this);
   auto* column = new QVBoxLayout(centre);
-  column->addLayout(upper, 1);
+  column->addLayout(upper);
   column->addWidget(melody_);
   column->addLayout(lower, 1);
   setCentralWidget(centre);

@@ -38,7 +38,7 @@ class PianoKeyboard : public QWidget {
  public:
   explicit PianoKeyboard(QWidget* parent);
 
-  QSize sizeHint() const override { return {364, 150}; }
+  QSize sizeHint() const override { return {392, 180}; }
   QSize minimumSizeHint() const override { return {308, 120}; }
   void EnableKeys(bool enable);
 

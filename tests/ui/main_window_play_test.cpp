@@ -163,9 +163,13 @@ TEST_F(MainWindowClosing, ClosingEndsPlayPauseAndEveryWait) {
   workspace.melody.Assign(MelodyList(1000, pause));
   QElapsedTimer time;
   time.start();
-  // Play runs into a pause of 2.4 seconds, and a second handler waits inside its wait.
-  QTimer::singleShot(50, &window, [this] { Click(window, "cmdControl(2)"); });
-  QTimer::singleShot(100, &window, [this] { window.close(); });
+  // Each element waits for 2.4 seconds. Inside its wait Pause is pressed, then the window closed.
+  QTimer pauses;
+  QObject::connect(&pauses, &QTimer::timeout, &window, [this] { Click(window, "cmdControl(2)"); });
+  pauses.start(50);
+  QTimer closes;
+  QObject::connect(&closes, &QTimer::timeout, &window, [this] { window.close(); });
+  closes.start(120);
   Click(window, "cmdControl(4)");
   EXPECT_LT(time.elapsed(), 1000);
   EXPECT_FALSE(qtPump.PumpEvents());
