@@ -23,7 +23,7 @@ std::optional<Accidentals> AccidentalsOf(std::string_view letter) {
 
 // Natural, sharp, flat, natural; what the letter cannot have is passed over.
 std::string NextSpelling(const std::string& note, Accidentals allowed) {
-  const std::string rest = note.empty() ? "" : note.substr(1);
+  std::string rest = note.empty() ? "" : note.substr(1);
   if (note.starts_with('#')) return allowed.flat ? "&" + rest : rest;
   if (note.starts_with('&')) return rest;
   if (allowed.sharp) return "#" + note;

@@ -6,7 +6,6 @@
 #include <QDropEvent>
 #include <QHBoxLayout>
 #include <QMimeData>
-#include <QTimer>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <utility>
@@ -88,6 +87,9 @@ void frmMain::Connect() {
     if (!files_->FileOperationRuns()) recovery_->RecoverLast();
   });
   connect(melody_, &MelodyBox::Clearing, this, [this] { recovery_->KeepBeforeReplacing(); });
+  connect(
+      this, &frmMain::Dropped, this, [this](const QString& file) { OpenFile(file.toStdWString()); },
+      Qt::QueuedConnection);
   connect(menu_, &MainMenu::AboutRequested, this,
           [this] { frmAbout(QCoreApplication::applicationVersion(), this).exec(); });
 }
@@ -172,7 +174,7 @@ void frmMain::dragEnterEvent(QDragEnterEvent* event) {
 void frmMain::dropEvent(QDropEvent* event) {
   const QString file = event->mimeData()->urls().value(0).toLocalFile();
   event->acceptProposedAction();
-  QTimer::singleShot(0, this, [this, file] { OpenFile(file.toStdWString()); });
+  emit Dropped(file);
 }
 
 void frmMain::ShowMelody(const MelodyViewText& text) {

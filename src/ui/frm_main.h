@@ -52,6 +52,8 @@ class frmMain final : public QMainWindow, private ComposerView, private PlayerVi
  signals:
   /// The window was closed: the program is to end.
   void Closed();
+  /// A file was dropped onto the window.
+  void Dropped(const QString& file);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
