@@ -3,6 +3,7 @@
 ;
 ; makensis -DVERSION=... -DSOURCE=FOLDER (with the programs) -DICON=... -DOUTPUT=...
 Unicode true
+Target amd64-unicode
 !include MUI2.nsh
 !include Sections.nsh
 
