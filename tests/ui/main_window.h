@@ -29,12 +29,14 @@ class FakeQuestions : public Questions {
  public:
   std::optional<std::filesystem::path> AskSavePath(QWidget* /*parent*/,
                                                    const SaveDialog& /*dialog*/) override {
+    ++saveDialogs;
     return savePath;
   }
   bool AskYesNo(QWidget* /*parent*/, const QString& /*title*/, const QString& /*question*/) override {
     return yes;
   }
 
+  int saveDialogs = 0;
   std::optional<std::filesystem::path> savePath;
   bool yes = true;
 };

@@ -181,6 +181,26 @@ TEST_F(MainWindowFiles, AClickDuringAToneWaitsForTheTimer) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return Shown() == "|*4e2"; }, 2000)) << Shown();
 }
 
+TEST_F(MainWindowFiles, WhileAFileIsReadNoOtherFileOperationStarts) {
+  Enter("c");
+  QTimer closes;  // a window that opens all the same
+  int opened = 0;
+  QObject::connect(&closes, &QTimer::timeout, &window, [&opened] {
+    if (QApplication::activeModalWidget() != nullptr) opened += QApplication::activeModalWidget()->close();
+  });
+  closes.start(0);
+  bool acted = false;
+  pump.onPump = [&](int) {
+    if (std::exchange(acted, true)) return;
+    for (const char* button : {"cmdSaveAs", "cmdImport", "cmdExport"}) Press(button);
+    Trigger("mnuFileRecover");
+    ClickRow("b.imy");
+  };
+  ClickRow("a.imy");
+  EXPECT_EQ(questions.saveDialogs + opened, 0);
+  EXPECT_EQ(Shown(), "|*4c2 *4d2");
+}
+
 TEST_F(MainWindowFiles, SaveAsAsksAndListsTheNewFile) {
   Press("cmdSaveAs");
   EXPECT_THAT(log.lines, ElementsAre("2: Nothing to save"));

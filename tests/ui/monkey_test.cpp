@@ -129,7 +129,7 @@ class MonkeyTest : public testing::Test {
 };
 
 TEST_F(MonkeyTest, NothingBreaksWhateverRunsInsideWhatever) {
-  const int wanted = FromEnvironment("TRILLOMAT_MONKEY_EVENTS", 4000);
+  const int wanted = FromEnvironment("TRILLOMAT_MONKEY_EVENTS", 10000);
   MonkeyPump pump(monkey);
   int closings = 0;
   while (monkey.events < wanted) {
@@ -171,7 +171,7 @@ TEST_F(MonkeyTest, NothingBreaksInRealTime) {
   const StdClock clock;
   Open(ws, clock);
   monkey.mayClose = false;
-  const int wanted = FromEnvironment("TRILLOMAT_MONKEY_EVENTS", 4000) / 10;
+  const int wanted = FromEnvironment("TRILLOMAT_MONKEY_EVENTS", 10000) / 10;
   bool ended = false;
   QObject::connect(window.get(), &frmMain::Closed, window.get(), [&] {
     ended = true;
