@@ -8,18 +8,18 @@ namespace {
 TEST_F(ComposerTest, EachModeOffersWhatItCanHold) {
   struct Case {
     FormatMode mode;
+    bool commands;
     std::string durations;
     std::string extras;
-    bool commands;
     int duration;
     int extra;
     int32_t bpm;
     int octave;
   };
-  const Case cases[] = {{FormatMode::IMelody, "111111", "1111", true, 4, 1, 120, 7},
-                        {FormatMode::EMelody, "111100", "0000", false, 2, 0, 200, 5},
-                        {FormatMode::Rtttl, "111111", "1100", false, 4, 0, 120, 6},
-                        {FormatMode::Melody, "001100", "0000", false, 3, 0, 200, 4}};
+  const Case cases[] = {{FormatMode::IMelody, true, "111111", "1111", 4, 1, 120, 7},
+                        {FormatMode::EMelody, false, "111100", "0000", 2, 0, 200, 5},
+                        {FormatMode::Rtttl, false, "111111", "1100", 4, 0, 120, 6},
+                        {FormatMode::Melody, false, "001100", "0000", 3, 0, 200, 4}};
   for (const Case& c : cases) {
     composer.mnuSettingFormatType_Click(FormatMode::IMelody);
     composer.optDuration_Click(4);

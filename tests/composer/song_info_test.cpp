@@ -83,19 +83,19 @@ TEST_F(SongInfoPanelTest, TypingIsTakenOverOnlyWhenItIsInRange) {
     FormatMode mode;
     int row;
     std::string text;
-    bool invalid;
     int32_t bpm;
     int16_t loop;
+    bool invalid;
   };
   const Case cases[] = {
-      {FormatMode::IMelody, 4, "2", true, 100, 1},      {FormatMode::IMelody, 4, "25", false, 25, 1},
-      {FormatMode::IMelody, 4, "900", false, 900, 1},   {FormatMode::IMelody, 4, "901", true, 100, 1},
-      {FormatMode::IMelody, 4, "", true, 100, 1},       {FormatMode::IMelody, 4, "1e2", true, 100, 1},
-      {FormatMode::IMelody, 4, " 120", true, 100, 1},   {FormatMode::IMelody, 4, "99999999999", true, 100, 1},
-      {FormatMode::Rtttl, 1, "250", false, 250, 1},     {FormatMode::Rtttl, 2, "15", false, 100, 15},
-      {FormatMode::Rtttl, 2, "16", true, 100, 1},       {FormatMode::Rtttl, 2, "0", false, 100, 0},
-      {FormatMode::Rtttl, 2, "", true, 100, 1},         {FormatMode::Rtttl, 2, "-1", true, 100, 1},
-      {FormatMode::Rtttl, 3, "anything", false, 100, 1}};
+      {FormatMode::IMelody, 4, "2", 100, 1, true},      {FormatMode::IMelody, 4, "25", 25, 1, false},
+      {FormatMode::IMelody, 4, "900", 900, 1, false},   {FormatMode::IMelody, 4, "901", 100, 1, true},
+      {FormatMode::IMelody, 4, "", 100, 1, true},       {FormatMode::IMelody, 4, "1e2", 100, 1, true},
+      {FormatMode::IMelody, 4, " 120", 100, 1, true},   {FormatMode::IMelody, 4, "99999999999", 100, 1, true},
+      {FormatMode::Rtttl, 1, "250", 250, 1, false},     {FormatMode::Rtttl, 2, "15", 100, 15, false},
+      {FormatMode::Rtttl, 2, "16", 100, 1, true},       {FormatMode::Rtttl, 2, "0", 100, 0, false},
+      {FormatMode::Rtttl, 2, "", 100, 1, true},         {FormatMode::Rtttl, 2, "-1", 100, 1, true},
+      {FormatMode::Rtttl, 3, "anything", 100, 1, false}};
   for (const Case& c : cases) {
     ws.header.BPM = 100;
     ws.header.Loop = 1;
