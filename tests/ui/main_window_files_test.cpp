@@ -218,16 +218,24 @@ TEST_F(MainWindowFiles, SaveAsAsksAndListsTheNewFile) {
 TEST_F(MainWindowFiles, ImportReplacesTheMelodyAndExportNeedsOne) {
   Press("cmdExport");
   EXPECT_THAT(log.lines, ElementsAre("2: Nothing to export"));
-  QTimer::singleShot(0, &window, [] {
+  QTimer answers;
+  answers.setSingleShot(true);
+  const auto pastes = QObject::connect(&answers, &QTimer::timeout, &window, [] {
     auto* dialog = QApplication::activeModalWidget();
     dialog->findChild<QPlainTextEdit*>("txtSource")->setPlainText("tune:d=4,o=5,b=100:c,p,b");
     dialog->findChild<QPushButton*>("cmdImport")->click();
   });
+  answers.start(0);
   Press("cmdImport");
   EXPECT_EQ(Shown(), "|*3c2 r2 *3b2");
   EXPECT_EQ(Text("txtSongInfo(2)"), "tune");
-  QTimer::singleShot(0, &window, [] { QApplication::activeModalWidget()->close(); });
+  QObject::disconnect(pastes);
+  bool shown = false;
+  QObject::connect(&answers, &QTimer::timeout, &window,
+                   [&shown] { shown = QApplication::activeModalWidget()->close(); });
+  answers.start(0);
   Press("cmdExport");
+  EXPECT_TRUE(shown);
 }
 
 }  // namespace
