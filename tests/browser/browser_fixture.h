@@ -13,9 +13,9 @@
 #include <vector>
 
 #include "browser/file_browser.h"
-#include "browser/folder_store.h"
 #include "browser/save_commands.h"
 #include "support/composer_fixture.h"
+#include "support/folder_store.h"
 #include "support/temp_folder.h"
 
 namespace trillomat {

@@ -14,8 +14,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/file_store_posix.h"
 #include "support/composer_fixture.h"
+#include "support/folder_store.h"
 #include "support/memory_store.h"
 #include "support/temp_folder.h"
 #include "ui/dialog_probe.h"
@@ -46,7 +46,7 @@ struct MainWindowParts : FakeWorkspace {
   FakeSound sound;
   MemoryStore settings;
   TempFolder folder;  ///< drive C:
-  PosixFileStore files{DriveMap(folder.Path(), "/nonexistent")};
+  FolderStore files{folder.Path()};
   FakeQuestions questions;
 };
 

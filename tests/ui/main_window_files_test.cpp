@@ -78,13 +78,13 @@ TEST(MainWindowStart, ADurationThatTheModeLacksLeavesTheModesOwn) {
 }
 
 TEST(MainWindowStart, WithoutDrivesTheProgramEndsAtOnce) {
-  class NoDrives : public PosixFileStore {
+  class NoDrives : public FolderStore {
    public:
-    using PosixFileStore::PosixFileStore;
+    using FolderStore::FolderStore;
     uint32_t GetLogicalDrives() override { return 0; }
   };
   MainWindowParts parts;
-  NoDrives files{DriveMap(parts.folder.Path(), "/nonexistent")};
+  NoDrives files{parts.folder.Path()};
   frmMain window({parts.ws, parts.clock, parts.sound, parts.settings, files, parts.questions});
   EXPECT_FALSE(window.Load());
   EXPECT_EQ(parts.log.lines.back(), "1: Failed to get drivelist-> End program");

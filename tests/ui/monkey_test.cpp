@@ -18,12 +18,12 @@ int FromEnvironment(const char* name, int fallback) {
 }
 
 /// Files in the test's folder alone, whatever path is made up.
-class CagedFiles : public PosixFileStore {
+class CagedFiles : public FolderStore {
  public:
-  using PosixFileStore::PosixFileStore;
-  uint32_t GetLogicalDrives() override { return PosixFileStore::GetLogicalDrives() & 1U << ('C' - 'A'); }
+  using FolderStore::FolderStore;
+  uint32_t GetLogicalDrives() override { return FolderStore::GetLogicalDrives() & 1U << ('C' - 'A'); }
   std::filesystem::path NativePath(std::string_view given) const override {
-    return given.starts_with("c:") || given.starts_with("C:") ? PosixFileStore::NativePath(given)
+    return given.starts_with("c:") || given.starts_with("C:") ? FolderStore::NativePath(given)
                                                               : std::filesystem::path();
   }
 };
@@ -119,7 +119,7 @@ class MonkeyTest : public testing::Test {
   FakeSound sound;
   MemoryStore settings;
   TempFolder folder;
-  CagedFiles files{DriveMap(folder.Path(), "/nonexistent")};
+  CagedFiles files{folder.Path()};
   FakeQuestions questions;
   BoxLog log;
   std::unique_ptr<frmMain> window;
