@@ -16,6 +16,12 @@ QItemSelectionModel::SelectionFlags FileList::selectionCommand(const QModelIndex
   return QItemSelectionModel::NoUpdate;
 }
 
+// What "Save" writes over is to be seen also where a list without the focus shows its selection in pale grey.
+void FileList::initViewItemOption(QStyleOptionViewItem* option) const {
+  QListWidget::initViewItemOption(option);
+  option->state |= QStyle::State_Active;
+}
+
 void FileList::ShowSelected(int row) {
   if (row < 0 || row >= count()) return clearSelection();
   selectionModel()->select(indexFromItem(item(row)), QItemSelectionModel::ClearAndSelect);
