@@ -74,8 +74,9 @@ class FileStore {
   /// when it returns true.
   virtual bool Move(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
 
-  /// Locks a file, made when missing; nothing while another process holds it. The system ends the lock
-  /// with the process, however that ends.
+  /// Locks a file, made when missing; nothing while anybody else holds it. What the file holds can be read
+  /// and written, and the file moved and deleted, all the same. The system ends the lock with the process,
+  /// however that ends.
   virtual std::unique_ptr<FileLock> TryLock(const std::filesystem::path& file) = 0;
 };
 

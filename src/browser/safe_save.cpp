@@ -1,6 +1,7 @@
 #include "browser/safe_save.h"
 
 #include <exception>
+#include <memory>
 #include <optional>
 
 #include "browser/path_text.h"
@@ -78,10 +79,12 @@ class OldFile {
   bool released_ = false;
 };
 
-// Deletes what is left of the new file unless it found its place.
+// Deletes what is left of the new file unless it found its place. Locked meanwhile, so that no other program
+// takes it for what an interrupted save has left.
 class NewFile {
  public:
-  NewFile(const fs::path& target, FileStore& store) : store_(store), path_(CreateBeside(target, store)) {}
+  NewFile(const fs::path& target, FileStore& store)
+      : store_(store), path_(CreateBeside(target, store)), lock_(path_ ? store.TryLock(*path_) : nullptr) {}
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
   ~NewFile() {
@@ -94,6 +97,7 @@ class NewFile {
  private:
   FileStore& store_;
   std::optional<fs::path> path_;
+  std::unique_ptr<FileLock> lock_;
 };
 
 void LogFailure(std::string_view what, const TargetFile& file, Log& log) {
@@ -176,7 +180,8 @@ void PutBackLeftovers(const fs::path& folder, FileStore& store, Log& log) {
     if (const auto kept = KeptName(name)) {
       PutBack(folder / NamePath(name), folder / NamePath(*kept), store, log);
     } else if (name.starts_with(kSavingPrefix)) {
-      store.Delete(folder / NamePath(name));
+      const auto abandoned = store.TryLock(folder / NamePath(name));
+      if (abandoned) store.Delete(folder / NamePath(name));
     }
   }
 }

@@ -30,20 +30,27 @@ class File {
   }
   explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
   bool Flush() const { return *this && FlushFileBuffers(handle_) != FALSE; }
+  /// Locks one byte that lies behind the end of every file, so that all of them stay readable and writable.
+  bool TryLock() const {
+    OVERLAPPED place{};
+    place.OffsetHigh = 0x7FFFFFFF;
+    return *this &&
+           LockFileEx(handle_, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place) != FALSE;
+  }
 
  private:
   HANDLE handle_;
 };
 
-// Nobody else may open the file meanwhile, but its holder may delete it.
 class Win32Lock : public FileLock {
  public:
   explicit Win32Lock(const fs::path& file)
-      : file_(file, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_DELETE, OPEN_ALWAYS) {}
-  bool Held() const { return static_cast<bool>(file_); }
+      : file_(file, GENERIC_READ | GENERIC_WRITE, kShareAll, OPEN_ALWAYS), held_(file_.TryLock()) {}
+  bool Held() const { return held_; }
 
  private:
   File file_;
+  bool held_;
 };
 
 // A write-protected file open for writing: it has to be unprotected for as long as that takes.

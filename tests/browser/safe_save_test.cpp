@@ -90,6 +90,29 @@ TEST_F(BrowserTest, AFailedStepPutsTheOldContentBack) {
   }
 }
 
+TEST_F(BrowserTest, AnotherProgramsRefreshLeavesARunningSaveAlone) {
+  class WatchedStore : public FolderStore {
+   public:
+    WatchedStore(const TempFolder& folder, Log& log)
+        : FolderStore(folder.Path()), folder_(folder), log_(log) {}
+    bool Flush(const std::filesystem::path& file) override {
+      FolderStore other(folder_.Path());
+      PutBackLeftovers(folder_.Path(), other, log_);
+      return FolderStore::Flush(file);
+    }
+
+   private:
+    const TempFolder& folder_;
+    Log& log_;
+  };
+  folder.Write("a.imy", "old");
+  Compose("*5d3");
+  WatchedStore watched(folder, log);
+  EXPECT_EQ(SaveOver({folder / "a.imy", "a.imy"}, watched, ws, [] {}), SaveOutcome::Saved);
+  EXPECT_EQ(folder.Read("a.imy"), WriteText_IMelody(ws));
+  EXPECT_THAT(folder.Names(), ElementsAre("a.imy"));
+}
+
 TEST_F(BrowserTest, PutsBackOnlyWhatASaveLeft) {
   folder.Write(".a.imy.kept.trillomat", "a");
   folder.Write(".b.imy.kept.trillomat", "b, superseded");
