@@ -3,12 +3,10 @@
 #pragma once
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include <fstream>
 #include <functional>
+#include <map>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -19,13 +17,6 @@
 #include "support/temp_folder.h"
 
 namespace trillomat {
-
-/// An I-Melody file with these notes.
-inline std::string TuneText(const std::string& notes) {
-  return "BEGIN:IMELODY\r\nVERSION:1.2\r\nFORMAT:CLASS1.0\r\nNAME:Tune\r\nCOMPOSER:Me\r\nBEAT:120\r\n"
-         "STYLE:S2\r\nVOLUME:V7\r\nMELODY:" +
-         notes + "\r\nEND:IMELODY\r\n";
-}
 
 class FakeWindow : public ComposerView, public BrowserView, public PlayerView {
  public:
@@ -81,6 +72,12 @@ class BrowserTest : public testing::Test, public FakeWorkspace {
     window.calls.clear();
   }
 
+  /// The same after writing the I-Melody files with these names and notes.
+  void FillWith(const std::map<std::string, std::string>& tunes) {
+    for (const auto& [name, notes] : tunes) folder.Write(name, TuneText(notes));
+    Fill();
+  }
+
   /// The log without what the I-Melody reader says of every file's first line.
   std::vector<std::string> Logged() const {
     std::vector<std::string> lines = log.lines;
@@ -107,15 +104,8 @@ class BrowserTest : public testing::Test, public FakeWorkspace {
   }
 
   /// The composed melody in I-Melody tokens.
-  std::string Tokens() {
-    std::string text;
-    for (MelodyNote note : ws.melody.Elements()) text += ws.codec.EncodeNote(note, FormatMode::IMelody);
-    return text;
-  }
-
-  void Compose(const std::string& token) {
-    ws.melody.Assign({ws.codec.DecodeNote(token, FormatMode::IMelody)});
-  }
+  std::string Tokens() { return TokensOf(ws.melody.Elements()); }
+  void Compose(const std::string& token) { ws.melody.Assign(NotesOf(token)); }
 
   TempFolder folder;
   FolderStore store{folder.Path()};

@@ -30,10 +30,7 @@ class RecoveryTest : public BrowserTest {
 
   std::string LastTokens(const Recovery& recovery) {
     const auto last = recovery.LastMelody();
-    if (!last) return "none";
-    std::string text;
-    for (MelodyNote note : last->elements) text += ws.codec.EncodeNote(note, FormatMode::IMelody);
-    return text;
+    return last ? TokensOf(last->elements) : "none";
   }
 };
 

@@ -1,13 +1,14 @@
 // The key presses of the four phones, through the public export.
 #include <gmock/gmock.h>
 
-#include <array>
+#include <map>
+#include <sstream>
 
 #include "core/tone.h"
 #include "exchange/export_targets.h"
 #include "exchange/key_press_run.h"
-#include "exchange/sample_notes.h"
 #include "support/fakes.h"
+#include "support/sample_notes.h"
 
 namespace trillomat {
 namespace {
@@ -43,38 +44,28 @@ void ExpectLines(Phone phone, const MelodyList& notes, const std::vector<std::st
   EXPECT_THAT(exported.log, IsEmpty());
 }
 
+std::string HoldLine(const std::string& key, const std::string& until, const std::string& behind) {
+  return "Hold: " + key + " until " + until + " Then press: " + behind;
+}
+
 TEST(KeyPresses, EveryToneWhateverItsCase) {
-  // Quarter notes; octave 4 is where the Nokia and T68i composers start and has an octave key elsewhere.
-  const ToneTable<std::array<std::string, 3>> keys{{{"1", "1", "1|0"},
-                                                    {"1#", "1#", "1|#0"},
-                                                    {"1#", "2#", "2|##0"},
-                                                    {"2", "2", "2|0"},
-                                                    {"2#", "2##", "2|#0"},
-                                                    {"2#", "3#", "3|#0"},
-                                                    {"3", "3", "3|0"},
-                                                    {"4", "4", "4|0"},
-                                                    {"4#", "4#", "4|#0"},
-                                                    {"4#", "5#", "5|##0"},
-                                                    {"5", "5", "5|0"},
-                                                    {"5#", "5##", "5|#0"},
-                                                    {"5#", "6#", "6|##0"},
-                                                    {"6", "6", "6|0"},
-                                                    {"6#", "6##", "6|#0"},
-                                                    {"6#", "7#", "7|#0"},
-                                                    {"7", "7", "7|0"}}};
+  // Quarter notes: the Nokia's keys, the T68i's, the key that the T39 and R320 hold, and what they press
+  // then.
+  const ToneTable<const char*> keys{"1 1 1 0",    "1# 1# 1 #0",  "1# 2# 2 ##0", "2 2 2 0",    "2# 2## 2 #0",
+                                    "2# 3# 3 #0", "3 3 3 0",     "4 4 4 0",     "4# 4# 4 #0", "4# 5# 5 ##0",
+                                    "5 5 5 0",    "5# 5## 5 #0", "5# 6# 6 ##0", "6 6 6 0",    "6# 6## 6 #0",
+                                    "6# 7# 7 #0", "7 7 7 0"};
   for (size_t i = 0; i < kTones.size(); ++i) {
-    for (const bool upper : {false, true}) {
-      std::string note(kTones.at(i));
-      if (upper) note.back() = static_cast<char>(note.back() - 'a' + 'A');
-      const std::string& held = keys.at(i)[2];
-      const std::string hold = "Hold: " + held.substr(0, 1) + " until ";
-      std::string t39 = hold + "lowercase with a \".\"";
-      std::string r320 = hold + "uppercase.";
-      const std::string behind = " Then press: " + held.substr(2);
-      ExpectLines(Phone::Nokia, {Tone(note)}, {"Press: " + keys.at(i)[0]});
-      ExpectLines(Phone::T68i, {Tone(note)}, {"Press: " + keys.at(i)[1]});
-      ExpectLines(Phone::T39, {Tone(note)}, {t39 += behind});
-      ExpectLines(Phone::R320, {Tone(note)}, {r320 += behind});
+    std::istringstream words(keys.at(i));
+    std::string nokia, t68i, held, behind;
+    words >> nokia >> t68i >> held >> behind;
+    std::string upper(kTones.at(i));
+    upper.back() = static_cast<char>(upper.back() - 'a' + 'A');
+    for (const std::string& note : {std::string(kTones.at(i)), upper}) {
+      ExpectLines(Phone::Nokia, {Tone(note)}, {"Press: " + nokia});
+      ExpectLines(Phone::T68i, {Tone(note)}, {"Press: " + t68i});
+      ExpectLines(Phone::T39, {Tone(note)}, {HoldLine(held, "lowercase with a \".\"", behind)});
+      ExpectLines(Phone::R320, {Tone(note)}, {HoldLine(held, "uppercase.", behind)});
     }
   }
 }
@@ -87,16 +78,13 @@ TEST(KeyPresses, NokiaStepsThroughOctavesAndLengths) {
                "Press: 1 * 9 9 9 9 9"});
 }
 
-TEST(KeyPresses, NokiaPausesAndCommands) {
+TEST(KeyPresses, NokiaPausesCommandsAndATonesMissingOctave) {
   ExpectLines(Phone::Nokia,
               {Pause(0.5F), Pause(1.0F, 1.5F), Pause(1.0F, 1.5F), Pause(2.0F, kTriplet), Pause(2.0F, 1.75F),
                Tone("R", -1), CommandNote("V10"), CommandNote("ledon"), Tone("a", 4, 1.0F, kTriplet)},
               {"Press: 0 8", "Press and hold 0  9", "Press and hold 0 ", "Press and hold 0 \r\n 9",
                "Press and hold 0 \r\n 9\r\n", "Press: 0 8", "Not supported", "Not supported", "Press: 6"});
   ExpectLines(Phone::Nokia, {Pause(1.0F, 1.75F)}, {""});
-}
-
-TEST(KeyPresses, NokiaToneWithoutAnOctaveGetsNoOctaveKeys) {
   ExpectLines(Phone::Nokia, {Tone("c", 6), Tone("d", -1), Tone("e", 3)},
               {"Press: 1 * *", "Press: 2", "Press: 3 *"});
 }
@@ -110,27 +98,19 @@ TEST(KeyPresses, T68iTypesWithoutBlanks) {
 }
 
 TEST(KeyPresses, T68iCommands) {
-  const std::vector<std::array<std::string, 2>> cases{{"ledon", "2"},
-                                                      {"ledoff", "1"},
-                                                      {"vibeon", "6"},
-                                                      {"vibeoff", "5"},
-                                                      {"backon", "4"},
-                                                      {"backoff", "3"},
-                                                      {"V+", "9"},
-                                                      {"V-", "Down, Down, Left"},
-                                                      {"(", "7"},
-                                                      {"@0)", "8, 8"},
-                                                      {"@1)", "8"},
-                                                      {"@2)", "8, 9"},
-                                                      {"@3)", "8, 9 9"},
-                                                      {"@-3)", "8"},
-                                                      {")", "8, 8"},
-                                                      {")5", "8, 8"},
-                                                      {"V0", "Down, Down, Left, Left"},
-                                                      {"V3", "Down, Down, Left, Left, 9 9 9"},
-                                                      {"V", "Down, Down, Left, Left"}};
-  for (const auto& [special, keys] : cases) {
-    ExpectLines(Phone::T68i, {CommandNote(special)}, {"Option key, 2, " + keys});
+  using Keys = std::map<std::string, std::string>;
+  const Keys lights = {{"ledon", "2"},   {"ledoff", "1"}, {"vibeon", "6"},
+                       {"vibeoff", "5"}, {"backon", "4"}, {"backoff", "3"}};
+  const Keys repeats = {{"(", "7"},        {"@0)", "8, 8"}, {"@1)", "8"},  {"@2)", "8, 9"},
+                        {"@3)", "8, 9 9"}, {"@-3)", "8"},   {")", "8, 8"}, {")5", "8, 8"}};
+  const Keys volumes = {{"V+", "9"},
+                        {"V-", "Down, Down, Left"},
+                        {"V0", "Down, Down, Left, Left"},
+                        {"V3", "Down, Down, Left, Left, 9 9 9"},
+                        {"V", "Down, Down, Left, Left"}};
+  for (const Keys& cases : {lights, repeats, volumes}) {
+    for (const auto& [special, keys] : cases)
+      ExpectLines(Phone::T68i, {CommandNote(special)}, {"Option key, 2, " + keys});
   }
   ExpectLines(Phone::T68i, {Tone("c"), CommandNote("LedOn")}, {"Press: 1", "Press: 1\r\n"});
 }
@@ -190,27 +170,20 @@ TEST(KeyPresses, AToneWithoutKeysCarriesOnTheElementBefore) {
 }
 
 TEST(KeyPresses, TellsOfAMoveUpAlone) {
-  const std::vector<std::pair<MelodyList, std::string>> cases{
-      {Tones({2, 3}), "All notes have been moved 1 (scale) \r\n"}, {Tones({6, 7}), ""}, {Tones({3, 4}), ""}};
-  for (const auto& [notes, header] : cases) {
-    const std::string text = Export(Phone::Nokia, notes).text.value();
-    EXPECT_EQ(text.substr(0, text.find("0--> ")), header);
+  using Case = std::tuple<Phone, MelodyList, std::string>;
+  const Case cases[] = {{Phone::Nokia, Tones({2, 3}), "1"}, {Phone::Nokia, Tones({6, 7}), ""},
+                        {Phone::Nokia, Tones({3, 4}), ""},  {Phone::T68i, Tones({2}), "2"},
+                        {Phone::T39, Tones({2}), "1"},      {Phone::R320, Tones({0}), "3"}};
+  for (const auto& [phone, notes, moved] : cases) {
+    const std::string header = moved.empty() ? "" : "All notes have been moved " + moved + " (scale) \r\n";
+    EXPECT_THAT(Export(phone, notes).text.value(), ::testing::StartsWith(header + "0--> "));
   }
-  EXPECT_TRUE(
-      Export(Phone::T68i, Tones({2})).text->starts_with("All notes have been moved 2 (scale) \r\n0--> "));
-  EXPECT_TRUE(
-      Export(Phone::T39, Tones({2})).text->starts_with("All notes have been moved 1 (scale) \r\n0--> "));
-  EXPECT_TRUE(
-      Export(Phone::R320, Tones({0})).text->starts_with("All notes have been moved 3 (scale) \r\n0--> "));
 }
 
-TEST(KeyPresses, CountsLinesBeyondSixteenBits) {
+TEST(KeyPresses, CountsLinesBeyondSixteenBitsAndRefusesATextBeyondAllBounds) {
   const std::string text = Export(Phone::Nokia, MelodyList(70000, Tone("c"))).text.value();
   EXPECT_TRUE(text.ends_with("69999--> Press: 1\r\n"));
   EXPECT_NE(text.find("\n32768--> Press: 1\r\n"), std::string::npos);
-}
-
-TEST(KeyPresses, RefusesATextBeyondAllBounds) {
   const Exported repeat = Export(Phone::T68i, {CommandNote("@9999999999999)")});
   EXPECT_EQ(repeat.text, std::nullopt);
   EXPECT_EQ(repeat.refusal, "the melody takes more key presses than can be written down");

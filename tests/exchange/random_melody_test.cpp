@@ -7,8 +7,8 @@
 #include "core/tone.h"
 #include "exchange/export_targets.h"
 #include "exchange/import_text.h"
-#include "exchange/sample_notes.h"
 #include "support/fakes.h"
+#include "support/sample_notes.h"
 
 namespace trillomat {
 namespace {

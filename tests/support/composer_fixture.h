@@ -1,29 +1,23 @@
 // A composer over fakes: what was sounded and shown is remembered, time passes by hand.
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <string>
 #include <vector>
 
 #include "composer/composer.h"
 #include "playback/player.h"
-#include "support/fakes.h"
+#include "support/fake_sound.h"
 
 namespace trillomat {
 
-/// Remembers the tones that were beeped, in Hz.
-class FakeSound : public SoundDevice {
- public:
-  bool StartWave(std::span<const uint8_t> /*image*/) override { return true; }
-  void StopWave() override {}
-  void Beep(int32_t hertz, int32_t /*milliseconds*/) override {
-    beeps.push_back(hertz);
-    if (onBeep) onBeep();
-  }
-  std::vector<int32_t> beeps;
-  std::function<void()> onBeep;
-};
+/// An I-Melody file with these notes.
+inline std::string TuneText(const std::string& notes) {
+  return "BEGIN:IMELODY\r\nVERSION:1.2\r\nFORMAT:CLASS1.0\r\nNAME:Tune\r\nCOMPOSER:Me\r\nBEAT:120\r\n"
+         "STYLE:S2\r\nVOLUME:V7\r\nMELODY:" +
+         notes + "\r\nEND:IMELODY\r\n";
+}
 
 class FakeComposerView : public ComposerView {
  public:
@@ -41,24 +35,15 @@ class ComposerTest : public testing::Test, public FakeWorkspace {
 
   /// The composed melody in I-Melody tokens, the cursor as "|" behind the element it is on.
   std::string Tokens() {
-    std::string text = ws.melody.lCurrentIndex < 0 ? "|" : "";
-    for (int32_t i = 0; i <= ws.melody.UpperBound(); ++i) {
-      MelodyNote note = ws.melody.At(i);
-      text +=
-          ws.codec.EncodeNote(note, FormatMode::IMelody) + (i == ws.melody.lCurrentIndex ? "|" : "") + " ";
-    }
-    return text;
+    const MelodyList& all = ws.melody.Elements();
+    const auto cursor = all.begin() + std::min(ws.melody.lCurrentIndex, ws.melody.UpperBound()) + 1;
+    std::string left = TokensOf({all.begin(), cursor}, " ");
+    if (!left.empty()) left.pop_back();
+    return left + (left.empty() ? "|" : "| ") + TokensOf({cursor, all.end()}, " ");
   }
 
-  /// Replaces the melody by I-Melody tokens separated by blanks, the cursor at `cursor`.
   void Compose(const std::string& tokens, int32_t cursor) {
-    MelodyList list;
-    for (size_t start = 0; start < tokens.size();) {
-      const size_t end = std::min(tokens.find(' ', start), tokens.size());
-      list.push_back(ws.codec.DecodeNote(tokens.substr(start, end - start), FormatMode::IMelody));
-      start = end + 1;
-    }
-    ws.melody.Assign(list);
+    ws.melody.Assign(NotesOf(tokens));
     ws.melody.lCurrentIndex = cursor;
   }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -56,8 +57,21 @@ class FakePump : public EventPump {
   FakeClock* clock_;
 };
 
-/// A workspace over fakes.
+/// A workspace over fakes, and the way between elements and I-Melody tokens.
 struct FakeWorkspace {
+  std::string TokensOf(const MelodyList& elements, const char* behindEach = "") {
+    std::string text;
+    for (MelodyNote note : elements) text += ws.codec.EncodeNote(note, FormatMode::IMelody) + behindEach;
+    return text;
+  }
+  /// Of tokens with blanks between them.
+  MelodyList NotesOf(const std::string& tokens) {
+    MelodyList notes;
+    std::istringstream in(tokens);
+    for (std::string token; in >> token;) notes.push_back(ws.codec.DecodeNote(token, FormatMode::IMelody));
+    return notes;
+  }
+
   FakeLog log;
   FakeClock clock;
   FakePump pump{&clock};
