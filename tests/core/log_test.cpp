@@ -1,12 +1,9 @@
 #include "core/log.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <fstream>
-#include <iterator>
 
 #include "support/fakes.h"
+#include "support/temp_folder.h"
 
 namespace trillomat {
 namespace {
@@ -15,35 +12,22 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-std::string Content(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
 class FakeMessages : public MessageBox {
  public:
   bool ShowMessage(std::string_view message, bool offerSilence) override {
     shown.push_back((offerSilence ? "silence? " : "") + std::string(message));
-    fileWhenShown = Content(file);
+    if (onShow) onShow();
     return tick;
   }
   std::vector<std::string> shown;
   bool tick = false;
-  std::filesystem::path file;
-  std::string fileWhenShown;
+  std::function<void()> onShow;
 };
 
 class FileLogTest : public testing::Test {
  protected:
-  FileLogTest() {
-    std::filesystem::remove(file_);
-    messages_.file = file_;
-  }
-  ~FileLogTest() override { std::filesystem::remove(file_); }
-
-  std::filesystem::path file_ =
-      std::filesystem::path(testing::TempDir()) /
-      (std::string("log_") + testing::UnitTest::GetInstance()->current_test_info()->name() + ".txt");
+  TempFolder folder_;
+  std::filesystem::path file_ = folder_ / "log.txt";
   FakeClock clock_;
   FakeMessages messages_;
 };
@@ -51,16 +35,18 @@ class FileLogTest : public testing::Test {
 TEST_F(FileLogTest, LinesAreAppendedInOrder) {
   FileLog(file_, clock_, messages_).WriteLog("Application started", 1);
   FileLog(file_, clock_, messages_).WriteLog("Application ended", 1);
-  EXPECT_EQ(Content(file_), "12:34:56\t\tApplication started\r\n12:34:56\t\tApplication ended\r\n");
+  EXPECT_EQ(folder_.Read("log.txt"), "12:34:56\t\tApplication started\r\n12:34:56\t\tApplication ended\r\n");
   EXPECT_THAT(messages_.shown, IsEmpty());
 }
 
 TEST_F(FileLogTest, LevelTwoIsWrittenBeforeItIsShown) {
   FileLog log(file_, clock_, messages_);
+  std::string fileWhenShown;
+  messages_.onShow = [&] { fileWhenShown = folder_.Read("log.txt"); };
   log.WriteLog("Nothing to save", 2);
   log.WriteLog("Nothing to save", 2);
   EXPECT_THAT(messages_.shown, ElementsAre("Nothing to save", "Nothing to save"));
-  EXPECT_THAT(messages_.fileWhenShown, HasSubstr("Nothing to save"));
+  EXPECT_THAT(fileWhenShown, HasSubstr("Nothing to save"));
 }
 
 TEST_F(FileLogTest, OneOperationCanBeSilencedFromItsSecondMessageOn) {
@@ -78,7 +64,7 @@ TEST_F(FileLogTest, OneOperationCanBeSilencedFromItsSecondMessageOn) {
   const LogOperation next(log);
   log.WriteLog("four", 2);
   EXPECT_THAT(messages_.shown, ElementsAre("one", "silence? two", "four"));
-  EXPECT_THAT(Content(file_), HasSubstr("three"));
+  EXPECT_THAT(folder_.Read("log.txt"), HasSubstr("three"));
 }
 
 TEST_F(FileLogTest, AFileThatCannotBeWrittenIsSaidOnce) {

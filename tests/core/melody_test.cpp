@@ -6,46 +6,32 @@
 
 #include "core/format_mode.h"
 #include "core/tone.h"
+#include "support/sample_notes.h"
 
 namespace trillomat {
 namespace {
 
-MelodyNote Tone(int16_t octave, float duration) {
-  MelodyNote note;
-  note.Octave = octave;
-  note.Note = "c";
-  note.Duration = duration;
-  note.DurationExtra = 1;
-  return note;
-}
-
-MelodyList Tones(std::initializer_list<std::pair<int16_t, float>> tones) {
+MelodyList Notes(std::initializer_list<std::pair<int, float>> tones) {
   MelodyList list;
-  for (const auto& [octave, duration] : tones) list.push_back(Tone(octave, duration));
+  for (const auto& [octave, duration] : tones) list.push_back(Tone("c", octave, duration));
   return list;
 }
 
 TEST(MelodyDefaultsTest, TheCommonestWinsAndTiesAreSettled) {
-  struct Case {
-    std::string name;
-    MelodyList notes;
-    MelodyDefaults view;
-    int16_t headerOctave;
-  };
+  using Case = std::tuple<std::string, MelodyList, MelodyDefaults, int16_t>;
   const Case cases[] = {
       {"nothing", {}, {3, 4.0F}, 3},
       {"commands only", {CommandNote("ledon"), CommandNote("(")}, {3, 4.0F}, 3},
-      {"a pause counts by its length", Tones({{-1, 0.5F}, {6, 0.5F}, {6, 1.0F}}), {6, 0.5F}, 6},
-      {"tie of the upper octaves", Tones({{5, 1.0F}, {6, 1.0F}}), {5, 1.0F}, 3},
-      {"tie below the best", Tones({{4, 1.0F}, {5, 1.0F}, {6, 1.0F}, {6, 1.0F}}), {6, 1.0F}, 6},
-      {"tie of durations", Tones({{4, 0.125F}, {4, 0.25F}}), {4, 0.25F}, 4},
-      {"octaves outside 3 to 6", Tones({{7, 1.0F}, {7, 1.0F}, {2, 1.0F}, {5, 1.0F}}), {5, 1.0F}, 5},
-      {"unknown lengths", Tones({{4, 0.0F}, {4, 0.3F}, {4, 0.125F}}), {4, 0.125F}, 4},
+      {"a pause counts by its length", Notes({{-1, 0.5F}, {6, 0.5F}, {6, 1.0F}}), {6, 0.5F}, 6},
+      {"tie of the upper octaves", Notes({{5, 1.0F}, {6, 1.0F}}), {5, 1.0F}, 3},
+      {"tie below the best", Notes({{4, 1.0F}, {5, 1.0F}, {6, 1.0F}, {6, 1.0F}}), {6, 1.0F}, 6},
+      {"tie of durations", Notes({{4, 0.125F}, {4, 0.25F}}), {4, 0.25F}, 4},
+      {"octaves outside 3 to 6", Notes({{7, 1.0F}, {7, 1.0F}, {2, 1.0F}, {5, 1.0F}}), {5, 1.0F}, 5},
+      {"unknown lengths", Notes({{4, 0.0F}, {4, 0.3F}, {4, 0.125F}}), {4, 0.125F}, 4},
   };
-  for (const Case& c : cases) {
-    EXPECT_EQ(ComputeMelodyDefaults(c.notes), c.view) << c.name;
-    EXPECT_EQ(ComputeRtttlHeaderDefaults(c.notes), (MelodyDefaults{c.headerOctave, c.view.duration}))
-        << c.name;
+  for (const auto& [name, notes, view, headerOctave] : cases) {
+    EXPECT_EQ(ComputeMelodyDefaults(notes), view) << name;
+    EXPECT_EQ(ComputeRtttlHeaderDefaults(notes), (MelodyDefaults{headerOctave, view.duration})) << name;
   }
 }
 
@@ -56,8 +42,7 @@ TEST(MelodyTest, DefaultsStayRightThroughAnyEditing) {
   };
   Melody melody;
   for (int step = 0; step < 3000; ++step) {
-    const MelodyNote note =
-        Tone(static_cast<int16_t>(pick(9) - 1), kDurations.at(static_cast<size_t>(pick(6))));
+    const MelodyNote note = Tone("c", pick(9) - 1, kDurations.at(static_cast<size_t>(pick(6))));
     const int32_t count = melody.UpperBound() + 1;
     const int32_t action = pick(20);
     if (action < 8 || count == 0) {
@@ -82,13 +67,13 @@ TEST(ToneTest, SpellingsAreFoundWhateverTheirCase) {
 }
 
 TEST(FormatModeTest, ExtensionsPickTheMode) {
-  EXPECT_EQ(ModeOfExtension("imy"), FormatMode::IMelody);
   EXPECT_EQ(ModeOfExtension("EMY"), FormatMode::EMelody);
-  EXPECT_EQ(ModeOfExtension("Rtx"), FormatMode::Rtttl);
-  EXPECT_EQ(ModeOfExtension("mel"), FormatMode::Melody);
   EXPECT_EQ(ModeOfExtension("rtttl"), std::nullopt);
   EXPECT_EQ(ModeOfExtension(""), std::nullopt);
-  for (const ModeLimits& limits : kModeLimits) EXPECT_EQ(&LimitsOf(limits.mode), &limits);
+  for (const ModeLimits& limits : kModeLimits) {
+    EXPECT_EQ(&LimitsOf(limits.mode), &limits);
+    EXPECT_EQ(ModeOfExtension(limits.extension), limits.mode);
+  }
 }
 
 }  // namespace
