@@ -14,40 +14,32 @@ std::string Song(const std::string& notes) {
 
 TEST(EMelodyFile, ReadsWhatStandsBetweenTheMarkers) {
   const std::vector<ReadCase> cases{
-      {"tones", Song("+C.(b)d++#eF"), true, {"4 c 4 1", "3 &d 0.5 1", "5 #e 0.5 1", "3 f 2 1"}, {}},
-      {"pauses and the German h",
-       Song("pP.-hH"),
-       true,
-       {"3 r 0.5 1", "3 r 4 1", "3 r 0.5 1", "3 b 0.5 1", "3 b 2 1"},
-       {}},
-      {"layout anywhere, over lines", Song("+ C\r\n.\t( b )\rd"), true, {"4 c 4 1", "3 &d 0.5 1"}, {}},
-      {"a letter before a bracket ends no token", Song("c)d"), true, {"3 c)d 0.5 1"}, {}},
-      {"signs between the letters end tokens", Song("^."), true, {"3 ^ 4 1"}, {}},
-      {"a z ends none", Song("zczz"), false, {}, {kCritical}},
-      {"digits alone", Song("12"), false, {}, {kCritical}},
-      {"one dot belongs to a token", Song("c.."), false, {}, {kCritical}},
-      {"nothing between", Song(" \t"), false, {}, {"1: Error in bReadFile_EMelody"}},
-      {"no start", "cde", false, {}, {}},
-      {"no end", "MELODY:cde\r\nEND:IMELODY", false, {}, {}},
-      {"markers across lines", "MELO\r\nDY:c\nEND:EMEL\rODY", true, {"3 c 0.5 1"}, {}},
-      {"one character", "c\r\n", false, {}, {}},
+      {"tones", Song("+C.(b)d++#eF"), "4 c 4 1, 3 &d 0.5 1, 5 #e 0.5 1, 3 f 2 1"},
+      {"pauses and the German h", Song("pP.-hH"), "3 r 0.5 1, 3 r 4 1, 3 r 0.5 1, 3 b 0.5 1, 3 b 2 1"},
+      {"layout anywhere, over lines", Song("+ C\r\n.\t( b )\rd"), "4 c 4 1, 3 &d 0.5 1"},
+      {"a letter before a bracket ends no token", Song("c)d"), "3 c)d 0.5 1"},
+      {"signs between the letters end tokens", Song("^."), "3 ^ 4 1"},
+      {"a z ends none", Song("zczz"), "refused", {kCritical}},
+      {"digits alone", Song("12"), "refused", {kCritical}},
+      {"one dot belongs to a token", Song("c.."), "refused", {kCritical}},
+      {"nothing between", Song(" \t"), "refused", {"1: Error in bReadFile_EMelody"}},
+      {"no start", "cde", "refused"},
+      {"no end", "MELODY:cde\r\nEND:IMELODY", "refused"},
+      {"markers across lines", "MELO\r\nDY:c\nEND:EMEL\rODY", "3 c 0.5 1"},
+      {"one character", "c\r\n", "refused"},
   };
   for (const ReadCase& each : cases) CheckRead(FormatMode::EMelody, each);
 }
 
 TEST(MelodyFile, ReadsTheWholeText) {
   const std::vector<ReadCase> cases{
-      {"tones", "+C(b)d#e\r\nF\r\n", true, {"4 C 1 1", "3 &d 0.5 1", "3 #e 0.5 1", "3 F 1 1"}, {}},
-      {"pauses and the German h",
-       "pP-hH",
-       true,
-       {"3 r 0.5 1", "3 R 1 1", "3 r 0.5 1", "3 b 0.5 1", "3 B 1 1"},
-       {}},
-      {"a dot stays with its letter", "c.d", true, {"3 c. 0.5 1", "3 d 0.5 1"}, {}},
-      {"a rest without a letter", "cd7", false, {}, {kCritical}},
-      {"blanks alone", "  \t", false, {}, {"1: Error in bReadFile_Melody"}},
-      {"an empty line", "\r\n", false, {}, {}},
-      {"one character", "c", false, {}, {}},
+      {"tones", "+C(b)d#e\r\nF\r\n", "4 C 1 1, 3 &d 0.5 1, 3 #e 0.5 1, 3 F 1 1"},
+      {"pauses and the German h", "pP-hH", "3 r 0.5 1, 3 R 1 1, 3 r 0.5 1, 3 b 0.5 1, 3 B 1 1"},
+      {"a dot stays with its letter", "c.d", "3 c. 0.5 1, 3 d 0.5 1"},
+      {"a rest without a letter", "cd7", "refused", {kCritical}},
+      {"blanks alone", "  \t", "refused", {"1: Error in bReadFile_Melody"}},
+      {"an empty line", "\r\n", "refused"},
+      {"one character", "c", "refused"},
   };
   for (const ReadCase& each : cases) CheckRead(FormatMode::Melody, each);
 }
