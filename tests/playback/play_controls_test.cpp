@@ -22,34 +22,12 @@ void AfterBeeps(Playing& p, size_t beeps, std::function<void()> event) {
 TEST(PlayControls, PlaysFromTheStartAndUnlocksAfterwards) {
   Playing p("*3a2 ledon *3c2");
   p.ws.melody.lCurrentIndex = 2;
+  p.pump.onPump = [&](int) { p.Click(Control::Play); };  // ignored: it plays already
   p.Click(Control::Play);
   EXPECT_THAT(p.sound.lines, ElementsAre("440 600", "264 600"));
   EXPECT_THAT(p.host.calls, ElementsAre("lock", "Playing", "0", "1", "2", "unlock", "Play"));
   EXPECT_THAT(p.log.lines, ElementsAre("1: Done Playing"));
   EXPECT_FALSE(p.controls.IsPlaying());
-}
-
-TEST(PlayControls, RepeatsBlocks) {
-  struct Case {
-    const char* tokens;
-    std::vector<std::string> tones;
-  };
-  const std::string a = "440 600";
-  const std::string c = "264 600";
-  const std::vector<Case> cases{{"( *3a2 *3c2 @2)", {a, c, a, c}},
-                                {"( *3a2 *3c2 @1)", {a, c}},
-                                {"( *3a2 @3) *3c2", {a, a, a, c}},
-                                {"( *3a2 @-1) *3c2", {a, c}},
-                                {"*3a2 @2) *3c2", {a, c}}};
-  for (const auto& [tokens, tones] : cases) {
-    Playing p(tokens);
-    p.Click(Control::Play);
-    EXPECT_EQ(p.sound.lines, tones) << tokens;
-    p.sound.lines.clear();
-    p.ws.iNoteMode = FormatMode::EMelody;
-    p.Click(Control::Play);
-    EXPECT_LE(p.sound.lines.size(), 2U) << tokens;
-  }
 }
 
 TEST(PlayControls, ButtonsButClearDoNothingOnAnEmptyMelody) {
@@ -84,45 +62,27 @@ TEST(PlayControls, StopEndsBetweenElementsAndIsNotLogged) {
   }
 }
 
-TEST(PlayControls, PauseSleepsUntilPauseOrPlay) {
-  for (const auto button : {Control::Pause, Control::Play}) {
+TEST(PlayControls, PauseSleepsUntilAButtonOrTheEndOfTheProgram) {
+  struct Case {
+    std::optional<Control> button;  // nothing: the program ends
+    size_t tones;
+  };
+  for (const Case& c :
+       {Case{Control::Pause, 2}, Case{Control::Play, 2}, Case{Control::Stop, 1}, Case{std::nullopt, 1}}) {
     Playing p("*3a2 *3c2");
     int paused = 0;
     p.pump.onPump = [&](int) {
-      if (p.sound.lines.size() == 1 && !p.controls.IsPaused() && paused == 0) p.Click(Control::Pause);
-      if (p.controls.IsPaused() && ++paused == 20) p.Click(button);
+      if (p.sound.lines.size() == 1 && paused == 0) p.Click(Control::Pause);
+      if (!p.controls.IsPaused() || ++paused < 20) return;
+      if (c.button) p.Click(*c.button);
+      p.pump.ending = !c.button;
     };
     p.Click(Control::Play);
-    EXPECT_EQ(p.sound.lines.size(), 2U);
+    EXPECT_EQ(p.sound.lines.size(), c.tones);
     EXPECT_GE(p.clock.seconds, 10);  // the pump slept: it moves the clock only then
-    EXPECT_THAT(p.log.lines, ElementsAre("1: Done Playing"));
+    EXPECT_EQ(p.log.lines.size(), c.tones - 1) << "only the end of the melody is logged";
+    EXPECT_FALSE(p.controls.IsPlaying() || p.controls.IsPaused());
   }
-}
-
-TEST(PlayControls, StopAndTheEndOfTheProgramLeaveAPause) {
-  for (const bool stop : {true, false}) {
-    Playing p("*3a2 *3c2");
-    p.pump.onPump = [&](int) {
-      if (p.controls.IsPaused()) {
-        if (stop) p.Click(Control::Stop);
-        p.pump.ending = !stop;
-      } else if (p.sound.lines.size() == 1 && !p.pump.ending && p.controls.IsPlaying()) {
-        p.Click(Control::Pause);
-      }
-    };
-    p.Click(Control::Play);
-    EXPECT_EQ(p.sound.lines.size(), 1U);
-    EXPECT_FALSE(p.controls.IsPlaying());
-    EXPECT_FALSE(p.controls.IsPaused());
-    EXPECT_THAT(p.log.lines, IsEmpty());
-  }
-}
-
-TEST(PlayControls, PlayIsIgnoredWhilePlaying) {
-  Playing p("*3a2 *3c2");
-  p.pump.onPump = [&](int) { p.Click(Control::Play); };
-  p.Click(Control::Play);
-  EXPECT_EQ(p.sound.lines.size(), 2U);
 }
 
 TEST(PlayControls, AMelodyThatShrinksEndsThePlaying) {
@@ -138,32 +98,28 @@ TEST(PlayControls, AMelodyThatShrinksEndsThePlaying) {
   EXPECT_EQ(p.sound.lines.size(), 3U);
 }
 
-TEST(PlayControls, AFileOpenedWhilePlayingTakesOverWithAutoPlay) {
-  for (const bool autoPlay : {true, false}) {
+TEST(PlayControls, AFileOpenedWhilePlayingTakesOverWithAutoPlayUnlessStopped) {
+  struct Case {
+    bool autoPlay;
+    bool stop;
+  };
+  for (const Case& c : {Case{true, false}, Case{false, false}, Case{true, true}}) {
     Playing p("*3a2 *3c2 *3d2");
-    p.settings.bAutoPlay = autoPlay;
+    p.settings.bAutoPlay = c.autoPlay;
     AfterBeeps(p, 1, [&] {
       p.Load("*3b2 *3a2 *3a2 *3a2 *3b2");
       p.ws.melody.lCurrentIndex = -1;
       p.controls.MelodyReplaced();
-      if (autoPlay) p.Click(Control::Play);
+      if (c.autoPlay) p.Click(Control::Play);
+      if (c.stop) p.Click(Control::Stop);
     });
     p.Click(Control::Play);
-    EXPECT_EQ(p.sound.lines.size(), autoPlay ? 6U : 1U);
-    EXPECT_EQ(p.ws.melody.lCurrentIndex, autoPlay ? 4 : -1);
-    EXPECT_EQ(p.log.lines.size(), autoPlay ? 1U : 0U);
+    const bool played = c.autoPlay && !c.stop;
+    EXPECT_EQ(p.sound.lines.size(), played ? 6U : 1U);
+    EXPECT_EQ(p.ws.melody.lCurrentIndex, played ? 4 : -1);
+    EXPECT_EQ(p.log.lines.size(), played ? 1U : 0U);
     EXPECT_EQ(std::count(p.host.calls.begin(), p.host.calls.end(), "Playing"), 1);
   }
-}
-
-TEST(PlayControls, StopAfterOpeningAFileWins) {
-  Playing p("*3a2 *3c2");
-  AfterBeeps(p, 1, [&] {
-    p.controls.MelodyReplaced();
-    p.Click(Control::Stop);
-  });
-  p.Click(Control::Play);
-  EXPECT_EQ(p.sound.lines.size(), 1U);
 }
 
 TEST(PlayControls, EndsInTheMiddleOfAWaitWithTheProgram) {

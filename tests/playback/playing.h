@@ -2,42 +2,23 @@
 #pragma once
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "playback/play_controls.h"
 #include "playback/play_trace.h"
 #include "playback/player.h"
-#include "support/fakes.h"
+#include "support/fake_sound.h"
 
 namespace trillomat {
 
-/// Remembers what sounded when, in ms of the fake clock; a beep moves that clock.
-class FakeSound : public SoundDevice {
- public:
-  explicit FakeSound(FakeClock& clock) : clock_(clock) {}
-
-  bool StartWave(std::span<const uint8_t> image) override {
-    lines.push_back("start " + std::to_string(image.size()) + Now());
-    return works;
-  }
-  void StopWave() override { lines.push_back("stop" + Now()); }
-  void Beep(int32_t hertz, int32_t milliseconds) override {
-    lines.push_back(std::to_string(hertz) + " " + std::to_string(milliseconds));
-    clock_.seconds += milliseconds / 1000.0;
-  }
-
-  bool works = true;
-  std::vector<std::string> lines;
-
- private:
-  std::string Now() const { return " at " + std::to_string(std::lround(clock_.seconds * 1000)); }
-
-  FakeClock& clock_;
-};
+/// The little-endian number of `size` bytes.
+inline uint32_t NumberAt(std::span<const uint8_t> bytes, size_t at, size_t size) {
+  uint32_t value = 0;
+  for (size_t i = 0; i < size; ++i) value |= uint32_t{bytes[at + i]} << (8 * i);
+  return value;
+}
 
 /// What the view was told, in one list.
 class FakeView : public PlayerView {
@@ -57,8 +38,7 @@ class FakeHost : public PlayHost {
   void SetPlayCaption(std::string_view caption) override { calls.emplace_back(caption); }
   void RefreshMelodyView() override { calls.push_back(std::to_string(melody_.lCurrentIndex)); }
   void ClearMelodyView() override { calls.emplace_back("clear"); }
-  int32_t lBeatDuration() override { return beat; }
-  int32_t beat = 600;
+  int32_t lBeatDuration() override { return 600; }
   std::vector<std::string> calls;
 
  private:
@@ -67,25 +47,20 @@ class FakeHost : public PlayHost {
 
 /// Everything that playing takes; beeps, since they show frequency and length.
 struct Playing : FakeWorkspace {
-  explicit Playing(std::string_view tokens = {}) {
+  explicit Playing(const std::string& tokens = {}) {
     player.outputType = OutputType::Beep;
     Load(tokens);
   }
 
   /// Makes a melody of I-Melody tokens with blanks between them.
-  void Load(std::string_view tokens) {
-    MelodyList notes;
-    std::istringstream in{std::string(tokens)};
-    for (std::string token; in >> token;) {
-      notes.push_back(ws.codec.DecodeNote(token, FormatMode::IMelody));
-    }
-    ws.melody.Assign(std::move(notes));
+  void Load(const std::string& tokens) {
+    ws.melody.Assign(NotesOf(tokens));
     log.lines.clear();
   }
 
   void Click(Control control) { controls.cmdControl_Click(static_cast<int>(control)); }
 
-  FakeSound sound{clock};
+  FakeSound sound{&clock};
   FakeView view;
   Player player{ws, clock, sound, view};
   FakeHost host{ws.melody};

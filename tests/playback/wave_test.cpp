@@ -1,0 +1,163 @@
+// The wave images of single tones and the WAV file of a melody.
+#include <cmath>
+#include <limits>
+#include <numbers>
+#include <sstream>
+
+#include "playback/render_wave.h"
+#include "playback/wave_synthesis.h"
+#include "playing.h"
+
+namespace trillomat {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+int16_t SampleAt(std::span<const uint8_t> image, size_t frame) {
+  return static_cast<int16_t>(NumberAt(image, kWaveHeaderSize + 2 * frame, 2));
+}
+
+// A mono 16-bit tone.
+WaveSynthesis WaveOf(double frequency) {
+  WaveSynthesis wave;
+  wave.BuildWaveHeader(44100, 16, 1, 0.5, 0.5);
+  wave.SynthesiseTone(frequency);
+  return wave;
+}
+
+size_t FramesOf(double frequency) { return WaveOf(frequency).Samples().size() / 2; }
+
+TEST(WaveSynthesis, WritesTheHeaderByteForByte) {
+  const WaveSynthesis wave = WaveOf(440);
+  EXPECT_EQ(wave.Samples().size(), 2 * 1003U);
+  const std::vector<uint8_t> header(wave.Image().begin(), wave.Image().begin() + kWaveHeaderSize);
+  const std::vector<uint8_t> expected{'R', 'I', 'F',  'F',  0xFA, 0x07, 0,    0,    'W',  'A', 'V',
+                                      'E', 'f', 'm',  't',  ' ',  16,   0,    0,    0,    1,   0,
+                                      1,   0,   0x44, 0xAC, 0,    0,    0x88, 0x58, 1,    0,   2,
+                                      0,   16,  0,    'd',  'a',  't',  'a',  0xD6, 0x07, 0,   0};
+  EXPECT_EQ(header, expected);
+}
+
+TEST(WaveSynthesis, CutsHalfScaleSamplesTowardsZero) {
+  WaveSynthesis wave = WaveOf(11025);  // four samples a period, so the values are plain
+  const auto image = wave.Image();
+  EXPECT_EQ(SampleAt(image, 0), 0);
+  EXPECT_EQ(SampleAt(image, 1), 16383);
+  EXPECT_EQ(SampleAt(image, 3), -16383);
+  wave.SynthesiseTone(440);
+  EXPECT_EQ(SampleAt(wave.Image(), 1),
+            static_cast<int>(0.5 * 32767 * std::sin(2 * std::numbers::pi * 440 / 44100)));
+}
+
+TEST(WaveSynthesis, EndsAtTheUpwardCrossingOfTheLastPeriod) {
+  EXPECT_NEAR(static_cast<double>(FramesOf(1000)), 441.5, 0.5);  // the last crossing is a hair's breadth off
+  EXPECT_EQ(FramesOf(33), 13364U);
+  EXPECT_EQ(FramesOf(1056), 4177U);
+  // 10 periods up to 1000 Hz, 100 above.
+  EXPECT_NEAR(static_cast<double>(FramesOf(999)), 441.4, 1);
+  EXPECT_NEAR(static_cast<double>(FramesOf(1001)), 4405.6, 1);
+}
+
+TEST(WaveSynthesis, StaysBoundedWhereTheSampledSineHasNoPeriods) {
+  for (const double hertz : {22049.5, 22050.0, 31744.0, 44099.0, 44100.0, 88200.0, 2080374784.0}) {
+    const size_t frames = FramesOf(hertz);
+    EXPECT_GT(frames, 0U) << hertz;
+    EXPECT_LE(frames, 44100U) << hertz;
+  }
+  EXPECT_EQ(FramesOf(0), 0U);
+  EXPECT_EQ(FramesOf(1), 441001U);
+}
+
+TEST(WaveSynthesis, HasEightBitsAndSeveralChannels) {
+  WaveSynthesis wave;
+  wave.BuildWaveHeader(8000, 8, 2, 0.5, 0.25);
+  wave.SynthesiseTone(1000);
+  const auto image = wave.Image();
+  EXPECT_EQ(NumberAt(image, 22, 2), 2U);      // channels
+  EXPECT_EQ(NumberAt(image, 28, 4), 16000U);  // bytes a second
+  EXPECT_EQ(NumberAt(image, 32, 2), 2U);      // bytes a frame
+  EXPECT_EQ(NumberAt(image, 34, 2), 8U);
+  EXPECT_EQ(NumberAt(image, 40, 4) + kWaveHeaderSize, image.size());
+  EXPECT_EQ(image[44], 127);
+  EXPECT_EQ(image[44 + 2 * 2], 127 + 63);  // left, a quarter period on
+  EXPECT_EQ(image[45 + 2 * 2], 127 + 31);  // right
+  EXPECT_EQ(image[44 + 2 * 6], 127 - 63);
+}
+
+std::vector<uint8_t> Rendered(Playing& p, int32_t beat, int32_t rounds = 1) {
+  std::ostringstream out;
+  EXPECT_TRUE(RenderWave(p.ws, beat, rounds, out));
+  const std::string text = out.str();
+  return {text.begin(), text.end()};
+}
+
+std::vector<int16_t> SamplesOf(std::span<const uint8_t> wave) {
+  std::vector<int16_t> samples;
+  for (size_t at = 44; at + 1 < wave.size(); at += 2)
+    samples.push_back(static_cast<int16_t>(NumberAt(wave, at, 2)));
+  return samples;
+}
+
+// Upward zero crossings a second.
+double FrequencyOf(std::span<const int16_t> samples) {
+  int crossings = 0;
+  for (size_t i = 1; i < samples.size(); ++i) crossings += samples[i - 1] < 0 && samples[i] >= 0 ? 1 : 0;
+  return crossings * 44100.0 / static_cast<double>(samples.size());
+}
+
+TEST(RenderWave, CutsEachToneToItsExactLength) {
+  Playing p("*3a2 r2 *3a2 *4c2 ledon");
+  const auto wave = Rendered(p, 333);
+  EXPECT_EQ(NumberAt(wave, 4, 4), wave.size() - 8);
+  EXPECT_EQ(NumberAt(wave, 40, 4), wave.size() - 44);
+  const auto samples = SamplesOf(wave);
+  ASSERT_EQ(samples.size(), 58741U);  // 1332 ms, rounded once
+  const std::span all(samples);
+  EXPECT_NEAR(FrequencyOf(all.first(14685)), 440, 4.4);
+  EXPECT_THAT(all.subspan(14685, 14686), testing::Each(0));
+  EXPECT_NEAR(FrequencyOf(all.subspan(29371, 14685)), 440, 4.4);
+  EXPECT_NEAR(FrequencyOf(all.subspan(44056)), 528, 5.3);
+  // A ramp of 3 ms on both sides of the border between two tones.
+  EXPECT_LT(std::abs(samples[44055]), 200);
+  EXPECT_LT(std::abs(samples[44056]), 200);
+  EXPECT_EQ(*std::max_element(samples.begin() + 29371 + 132, samples.begin() + 44056 - 132), 16383);
+}
+
+TEST(RenderWave, ManyShortElementsDoNotDrift) {
+  std::string tokens;
+  for (int i = 0; i < 1000; ++i) tokens += i % 2 == 0 ? "*3a5 " : "r5 ";
+  Playing p(tokens);
+  EXPECT_EQ(SamplesOf(Rendered(p, 568)).size(), 3131100U);  // 71 ms: 3131.1 samples
+}
+
+TEST(RenderWave, PlaysEndlessBlocksAsOftenAsAsked) {
+  Playing p("( *3a2 @0) @2)");
+  for (const int32_t rounds : {1, 4})
+    EXPECT_GE(SamplesOf(Rendered(p, 100, rounds)).size(), 4410U * static_cast<size_t>(rounds));
+}
+
+TEST(RenderWave, LogsOnceWhatThePlayerLogs) {
+  Playing p("*3h2");
+  EXPECT_THAT(SamplesOf(Rendered(p, 100)), testing::Each(0));
+  EXPECT_THAT(p.log.lines, ElementsAre("1: Unknown tone-->h"));
+}
+
+TEST(RenderWave, RefusesWhatNoWavFileHolds) {
+  Playing p("r2");
+  std::ostringstream out;
+  EXPECT_FALSE(RenderWave(p.ws, std::numeric_limits<int32_t>::max(), 1, out));
+  EXPECT_EQ(p.ws.refusal, "The melody is too long for a WAV file.");
+  EXPECT_THAT(out.str(), IsEmpty());
+  p.Load("*3a2 r2");
+  std::ostringstream failing;
+  failing.setstate(std::ios::badbit);
+  EXPECT_FALSE(RenderWave(p.ws, 100, 1, failing));
+  EXPECT_EQ(p.ws.refusal, "The WAV file could not be written.");
+  p.pump.ending = true;
+  EXPECT_FALSE(RenderWave(p.ws, 100, 1, out));
+  EXPECT_EQ(p.ws.refusal, "Interrupted.");
+}
+
+}  // namespace
+}  // namespace trillomat
