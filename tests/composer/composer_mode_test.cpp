@@ -1,81 +1,34 @@
-#include <gmock/gmock.h>
-
+#include "composer/change_scale.h"
 #include "support/composer_fixture.h"
+#include "support/sample_notes.h"
 
 namespace trillomat {
 namespace {
 
-TEST_F(ComposerTest, EachModeOffersWhatItCanHold) {
-  struct Case {
-    FormatMode mode;
-    bool commands;
-    std::string durations;
-    std::string extras;
-    int duration;
-    int extra;
-    int32_t bpm;
-    int octave;
-  };
-  const Case cases[] = {{FormatMode::IMelody, true, "111111", "1111", 4, 1, 120, 7},
-                        {FormatMode::EMelody, false, "111100", "0000", 2, 0, 200, 5},
-                        {FormatMode::Rtttl, false, "111111", "1100", 4, 0, 120, 6},
-                        {FormatMode::Melody, false, "001100", "0000", 3, 0, 200, 4}};
-  for (const Case& c : cases) {
+TEST_F(ComposerTest, AModeBringsItsTempoItsOctavesAndItsFilesAndATempoItsBeat) {
+  using Case = std::tuple<FormatMode, int32_t, int>;
+  for (const auto& [mode, bpm, octave] :
+       {Case{FormatMode::EMelody, 200, 5}, Case{FormatMode::Rtttl, 120, 6}, Case{FormatMode::Melody, 200, 4},
+        Case{FormatMode::IMelody, 120, 8}}) {
     composer.mnuSettingFormatType_Click(FormatMode::IMelody);
-    composer.optDuration_Click(4);
-    composer.optDurationExtra_Click(1);
-    composer.SliderOctave_Change(7);
+    composer.SliderOctave_Change(9);
     ws.header.BPM = 120;
     const int lists = view.fileLists;
-    composer.mnuSettingFormatType_Click(c.mode);
-    std::string durations;
-    std::string extras;
-    for (int i = 0; i < 6; ++i) durations += composer.HasDuration(i) ? '1' : '0';
-    for (int i = 0; i < 4; ++i) extras += composer.HasDurationExtra(i) ? '1' : '0';
-    EXPECT_EQ(durations, c.durations);
-    EXPECT_EQ(extras, c.extras);
-    EXPECT_EQ(composer.CanInsertCommands(), c.commands);
-    EXPECT_EQ(composer.CanSetVolume(), c.commands);
-    EXPECT_EQ(composer.State().duration, c.duration);
-    EXPECT_EQ(composer.State().durationExtra, c.extra);
-    EXPECT_EQ(composer.State().octave, c.octave);
-    EXPECT_EQ(ws.header.BPM, c.bpm);
-    EXPECT_EQ(composer.lBeatDuration(), 60000 / c.bpm);
+    composer.mnuSettingFormatType_Click(mode);
+    EXPECT_EQ(composer.State().octave, octave);
+    EXPECT_EQ(composer.lBeatDuration(), 60000 / bpm);
     EXPECT_EQ(view.fileLists, lists + 1);
   }
-}
-
-TEST_F(ComposerTest, TheMelodyStaysWhenTheModeChanges) {
-  Compose("*7c4 ledon *4d2", 2);
+  Compose("*8c4 ledon *4d2", 2);
   composer.mnuSettingFormatType_Click(FormatMode::Melody);
-  EXPECT_EQ(view.melody.txtLeft, "   [c]   +D");
-  EXPECT_TRUE(ws.melody.At(0).NotSupported);
+  EXPECT_EQ(view.melody.txtLeft, "   [c]   +D") << "the melody stays as it is";
   composer.mnuSettingFormatType_Click(FormatMode::IMelody);
-  EXPECT_EQ(view.melody.txtLeft, "   *7c4   ledon   *4d2");
-  EXPECT_FALSE(ws.melody.At(0).NotSupported);
-}
-
-TEST_F(ComposerTest, TheTempoSetsTheBeat) {
+  EXPECT_EQ(view.melody.txtLeft, "   *8c4   ledon   *4d2");
   composer.txtSongInfo_Change(4, "90");
-  EXPECT_EQ(composer.lBeatDuration(), 667);
-  composer.txtSongInfo_Change(4, "9");
   EXPECT_EQ(composer.lBeatDuration(), 667);
   ws.header.BPM = 0;
   composer.ShowHeader();
   EXPECT_EQ(ws.header.BPM, 100);
-  EXPECT_EQ(composer.lBeatDuration(), 600);
-}
-
-TEST_F(ComposerTest, RtttlDefaultsLandInTheTwoBoxesOfTheirView) {
-  composer.mnuSettingFormatType_Click(FormatMode::Rtttl);
-  Compose("*4c3 *4d3 *5e2", 2);
-  composer.RefreshMelodyView();
-  EXPECT_EQ(composer.SongInfo().Rows().at(3).text, "6");
-  EXPECT_EQ(composer.SongInfo().Rows().at(4).text, "8");
-  EXPECT_EQ(view.melody.txtLeft, "   8C6   8D6   4E7");
-  composer.mnuRTTTLUseDefault_Click();
-  composer.RefreshMelodyView();
-  EXPECT_EQ(view.melody.txtLeft, "   C   D   4E7");
 }
 
 TEST_F(ComposerTest, AnImportReplacesMelodyAndSongInformation) {
@@ -105,14 +58,34 @@ TEST_F(ComposerTest, PlayingLocksWhatTheModeAllowed) {
   EXPECT_FALSE(composer.CanInsertCommands()) << "unlocking enables what the mode allows, no more";
 }
 
-TEST_F(ComposerTest, ScaleMovesOrSaysWhatIsInTheWay) {
-  Compose("*7c2 r2 *8d2", 0);
-  composer.cmdScaleDown_Click();
-  EXPECT_EQ(view.melody.txtLeft + view.melody.txtRight, "   *6c2   r2   *7d2");
-  composer.cmdScaleUP_Click();
-  composer.cmdScaleUP_Click();
-  EXPECT_EQ(log.lines.back(), "2: All notes must be within scale 0-8, currently note 3 is incorrect");
-  EXPECT_EQ(view.melody.txtLeft + view.melody.txtRight, "   *7c2   r2   *8d2");
+TEST(ChangeScaleTest, MovesAllOrNothing) {
+  using Case = std::tuple<FormatMode, int16_t, MelodyList, MelodyList, std::string>;
+  const std::string range = "2: All notes must be within scale ";
+  const Case cases[] = {
+      {FormatMode::IMelody, 1, Tones({4, 4}), Tones({5, 5}), ""},
+      {FormatMode::IMelody, 1, Tones({7, 8}), Tones({7, 8}), range + "0-8, currently note 2 is incorrect"},
+      {FormatMode::IMelody, -5, Tones({4}), Tones({4}), range + "0-8, currently note 1 is incorrect"},
+      // A pause takes over the octave before it, and counts as octave 0 at the start.
+      {FormatMode::IMelody, -1, Tones({4, -1, 5, -1}), Tones({3, 3, 4, 4}), ""},
+      {FormatMode::IMelody, 1, Tones({-1, 4}), Tones({0, 5}), ""},
+      {FormatMode::EMelody, 1, Tones({5}), Tones({5}), range + "3-5, currently note 1 is incorrect"},
+      {FormatMode::EMelody, -1, Tones({-1, 4}), Tones({-1, 4}), range + "3-5, currently note 1 is incorrect"},
+      {FormatMode::Rtttl, 32767, Tones({32767}), Tones({32767}),
+       range + "3-6, currently note 1 is incorrect"},
+      {FormatMode::Melody, 1, Tones({3, 3}), Tones({4, 4}), ""},
+  };
+  for (const auto& [mode, octaves, before, after, message] : cases) {
+    FakeLog log;
+    MelodyList notes = before;
+    EXPECT_EQ(ChangeScale(notes, octaves, mode, log), message.empty());
+    EXPECT_EQ(OctavesOf(notes), OctavesOf(after));
+    EXPECT_EQ(log.lines.front(), "1: Change Scale started");
+    EXPECT_EQ(log.lines.back(), message.empty() ? log.lines.front() : message);
+  }
+  FakeLog log;
+  MelodyList none;
+  ChangeScale(none, 1, FormatMode::IMelody, log);
+  EXPECT_TRUE(log.lines.empty());
 }
 
 }  // namespace

@@ -1,24 +1,17 @@
 #include "composer/melody_text_view.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "support/fakes.h"
+#include "support/sample_notes.h"
 
 namespace trillomat {
 namespace {
 
 class MelodyTextViewTest : public testing::Test, public FakeWorkspace {
  protected:
-  void Fill(int count, int16_t octave = 4, float duration = 1.0F) {
-    for (int i = 0; i < count; ++i) {
-      MelodyNote note;
-      note.Octave = octave;
-      note.Note = "c";
-      note.Duration = duration;
-      note.DurationExtra = 1;
-      ws.melody.Insert(ws.melody.UpperBound() + 1, note);
-    }
+  void Fill(int count, int octave = 4, float duration = 1.0F) {
+    while (count-- > 0) ws.melody.Insert(ws.melody.UpperBound() + 1, Tone("c", octave, duration));
   }
 
   static size_t Count(const std::string& text) {
@@ -32,23 +25,18 @@ class MelodyTextViewTest : public testing::Test, public FakeWorkspace {
 
 TEST_F(MelodyTextViewTest, ShowsAWindowAroundTheCursor) {
   Fill(50);
-  struct Case {
-    FormatMode mode;
-    int32_t cursor;
-    size_t left;
-    size_t right;
-  };
+  using Case = std::tuple<FormatMode, int32_t, size_t, size_t>;
   const Case cases[] = {{FormatMode::IMelody, -1, 0, 10}, {FormatMode::IMelody, 15, 11, 10},
                         {FormatMode::IMelody, 5, 6, 10},  {FormatMode::IMelody, 45, 11, 4},
                         {FormatMode::IMelody, 49, 11, 0}, {FormatMode::EMelody, 25, 21, 20},
                         {FormatMode::Rtttl, 25, 18, 17},  {FormatMode::Melody, 25, 21, 20}};
-  for (const Case& c : cases) {
-    ws.iNoteMode = c.mode;
-    ws.melody.lCurrentIndex = c.cursor;
+  for (const auto& [mode, cursor, left, right] : cases) {
+    ws.iNoteMode = mode;
+    ws.melody.lCurrentIndex = cursor;
     const auto text = view_.RefreshMelodyView();
     ASSERT_TRUE(text);
-    EXPECT_EQ(Count(text->txtLeft), c.left) << static_cast<int>(c.mode) << " at " << c.cursor;
-    EXPECT_EQ(Count(text->txtRight), c.right) << static_cast<int>(c.mode) << " at " << c.cursor;
+    EXPECT_EQ(Count(text->txtLeft), left) << static_cast<int>(mode) << " at " << cursor;
+    EXPECT_EQ(Count(text->txtRight), right) << static_cast<int>(mode) << " at " << cursor;
   }
 }
 
@@ -124,15 +112,14 @@ TEST_F(MelodyTextViewTest, DefaultsThatAnEventLeftBehindAreNotShown) {
   EXPECT_EQ(text->txtLeft, "   4C6   4C6   4C6");
 }
 
-TEST_F(MelodyTextViewTest, AMelodyThatShrinksMeanwhileIsNotReadBehindItsEnd) {
+TEST_F(MelodyTextViewTest, AMelodyThatShrinksAndTheEndOfTheProgramEndTheRefresh) {
   Fill(5);
   ws.melody.lCurrentIndex = 4;
   pump.onPump = [&](int /*pumps*/) { ws.melody.Clear(); };
   EXPECT_FALSE(view_.RefreshMelodyView());
-}
-
-TEST_F(MelodyTextViewTest, EndingTheProgramEndsTheRefresh) {
   Fill(5);
+  pump.onPump = nullptr;
+  pump.pumps = 0;
   pump.ending = true;
   EXPECT_FALSE(view_.RefreshMelodyView());
   EXPECT_EQ(pump.pumps, 1);

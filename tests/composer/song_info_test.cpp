@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "composer/song_info_panel.h"
 #include "support/fakes.h"
 
@@ -9,35 +11,19 @@ namespace trillomat {
 namespace {
 
 TEST(SongInfoTest, StyleAndVolumeConversions) {
-  struct Case {
-    std::string in;
-    std::string out;
-  };
-  for (const Case& c : {Case{"S0", "S0: Natural Style"},
-                        {"S1", "S1: Continuous Style"},
-                        {"S2", "S2: Staccato Style"},
-                        {"", "S0: Natural Style"},
-                        {"s=1", "S1: Continuous Style"},
-                        {"S12", "S1: Continuous Style"},
-                        {"S20", "S0: Natural Style"},
-                        {"S3", "S0: Natural Style"}}) {
-    EXPECT_EQ(StyleText(c.in), c.out) << c.in;
-    EXPECT_EQ(StyleCode(StyleText(c.in)), c.out.substr(0, 2)) << c.in;
+  const std::map<std::string, std::string> styles = {
+      {"S0", "S0: Natural Style"},  {"S1", "S1: Continuous Style"},  {"S2", "S2: Staccato Style"},
+      {"", "S0: Natural Style"},    {"s=1", "S1: Continuous Style"}, {"S12", "S1: Continuous Style"},
+      {"S20", "S0: Natural Style"}, {"S3", "S0: Natural Style"}};
+  for (const auto& [code, text] : styles) {
+    EXPECT_EQ(StyleText(code), text) << code;
+    EXPECT_EQ(StyleCode(StyleText(code)), text.substr(0, 2)) << code;
   }
-  for (const Case& c : {Case{"V7", "V7"},
-                        {"V15", "V15"},
-                        {"V16", "V10"},
-                        {"V123", "V10"},
-                        {"7", "V10"},
-                        {"", "V10"},
-                        {"v7", "V10"},
-                        {"V-1", "V10"},
-                        {"V", "V"},
-                        {"V7xyz", "V7x"},
-                        {"V015", "V01"},
-                        {"V99999999999", "V10"}}) {
-    EXPECT_EQ(VolumeText(c.in), c.out) << c.in;
-  }
+  const std::map<std::string, std::string> volumes = {
+      {"V7", "V7"}, {"V15", "V15"},   {"V16", "V10"},  {"V123", "V10"},
+      {"7", "V10"}, {"", "V10"},      {"v7", "V10"},   {"V-1", "V10"},
+      {"V", "V"},   {"V7xyz", "V7x"}, {"V015", "V01"}, {"V99999999999", "V10"}};
+  for (const auto& [code, text] : volumes) EXPECT_EQ(VolumeText(code), text) << code;
 }
 
 class SongInfoPanelTest : public testing::Test, public FakeWorkspace {
@@ -54,28 +40,23 @@ class SongInfoPanelTest : public testing::Test, public FakeWorkspace {
 
 TEST_F(SongInfoPanelTest, RowsFollowTheMode) {
   ws.header = {.Name = "Tune", .Composer = "Anon", .BPM = 120, .Style = "S2", .Volume = "V7", .Loop = 3};
+  const auto visible = [this] {
+    std::string texts;
+    for (const SongInfoRow& row : panel_.Rows()) {
+      if (row.visible) texts += std::string(row.caption) + "=" + row.text + (row.enabled ? ";" : ",");
+    }
+    return texts;
+  };
   SetMode(FormatMode::IMelody);
-  std::string texts;
-  for (const SongInfoRow& row : panel_.Rows()) texts += std::string(row.caption) + "=" + row.text + ";";
-  EXPECT_EQ(
-      texts,
-      "Version=1.2;Format=Class 1.0;Name=Tune;Composer=Anon;B P M=120;Style=S2: Staccato Style;Volume=V7;");
-  EXPECT_FALSE(Row(0).enabled);
-  EXPECT_FALSE(Row(1).enabled);
-  EXPECT_TRUE(Row(2).enabled);
-
+  EXPECT_EQ(visible(),
+            "Version=1.2,Format=Class 1.0,Name=Tune;Composer=Anon;B P M=120;Style=S2: Staccato "
+            "Style;Volume=V7;");
   SetMode(FormatMode::Rtttl);
   panel_.ShowDefaults("6", "8");
-  texts.clear();
-  for (const SongInfoRow& row : panel_.Rows()) {
-    if (row.visible) texts += std::string(row.caption) + "=" + row.text + ";";
-  }
-  EXPECT_EQ(texts,
+  EXPECT_EQ(visible(),
             "Name=Tune;B P M=120;Repeat=3;Duration (Default)=6;Octave (Default)=8;Style=S2: Staccato Style;");
-  EXPECT_TRUE(Row(0).enabled);
-
   SetMode(FormatMode::EMelody);
-  for (const SongInfoRow& row : panel_.Rows()) EXPECT_FALSE(row.visible);
+  EXPECT_EQ(visible(), "");
 }
 
 TEST_F(SongInfoPanelTest, TypingIsTakenOverOnlyWhenItIsInRange) {
@@ -109,47 +90,32 @@ TEST_F(SongInfoPanelTest, TypingIsTakenOverOnlyWhenItIsInRange) {
 }
 
 TEST_F(SongInfoPanelTest, NamesGoToTheHeaderFromTheRowOfTheMode) {
+  ws.header.BPM = 9999;
   SetMode(FormatMode::IMelody);
+  EXPECT_TRUE(Row(4).invalid);
+  EXPECT_EQ(ws.header.BPM, 9999) << "a tempo out of range is shown red and not taken over";
   panel_.txtSongInfo_Change(2, "Fr\xE8re Jacques");
   panel_.txtSongInfo_Change(3, "Anon");
+  SetMode(FormatMode::Rtttl);
+  panel_.txtSongInfo_Change(3, "6");
   EXPECT_EQ(ws.header.Name, "Fr\xE8re Jacques");
   EXPECT_EQ(ws.header.Composer, "Anon");
-  SetMode(FormatMode::Rtttl);
   panel_.txtSongInfo_Change(0, "Ode");
-  panel_.txtSongInfo_Change(3, "6");
   EXPECT_EQ(ws.header.Name, "Ode");
-  EXPECT_EQ(ws.header.Composer, "Anon");
 }
 
 TEST_F(SongInfoPanelTest, TempoAndRepeatTakeDigitsAlone) {
-  const auto accepts = [this](FormatMode mode, int row, char key) {
+  const auto accepted = [this](FormatMode mode, int row) {
     ws.iNoteMode = mode;
-    return panel_.txtSongInfo_KeyPress(row, key);
+    std::string keys;
+    for (const char key : {'7', '\b', 'x', '-'}) keys += panel_.txtSongInfo_KeyPress(row, key) ? '1' : '0';
+    return keys;
   };
-  for (const auto& [mode, row] :
-       {std::pair{FormatMode::IMelody, 4}, {FormatMode::Rtttl, 1}, {FormatMode::Rtttl, 2}}) {
-    EXPECT_TRUE(accepts(mode, row, '7'));
-    EXPECT_TRUE(accepts(mode, row, '\b'));
-    EXPECT_FALSE(accepts(mode, row, 'x'));
-    EXPECT_FALSE(accepts(mode, row, '-'));
-  }
-  EXPECT_TRUE(accepts(FormatMode::IMelody, 2, 'x'));
-  EXPECT_TRUE(accepts(FormatMode::Rtttl, 0, '-'));
-}
-
-TEST_F(SongInfoPanelTest, LoadingPutsStyleAndVolumeRight) {
-  ws.header.Style = "";
-  ws.header.Volume = "V99";
-  ws.header.BPM = 9999;
-  SetMode(FormatMode::IMelody);
-  EXPECT_EQ(ws.header.Style, "S0");
-  EXPECT_EQ(ws.header.Volume, "V10");
-  EXPECT_TRUE(Row(4).invalid);
-  EXPECT_EQ(ws.header.BPM, 9999) << "a tempo out of range is shown red and not taken over";
-  panel_.cboSongInfo_Change(0, "S1: Continuous Style");
-  panel_.cboSongInfo_Change(1, "V3");
-  EXPECT_EQ(ws.header.Style, "S1");
-  EXPECT_EQ(ws.header.Volume, "V3");
+  EXPECT_EQ(accepted(FormatMode::IMelody, 4), "1100");
+  EXPECT_EQ(accepted(FormatMode::Rtttl, 1), "1100");
+  EXPECT_EQ(accepted(FormatMode::Rtttl, 2), "1100");
+  EXPECT_EQ(accepted(FormatMode::IMelody, 2), "1111");
+  EXPECT_EQ(accepted(FormatMode::Rtttl, 0), "1111");
 }
 
 }  // namespace
