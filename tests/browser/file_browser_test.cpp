@@ -72,9 +72,7 @@ TEST_F(BrowserTest, AFolderWithoutABackslashIsMendedAndLogged) {
 }
 
 TEST_F(BrowserTest, AClickWhileAToneSoundsWaitsForTimer1) {
-  folder.Write("a.imy", TuneText("c2"));
-  folder.Write("b.imy", TuneText("d2"));
-  Fill();
+  FillWith({{"a.imy", "c2"}, {"b.imy", "d2"}});
   browser.ListFiles_Click(RowOf("a.imy"));
   sound.onBeep = [this] {
     browser.ListFiles_Click(RowOf("b.imy"));
@@ -94,9 +92,7 @@ TEST_F(BrowserTest, AClickWhileAToneSoundsWaitsForTimer1) {
 // With AutoPlay on, opening plays inside the handler of the click; another file can be opened all the same.
 TEST_F(BrowserTest, OpeningAFileEndsThePlayingOfTheOneBefore) {
   settings.bAutoPlay = true;
-  folder.Write("a.imy", TuneText("c2c2c2c2c2c2c2c2"));
-  folder.Write("b.imy", TuneText("a3"));
-  Fill();
+  FillWith({{"a.imy", "c2c2c2c2c2c2c2c2"}, {"b.imy", "a3"}});
   sound.onBeep = [this] {
     if (sound.beeps.size() == 2) browser.ListFiles_Click(RowOf("b.imy"));
     if (sound.beeps.size() == 3) browser.Timer1_Tick();
@@ -113,9 +109,7 @@ TEST_F(BrowserTest, OpeningAFileEndsThePlayingOfTheOneBefore) {
 }
 
 TEST_F(BrowserTest, AClickDuringAReadIsIgnored) {
-  folder.Write("a.imy", TuneText("c2"));
-  folder.Write("b.imy", TuneText("d2"));
-  Fill();
+  FillWith({{"a.imy", "c2"}, {"b.imy", "d2"}});
   pump.onPump = [this](int pumps) {
     if (pumps > 1) return;
     browser.ListFiles_Click(RowOf("b.imy"));
@@ -129,9 +123,7 @@ TEST_F(BrowserTest, AClickDuringAReadIsIgnored) {
 }
 
 TEST_F(BrowserTest, TheRightButtonSelectsAndShowsTheMenu) {
-  folder.Write("a.imy", TuneText("c2"));
-  folder.Write("b.imy", TuneText("d2"));
-  Fill();
+  FillWith({{"a.imy", "c2"}, {"b.imy", "d2"}});
   browser.ListFiles_Click(RowOf("a.imy"));
   window.onMenu = [this] { browser.ListFiles_Click(browser.SelectedRow()); };
   browser.ListFiles_MouseDown(1, RowOf("b.imy"));
@@ -165,45 +157,37 @@ TEST_F(BrowserTest, DeletesTheSelectedFile) {
 }
 
 TEST_F(BrowserTest, RenamesWithinTheFolder) {
-  struct Case {
-    std::optional<std::string> newName;
-    std::string rows;
-    std::string reason;
-  };
-  const Case cases[] = {{std::nullopt, "[x] a.b.IMY c.imy ", ""},
-                        {"", "[x] a.b.IMY c.imy ", "the name is empty"},
-                        {".", "[x] a.b.IMY c.imy ", "that of a folder"},
-                        {"..", "[x] a.b.IMY c.imy ", "that of a folder"},
-                        {"x\\d", "[x] a.b.IMY c.imy ", "separator"},
-                        {"x/d", "[x] a.b.IMY c.imy ", "separator"},
-                        {"../d", "[x] a.b.IMY c.imy ", "separator"},
-                        {"z:d", "[x] a.b.IMY c.imy ", "separator"},
-                        {std::string("d\0e", 3), "[x] a.b.IMY c.imy ", "separator"},
-                        {"a.b", "[x] a.b.IMY c.imy ", "exists"},
-                        {std::string(300, 'd'), "[x] a.b.IMY c.imy ", "copying failed"},
-                        {"d e", "[x] c.imy d e.IMY ", ""}};
+  const std::map<std::string, std::string> refused = {
+      {"", "the name is empty"},  {".", "that of a folder"},
+      {"..", "that of a folder"}, {"x\\d", "separator"},
+      {"x/d", "separator"},       {"../d", "separator"},
+      {"z:d", "separator"},       {std::string("d\0e", 3), "separator"},
+      {"a.b", "exists"},          {std::string(300, 'd'), "copying failed"}};
   folder.Write("a.b.IMY", TuneText("c2"));
   folder.Write("c.imy", TuneText("d2"));
   folder.MakeFolder("x");
-  for (const Case& c : cases) {
+  const auto rename = [this](const char* row, const std::optional<std::string>& newName) {
     Fill();
-    browser.ListFiles_MouseDown(2, RowOf("a.b.IMY"));
-    window.newName = c.newName;
+    browser.ListFiles_MouseDown(2, RowOf(row));
+    window.newName = newName;
     browser.mnuRename_Click();
+  };
+  for (const auto& [newName, reason] : refused) {
+    rename("a.b.IMY", newName);
     EXPECT_THAT(window.calls, ElementsAre("menu", "rename a.b"));
-    EXPECT_EQ(Rows(), c.rows);
-    if (c.reason.empty()) {
-      EXPECT_THAT(Logged(), IsEmpty());
-    } else {
-      EXPECT_THAT(Logged(), ElementsAre(HasSubstr(c.reason)));
-    }
+    EXPECT_EQ(Rows(), "[x] a.b.IMY c.imy ");
+    EXPECT_THAT(log.lines, ElementsAre(HasSubstr(reason)));
   }
+  rename("a.b.IMY", std::nullopt);
+  EXPECT_EQ(Rows(), "[x] a.b.IMY c.imy ");
+  EXPECT_THAT(log.lines, IsEmpty());
+  rename("a.b.IMY", "d e");
+  EXPECT_EQ(Rows(), "[x] c.imy d e.IMY ");
   EXPECT_EQ(folder.Read("d e.IMY"), TuneText("c2"));
   EXPECT_THAT(folder.Names(), ElementsAre("c.imy", "d e.IMY", "x"));
-  Fill();
-  browser.ListFiles_MouseDown(2, RowOf("[x]"));
-  browser.mnuRename_Click();
+  rename("[x]", "y");
   EXPECT_THAT(window.calls, ElementsAre("menu"));
+  EXPECT_THAT(log.lines, IsEmpty());
 }
 
 TEST_F(BrowserTest, AFolderThatVanishesIsLogged) {

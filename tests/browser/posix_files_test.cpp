@@ -33,10 +33,13 @@ TEST_F(BrowserTest, NamesOfAnyBytesAreListedOrLeftOut) {
     folder.Write(name, TuneText("c2"));
   }
   mkfifo((folder / "pipe.imy").c_str(), 0600);
-  std::filesystem::create_symlink("nowhere", folder / "dangling.imy");
+  folder.MakeFolder("x/y:z");
+  for (const auto& [link, to] :
+       {std::pair{"dangling.imy", "nowhere"}, {"link", "x"}, {"m.imy", "line\nfeed.imy"}})
+    std::filesystem::create_symlink(to, folder / link);
   Fill();
-  EXPECT_EQ(Rows(), "line\nfeed.imy \xe3\x81\x82.imy \xff\xfe.imy ");
-  for (int row = 0; row < 3; ++row) {
+  EXPECT_EQ(Rows(), "[link] [x] line\nfeed.imy m.imy \xe3\x81\x82.imy \xff\xfe.imy ");
+  for (int row = 2; row < 6; ++row) {
     ws.melody.Clear();
     browser.ListFiles_Click(row);
     EXPECT_EQ(Tokens(), "*4c2");
@@ -44,10 +47,13 @@ TEST_F(BrowserTest, NamesOfAnyBytesAreListedOrLeftOut) {
   browser.UpdateListFiles();
   EXPECT_THAT(Logged(), testing::UnorderedElementsAre("1: Left out of the list->a:b.imy",
                                                       "1: Left out of the list->c\\d.imy"));
-  browser.ListFiles_MouseDown(2, 0);
+  browser.ListFiles_MouseDown(2, 2);
   std::filesystem::remove(folder / "line\nfeed.imy");
   browser.mnuDelete_Click();
   EXPECT_THAT(Logged(), Contains("1: Could not find the file in bDeleteFile....->c:\\line?feed.imy"));
+  browser.ListFiles_DblClick(0);
+  EXPECT_EQ(Rows(), "[Previous] ");
+  EXPECT_THAT(Logged(), Contains("1: Left out of the list->y:z"));
 }
 
 // Not for Windows: there the tests run under Wine, which makes them slowly, for it searches a folder for

@@ -40,44 +40,34 @@ TEST_F(BrowserTest, ADamagedRecoveryTextIsRefused) {
 }
 
 TEST_F(RecoveryTest, AnAbnormalEndIsNoticedAndTheMelodyKept) {
-  auto recovery = MakeRecovery();
-  EXPECT_FALSE(recovery->Start());
-  EXPECT_EQ(LastTokens(*recovery), "none");
+  std::unique_ptr<Recovery> recovery;
+  const auto start = [&](bool offered, const std::string& last) {
+    recovery = MakeRecovery();
+    EXPECT_EQ(recovery->Start(), offered);
+    EXPECT_EQ(LastTokens(*recovery), last);
+  };
+  start(false, "none");
   Edit(*recovery, "c2");
   recovery->MarkChanged();
   ws.melody.Clear();
   recovery->Tick();  // clearing all is no melody to keep
   Crash(recovery);
-
-  recovery = MakeRecovery();
-  EXPECT_TRUE(recovery->Start());
-  EXPECT_EQ(LastTokens(*recovery), "*4c2");
+  start(true, "*4c2");
   opener.recovery = recovery.get();
   opener.TakeRecovered(*recovery->LastMelody());
   recovery->Tick();
   Crash(recovery);  // once more, before any edit
-
-  recovery = MakeRecovery();
-  EXPECT_TRUE(recovery->Start());
-  EXPECT_EQ(LastTokens(*recovery), "*4c2");
+  start(true, "*4c2");
   Edit(*recovery, "d2");
   recovery->End();
-
-  recovery = MakeRecovery();
-  EXPECT_FALSE(recovery->Start());
-  EXPECT_EQ(LastTokens(*recovery), "*4d2");
+  start(false, "*4d2");
   Crash(recovery);  // nothing was composed, so nothing is offered, and nothing lost
-
-  recovery = MakeRecovery();
-  EXPECT_FALSE(recovery->Start());
-  EXPECT_EQ(LastTokens(*recovery), "*4d2");
+  start(false, "*4d2");
   EXPECT_THAT(log.lines, IsEmpty());
 }
 
 TEST_F(RecoveryTest, OpeningAFileKeepsTheComposedMelody) {
-  folder.Write("a.imy", TuneText("a2"));
-  folder.Write("b.imy", TuneText("b2"));
-  Fill();
+  FillWith({{"a.imy", "a2"}, {"b.imy", "b2"}});
   auto recovery = MakeRecovery();
   recovery->Start();
   opener.recovery = recovery.get();
