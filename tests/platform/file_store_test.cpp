@@ -1,6 +1,5 @@
 // The system's file store, whichever it is.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "platform/system_parts.h"
 #include "support/temp_folder.h"
@@ -70,14 +69,12 @@ TEST_F(FileStoreTest, SetsAsideAndReplaces) {
   folder.Write("a", "old");
   folder.Write("b", "new");
   ASSERT_TRUE(store->KeepAside(folder / "a", folder / "kept"));
-  EXPECT_EQ(folder.Read("a"), "old");
   EXPECT_TRUE(store->Flush(folder / "b"));
   EXPECT_TRUE(store->Move(folder / "b", folder / "a"));
   EXPECT_EQ(folder.Read("a"), "new");
   EXPECT_EQ(folder.Read("kept"), "old");
   EXPECT_FALSE(store->Flush(folder / "b"));
   EXPECT_FALSE(store->Move(folder / "b", folder / "a"));
-  EXPECT_THAT(folder.Names(), ElementsAre("a", "kept"));
 }
 
 TEST_F(FileStoreTest, ALockEndsWithItsHolder) {

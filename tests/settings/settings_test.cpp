@@ -1,7 +1,6 @@
 #include "settings/settings.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "support/fakes.h"
 #include "support/memory_store.h"
@@ -24,15 +23,7 @@ TEST(SettingsTest, FirstStartCleansUpAndTakesEveryDefault) {
 TEST(SettingsTest, WhatWasSavedComesBack) {
   MemoryStore store;
   FakeLog log;
-  const Settings settings{.Scale = 6,
-                          .Mode = FormatMode::Rtttl,
-                          .BrowseFolder = "z:\\tunes\\",
-                          .AutoPlay = false,
-                          .PlayMoving = false,
-                          .PlayComposing = true,
-                          .Duration = 3,
-                          .DurationExtra = 1,
-                          .OutPut = 0};
+  const Settings settings{6, FormatMode::Rtttl, "z:\\tunes\\", false, false, true, 3, 1, 0};
   SaveSettings(settings, store);
   EXPECT_EQ(store.values["Version/Counter"], "2");
   EXPECT_EQ(store.values["Settings/AutoPlay"], "False");
