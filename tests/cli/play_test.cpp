@@ -12,14 +12,14 @@ class PlayTest : public ProgramTest {
  protected:
   // At 240 beats per minute a quarter note lasts 250 ms, a sixteenth 62.5.
   PlayTest() {
-    MakeFile("tune.imy", "BEAT:240\r\nMELODY:ledon*3a4(c4@2)r4\r\nEND:IMELODY\r\n");
-    MakeFile("endless.imy", "BEAT:240\r\nMELODY:(*3a4@0)\r\nEND:IMELODY\r\n");
-    MakeFile("no_tempo.imy", "BEAT:0\r\nMELODY:*3a3\r\nEND:IMELODY\r\n");
+    folder_.Write("tune.imy", "BEAT:240\r\nMELODY:ledon*3a4(c4@2)r4\r\nEND:IMELODY\r\n");
+    folder_.Write("endless.imy", "BEAT:240\r\nMELODY:(*3a4@0)\r\nEND:IMELODY\r\n");
+    folder_.Write("no_tempo.imy", "BEAT:0\r\nMELODY:*3a3\r\nEND:IMELODY\r\n");
   }
 };
 
 TEST_F(PlayTest, TraceListsTheElementsInTheOrderOfPlaying) {
-  const std::vector<Case> cases{
+  ExpectEach({
       {"play --trace tune.imy", 0,
        "0\tcommand\t0\t0\n1\ttone\t62\t440\n2\trepeat\t0\t0\n3\ttone\t62\t528\n4\trepeat\t0\t0\n"
        "3\ttone\t62\t528\n4\trepeat\t0\t0\n5\tpause\t62\t0\n",
@@ -29,19 +29,18 @@ TEST_F(PlayTest, TraceListsTheElementsInTheOrderOfPlaying) {
        "0\trepeat\t0\t0\n1\ttone\t62\t440\n2\trepeat\t0\t0\n1\ttone\t62\t440\n2\trepeat\t0\t0\n", IsEmpty()},
       {"play --trace no_tempo.imy", 0, "0\ttone\t300\t440\n", IsEmpty()},
       {"play --trace tune.imy >/dev/full", 1, IsEmpty(), HasSubstr("standard output")},
-  };
-  ExpectEach(cases);
+  });
 }
 
 TEST_F(PlayTest, RenderWritesOneWaveFileOfTheMelodysLength) {
   EXPECT_EQ(Run("render tune.imy a.wav").status, 0);
-  const std::string wave = FileBytes("a.wav");
+  const std::string wave = folder_.Read("a.wav");
   EXPECT_EQ(wave.substr(0, 4), "RIFF");
   const double milliseconds = static_cast<double>(wave.size() - 44) / 2 / 44.1;
   EXPECT_NEAR(milliseconds, 4 * 62, 1);
 
   EXPECT_EQ(Run("render --endless 3 endless.imy b.wav").status, 0);
-  EXPECT_NEAR(static_cast<double>(FileBytes("b.wav").size() - 44) / 2 / 44.1, 3 * 62, 1);
+  EXPECT_NEAR(static_cast<double>(folder_.Read("b.wav").size() - 44) / 2 / 44.1, 3 * 62, 1);
 }
 
 // Plays without a device: the timing stays.

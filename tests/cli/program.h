@@ -2,11 +2,14 @@
 #pragma once
 
 #include <gmock/gmock.h>
+#include <sys/wait.h>
 
-#include <filesystem>
+#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "support/temp_folder.h"
 
 namespace trillomat {
 
@@ -16,37 +19,41 @@ struct Ran {
   std::string err;
 };
 
-std::string FileBytes(const std::filesystem::path& file);
-void MakeFile(const std::filesystem::path& file, std::string_view bytes);
-
 /// A command line, and what it should come to.
 struct Case {
   std::string arguments;
   int status;
   testing::Matcher<std::string> out;
   testing::Matcher<std::string> err;
-  std::string_view input = {};  ///< at standard input
+  std::string input = {};  ///< at standard input
 };
 
 /// A test that starts in an empty folder of its own.
 class ProgramTest : public testing::Test {
  protected:
-  ProgramTest();
-  ~ProgramTest() override;
+  ProgramTest() { std::filesystem::current_path(folder_.Path()); }
+  ~ProgramTest() override { std::filesystem::current_path(before_); }
 
   /// Runs the program with `arguments`, quoted as for a shell, and `input` at its standard input.
   /// `prefix` stands before the program on the shell's line.
-  static Ran Run(const std::string& arguments, std::string_view input = "", const std::string& prefix = "");
+  Ran Run(const std::string& arguments, const std::string& input = "", const std::string& prefix = "") const {
+    streams_.Write("in", input);
+    const std::string at = streams_.Path().string();
+    // Arguments may hold a redirection of their own, which then wins.
+    const std::string line =
+        prefix + " '" CLI_PROGRAM "' <" + at + "/in >" + at + "/out 2>" + at + "/err " + arguments;
+    const int status = std::system(line.c_str());  // NOLINT(concurrency-mt-unsafe): one thread
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, streams_.Read("out"), streams_.Read("err")};
+  }
 
-  /// Runs each case and compares.
-  static void ExpectEach(const std::vector<Case>& cases);
+  /// Runs each case, after the command's name if there is one, and compares.
+  void ExpectEach(const std::vector<Case>& cases, const std::string& command = "") const;
 
-  /// The names of the files in the folder, sorted.
-  static std::vector<std::string> Files();
+  TempFolder folder_;
 
  private:
   std::filesystem::path before_ = std::filesystem::current_path();
-  std::filesystem::path folder_;
+  TempFolder streams_;
 };
 
 }  // namespace trillomat

@@ -1,3 +1,5 @@
+// How the program is used, and what it shows of a file.
+
 #include "cli/program.h"
 
 namespace trillomat {
@@ -8,15 +10,13 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-class UsageTest : public ProgramTest {};
-
-TEST_F(UsageTest, HelpAndVersionSucceedAndWrongUsageIsTwo) {
-  MakeFile("a.imy", FileBytes(TEST_DATA_DIR "/plain.imy"));
-  MakeFile("a.txt", "x");
+TEST_F(ProgramTest, HelpAndVersionSucceedAndWrongUsageIsTwo) {
+  folder_.Write("a.imy", folder_.Read(TEST_DATA_DIR "/plain.imy"));
+  folder_.Write("a.txt", "x");
   const auto complains = [](const std::string& about) {
     return AllOf(StartsWith("trillomat-cli: "), HasSubstr(about));
   };
-  const std::vector<Case> cases{
+  ExpectEach({
       {"--help", 0, HasSubstr("transpose"), IsEmpty()},
       {"play --help", 0, AllOf(HasSubstr("--trace"), HasSubstr("--endless")), IsEmpty()},
       {"--version", 0, "trillomat-cli " CLI_VERSION "\n", IsEmpty()},
@@ -38,22 +38,92 @@ TEST_F(UsageTest, HelpAndVersionSucceedAndWrongUsageIsTwo) {
       {"play --trace --endless 0 a.imy", 2, IsEmpty(), complains("--endless")},
       {"show gone.imy", 1, IsEmpty(), complains("gone.imy: ")},
       {"import --from rtttl gone.txt b.imy", 1, IsEmpty(), complains("gone.txt: ")},
-  };
-  ExpectEach(cases);
-  EXPECT_THAT(Files(), testing::ElementsAre("a.imy", "a.txt"));
+  });
+  EXPECT_THAT(folder_.Names(), testing::ElementsAre("a.imy", "a.txt"));
 }
 
-TEST_F(UsageTest, OutputThatCannotBeWrittenIsNoticed) {
-  MakeFile("a.imy", FileBytes(TEST_DATA_DIR "/plain.imy"));
-  const std::vector<Case> cases{
+TEST_F(ProgramTest, OutputThatCannotBeWrittenIsNoticed) {
+  folder_.Write("a.imy", folder_.Read(TEST_DATA_DIR "/plain.imy"));
+  ExpectEach({
       {"show a.imy >/dev/full", 1, IsEmpty(), HasSubstr("standard output")},
       {"convert a.imy no/such/folder.imy", 1, IsEmpty(), HasSubstr("cannot write no/such/folder.imy")},
       {"convert --mode imelody --force a.imy /dev/full", 1, IsEmpty(), HasSubstr("cannot write /dev/full")},
       {"render a.imy .", 1, IsEmpty(), HasSubstr("cannot write .")},
       {"show .", 2, IsEmpty(), HasSubstr("--mode")},
       {"show --mode imelody .", 1, IsEmpty(), HasSubstr(".: ")},
+  });
+}
+
+std::string Data(const std::string& name) { return "'" TEST_DATA_DIR "/" + name + "'"; }
+
+// Files as they are found, with their usual slips: some are taken, some are refused with a line.
+TEST_F(ProgramTest, FilesOfTheWildAreTakenOrRefusedWithALine) {
+  const auto holds = [](const std::string& count) { return HasSubstr("\nElements  " + count + "\n"); };
+  const std::vector<Case> cases{
+      {Data("plain.imy"), 0, AllOf(holds("4"), HasSubstr("Name      Frère Jacques\n")), IsEmpty()},
+      {Data("line_feeds.imy"), 0, holds("4"), IsEmpty()},
+      {Data("no_final_line_end.imy"), 0, holds("4"), IsEmpty()},
+      {Data("folded.imy"), 0, holds("4"), IsEmpty()},
+      {Data("lower_case_tags.imy"), 0, holds("0"), IsEmpty()},
+      {Data("blank_line_at_end.imy"), 1, IsEmpty(), HasSubstr("line 7 has no \":\"")},
+      {Data("no_colon.imy"), 1, IsEmpty(), HasSubstr("line 1 has no \":\"")},
+      {Data("no_end.imy"), 1, IsEmpty(), HasSubstr("no END line")},
+      {Data("no_length.imy"), 1, IsEmpty(), HasSubstr("length digit")},
+      {Data("empty_file.imy"), 1, IsEmpty(), HasSubstr("empty")},
+      {Data("markers.emy"), 0, AllOf(holds("5"), HasSubstr("Name      Unknown\n")), IsEmpty()},
+      {Data("no_end.emy"), 1, IsEmpty(), HasSubstr("END:EMELODY")},
+      {Data("blanks.mel"), 0, AllOf(holds("7"), HasSubstr("B P M     200\n")), IsEmpty()},
+      {Data("digits_only.mel"), 1, IsEmpty(), HasSubstr("\"123\"")},
+      {Data("dot_before_octave.rtx"), 0, AllOf(holds("8"), HasSubstr("8G5.\n")), IsEmpty()},
+      {Data("underscore_sharp.rtx"), 0, holds("9"), IsEmpty()},
+      {Data("trailing_comma.rtx"), 0, holds("4"), IsEmpty()},
+      {Data("blank_header.rtx"), 0, AllOf(holds("4"), HasSubstr("Name      Joytoall\n")), IsEmpty()},
+      {Data("upper_case.rtx"), 0, AllOf(holds("7"), HasSubstr("4C#6.\n")), IsEmpty()},
+      {Data("latin1_name.rtx"), 0, HasSubstr("Name      Frère\n"), IsEmpty()},
+      {Data("no_line_end.rtx"), 0, holds("4"), IsEmpty()},
+      {Data("two_lines.rtx"), 0, holds("8"), IsEmpty()},
+      {Data("one_colon.rtx"), 1, IsEmpty(), HasSubstr("fewer than two \":\"")},
+      {"--mode rtttl -", 0, holds("2"), IsEmpty(), "a:d=4,o=5,b=63:c,d,"},
+      {"--mode melody -", 1, IsEmpty(), HasSubstr("-: "), "c"},
   };
-  ExpectEach(cases);
+  ExpectEach(cases, "show ");
+}
+
+TEST_F(ProgramTest, JsonHoldsEveryFieldAndEscapesText) {
+  folder_.Write(
+      "a.imy",
+      "NAME:\"Fr\xE8re\" \\ \x01\r\nCOMPOSER:me\r\nBEAT:90\r\nSTYLE:S1\r\nVOLUME:V16\r\nVERSION:1.2\r\n"
+      "FORMAT:CLASS1.0\r\nMELODY:*5#c3;r2.ledon\r\nEND:IMELODY\r\n");
+  const Ran imelody = Run("show --json a.imy");
+  EXPECT_EQ(imelody.status, 0);
+  EXPECT_EQ(
+      imelody.out,
+      R"({"header": {"name": "\"Frère\" \\ \u0001", "composer": "me", "bpm": 90, "style": "S1", )"
+      R"("volume": "V10", "version": "1.2", "format": "CLASS1.0", "loop": 0},)"
+      "\n \"elements\": [\n"
+      R"(  {"octave": 5, "note": "#c", "special": "", "duration": 0.5, "extra": 0.6666667, "token": "*5#c3;"},)"
+      "\n"
+      R"(  {"octave": -1, "note": "r", "special": "", "duration": 1, "extra": 1.5, "token": "r2."},)"
+      "\n"
+      R"(  {"octave": -1, "note": "", "special": "ledon", "duration": 0, "extra": 0, "token": "ledon"}]})"
+      "\n");
+
+  folder_.Write("a.rtx", "a:d=4,o=5,b=63,l=3:c,\r\n");
+  const Ran rtttl = Run("show --json a.rtx");
+  EXPECT_THAT(rtttl.out,
+              AllOf(HasSubstr("\"loop\": 3}"), HasSubstr("\"token\": \"4C5\""),
+                    HasSubstr("\"special\": \"@3)\", \"duration\": 0, \"extra\": 0, \"token\": \"\"}")));
+}
+
+TEST_F(ProgramTest, TheLogGoesToStandardErrorByLevel) {
+  folder_.Write("a.imy", "BEGIN:IMELODY\r\nMELODY:c9\r\nEND:IMELODY\r\n");
+  const std::string level2 = "2: Unknown duration-->9\n";
+  const Ran quiet = Run("show a.imy");
+  EXPECT_EQ(quiet.err, level2);
+  const Ran verbose = Run("--verbose show a.imy");
+  EXPECT_THAT(verbose.err, testing::StartsWith("1: Found an other tag - unknown-->BEGIN\n" + level2));
+  EXPECT_EQ(Run("show --verbose a.imy").err, verbose.err);
+  EXPECT_EQ(quiet.out, verbose.out);
 }
 
 }  // namespace
