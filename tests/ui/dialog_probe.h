@@ -2,7 +2,7 @@
 // what every window owes its users.
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <QAbstractButton>
 #include <QDialog>
@@ -15,15 +15,15 @@
 
 namespace trillomat {
 
-/// The control of that object name; throws when the window has none.
+/// The control or menu item of that object name; throws when the window has none.
 template <class W>
-W& Control(const QWidget& window, const char* name) {
-  auto* control = window.findChild<W*>(QLatin1String(name));
-  if (control == nullptr) throw std::logic_error(std::string("no control ") + name);
+W& Control(const QWidget& window, const QString& name) {
+  auto* control = window.findChild<W*>(name);
+  if (control == nullptr) throw std::logic_error("no control " + name.toStdString());
   return *control;
 }
 
-inline void Click(const QWidget& window, const char* name) {
+inline void Click(const QWidget& window, const QString& name) {
   QTest::mouseClick(&Control<QAbstractButton>(window, name), Qt::LeftButton);
 }
 

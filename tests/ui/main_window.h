@@ -50,6 +50,14 @@ struct MainWindowParts : FakeWorkspace {
   FakeQuestions questions;
 };
 
+/// Both halves of the melody, without the separators' extra blanks, the cursor as "|".
+inline std::string ShownIn(const frmMain& window) {
+  const auto half = [&window](const char* name) {
+    return Control<QLineEdit>(window, name).text().simplified();
+  };
+  return (half("txtLeft") + "|" + half("txtRight")).toStdString();
+}
+
 class MainWindowTest : public testing::Test, public MainWindowParts {
  protected:
   /// A window that was loaded and shown, and played nothing yet.
@@ -62,26 +70,18 @@ class MainWindowTest : public testing::Test, public MainWindowParts {
 
   template <class W>
   W& Get(const QString& name) {
-    return Control<W>(window, name.toLatin1().constData());
+    return Control<W>(window, name);
   }
   void Press(const QString& name) { Get<QAbstractButton>(name).click(); }
-  void Key(const QString& name, Qt::Key key) { QTest::keyClick(&Get<QWidget>(name), key); }
   void Trigger(const QString& name) { Action(name).trigger(); }
-  QAction& Action(const QString& name) {
-    auto* action = window.findChild<QAction*>(name);
-    if (action == nullptr) throw std::logic_error("no action " + name.toStdString());
-    return *action;
-  }
+  QAction& Action(const QString& name) { return Control<QAction>(window, name); }
   void SetMode(FormatMode mode) { Trigger(IndexedName("mnuSettingFormatType", static_cast<int>(mode))); }
   /// Turns one of the three settings off or on.
   void SetToggle(const QString& name, bool on) {
     if (Action(name).isChecked() != on) Trigger(name);
   }
   QString Text(const QString& name) { return Get<QLineEdit>(name).text(); }
-  /// Both halves of the melody, without the separators' extra blanks, the cursor as "|".
-  std::string Shown() {
-    return (Text("txtLeft").simplified() + "|" + Text("txtRight").simplified()).toStdString();
-  }
+  std::string Shown() const { return ShownIn(window); }
   /// Enters tones by their keys ("c#d"), "-" for a pause.
   void Enter(const std::string& keys) {
     const std::string letters = "cCdDefFgGaAb";

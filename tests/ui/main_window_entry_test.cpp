@@ -1,6 +1,4 @@
-// Entering and editing in the main window.
-#include <gmock/gmock.h>
-
+// Entering and editing in the main window: that each control does what the composer's tests describe.
 #include "ui/main_window.h"
 
 namespace trillomat {
@@ -21,79 +19,55 @@ TEST_F(MainWindowEntry, EveryKeyAndCommandInsertsItsElementAtTheCursor) {
   EXPECT_EQ(sound.beeps.size(), 12U);  // a pause is not sounded
   Press("cmdControl(0)");
   EXPECT_EQ(Shown(), "|");
+  EXPECT_FALSE(Get<QWidget>("txtRepeat").isVisible());
   for (int i = 0; i < 9; ++i) Press(IndexedName("cmdInsert", i));
+  EXPECT_TRUE(Get<QWidget>("lblRepeat").isVisible() && Get<QWidget>("txtRepeat").isVisible());
   Get<QLineEdit>("txtRepeat").setText("3");
   Press("cmdInsert(9)");
+  EXPECT_FALSE(Get<QWidget>("lblRepeat").isVisible() || Get<QWidget>("txtRepeat").isVisible());
   Get<QComboBox>("cboVolume").setCurrentText("12");
   Press("cmdInsert(10)");
   EXPECT_EQ(Shown(), "ledon ledoff vibeon vibeoff backon backoff V+ V- ( @3) V12|");
-  Press("cmdLeft");
-  Enter("e");
-  EXPECT_EQ(Shown(), "ledon ledoff vibeon vibeoff backon backoff V+ V- ( @3) *4e2|V12");
-}
-
-TEST_F(MainWindowEntry, TheRepeatCountShowsWhileARepeatIsOpen) {
-  const auto shown = [this] {
-    return Get<QWidget>("lblRepeat").isVisible() && Get<QWidget>("txtRepeat").isVisible();
-  };
-  EXPECT_FALSE(shown());
-  Press("cmdInsert(8)");
-  EXPECT_TRUE(shown());
-  Press("cmdInsert(9)");
-  EXPECT_FALSE(shown());
-  EXPECT_EQ(Shown(), "( @)|");
 }
 
 TEST_F(MainWindowEntry, DurationExtraAndOctaveGoIntoTheNextTone) {
-  struct Case {
-    int duration;
-    int extra;
-    int octave;
-    const char* shown;
-  };
-  for (const Case& c : {Case{0, 0, 0, "*0c0|"}, Case{1, 1, 8, "*8c1.|"}, Case{5, 2, 4, "*4c5:|"},
-                        Case{3, 3, 3, "*3c3;|"}, Case{4, 0, 5, "*5c4|"}}) {
+  using Case = std::tuple<int, int, int, const char*>;
+  for (const auto& [duration, extra, octave, shown] :
+       {Case{0, 0, 0, "*0c0|"}, Case{1, 1, 8, "*8c1.|"}, Case{5, 2, 4, "*4c5:|"}, Case{3, 3, 3, "*3c3;|"},
+        Case{4, 0, 5, "*5c4|"}}) {
     Press("cmdControl(0)");
-    Press(IndexedName("optDuration", c.duration));
-    Press(IndexedName("optDurationExtra", c.extra));
-    Get<QSlider>("SliderOctave").setValue(c.octave);
+    Press(IndexedName("optDuration", duration));
+    Press(IndexedName("optDurationExtra", extra));
+    Get<QSlider>("SliderOctave").setValue(octave);
     Enter("c");
-    EXPECT_EQ(Shown(), c.shown);
-    EXPECT_EQ(Get<QLabel>("lbl(1)").text(), QString::number(c.octave));
+    EXPECT_EQ(Shown(), shown);
+    EXPECT_EQ(Get<QLabel>("lbl(1)").text(), QString::number(octave));
   }
 }
 
-TEST_F(MainWindowEntry, TheElementAtTheCursorIsRetimedAndRespelled) {
-  Enter("d");
-  for (const char* shown : {"*4d3|", "*4d4|", "*4d5|", "*4d0|"}) {
-    Press("cmdDuration");
-    EXPECT_EQ(Shown(), shown);
-  }
-  EXPECT_TRUE(Get<QRadioButton>("optDuration(0)").isChecked());
-  for (const char* shown : {"*4#d0|", "*4&d0|", "*4d0|"}) {
-    Press("cmdLowHigh");
-    EXPECT_EQ(Shown(), shown);
-  }
-}
-
-TEST_F(MainWindowEntry, ArrowsMoveAndErasesDelete) {
-  struct Step {
-    const char* button;
-    const char* shown;
-    int beeps;  // what moving over an element sounds
-  };
+TEST_F(MainWindowEntry, EveryEditingButtonDoesItsWorkAndSoundsOnDemand) {
+  using Step = std::tuple<const char*, const char*, int>;
   Enter("cde");
-  sound.beeps.clear();
-  for (const Step& step :
+  for (const auto& [button, shown, beeps] :
        {Step{"cmdRight", "*4c2 *4d2 *4e2|", 1}, Step{"cmdLeft", "*4c2 *4d2|*4e2", 1},
-        Step{"cmdLeft", "*4c2|*4d2 *4e2", 1}, Step{"cmdEraseRight", "*4c2|*4e2", 0},
-        Step{"cmdEraseLeft", "|*4e2", 0}, Step{"cmdEraseLeft", "|*4e2", 0}, Step{"cmdLeft", "|*4e2", 1},
-        Step{"cmdEraseRight", "|", 0}, Step{"cmdRight", "|", 0}}) {
+        Step{"cmdDuration", "*4c2 *4d3|*4e2", 1}, Step{"cmdLowHigh", "*4c2 *4#d3|*4e2", 1},
+        Step{"cmdScaleUP", "*5c2 *5#d3|*5e2", 0}, Step{"cmdScaleDown", "*4c2 *4#d3|*4e2", 0},
+        Step{"cmdEraseRight", "*4c2 *4#d3|", 0}, Step{"cmdEraseLeft", "*4c2|", 0}}) {
     sound.beeps.clear();
-    Press(step.button);
-    EXPECT_EQ(Shown(), step.shown) << step.button;
-    EXPECT_EQ(static_cast<int>(sound.beeps.size()), step.beeps) << step.button;
+    Press(button);
+    EXPECT_EQ(Shown(), shown) << button;
+    EXPECT_EQ(static_cast<int>(sound.beeps.size()), beeps) << button;
   }
+  EXPECT_TRUE(Get<QRadioButton>("optDuration(3)").isChecked());
+
+  SetToggle("mnuSettingPlayComposing", false);
+  SetToggle("mnuSettingPlayMoving", false);
+  sound.beeps.clear();
+  Enter("c");
+  for (const char* silent : {"cmdDuration", "cmdLeft", "cmdRight"}) Press(silent);
+  EXPECT_THAT(sound.beeps, IsEmpty());
+  Press("cmdLowHigh");  // sounds whatever the settings say
+  EXPECT_THAT(sound.beeps, ElementsAre(testing::Gt(0)));
 }
 
 TEST_F(MainWindowEntry, CaretsStandAtTheCursor) {
@@ -102,41 +76,6 @@ TEST_F(MainWindowEntry, CaretsStandAtTheCursor) {
   Press("cmdLeft");
   EXPECT_EQ(Get<QLineEdit>("txtRight").cursorPosition(), 1);
   EXPECT_EQ(Text("txtRight"), "   *4d2");
-}
-
-TEST_F(MainWindowEntry, ScaleMovesAllNotesOrSaysWhatIsInTheWay) {
-  Enter("c");
-  Press("cmdScaleUP");
-  EXPECT_EQ(Shown(), "*5c2|");
-  Press("cmdScaleDown");
-  EXPECT_EQ(Shown(), "*4c2|");
-  for (int i = 0; i < 4; ++i) Press("cmdScaleUP");
-  log.lines.clear();
-  Press("cmdScaleUP");
-  EXPECT_EQ(Shown(), "*8c2|");
-  EXPECT_THAT(log.lines, ElementsAre("1: Change Scale started",
-                                     "2: All notes must be within scale 0-8, currently note 1 is incorrect"));
-}
-
-TEST_F(MainWindowEntry, ATonePressedWhileOneSoundsIsDropped) {
-  sound.onBeep = [this] {
-    Press("cmdTone(4)");
-    Press("cmdPause");
-  };
-  Enter("c");
-  EXPECT_EQ(Shown(), "*4c2 r2|");
-}
-
-TEST_F(MainWindowEntry, TheThreeSettingsDecideWhatSounds) {
-  SetToggle("mnuSettingPlayComposing", false);
-  SetToggle("mnuSettingPlayMoving", false);
-  Enter("c");
-  Press("cmdDuration");
-  Press("cmdLeft");
-  Press("cmdRight");
-  EXPECT_THAT(sound.beeps, IsEmpty());
-  Press("cmdLowHigh");  // sounds whatever the settings say
-  EXPECT_THAT(sound.beeps, ElementsAre(testing::Gt(0)));
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 // What the main window does so that nothing is lost: the recovered melody, the notice on a refused file,
 // and files dropped onto it.
-#include <gmock/gmock.h>
-
 #include <QMimeData>
 #include <QUrl>
 
@@ -24,20 +22,16 @@ class ProgramRun : public MainWindowParts {
   }
   /// Enters a tone and leaves the timer the time to write it down.
   void EnterTone(int key) {
-    Click(window, IndexedName("cmdTone", key).toLatin1().constData());
+    Click(window, IndexedName("cmdTone", key));
     QTest::qWait(Recovery::kTickInterval + 200);
   }
-  std::string Shown() {
-    return (Control<QLineEdit>(window, "txtLeft").text().simplified() + "|" +
-            Control<QLineEdit>(window, "txtRight").text().simplified())
-        .toStdString();
-  }
+  std::string Shown() const { return ShownIn(window); }
   void Recover() { window.findChild<QAction*>("mnuFileRecover")->trigger(); }
 
   frmMain window;
 };
 
-TEST(MainWindowRecovery, AMelodyComesBackAfterAnAbnormalEnd) {
+TEST(MainWindowRecovery, AMelodyComesBackAfterAnAbnormalEndAndLaterOnDemandAlone) {
   const TempFolder state;
   {
     ProgramRun killed(state);
@@ -54,26 +48,21 @@ TEST(MainWindowRecovery, AMelodyComesBackAfterAnAbnormalEnd) {
     EXPECT_EQ(declined.ws.header.Name, "Unsaved");
     QTest::qWait(Recovery::kTickInterval + 200);
   }
-  ProgramRun accepted(state);
-  accepted.window.OfferRecovery();
-  EXPECT_EQ(accepted.Shown(), "|*4c4");
-}
-
-TEST(MainWindowRecovery, AfterANormalEndItIsBroughtBackOnDemandAlone) {
-  const TempFolder state;
   {
-    ProgramRun run(state);
-    run.EnterTone(2);
-    run.window.Unload();
+    ProgramRun accepted(state);
+    accepted.window.OfferRecovery();
+    EXPECT_EQ(accepted.Shown(), "|*4c4");
+    accepted.EnterTone(2);
+    accepted.window.Unload();
   }
   ProgramRun next(state);
   next.window.OfferRecovery();
   EXPECT_EQ(next.Shown(), "|");
   next.Recover();
-  EXPECT_EQ(next.Shown(), "|*4d4");
+  EXPECT_EQ(next.Shown(), "|*4d4 *4c4");
 }
 
-TEST(MainWindowRecovery, ClearingAndOpeningCanBeTakenBack) {
+TEST(MainWindowRecovery, ClearingCanBeTakenBack) {
   const TempFolder state;
   ProgramRun run(state);
   run.Recover();
@@ -97,24 +86,23 @@ TEST_F(MainWindowTest, ARefusedFileIsSaidBesideTheListUntilTheNextIsOpened) {
   EXPECT_FALSE(notice.isVisible());
 }
 
-TEST_F(MainWindowTest, ADroppedFileOpens) {
+TEST_F(MainWindowTest, ADroppedFileOpensAndOtherThingsAreRefused) {
   folder.Write("dropped.mel", "+C");
   SetToggle("mnuSettingAutoPlay", false);
-  QMimeData data;
-  data.setUrls({QUrl::fromLocalFile(QString::fromStdString((folder / "dropped.mel").string()))});
-  QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(&window, &enter);
-  EXPECT_TRUE(enter.isAccepted());
-  QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QMimeData text;
+  text.setText("c2");
+  QMimeData file;
+  file.setUrls({QUrl::fromLocalFile(QString::fromStdString((folder / "dropped.mel").string()))});
+  for (const QMimeData* data : {&text, &file}) {
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &enter);
+    EXPECT_EQ(enter.isAccepted(), data == &file);
+  }
+  QDropEvent drop({5, 5}, Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(&window, &drop);
   QTest::qWait(10);
   EXPECT_EQ(ws.iNoteMode, FormatMode::Melody);
   EXPECT_EQ(Shown(), "|+C");
-  QMimeData text;
-  text.setText("c2");
-  QDragEnterEvent other({5, 5}, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(&window, &other);
-  EXPECT_FALSE(other.isAccepted());
 }
 
 }  // namespace
