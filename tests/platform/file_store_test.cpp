@@ -81,6 +81,8 @@ TEST_F(FileStoreTest, ALockEndsWithItsHolder) {
   auto lock = store->TryLock(folder / "lock");
   ASSERT_TRUE(lock);
   EXPECT_FALSE(store->TryLock(folder / "lock"));
+  folder.Write("lock", "written all the same");
+  EXPECT_EQ(folder.Read("lock"), "written all the same");
   lock.reset();
   lock = store->TryLock(folder / "lock");
   ASSERT_TRUE(lock);
