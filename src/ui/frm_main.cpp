@@ -74,7 +74,7 @@ void frmMain::LayOut() {
   column->addLayout(lower, 1);
   setCentralWidget(centre);
   // The menu bar keeps its place while its menus are hidden, so that nothing jumps when a melody starts.
-  menuBar()->setMinimumHeight(menuBar()->sizeHint().height());
+  menuBar()->setMinimumHeight(menuBar()->heightForWidth(kFirstSize.width()));
   resize(kFirstSize);
 }
 
