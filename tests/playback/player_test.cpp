@@ -172,6 +172,15 @@ TEST(Player, WaveOutputLoopsTheImageForTheLengthOfTheTone) {
   EXPECT_THAT(p.log.lines, ElementsAre("1: Failed to start Wave file.."));
 }
 
+TEST(Player, MidiSoundsNothingAndTakesNoTimeButForPauses) {
+  Playing p("*3a2 r2");
+  p.player.outputType = OutputType::Midi;
+  for (const MelodyNote& note : p.ws.melody.Elements()) p.player.PlayElement(note, 600, 0);
+  EXPECT_THAT(p.sound.lines, IsEmpty());
+  EXPECT_THAT(p.view.calls, ElementsAre("Hz 440"));
+  EXPECT_NEAR(p.clock.seconds, 0.6, 0.001);
+}
+
 TEST(PhoneLights, VibrationStaysInItsSquare) {
   const VibrationSpot first = RandomVibrationSpot(0, 0);
   const VibrationSpot last = RandomVibrationSpot(0.9999, 0.9999);
