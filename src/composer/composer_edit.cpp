@@ -68,8 +68,7 @@ void Composer::cmdPause_Click() {
 
 void Composer::cmdInsert_Click(int index, std::string_view repeatCount, std::string_view volume) {
   const bool known = index >= 0 && index < static_cast<int>(kInsertButtons.size());
-  const InsertButton button =
-      known ? kInsertButtons.at(static_cast<size_t>(index)) : InsertButton{"", "", true};
+  const InsertButton button = known ? kInsertButtons.at(static_cast<size_t>(index)) : InsertButton{"", true};
   std::string special(button.special);
   if (index == kRepeatStop) special += std::string(repeatCount) + ")";
   if (index == kSetVolume) special += volume;

@@ -1,9 +1,7 @@
 // The six play buttons and the play loop.
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <string_view>
 
 #include "core/workspace.h"
 #include "playback/play_host.h"
@@ -14,8 +12,6 @@ namespace trillomat {
 
 /// The buttons `cmdControl(0)` to `cmdControl(5)`, by index.
 enum class Control { Clear, StartOver, Pause, Stop, Play, ToEnd };
-inline constexpr std::array<std::string_view, 6> kControlCaptions{"Clear", "Start over", "Pause",
-                                                                  "Stop",  "Play",       "To end"};
 
 class PlayControls {
  public:

@@ -16,7 +16,6 @@
 namespace trillomat {
 namespace {
 
-// The captions of kDurationCaptions and kDurationExtraCaptions with their mnemonics.
 constexpr std::array<std::string_view, 6> kDurationTexts{"Full note", "1/&2 note",  "1/&4 note",
                                                          "1/&8 note", "1/1&6 note", "1/&32 note"};
 constexpr std::array<std::string_view, 4> kExtraTexts{"Nothing", "Dotted note", "Double dotted note",

@@ -35,7 +35,7 @@ struct ControlButton {
   const char* tip;
 };
 
-// In the order of `Control`; the captions are those of kControlCaptions with their mnemonics.
+// In the order of `Control`.
 constexpr std::array<ControlButton, 6> kControlButtons{
     {{"&Clear", "Clear the melody", "Erase the whole melody"},
      {"Start &over", "Start over", "Put the cursor before the first element"},
