@@ -20,4 +20,19 @@ class EventPump {
   virtual bool WaitForEvents(double milliseconds) = 0;
 };
 
+/// Ends one piece of work as the program's end would end all: for work that the user can cancel.
+class StoppablePump : public EventPump {
+ public:
+  explicit StoppablePump(EventPump& pump) : pump_(pump) {}
+
+  void Stop() { stopped_ = true; }
+
+  bool PumpEvents() override { return pump_.PumpEvents() && !stopped_; }
+  bool WaitForEvents(double milliseconds) override { return pump_.WaitForEvents(milliseconds) && !stopped_; }
+
+ private:
+  EventPump& pump_;
+  bool stopped_ = false;
+};
+
 }  // namespace trillomat

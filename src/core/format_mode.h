@@ -16,11 +16,11 @@ struct ModeLimits {
   std::string_view caption;    ///< the mode's name in the menu
   std::string_view extension;  ///< of its files, without the dot
   std::string_view rangeNote;  ///< what the octave slider's note says
-  int16_t iOctaveMin;          ///< internal octave numbers
-  int16_t iOctaveMax;
-  int16_t iNotesShown;  ///< elements that each half of the text view shows
-  int32_t lTempoMin;    ///< beats per minute
-  int32_t lTempoMax;
+  int16_t lowestOctave;        ///< internal octave numbers
+  int16_t highestOctave;
+  int16_t elementsShown;  ///< elements that each half of the text view shows
+  int32_t lowestTempo;    ///< beats per minute
+  int32_t highestTempo;
   std::optional<int32_t> forcedTempo;  ///< set on entering the mode
   int firstDuration;                   ///< indices into kDurations that the mode has codes for
   int lastDuration;
@@ -30,7 +30,7 @@ struct ModeLimits {
   bool commands;         ///< phone commands and repeats can be entered, and are performed
   int songInfoRows;      ///< rows of the song-information panel that are shown
 
-  constexpr bool HasOctave(int octave) const { return octave >= iOctaveMin && octave <= iOctaveMax; }
+  constexpr bool HasOctave(int octave) const { return octave >= lowestOctave && octave <= highestOctave; }
   constexpr bool HasDuration(int index) const { return index >= firstDuration && index <= lastDuration; }
   constexpr bool HasExtra(int index) const { return index >= 0 && index <= lastExtra; }
 };

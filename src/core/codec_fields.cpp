@@ -2,7 +2,7 @@
 #include <array>
 
 #include "core/ascii.h"
-#include "core/note_codec.h"
+#include "core/codec.h"
 #include "core/number_text.h"
 
 namespace trillomat {
@@ -33,7 +33,7 @@ bool IsUpper(std::string_view text) { return text == Uppered(text); }
 
 }  // namespace
 
-float NoteCodec::DecodeDuration(std::string_view text, FormatMode mode) const {
+float DecodeDuration(std::string_view text, FormatMode mode, Log& log) {
   if (mode == FormatMode::EMelody) {
     const float plain = IsUpper(text) ? 2.0F : 0.5F;
     return Contains(text, ".") ? 2 * plain : plain;
@@ -43,11 +43,11 @@ float NoteCodec::DecodeDuration(std::string_view text, FormatMode mode) const {
   for (size_t i = 0; i < codes.size(); ++i) {
     if (codes.at(i) == text) return kDurations.at(i);
   }
-  log_.WriteLog("Unknown duration-->" + std::string(text), 2);
+  log.WriteLog("Unknown duration-->" + std::string(text), 2);
   return 0;
 }
 
-float NoteCodec::DecodeDurationExtra(std::string_view text, FormatMode mode) {
+float DecodeDurationExtra(std::string_view text, FormatMode mode) {
   const int lastExtra = LimitsOf(mode).lastExtra;
   for (size_t i = 1; i <= static_cast<size_t>(lastExtra); ++i) {
     if (kExtraMarks.at(i) == text) return kDurationExtras.at(i);
@@ -55,36 +55,36 @@ float NoteCodec::DecodeDurationExtra(std::string_view text, FormatMode mode) {
   return 1.0F;
 }
 
-FieldText NoteCodec::EncodeDuration(float duration, FormatMode mode) const {
+FieldText EncodeDuration(float duration, FormatMode mode, Log& log) {
   const int index = DurationIndex(duration);
   if (index >= 0) {
-    return {std::string(CodesOf(mode).at(static_cast<size_t>(index))), !LimitsOf(mode).HasDuration(index)};
+    return {std::string(CodesOf(mode).at(static_cast<size_t>(index))), LimitsOf(mode).HasDuration(index)};
   }
-  log_.WriteLog("Unknown duration-->" + FloatText(duration), 1);
+  log.WriteLog("Unknown duration-->" + FloatText(duration), 1);
   if (mode == FormatMode::IMelody) return {};
-  return {std::string(CodesOf(mode).back()), true};
+  return {std::string(CodesOf(mode).back()), false};
 }
 
-FieldText NoteCodec::EncodeDurationExtra(float extra, FormatMode mode) {
+FieldText EncodeDurationExtra(float extra, FormatMode mode) {
   const int index = DurationExtraIndex(extra);
   const bool marked = mode == FormatMode::IMelody || mode == FormatMode::Rtttl;
   FieldText field;
   if (marked && index >= 0) field.text = kExtraMarks.at(static_cast<size_t>(index));
-  field.unsupported = mode != FormatMode::IMelody && !LimitsOf(mode).HasExtra(index);
+  field.supported = mode == FormatMode::IMelody || LimitsOf(mode).HasExtra(index);
   return field;
 }
 
-FieldText NoteCodec::EncodeOctave(const MelodyNote& note, FormatMode mode) {
+FieldText EncodeOctave(int16_t octave, FormatMode mode) {
   const ModeLimits& limits = LimitsOf(mode);
-  const bool inside = limits.HasOctave(note.Octave);
+  const bool inside = limits.HasOctave(octave);
   FieldText field;
-  field.unsupported = !inside;
+  field.supported = inside;
   switch (mode) {
-    case FormatMode::IMelody: field.text = "*" + std::to_string(inside ? note.Octave : 4); break;
-    case FormatMode::Rtttl: field.text = std::to_string(inside ? note.Octave + 2 : 4); break;
+    case FormatMode::IMelody: field.text = "*" + std::to_string(inside ? octave : 4); break;
+    case FormatMode::Rtttl: field.text = std::to_string(inside ? octave + 2 : 4); break;
     case FormatMode::EMelody:
     case FormatMode::Melody:
-      if (inside) field.text.assign(static_cast<size_t>(note.Octave - limits.iOctaveMin), '+');
+      if (inside) field.text.assign(static_cast<size_t>(octave - limits.lowestOctave), '+');
       break;
   }
   return field;

@@ -1,0 +1,67 @@
+// One element of a melody: a tone, a pause or a phone command. The record knows no file format; each
+// format mode writes the same fields in its own notation (see codec.h). It is small and needs no heap
+// for what a clean file holds, so melodies of any length are cheap to copy, to change and to compare.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "core/short_text.h"
+
+namespace trillomat {
+
+/// Marks an element without an octave: pauses and commands.
+inline constexpr int16_t kNoOctave = -1;
+
+/// The lengths that an element can have, in quarter-note beats: whole note to thirty-second note.
+inline constexpr std::array<float, 6> kDurations{4.0F, 2.0F, 1.0F, 0.5F, 0.25F, 0.125F};
+
+/// The length multipliers: plain, dotted, double dotted, and the triplet's two thirds.
+inline constexpr std::array<float, 4> kDurationExtras{1.0F, 1.5F, 1.75F, static_cast<float>(2.0 / 3.0)};
+
+class Element {
+ public:
+  float duration = 0;  ///< beats, one of kDurations; 0 in a decoded command
+  float extra = 0;     ///< one of kDurationExtras; 0 in a decoded command
+  int16_t octave = 0;  ///< octave number of I-Melody (its octave 3 holds a = 440 Hz), or kNoOctave
+
+  /// "c", "#c", "&d", ... "b", in the case in which it was read; "r" for a pause; empty for a command.
+  std::string_view Note() const { return isCommand_ ? std::string_view() : text_.View(); }
+  /// The command's own token ("ledon", "V10", "(", "@2)"), empty for a tone or a pause.
+  std::string_view Command() const { return isCommand_ ? text_.View() : std::string_view(); }
+
+  /// Makes it a tone or pause, or with a text that is not empty a command. Its other fields stay.
+  void SetNote(std::string_view note) { Set(note, false); }
+  void SetCommand(std::string_view command) { Set(command, !command.empty()); }
+
+  bool operator==(const Element&) const = default;
+
+ private:
+  void Set(std::string_view text, bool isCommand) {
+    text_ = ShortText(text);
+    isCommand_ = isCommand;
+  }
+
+  bool isCommand_ = false;  ///< what text_ is
+  ShortText text_;
+};
+
+static_assert(sizeof(Element) == 24);
+
+using ElementList = std::vector<Element>;
+
+Element Tone(std::string_view note, int16_t octave, float duration, float extra);
+Element Pause(float duration, float extra);
+/// A command as the decoders make it: no octave, no length.
+Element Command(std::string_view token);
+
+/// True for a pause: a note that contains an "r" of either case.
+bool IsPause(const Element& element);
+
+/// The index of `value` in kDurations or kDurationExtras, -1 when it is none of them.
+int DurationIndex(float value);
+int DurationExtraIndex(float value);
+
+}  // namespace trillomat

@@ -1,0 +1,66 @@
+#include "document/document.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace trillomat {
+
+Document::Document(Song song, FormatMode mode)
+    : song_(std::move(song)), count_(song_.elements), cursor_(-1), mode_(mode) {}
+
+Change Document::Apply(Change change) {
+  const size_t at = std::min(change.at, song_.elements.size());
+  const size_t removed = std::min(change.removed, song_.elements.size() - at);
+  ChangedRange range{.at = at,
+                     .removed = removed,
+                     .inserted = change.inserted.size(),
+                     .info = change.info && *change.info != song_.info};
+  Change back{.at = at, .removed = range.inserted, .cursor = cursor_};
+  back.inserted = Splice(at, removed, std::move(change.inserted));
+  if (change.info) back.info = std::exchange(song_.info, *std::move(change.info));
+  const int32_t cursor = std::clamp(change.cursor.value_or(cursor_), -1, std::max(LastIndex(), -1));
+  range.cursor = std::exchange(cursor_, cursor) != cursor;
+  changed_ = changed_ || range.SongChanged();
+  Tell(range);
+  return back;
+}
+
+void Document::SetMode(FormatMode mode) {
+  mode_ = mode;
+  Tell({.mode = true});
+}
+
+void Document::SetFile(std::filesystem::path file) {
+  file_ = std::move(file);
+  changed_ = false;
+}
+
+// A new song takes the place of the old one as a whole; what goes and what comes are moved, not copied.
+ElementList Document::Splice(size_t at, size_t removed, ElementList inserted) {
+  ElementList& all = song_.elements;
+  if (removed == all.size()) {
+    count_ = DefaultsCount(inserted);
+    return std::exchange(all, std::move(inserted));
+  }
+  for (const Element& element : inserted) count_.Add(element);
+  const auto first = all.begin() + static_cast<std::ptrdiff_t>(at);
+  const auto last = first + static_cast<std::ptrdiff_t>(removed);
+  for (auto element = first; element != last; ++element) count_.Remove(*element);
+  ElementList gone(std::make_move_iterator(first), std::make_move_iterator(last));
+  const size_t both = std::min(removed, inserted.size());
+  const auto middle =
+      std::move(inserted.begin(), inserted.begin() + static_cast<std::ptrdiff_t>(both), first);
+  all.erase(middle, last);
+  all.insert(all.begin() + static_cast<std::ptrdiff_t>(at + both),
+             std::make_move_iterator(inserted.begin() + static_cast<std::ptrdiff_t>(both)),
+             std::make_move_iterator(inserted.end()));
+  return gone;
+}
+
+// By index, because an observer may add another.
+void Document::Tell(const ChangedRange& range) {
+  for (size_t i = 0; i < observers_.size(); ++i) observers_[i]->DocumentChanged(range);
+}
+
+}  // namespace trillomat
