@@ -16,8 +16,8 @@ inline constexpr int32_t kDefaultTempo = 100;  ///< beats per minute, in place o
 
 /// The song information. It starts as the song-information panel does. Texts are Windows-1252.
 struct SongInfo {
-  std::string name;
-  std::string composer;
+  std::string name = {};
+  std::string composer = {};
   int32_t bpm = kDefaultTempo;  ///< tempo in beats per minute
   std::string style = "S0";     ///< "S0" natural, "S1" continuous, "S2" staccato
   std::string volume = "V10";   ///< "V" and a number from 0 to kHighestVolume
@@ -29,8 +29,8 @@ struct SongInfo {
 };
 
 struct Song {
-  ElementList elements;
-  SongInfo info;
+  ElementList elements = {};
+  SongInfo info = {};
 
   bool operator==(const Song&) const = default;
 };
@@ -71,11 +71,11 @@ class DefaultsCount {
 /// The keys of the last RTTTL header read. They start with the values that the published format gives a
 /// header without keys; a key that a header leaves out keeps the value of the header before it.
 struct RtttlKeys {
-  std::string name;
-  int32_t bpm = 63;   ///< beats per minute
-  std::string style;  ///< the character after "s="
+  std::string name = {};
+  int32_t bpm = 63;        ///< beats per minute
+  std::string style = {};  ///< the character after "s="
   int16_t loop = 0;
-  TokenDefaults defaults;
+  TokenDefaults defaults = {};
 
   bool operator==(const RtttlKeys&) const = default;
 };
@@ -83,8 +83,8 @@ struct RtttlKeys {
 /// What a read starts from and, changed, leaves for the next one: a field that a file does not hold keeps
 /// the value of the read before, even of one that was refused further on. Not the song's own information.
 struct ReadRecord {
-  SongInfo info;
-  RtttlKeys rtttl;
+  SongInfo info = {};
+  RtttlKeys rtttl = {};
 
   bool operator==(const ReadRecord&) const = default;
 };
