@@ -3,14 +3,11 @@
 #pragma once
 
 #include <functional>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "core/clock.h"
-#include "core/event_pump.h"
-#include "core/log.h"
-#include "core/workspace.h"
+#include "core/services.h"
 
 namespace trillomat {
 
@@ -57,25 +54,12 @@ class FakePump : public EventPump {
   FakeClock* clock_;
 };
 
-/// A workspace over fakes, and the way between elements and I-Melody tokens.
-struct FakeWorkspace {
-  std::string TokensOf(const MelodyList& elements, const char* behindEach = "") {
-    std::string text;
-    for (MelodyNote note : elements) text += ws.codec.EncodeNote(note, FormatMode::IMelody) + behindEach;
-    return text;
-  }
-  /// Of tokens with blanks between them.
-  MelodyList NotesOf(const std::string& tokens) {
-    MelodyList notes;
-    std::istringstream in(tokens);
-    for (std::string token; in >> token;) notes.push_back(ws.codec.DecodeNote(token, FormatMode::IMelody));
-    return notes;
-  }
-
+/// All of them together.
+struct FakeServices {
   FakeLog log;
   FakeClock clock;
   FakePump pump{&clock};
-  Workspace ws{log, pump};
+  Services services{log, pump};
 };
 
 }  // namespace trillomat

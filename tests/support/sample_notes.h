@@ -6,56 +6,57 @@
 #include <string>
 #include <vector>
 
-#include "core/melody.h"
+#include "core/codec.h"
 #include "core/number_text.h"
 
 namespace trillomat {
 
-inline MelodyNote Tone(std::string_view note, int octave = 4, float duration = 1.0F, float extra = 1.0F) {
-  return {.Octave = static_cast<int16_t>(octave),
-          .Note = std::string(note),
-          .Special = "",
-          .DurationExtra = extra,
-          .Duration = duration,
-          .NotSupported = false};
+/// A tone, by default a quarter in octave 4.
+inline Element Note(std::string_view note, int octave = 4, float duration = 1.0F, float extra = 1.0F) {
+  return Tone(note, static_cast<int16_t>(octave), duration, extra);
 }
 
-inline MelodyNote Pause(float duration = 1.0F, float extra = 1.0F) {
-  return Tone("r", kNoOctave, duration, extra);
+/// A pause, by default a quarter.
+inline Element Rest(float duration = 1.0F, float extra = 1.0F) { return Pause(duration, extra); }
+
+inline ElementList Tones(std::initializer_list<int> octaves) {
+  ElementList elements;
+  for (const int octave : octaves) elements.push_back(Note("c", octave));
+  return elements;
 }
 
-inline MelodyList Tones(std::initializer_list<int> octaves) {
-  MelodyList notes;
-  for (const int octave : octaves) notes.push_back(Tone("c", octave));
-  return notes;
+/// The elements of I-Melody tokens with blanks between them.
+inline ElementList ElementsOf(const std::string& tokens) {
+  SilentLog log;
+  ElementList elements;
+  std::istringstream in(tokens);
+  for (std::string token; in >> token;) elements.push_back(Decode(token, FormatMode::IMelody, {}, log));
+  return elements;
 }
 
-inline std::vector<int> OctavesOf(const MelodyList& notes) {
-  std::vector<int> octaves;
-  for (const MelodyNote& note : notes) octaves.push_back(note.Octave);
-  return octaves;
-}
-
-/// "OCTAVE NOTE DURATION EXTRA" of a tone or a pause, the token of a command.
-inline std::string Described(const MelodyNote& note) {
-  if (note == CommandNote(note.Special)) return note.Special;
-  return std::to_string(note.Octave) + " " + note.Note + note.Special + " " + FloatText(note.Duration) + " " +
-         FloatText(note.DurationExtra);
-}
-
-/// The same of many, with ", " between them.
-inline std::string Described(const MelodyList& notes) {
+/// The I-Melody tokens of elements, octaves included, with `between` between them.
+inline std::string TokensOf(const ElementList& elements, std::string_view between = "") {
+  SilentLog log;
   std::string text;
-  for (const MelodyNote& note : notes) text += (text.empty() ? "" : ", ") + Described(note);
+  for (const Element& element : elements) {
+    if (!text.empty()) text += between;
+    text += Encode(element, FormatMode::IMelody, {}, log).text;
+  }
   return text;
 }
 
-/// The element that is described so.
-inline MelodyNote NoteOf(const std::string& description) {
-  if (description.find(' ') == std::string::npos) return CommandNote(description);
-  MelodyNote note;
-  std::istringstream(description) >> note.Octave >> note.Note >> note.Duration >> note.DurationExtra;
-  return note;
+/// "OCTAVE NOTE DURATION EXTRA" of a tone or a pause, the token of a command.
+inline std::string Described(const Element& element) {
+  if (element == Command(element.Command())) return std::string(element.Command());
+  return std::to_string(element.octave) + " " + std::string(element.Note()) + std::string(element.Command()) +
+         " " + FloatText(element.duration) + " " + FloatText(element.extra);
+}
+
+/// The same of many, with ", " between them.
+inline std::string Described(const ElementList& elements) {
+  std::string text;
+  for (const Element& element : elements) text += (text.empty() ? "" : ", ") + Described(element);
+  return text;
 }
 
 }  // namespace trillomat

@@ -1,7 +1,7 @@
-// A workspace whose log and event pump do nothing and cost nothing, for fuzz targets and benchmarks.
+// A log and an event pump that do nothing and cost nothing, for fuzz targets and benchmarks.
 #pragma once
 
-#include "core/workspace.h"
+#include "core/services.h"
 
 namespace trillomat {
 
@@ -11,10 +11,10 @@ class IdlePump : public EventPump {
   bool WaitForEvents(double /*milliseconds*/) override { return true; }
 };
 
-struct SilentWorkspace {
+struct SilentServices {
   SilentLog log;
   IdlePump pump;
-  Workspace ws{log, pump};
+  Services services{log, pump};
 };
 
 }  // namespace trillomat
