@@ -1,4 +1,4 @@
-#include "core/note_codec.h"
+#include "core/codec.h"
 
 #include <gmock/gmock.h>
 
@@ -16,22 +16,26 @@ constexpr FormatMode E = FormatMode::EMelody;
 constexpr FormatMode R = FormatMode::Rtttl;
 constexpr FormatMode M = FormatMode::Melody;
 
-class NoteCodecTest : public testing::Test {
- protected:
-  FakeLog log_;
-  NoteCodec codec_{log_};
-};
+// The element that is described as Described does it.
+Element ElementOf(const std::string& description) {
+  if (description.find(' ') == std::string::npos) return Command(description);
+  std::istringstream in(description);
+  std::string note;
+  Element element;
+  in >> element.octave >> note >> element.duration >> element.extra;
+  element.SetNote(note);
+  return element;
+}
 
 // What a token means: "OCTAVE NOTE DURATION EXTRA", or the command itself.
 using Meanings = std::vector<std::pair<const char*, const char*>>;
 
-TEST_F(NoteCodecTest, Decodes) {
-  codec_.defaults = {.octave = 4, .duration = 0.5F};
-  const auto expect = [this](FormatMode mode, const Meanings& cases) {
-    for (const auto& [token, note] : cases) {
-      const MelodyNote decoded = codec_.DecodeNote(token, mode);
-      EXPECT_EQ(Described(decoded), note) << static_cast<int>(mode) << " " << token;
-      EXPECT_FALSE(decoded.NotSupported) << token;
+TEST(CodecTest, Decodes) {
+  FakeLog log;
+  const auto expect = [&log](FormatMode mode, const Meanings& cases) {
+    for (const auto& [token, element] : cases) {
+      const Element decoded = Decode(token, mode, {.octave = 4, .duration = 0.5F}, log);
+      EXPECT_EQ(Described(decoded), element) << static_cast<int>(mode) << " " << token;
     }
   };
   const Meanings imelody = {{"*4c2", "4 c 1 1"},
@@ -63,10 +67,10 @@ TEST_F(NoteCodecTest, Decodes) {
   const Meanings melody = {{"C", "3 C 1 1"},     {"+c", "4 c 0.5 1"}, {"++#c", "4 #c 0.5 1"},
                            {"(b)A", "3 &A 1 1"}, {"p", "-1 p 0.5 1"}, {"R", "3 R 1 1"}};
   expect(M, melody);
-  EXPECT_THAT(log_.lines, IsEmpty());
+  EXPECT_THAT(log.lines, IsEmpty());
 }
 
-TEST_F(NoteCodecTest, DecodingLogsWhatItCannotRead) {
+TEST(CodecTest, DecodingLogsWhatItCannotRead) {
   using Case = std::tuple<FormatMode, std::string, std::string>;
   const Case cases[] = {{I, "x", "1: Could not decode the note....-->x"},
                         {I, "", "1: Could not decode the note....-->"},
@@ -75,21 +79,21 @@ TEST_F(NoteCodecTest, DecodingLogsWhatItCannotRead) {
                         {R, "04c", "2: Unknown duration-->04"},
                         {R, "8*c", "2: Unknown duration-->8*"}};
   for (const auto& [mode, token, line] : cases) {
-    log_.lines.clear();
-    EXPECT_EQ(codec_.DecodeNote(token, mode).Duration, 0.0F) << token;
-    EXPECT_THAT(log_.lines, ElementsAre(line));
+    FakeLog log;
+    EXPECT_EQ(Decode(token, mode, {}, log).duration, 0.0F) << token;
+    EXPECT_THAT(log.lines, ElementsAre(line));
   }
 }
 
-TEST_F(NoteCodecTest, Encodes) {
-  codec_.defaults = {.octave = 4, .duration = 1.0F};
-  const auto expect = [this](FormatMode mode, const Meanings& cases) {
-    for (const auto& [element, token] : cases) {
-      MelodyNote note = NoteOf(element);
-      const bool lacks = std::string_view(token).starts_with('[');
-      note.NotSupported = !lacks;
-      EXPECT_EQ(codec_.EncodeNote(note, mode), token) << static_cast<int>(mode) << " " << element;
-      EXPECT_EQ(note.NotSupported, lacks) << token;
+TEST(CodecTest, Encodes) {
+  FakeLog log;
+  const auto expect = [&log](FormatMode mode, const Meanings& cases) {
+    for (const auto& [description, token] : cases) {
+      const Element element = ElementOf(description);
+      const bool supported = !std::string_view(token).starts_with('[');
+      EXPECT_EQ(Encode(element, mode, {}, log), (Token{token, supported})) << description;
+      EXPECT_EQ(Supports(element, mode), supported) << static_cast<int>(mode) << " " << description;
+      EXPECT_EQ(SupportedText(element, mode, {}, log), supported ? token : "") << description;
     }
   };
   const Meanings imelody = {
@@ -123,28 +127,28 @@ TEST_F(NoteCodecTest, Encodes) {
                            {"-1 r 1 1", "p"},  {"-1 R 2 1", "[p]"},    {"-1 r 0.5 0.6666667", "[p]"},
                            {"(", ""}};
   expect(M, melody);
-  MelodyNote nameless = Tone("", 3);
-  EXPECT_EQ(codec_.EncodeNote(nameless, E), ".");
+  EXPECT_EQ(Encode(Note("", 3), E, {}, log).text, ".");
+  // A damaged file's note that begins with the bracket is taken for an unsupported one.
+  EXPECT_TRUE(Supports(Note("[", 3, 0.5F), E));
+  EXPECT_EQ(SupportedText(Note("[", 3, 0.5F), E, {}, log), "");
 }
 
-TEST_F(NoteCodecTest, EncodingSaysWhatTheDefaultsLeaveOutAndWhatHasNoName) {
+TEST(CodecTest, EncodingSaysWhatTheDefaultsLeaveOutAndWhatHasNoName) {
   struct Case {
-    MelodyDefaults defaults;
-    const char* note;
+    TokenDefaults defaults;
+    const char* element;
     const char* token;
     std::vector<std::string> log;
   };
   const Case cases[] = {
       // What equals the default is still judged; without a default every token is complete.
       {{7, 0.0F}, "7 c 0 1", "[C]", {"1: Unknown duration-->0"}},
-      {{-1, -1.0F}, "4 a 1 1", "4A6", {}},
+      {kNoTokenDefaults, "4 a 1 1", "4A6", {}},
       {{4, 1.0F}, "4 #e 3 1", "[32]", {"1: Unknown duration-->3", "1: Couldnot find the note"}}};
   for (const Case& c : cases) {
-    log_.lines.clear();
-    codec_.defaults = c.defaults;
-    MelodyNote note = NoteOf(c.note);
-    EXPECT_EQ(codec_.EncodeNote(note, R), c.token);
-    EXPECT_EQ(log_.lines, c.log);
+    FakeLog log;
+    EXPECT_EQ(Encode(ElementOf(c.element), R, c.defaults, log).text, c.token);
+    EXPECT_EQ(log.lines, c.log);
   }
 }
 
