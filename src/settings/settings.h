@@ -17,15 +17,15 @@
 namespace trillomat {
 
 struct Settings {
-  int32_t Scale = 4;  ///< place of the octave slider
-  FormatMode Mode = FormatMode::IMelody;
-  std::string BrowseFolder = "c:\\";  ///< Windows-1252, ends in a backslash
-  bool AutoPlay = true;
-  bool PlayMoving = true;
-  bool PlayComposing = true;
-  int16_t Duration = 4;       ///< index of the duration option
-  int16_t DurationExtra = 0;  ///< index of the duration-extra option
-  int16_t OutPut = 1;         ///< 0 wave, 1 beep, 2 midi
+  int32_t octave = 4;  ///< place of the octave slider
+  FormatMode mode = FormatMode::IMelody;
+  std::string browseFolder = "c:\\";  ///< Windows-1252, ends in a backslash
+  bool autoPlay = true;
+  bool playMoving = true;
+  bool playComposing = true;
+  int16_t duration = 4;       ///< index of the duration option
+  int16_t durationExtra = 0;  ///< index of the duration-extra option
+  int16_t output = 1;         ///< 0 wave, 1 beep, 2 midi
 
   bool operator==(const Settings&) const = default;
 };

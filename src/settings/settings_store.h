@@ -14,12 +14,12 @@ class SettingsStore {
   SettingsStore& operator=(const SettingsStore&) = delete;
   virtual ~SettingsStore() = default;
 
-  virtual void SaveSetting(std::string_view section, std::string_view key, std::string_view value) = 0;
-  /// The stored text, `defaultValue` when there is none.
-  virtual std::string GetSetting(std::string_view section, std::string_view key,
-                                 std::string_view defaultValue) const = 0;
+  /// The stored text, `fallback` when there is none.
+  virtual std::string Get(std::string_view section, std::string_view key,
+                          std::string_view fallback) const = 0;
+  virtual void Set(std::string_view section, std::string_view key, std::string_view value) = 0;
   /// Deletes a whole section; one that does not exist is no error.
-  virtual void DeleteSetting(std::string_view section) = 0;
+  virtual void DeleteSection(std::string_view section) = 0;
 };
 
 }  // namespace trillomat

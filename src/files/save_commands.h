@@ -8,10 +8,9 @@
 #include <string_view>
 #include <utility>
 
-#include "browser/browser_view.h"
-#include "browser/file_browser.h"
-#include "browser/file_store.h"
-#include "core/workspace.h"
+#include "files/file_browser.h"
+#include "files/files_host.h"
+#include "files/save.h"
 
 namespace trillomat {
 
@@ -24,28 +23,27 @@ std::string BuildDialogFilter(std::span<const std::pair<std::string_view, std::s
 std::optional<std::filesystem::path> ChosenFile(const std::filesystem::path& answer,
                                                 std::string_view extension);
 
+/// While another file operation runs, none of the commands does anything.
 class SaveCommands {
  public:
-  SaveCommands(Workspace& workspace, FileStore& store, FileBrowser& browser, BrowserView& view)
-      : ws_(workspace), store_(store), browser_(browser), view_(view) {}
+  SaveCommands(const FileParts& parts, FileBrowser& browser) : parts_(parts), browser_(browser) {}
 
-  /// Writes the melody over the selected file. A click while a save runs does nothing, here and below.
-  void cmdSave_Click();
-  /// Asks for a name and writes the melody there.
-  void cmdSaveAs_Click();
-  bool IsSaving() const { return saving_; }
+  /// Writes the song over the selected file.
+  void Save();
+  /// Asks for a name and writes the song there; the list then selects the new file.
+  void SaveAs();
+  /// Ctrl+S: Save where a file is selected that it may write over, Save As otherwise.
+  void SaveOrSaveAs();
 
  private:
   bool NothingToSave();
-  void Save();
-  void SaveAs();
+  void WriteSelected();
+  void AskAndWrite();
   std::optional<std::filesystem::path> AskFile();
+  void NoteFailure(std::string_view why);
 
-  Workspace& ws_;
-  FileStore& store_;
+  FileParts parts_;
   FileBrowser& browser_;
-  BrowserView& view_;
-  bool saving_ = false;
 };
 
 }  // namespace trillomat

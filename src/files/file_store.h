@@ -38,7 +38,7 @@ class FileStore {
   virtual ~FileStore() = default;
 
   /// The drives present: bit i for the letter with code 65 + i. 0 when they cannot be told.
-  virtual uint32_t GetLogicalDrives() = 0;
+  virtual uint32_t Drives() = 0;
   /// How the drive is shown, its letter first: "C: /home/ada".
   virtual std::string DriveText(char letter) const = 0;
 
@@ -52,6 +52,7 @@ class FileStore {
   /// The ordinary files of a folder that match `pattern` ("*" and what follows), whatever their case.
   virtual FolderListing ListFiles(const std::filesystem::path& folder, std::string_view pattern) = 0;
 
+  // Of what fails from here on, the system's last error (errno) says why, as far as it says anything.
   /// True for an entry of any kind, a link that leads nowhere included.
   virtual bool Exists(const std::filesystem::path& file) const = 0;
   /// Deletes a file, never a folder.
@@ -62,16 +63,16 @@ class FileStore {
 
   /// Makes an empty file; false when the name is taken.
   virtual bool Create(const std::filesystem::path& file) = 0;
-  /// Gives `to` the access rights of `from`, as far as the system allows.
+  /// Gives `to` the owner and the access rights of `from`, as far as the system allows.
   virtual void KeepRights(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
   /// True once the file's bytes are on the medium.
   virtual bool Flush(const std::filesystem::path& file) = 0;
-  /// Makes what `file`, which is no folder, holds reachable under the free name `aside` in the same folder;
-  /// `file` itself stays in place where the medium can hold one file under two names. On the medium when it
-  /// returns true.
-  virtual bool KeepAside(const std::filesystem::path& file, const std::filesystem::path& aside) = 0;
-  /// Renames a file within its folder; what was named `to` is replaced in the same instant. On the medium
-  /// when it returns true.
+  /// True once the names in the folder are on the medium, and where the medium cannot be asked for it.
+  virtual bool FlushFolder(const std::filesystem::path& folder) = 0;
+  /// Whether another file can take the place of `file`: false for a folder, and for what nobody but its
+  /// owner, or its present user, may remove.
+  virtual bool CanRemove(const std::filesystem::path& file) const = 0;
+  /// Renames a file within its folder; what was named `to` is replaced in the same instant.
   virtual bool Move(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
 
   /// Locks a file, made when missing; nothing while anybody else holds it. What the file holds can be read

@@ -1,0 +1,96 @@
+// The file browser beside the composer: drives, the list of folders and melody files, and what clicks
+// and the right-click menu do. The window calls the event handlers and shows the state. While a file
+// operation runs, none of them does anything but defer a click.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "files/file_row.h"
+#include "files/files_host.h"
+#include "files/opener.h"
+#include "files/save.h"
+
+namespace trillomat {
+
+class FileBrowser {
+ public:
+  static constexpr int kNoRow = -1;
+
+  explicit FileBrowser(const FileParts& parts) : parts_(parts), opener_(parts) {}
+
+  // What the window shows.
+  /// The current browse folder in the given form, ending in "\".
+  const std::string& Folder() const { return folder_; }
+  /// The entries of `cboDrives`.
+  const std::vector<std::string>& Drives() const { return drives_; }
+  /// Index into Drives() of the drive that the browse folder is on, kNoRow when it is on none.
+  int CurrentDrive() const;
+  const std::vector<FileRow>& Rows() const { return rows_; }
+  /// Index of the selected row or kNoRow.
+  int SelectedRow() const { return selected_; }
+  /// True while "Save" has a file to write over; the window also locks it while a melody plays.
+  bool CanSave() const;
+
+  /// At start, before the rows are read.
+  void SetFolder(std::string folder) { folder_ = std::move(folder); }
+  /// Reads the drive list. False, and "Failed to get drivelist-> End program" in the log, when the program
+  /// has to end.
+  bool FillDrives();
+  /// Reads the rows anew, and clears away what killed saves left in the folder. The selected row stays
+  /// selected while it is still there and the file that the document belongs to.
+  void Refresh();
+
+  // Event handlers. A row is given by its index, kNoRow for none.
+  void ChooseDrive(std::string_view entry);
+  void Click(int row);
+  /// Enters a folder. A file has been opened by the click before it.
+  void DoubleClick(int row);
+  /// The right button went down on `row`: selects it without opening it, and pops up `mnuRight`.
+  void OpenMenu(int row);
+  void ClickTimerRan();
+  void DeleteSelected();
+  void RenameSelected();
+
+  /// Opens a file named on the command line or dropped onto the window as a click in the list would: the
+  /// mode follows its extension, the browse folder its folder, and its row is selected. False when it was
+  /// not opened; a file that is no melody file is said so to the user (level 2).
+  bool OpenFile(const std::filesystem::path& file);
+  /// Takes in what was imported and not refused, under the token of who imported it. Nothing is selected
+  /// any more.
+  void TakeImported(ReadResult&& read);
+  /// Brings back the last composed song, or says (level 2) that there is none.
+  void RecoverLast();
+
+  /// The file of the selected row: the browse folder and the row's text. No path when it is no file's.
+  TargetFile SelectedFile() const;
+  /// After a Save As: reads the rows anew and selects the document's file, if the list shows it.
+  void RefreshAndSelectSaved();
+
+ private:
+  const FileRow* Selected() const;
+  bool FileSelected() const { return Selected() != nullptr && Selected()->IsFile(); }
+  void Select(int row, bool clicked);
+  void Reselect(const std::optional<FileRow>& row);
+  int RowOf(const FileRow& row) const;
+  bool BelongsToDocument(const FileRow& row) const;
+  void OpenSelected(std::string_view missingBackslash);
+  void EnterPrevious();
+  void AddRows(const FolderListing& listing, RowKind kind, std::string_view failure);
+  std::string Rename(const TargetFile& file, const std::string& newGiven);
+
+  FileParts parts_;
+  Opener opener_;
+  std::string folder_ = "c:\\";
+  std::vector<std::string> drives_;
+  std::vector<FileRow> rows_;
+  int selected_ = kNoRow;
+  bool clicked_ = false;             ///< the selected row was clicked, not only right-clicked
+  std::optional<FileRow> deferred_;  ///< whose click timer 1 will run
+  bool rightButtonDown_ = false;
+};
+
+}  // namespace trillomat

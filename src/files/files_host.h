@@ -1,0 +1,84 @@
+// What the file commands need of the composer, the player and the window, and what they work on. Abstract
+// so that they run and are tested without them. Texts are UTF-8.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/services.h"
+#include "document/document.h"
+#include "files/file_operations.h"
+#include "files/file_store.h"
+#include "formats/formats.h"
+
+namespace trillomat {
+
+class Recovery;
+
+/// What the save dialog opens with.
+struct SaveDialog {
+  std::filesystem::path folder;
+  std::string fileName;   ///< proposed
+  std::string filter;     ///< as BuildDialogFilter makes it
+  std::string extension;  ///< of the current format, without the dot
+};
+
+class FilesHost {
+ public:
+  FilesHost() = default;
+  FilesHost(const FilesHost&) = delete;
+  FilesHost& operator=(const FilesHost&) = delete;
+  virtual ~FilesHost() = default;
+
+  // The composer and the player.
+  virtual bool ToneSounds() const = 0;
+  /// Presses Stop when a melody plays, so that a file that waits to be opened can be.
+  virtual void StopPlaying() = 0;
+  virtual void EnterMode(FormatMode mode) = 0;
+  /// Puts what was read, which was not refused, in the place of the song: it shows from before its first
+  /// element, the phone display rests, and a play loop that ran has ended.
+  virtual void TakeIn(ReadResult&& read) = 0;
+  /// What follows an opening: presses Play with "AutoPlay" on, and returns when that does; else shows it.
+  virtual void PlayOrShow() = 0;
+
+  // The file list. The window reads everything from the FileBrowser again.
+  /// The rows of `ListFiles`, the selected row, the folder or what "Save" allows changed. Filling the widget
+  /// is no click.
+  virtual void ShowFiles() = 0;
+  /// Only the selected row or what "Save" allows changed.
+  virtual void ShowSelectedFile() = 0;
+  /// Pops up `mnuRight` at the pointer.
+  virtual void PopUpFileMenu() = 0;
+  /// Timer 1, whose ticks call FileBrowser::ClickTimerRan until it is stopped.
+  virtual void StartClickTimer() = 0;
+  virtual void StopClickTimer() = 0;
+  /// What the notice beside the list says; empty hides it.
+  virtual void Notice(std::string_view text) = 0;
+
+  // Questions, each answered when it returns.
+  /// Shows `frmRename` with `name` in `txtName`. Its text after "OK", nothing after "Cancel".
+  virtual std::optional<std::string> AskNewName(std::string_view name) = 0;
+  /// Shows the system's save dialog, which does not ask itself before a file is replaced. The path chosen
+  /// as the dialog gave it, nothing when cancelled.
+  virtual std::optional<std::filesystem::path> AskSavePath(const SaveDialog& dialog) = 0;
+  /// Shows a Yes/No message box; true for Yes.
+  virtual bool AskYesNo(std::string_view title, std::string_view question) = 0;
+  /// Sets the caption of `cmdSave` and of `cmdSaveAs`.
+  virtual void SetSaveCaption(std::string_view caption) = 0;
+  virtual void SetSaveAsCaption(std::string_view caption) = 0;
+};
+
+/// What the file commands work on; all of it outlives them.
+struct FileParts {
+  Document& document;
+  ReadRecord& record;  ///< what the next read starts from
+  FileStore& store;
+  FileOperations& operations;
+  Recovery& recovery;
+  FilesHost& host;
+  Services services;
+};
+
+}  // namespace trillomat

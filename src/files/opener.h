@@ -1,0 +1,33 @@
+// Puts another song in the place of the composed one: that of a file, an imported or a recovered one. The
+// caller holds the token of the file operation.
+#pragma once
+
+#include <filesystem>
+
+#include "files/files_host.h"
+
+namespace trillomat {
+
+class Opener {
+ public:
+  explicit Opener(const FileParts& parts) : parts_(parts) {}
+
+  /// Reads the file as one of `mode`, which the composer enters when the song is taken in. True when it
+  /// replaced the song. Otherwise song and mode stay, "Error when decoding file" stands in the log and why in
+  /// the notice.
+  bool Open(const std::filesystem::path& file, FormatMode mode);
+
+  /// Takes in what was imported, which was not refused. It belongs to no file.
+  void TakeImported(ReadResult&& read);
+
+  /// Takes in the last composed song and its mode. False, and a message, when there is none.
+  bool TakeRecovered();
+
+ private:
+  void Replace(ReadResult&& read, FormatMode mode);
+  bool Refuse(std::string_view why);
+
+  FileParts parts_;
+};
+
+}  // namespace trillomat

@@ -1,0 +1,40 @@
+// Saving the composed song as a file, and deleting one, with what the log says of it.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "core/services.h"
+#include "document/document.h"
+#include "files/file_store.h"
+
+namespace trillomat {
+
+/// A file that a command works on.
+struct TargetFile {
+  std::filesystem::path path;
+  std::string shown;  ///< its path as the log names it
+};
+
+/// How a save came out. The old file is as it was for all but Saved.
+struct SaveResult {
+  enum class Outcome { Saved, NotFound, NotRemoved, NotWritten };
+
+  Outcome outcome = Outcome::Saved;
+  std::string why = {};  ///< why not, Windows-1252
+};
+
+/// Writes the song in the place of the file, which `document` then belongs to. `onRemoved` is called once the
+/// old file is known to be replaceable, before the writer runs. NotFound, NotRemoved: what DeleteFile fails
+/// with, logged as there.
+SaveResult SaveOver(const TargetFile& file, FileStore& store, Document& document, const Services& services,
+                    const std::function<void()>& onRemoved);
+
+/// The same where no file of that name exists: Saved or NotWritten.
+SaveResult SaveNew(const TargetFile& file, FileStore& store, Document& document, const Services& services);
+
+/// Deletes a file; false and a log line when it does not exist or stays.
+bool DeleteFile(const TargetFile& file, FileStore& store, Log& log);
+
+}  // namespace trillomat
