@@ -7,10 +7,13 @@
 namespace trillomat {
 namespace {
 
+using Address = const std::string*;
+constexpr size_t kAddressSize = sizeof(Address);  // NOLINT(bugprone-sizeof-expression): the address is meant
+
 // The address stands among bytes of any alignment, so it is copied in and out.
-const std::string* TextAt(const char* bytes) {
-  const std::string* text = nullptr;
-  std::memcpy(&text, bytes, sizeof text);
+Address TextAt(const char* bytes) {
+  Address text = nullptr;
+  std::memcpy(&text, bytes, kAddressSize);
   return text;
 }
 
@@ -26,8 +29,8 @@ ShortText::ShortText(std::string_view text) {
 }
 
 void ShortText::Store(std::string_view longText) {
-  const std::string* const text = std::make_unique<const std::string>(longText).release();
-  std::memcpy(bytes_.data(), &text, sizeof text);
+  const Address text = std::make_unique<const std::string>(longText).release();
+  std::memcpy(bytes_.data(), &text, kAddressSize);
   bytes_[kInPlace] = static_cast<char>(kElsewhere);
 }
 
