@@ -1,20 +1,42 @@
 // The composer: entering and editing elements at the cursor, the duration, extra and octave in force,
-// the format mode and the song information. The window calls the event handlers and shows the state.
+// the format mode and the song information. Each command is at most one change of the document; the window
+// calls the commands and shows the state.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-#include "composer/composer_view.h"
-#include "composer/entry_tables.h"
-#include "composer/melody_text_view.h"
+#include "composer/edit_sound.h"
+#include "composer/melody_text.h"
 #include "composer/song_info_panel.h"
-#include "core/workspace.h"
-#include "playback/play_host.h"
-#include "playback/play_settings.h"
+#include "playback/play_controls.h"
 #include "playback/player.h"
 
 namespace trillomat {
+
+/// What the composer needs of the window that shows it. Abstract so that the composer runs and is tested
+/// without one.
+class ComposerView {
+ public:
+  ComposerView() = default;
+  ComposerView(const ComposerView&) = delete;
+  ComposerView& operator=(const ComposerView&) = delete;
+  virtual ~ComposerView() = default;
+
+  /// Puts the two melody texts into their boxes and the carets where they belong.
+  virtual void ShowMelody(const MelodyText& text) = 0;
+  /// Something else changed that the window shows: what is enabled or selected, a caption, a row of
+  /// the song information. The window reads all of it from the Composer again.
+  virtual void ShowComposer() = 0;
+  /// Another format mode: the file list shows other files now.
+  virtual void ShowFilesOfMode() = 0;
+};
+
+/// The buttons of the "Insert" frame; three of them do more than insert their command.
+inline constexpr size_t kInsertButtons = 11;
+inline constexpr int kRepeatStart = 8;
+inline constexpr int kRepeatStop = 9;
+inline constexpr int kSetVolume = 10;
 
 /// What the window shows of the composer beside the melody and the song information.
 struct ComposerState {
@@ -22,80 +44,92 @@ struct ComposerState {
   int duration = 2;        ///< index of the selected duration option
   int durationExtra = 0;   ///< index of the selected duration-extra option
   bool repeatBox = false;  ///< "Repeat count" and its box are visible
-  bool playing = false;    ///< editing, file and most play controls are locked
-  std::string playCaption = "Play";
 };
 
 class Composer : public PlayHost {
  public:
-  /// `settings` tells when an entered or passed element is sounded.
-  Composer(Workspace& workspace, Player& player, const PlaySettings& settings, ComposerView& view);
+  /// `record` is what the next read starts from, `settings` tell when an entered or passed element is
+  /// sounded. `play` may be constructed later, with this as its host.
+  Composer(Document& document, ReadRecord& record, Player& player, PlayControls& play,
+           const PlaySettings& settings, ComposerView& view, const Services& services);
 
   const ComposerState& State() const { return state_; }
-  SongInfoPanel& SongInfo() { return songInfo_; }
-  MelodyTextView& TextView() { return textView_; }
+  const SongInfoPanel& Panel() const { return panel_; }
 
-  // What is enabled now: what the mode allows, and nothing that edits while a melody plays.
-  bool CanEdit() const { return !state_.playing; }
-  bool CanInsertCommands() const;
+  /// Whether the melody may be edited now: not while it plays. Buttons, keys, menus and drops ask this;
+  /// the editing commands below ask it themselves and do nothing when it is false.
+  bool MayEdit() const { return play_.State() == PlayState::Stopped; }
+  /// What the mode allows of it.
+  bool CanInsertCommands() const { return MayEdit() && CanSetVolume(); }
   bool CanSetVolume() const;
   bool HasDuration(int index) const;
   bool HasDurationExtra(int index) const;
+  /// True while a command is being heard, or about to be: a key that is held down waits for it.
+  bool Sounds() const { return sound_.Runs() || player_.NoteIsSounding(); }
 
-  // Entering and editing.
-  void InsertElement(const MelodyNote& note, bool play);
-  void cmdTone_Click(int index);
-  void cmdPause_Click();
-  /// `repeatCount` and `volume` are the texts of txtRepeat and cboVolume, taken as they are typed.
-  void cmdInsert_Click(int index, std::string_view repeatCount, std::string_view volume);
-  void optDuration_Click(int index);
-  void optDurationExtra_Click(int index);
-  void SliderOctave_Change(int value);
-  void cmdDuration_Click();
-  void cmdLowHigh_Click();
-  void cmdLeft_Click();
-  void cmdRight_Click();
-  void cmdEraseLeft_Click();
-  void cmdEraseRight_Click();
-  void cmdScaleDown_Click() { MoveScale(-1); }
-  void cmdScaleUP_Click() { MoveScale(1); }
+  // Entering. `tone` is 0 for c to 11 for b.
+  /// The piano's buttons: dropped while an entered tone sounds.
+  void EnterTone(int tone);
+  /// The letter keys: never dropped.
+  void TypeTone(int tone);
+  void EnterPause();
+  /// `button` of the "Insert" frame; `repeatCount` and `volume` are the texts of txtRepeat and cboVolume,
+  /// taken as they are typed.
+  void EnterCommand(int button, std::string_view repeatCount, std::string_view volume);
+  void SelectDuration(int index);
+  void SelectDurationExtra(int index);
+  /// Put to the nearest octave that the mode has.
+  void SetOctave(int octave);
 
-  // Format mode and song information.
-  void mnuSettingFormatType_Click(FormatMode mode);
-  void SetFormatMode();
-  bool txtSongInfo_KeyPress(int index, char key) const { return songInfo_.txtSongInfo_KeyPress(index, key); }
-  void txtSongInfo_Change(int index, std::string_view text);
-  void cboSongInfo_Change(int index, std::string_view text);
-  void mnuRTTTLUseDefault_Click() { textView_.bRTTTLUseDefault = !textView_.bRTTTLUseDefault; }
-
-  /// Fills the song information from the header that a reader or importer left.
-  void ShowHeader();
-  /// Replaces the melody by the imported one, empties that, and shows it from before its first element.
-  void TakeImportMelody();
-
-  // PlayHost
-  void EnableComposer(bool enable) override;
-  void SetPlayCaption(std::string_view caption) override;
-  void RefreshMelodyView() override;
-  void ClearMelodyView() override;
-  int32_t lBeatDuration() override { return lBeatDuration_; }
-  void UpdateBeatLength();
-
- private:
-  bool HasElementAtCursor() const;
-  void PlayAt(int32_t index);
+  // Editing at the cursor.
+  /// To the next shorter duration that the mode has, from the shortest to the longest.
+  void StepDuration();
+  /// From natural to sharp to flat, as far as the letter has them.
+  void StepAccidental();
+  void MoveLeft();
+  void MoveRight();
+  void EraseLeft();
+  void EraseRight();
   void MoveScale(int16_t octaves);
 
-  Workspace& ws_;
+  // Format mode and song information.
+  /// Enters a mode, which brings the record's song information into the document. The elements stay.
+  void SetMode(FormatMode mode);
+  /// Row `row` of the panel, a text box or a list, now reads `text`.
+  void EditSongText(int row, std::string_view text);
+  bool AcceptsKey(int row, char key) const { return panel_.AcceptsKey(row, key); }
+  /// "Use Default in Composer": shows with the next rebuild of the text.
+  void ToggleUseDefaults() { useDefaults_ = !useDefaults_; }
+  bool UseDefaults() const { return useDefaults_; }
+
+  /// What was read or imported takes the place of the song, with the song information of `record`, which is
+  /// where the next read starts. The cursor is before the first element, the phone at rest, and a play loop
+  /// that runs has ended.
+  void TakeIn(ElementList elements, ReadRecord record);
+
+  // PlayHost
+  void PlayStateChanged() override;
+  void RefreshMelodyView() override;
+
+ private:
+  void Enter(Element element);
+  void Insert(Element element);
+  void Sound(int32_t index, EditSound::Cause cause);
+  void Replace(int32_t index, const Element& element);
+  Change RecordedInfo();
+  void ShowInfo();
+
+  Document& document_;
+  ReadRecord& record_;
   Player& player_;
+  PlayControls& play_;
   const PlaySettings& settings_;
   ComposerView& view_;
-  SongInfoPanel songInfo_;
-  MelodyTextView textView_;
+  Services services_;
+  SongInfoPanel panel_;
+  EditSound sound_;
   ComposerState state_;
-  int32_t lBeatDuration_ = 0;
-  bool bToneBusy_ = false;
-  int sounding_ = 0;  ///< elements that PlayAt is playing, one inside the other
+  bool useDefaults_ = false;
 };
 
 }  // namespace trillomat

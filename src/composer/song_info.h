@@ -1,12 +1,12 @@
-// The conversions between the song header's style and volume and the texts that the song-information
-// panel shows for them.
+// The conversions between the song information's style and volume and the texts that the
+// song-information panel shows for them.
 #pragma once
 
 #include <array>
 #include <string>
 #include <string_view>
 
-#include "core/song_header.h"
+#include "core/song.h"
 
 namespace trillomat {
 
@@ -14,20 +14,18 @@ namespace trillomat {
 inline constexpr std::array<std::string_view, 3> kStyleTexts{"S0: Natural Style", "S1: Continuous Style",
                                                              "S2: Staccato Style"};
 
-/// The volume shown for a text that is no volume.
-inline constexpr std::string_view kDefaultVolume = "V10";
-
 /// The style text of a code: that of the first of "0", "1", "2" that it contains, else that of "S0".
 std::string StyleText(std::string_view code);
 
 /// The code of a style text, by the same rule: "S0", "S1" or "S2".
 std::string StyleCode(std::string_view text);
 
-/// A volume as the panel shows it: the first three characters of "V" and a number from 0 to 15,
-/// "V10" for any other text.
+/// A volume as the panel shows it: the first three characters of "V" and a number from 0 to
+/// kHighestVolume, "V10" for any other text.
 std::string VolumeText(std::string_view volume);
 
-/// Style and volume as they are after the panel took them over: what follows every load and import.
-void PassThroughPanel(SongHeader& header);
+/// Style and volume as they are after the panel took them over: what follows every load and import, in the
+/// window and on the command line alike.
+void NormaliseStyleAndVolume(SongInfo& info);
 
 }  // namespace trillomat

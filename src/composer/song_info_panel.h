@@ -1,12 +1,12 @@
 // The song-information panel without its widgets: which rows the mode shows, what stands in them, and
-// what typing into them does to the song header.
+// what typing into them does to the song information.
 #pragma once
 
 #include <array>
 #include <string>
 #include <string_view>
 
-#include "core/workspace.h"
+#include "document/document.h"
 
 namespace trillomat {
 
@@ -16,52 +16,43 @@ struct SongInfoRow {
   bool visible = true;
   bool enabled = true;
   std::string text;      ///< Windows-1252
-  bool invalid = false;  ///< shown in red; the header did not take the text over
+  bool invalid = false;  ///< shown in red; a text typed here was not taken over
 };
 
+/// Shows the document's song information. What is typed goes to the document and into the record that the
+/// next read starts from.
 class SongInfoPanel {
  public:
   static constexpr int kTextRows = 5;
   static constexpr int kStyleRow = 5;
   static constexpr int kVolumeRow = 6;
 
-  explicit SongInfoPanel(Workspace& workspace);
+  SongInfoPanel(Document& document, ReadRecord& record);
 
   const std::array<SongInfoRow, 7>& Rows() const { return rows_; }
 
-  /// Shows, enables and captions the rows for the current mode; texts stay.
-  void SetMode();
-
-  /// Fills the rows of the current mode from the song header; style and volume go through their
-  /// conversions and back into the header.
-  void LoadHeader();
-
-  /// The two boxes that the melody text view fills in the RTTTL mode.
+  /// Shows, enables and captions the rows for the document's mode; texts stay.
+  void ShowMode();
+  /// Fills the rows that the mode has from the document.
+  void Load();
+  /// The two boxes that the melody text fills in the RTTTL mode.
   void ShowDefaults(std::string_view octave, std::string_view duration);
 
-  /// Whether the box of row `index` accepts the key with character code `key`.
-  bool txtSongInfo_KeyPress(int index, char key) const;
-
-  /// The text of row `index` was changed to `text`. True when the tempo changed, so that the beat
-  /// length has to be computed anew.
-  bool txtSongInfo_Change(int index, std::string_view text);
-
-  /// The list of row 5 (index 0, style) or row 6 (index 1, volume) now shows `text`.
-  void cboSongInfo_Change(int index, std::string_view text);
-
-  void SetStyleText(std::string_view code);
-  std::string GetStyleCode() const;
-  void SetVolumeText(std::string_view volume);
-  std::string GetVolumeText() const;
+  /// Whether the box of row `row` accepts the key with character code `key`.
+  bool AcceptsKey(int row, char key) const;
+  /// Row `row` now reads `text`: it is taken over when it is valid there.
+  void Edit(int row, std::string_view text);
 
  private:
-  SongInfoRow& Row(int index) { return rows_.at(static_cast<size_t>(index)); }
-  bool IsTempoRow(int index) const;
-  bool IsRepeatRow(int index) const;
-  bool TakeTempo(SongInfoRow& row);
-  void TakeRepeat(SongInfoRow& row);
+  /// What the text of a row is, by the mode.
+  enum class Field { None, Name, Composer, Tempo, Repeat, Style, Volume };
 
-  Workspace& ws_;
+  SongInfoRow& Row(int row) { return rows_.at(static_cast<size_t>(row)); }
+  Field FieldOf(int row) const;
+  bool IsValid(Field field, std::string_view text) const;
+
+  Document& document_;
+  ReadRecord& record_;
   std::array<SongInfoRow, 7> rows_;
 };
 

@@ -1,56 +1,97 @@
-// The six play buttons and the play loop.
+// The six play buttons and the play loop, and the one answer to whether a melody plays.
+//
+//              Play               Pause
+//    Stopped ----------> Playing <------> Paused
+//       ^                   |    Play        |
+//       +-- end, Stop, Start over, new song -+
 #pragma once
 
-#include <cstdint>
-
-#include "core/workspace.h"
-#include "playback/play_host.h"
-#include "playback/play_settings.h"
+#include "core/services.h"
+#include "document/document.h"
 #include "playback/player.h"
 
 namespace trillomat {
 
+/// When the melody sounds by itself: the user's three choices.
+struct PlaySettings {
+  bool autoPlay = true;       ///< a file that is opened is played
+  bool playComposing = true;  ///< an element that is entered or changed is played
+  bool playMoving = true;     ///< an element that the cursor moves over is played
+};
+
 /// The buttons `cmdControl(0)` to `cmdControl(5)`, by index.
 enum class Control { Clear, StartOver, Pause, Stop, Play, ToEnd };
 
+enum class PlayState { Stopped, Playing, Paused };
+
+/// What the play controls need of who shows the song. Abstract so that tests and the command line can play
+/// without a window.
+class PlayHost {
+ public:
+  PlayHost() = default;
+  PlayHost(const PlayHost&) = delete;
+  PlayHost& operator=(const PlayHost&) = delete;
+  virtual ~PlayHost() = default;
+
+  /// PlayControls::State() is another now.
+  virtual void PlayStateChanged() = 0;
+  /// Rebuilds the text view around the cursor.
+  virtual void RefreshMelodyView() = 0;
+};
+
+/// Shows nothing.
+class NullPlayHost : public PlayHost {
+ public:
+  void PlayStateChanged() override {}
+  void RefreshMelodyView() override {}
+};
+
 class PlayControls {
  public:
-  PlayControls(Workspace& ws, Player& player, const PlaySettings& settings, PlayHost& host)
-      : ws_(ws), player_(player), settings_(settings), host_(host) {}
+  PlayControls(Document& document, Player& player, const PlaySettings& settings, PlayHost& host,
+               const Services& services)
+      : document_(document), player_(player), settings_(settings), host_(host), services_(services) {}
 
-  /// Presses a button, `index` from 0 to 5; any other index does nothing. Play returns when the melody
-  /// has ended, and returns at once when it plays already. All buttons but Clear do nothing on an empty
-  /// melody. Stop, Start over and Pause take effect between elements.
-  void cmdControl_Click(int index);
+  /// Presses a button. Play returns when the melody has ended, and returns at once when it plays already.
+  /// All buttons but Clear do nothing on an empty melody; Clear does nothing while a melody plays. Stop,
+  /// Start over and Pause take effect between elements. Pause pressed while nothing plays only makes the next
+  /// Play do nothing but take it back.
+  void Press(Control control);
 
-  /// To be called when another melody has taken the place of this one. Ends the play loop that runs,
-  /// if any; with AutoPlay on that same Play button then plays the new melody from its start, so the
-  /// caller may press Play all the same: it is ignored while one plays.
-  void MelodyReplaced();
+  /// To be called when another song has taken the place of this one. Ends the play loop that runs, if any;
+  /// with AutoPlay on that same loop then plays the new song from its start, so the caller may press Play all
+  /// the same: it is ignored while one plays.
+  void SongReplaced();
 
-  bool IsPlaying() const { return playing_; }
-  bool IsPaused() const { return pause_; }
+  PlayState State() const {
+    if (!playing_) return PlayState::Stopped;
+    return pause_ ? PlayState::Paused : PlayState::Playing;
+  }
 
  private:
   enum class Ending { Done, Stopped, ProgramEnds };
+  class Playing;
 
   void Clear();
   void StartOver();
+  void SetPause(bool pause);
   void Stop();
   void Play();
   void ToEnd();
+  Ending PlayRounds();
   Ending PlayLoop();
   bool WaitWhilePaused();
   int32_t PlayAt(int32_t position);
 
-  Workspace& ws_;
+  Document& document_;
   Player& player_;
   const PlaySettings& settings_;
   PlayHost& host_;
-  bool playing_ = false;  ///< the caption reads "Playing"
+  Services services_;
+  bool playing_ = false;
   bool stop_ = false;
   bool pause_ = false;
-  bool restart_ = false;  ///< play the melody that replaced this one
+  bool restart_ = false;  ///< play the song that replaced this one
 };
 
 }  // namespace trillomat

@@ -1,12 +1,12 @@
-// Walks a melody as the play loop does, but in silence and without taking time.
+// Walks a song as the play loop does, but in silence and without taking time.
 #pragma once
 
 #include <cstdint>
 #include <functional>
 #include <string_view>
 
-#include "core/log.h"
-#include "core/workspace.h"
+#include "core/services.h"
+#include "document/document.h"
 #include "playback/player.h"
 
 namespace trillomat {
@@ -15,19 +15,17 @@ namespace trillomat {
 std::string_view KindText(ElementKind kind);
 
 struct TraceStep {
-  int32_t index = 0;  ///< of the element in the melody
+  int32_t index = 0;  ///< of the element in the song
   PlayedElement played;
 };
 
 /// Takes one step; false ends the walk.
 using TraceSink = std::function<bool(const TraceStep&)>;
 
-/// Calls `sink` for each element of `ws.melody` in the order of playing, with a beat of `beat`
-/// milliseconds, and logs what the player logs. Endless blocks are played `endlessRounds` times (at
-/// least once); blocks that send each other back for ever are left when they begin to recur. False when
-/// the sink or the end of the program (ws.pump) broke the walk off.
-bool TraceMelody(const Workspace& ws, int32_t beat, int32_t endlessRounds, const TraceSink& sink);
-/// The same with a log of its own.
-bool TraceMelody(const Workspace& ws, int32_t beat, int32_t endlessRounds, const TraceSink& sink, Log& log);
+/// Calls `sink` for each element of the document in the order of playing, and logs what the player logs.
+/// Endless blocks are played `endlessRounds` times (at least once); blocks that send each other back for
+/// ever are left when they begin to recur. False when the sink or the end of the program broke the walk off.
+bool TraceMelody(const Document& document, int32_t endlessRounds, const Services& services,
+                 const TraceSink& sink);
 
 }  // namespace trillomat

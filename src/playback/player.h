@@ -1,17 +1,16 @@
-// Plays one element of a melody: a tone on the chosen output, a pause, a command or a repeat mark.
-// Synchronous; while it waits, events run, so anything may have happened to the melody afterwards.
+// Plays one element of a song: a tone on the chosen output, a pause, a command or a repeat mark.
+// Synchronous; while it waits, events run, so anything may have happened to the song afterwards.
 #pragma once
 
 #include <cstdint>
 #include <string_view>
 
 #include "core/clock.h"
-#include "core/workspace.h"
-#include "playback/phone_lights.h"
+#include "core/services.h"
+#include "document/document.h"
 #include "playback/player_view.h"
 #include "playback/repeat_block.h"
 #include "playback/sound_device.h"
-#include "playback/wave_synthesis.h"
 
 namespace trillomat {
 
@@ -23,14 +22,28 @@ enum class ElementKind { Tone, Pause, Command, Repeat };
 /// What playing one element came to.
 struct PlayedElement {
   ElementKind kind = ElementKind::Tone;
-  int32_t length = 0;     ///< milliseconds
+  int32_t length = 0;     ///< milliseconds; 0 for a tone that is not sounded
   int32_t frequency = 0;  ///< hertz, 0 for no tone
 };
 
+/// The indicators of the phone picture.
+struct PhoneLights {
+  bool led = false;
+  bool backlight = false;
+
+  /// The phone picture that shows this state: 0 neither, 1 backlight, 2 LED, 3 both.
+  int Picture() const { return (led ? 2 : 0) + (backlight ? 1 : 0); }
+  /// Performs "ledon", "ledoff", "backon" or "backoff"; false for any other command.
+  bool Perform(std::string_view command);
+};
+
+/// Milliseconds of a quarter-note beat at `bpm` beats per minute, rounded half to even: 600 at 100. A tempo
+/// of 0 counts as kDefaultTempo; a negative one gives a negative length, which is played as 0.
+int32_t BeatLength(int32_t bpm);
+
 /// What the player reaches the outside world through.
 struct PlayerSeams {
-  Log& log;
-  EventPump& pump;
+  Services services;
   const Clock& clock;
   SoundDevice& sound;
   PlayerView& view;
@@ -38,51 +51,48 @@ struct PlayerSeams {
 
 class Player {
  public:
-  Player(const Workspace& ws, const Clock& clock, SoundDevice& sound, PlayerView& view)
-      : Player(ws, PlayerSeams{ws.log, ws.pump, clock, sound, view}) {}
-  /// A player with a log and a pump of its own, in place of those of the workspace.
-  Player(const Workspace& ws, const PlayerSeams& seams) : ws_(ws), seams_(seams) {}
+  /// Plays elements at the tempo and in the mode of `document`, whatever they are at that moment.
+  Player(const Document& document, const PlayerSeams& seams) : document_(document), seams_(seams) {}
 
   OutputType outputType = OutputType::Wave;
   RepeatBlock repeat;
 
-  /// Plays `note`, which is at `index` of the melody, with a beat of `beat` milliseconds. Returns how
-  /// many elements back playing goes on (subtract it, then advance by one as usual), 0 normally.
-  /// `note` may be an element of the melody itself: it is not read again once events have run.
-  int32_t PlayElement(const MelodyNote& note, int32_t beat, int32_t index);
+  /// Plays `element`, which is at `index` of the song. Returns how many elements back playing goes on
+  /// (subtract it, then advance by one as usual), 0 normally. `element` may be one of the document's own: it
+  /// is not read again once events have run. Before a tone that lets no events run, what was shown is
+  /// painted.
+  int32_t PlayElement(const Element& element, int32_t index);
 
-  /// Waits for the length of a pause.
-  void PlayPause(const MelodyNote& note, int32_t beat);
+  /// Ends the tone or pause that sounds at once, for one who runs inside its wait. A beep goes on.
+  void CutShort() { cutShort_ = true; }
 
-  /// Sleeps until `milliseconds` have passed on the clock, letting events run; leaves early when the
-  /// program is ending. A wait across midnight lasts until the clock passes its start again.
-  void Wait(float milliseconds);
-
-  /// Shows the frequency of the base frequency (Hz) in an internal octave and sounds it for `length`
-  /// milliseconds. A base frequency of 0 takes no time.
-  void PlayTone(int32_t length, int32_t base, int16_t octave);
+  /// Puts the phone display to rest: lights and shaking off, frequency 0.
+  void Rest();
 
   /// True while a tone sounds, also for those who run inside its wait.
-  bool NoteIsSounding() const { return sounding_ > 0; }
+  bool NoteIsSounding() const { return sounding_; }
+  /// True when tones sound without letting events run, so that what is typed meanwhile waits.
+  bool TonesBlock() const { return outputType == OutputType::Beep; }
   const PhoneLights& Lights() const { return lights_; }
   /// What the last PlayElement came to.
   const PlayedElement& LastPlayed() const { return last_; }
 
  private:
-  int32_t PlayRepeatEnd(std::string_view special, int32_t index);
-  void PlayCommand(std::string_view special);
-  void PlayNote(const MelodyNote& note, int32_t beat);
-  void BeepTone(int32_t hertz, int32_t length);
-  void PlayToneWave(int32_t hertz, int32_t length);
-  bool StartWave();
-  void StopWave();
+  int32_t PlayRepeatEnd(std::string_view command, int32_t index);
+  void PlayCommand(std::string_view command);
+  void PlayPause(const Element& element);
+  void PlayNote(const Element& element);
+  void Sound(int32_t hertz, int32_t milliseconds);
+  void SoundBeep(int32_t hertz, int32_t milliseconds);
+  void SoundWave(int32_t hertz, int32_t milliseconds);
+  void Wait(float milliseconds);
 
-  const Workspace& ws_;
+  const Document& document_;
   PlayerSeams seams_;
-  WaveSynthesis wave_;
   PhoneLights lights_;
   PlayedElement last_;
-  int sounding_ = 0;         ///< tones that sound: a click during one may play another inside it
+  bool sounding_ = false;
+  bool cutShort_ = false;    ///< the wait that runs is to end
   bool timePassed_ = false;  ///< since the last jump of a repeat
 };
 

@@ -5,13 +5,7 @@
 
 namespace trillomat {
 
-/// The timers of the main window.
-inline constexpr int kVibrationTimer = 0;
-inline constexpr int kFileClickTimer = 1;
-
-/// The interval of a timer in milliseconds.
-constexpr int TimerInterval(int timer) { return timer == kVibrationTimer ? 100 : 200; }
-
+/// Abstract so that the player runs and is tested without a window.
 class PlayerView {
  public:
   PlayerView() = default;
@@ -23,9 +17,11 @@ class PlayerView {
   virtual void ShowFrequency(std::string_view text) = 0;
   /// Shows one of the four phone pictures and hides the others: 0 no light, 1 backlight, 2 LED, 3 both.
   virtual void ShowPicture(int picture) = 0;
-  /// Starts and stops a timer of the main window; timer 0 animates the vibration.
-  virtual void EnableTimer(int timer) = 0;
-  virtual void DisableTimer(int timer) = 0;
+  /// Starts and ends the shaking of the phone pictures.
+  virtual void Vibrate(bool on) = 0;
+  /// Paints what was shown since it was painted last, everywhere in the window: a tone follows that lets no
+  /// events run. Must not let events run itself.
+  virtual void PaintNow() = 0;
 };
 
 /// Shows nothing.
@@ -33,8 +29,19 @@ class NullPlayerView : public PlayerView {
  public:
   void ShowFrequency(std::string_view /*text*/) override {}
   void ShowPicture(int /*picture*/) override {}
-  void EnableTimer(int /*timer*/) override {}
-  void DisableTimer(int /*timer*/) override {}
+  void Vibrate(bool /*on*/) override {}
+  void PaintNow() override {}
 };
+
+/// Where vibration puts the phone pictures, in the window's coordinate units.
+struct VibrationSpot {
+  int left = 0;
+  int top = 0;
+};
+
+/// The spot of two random numbers from 0 up to 1, inside a square of 81 by 81.
+constexpr VibrationSpot RandomVibrationSpot(double left, double top) {
+  return {static_cast<int>(left * 81 + 200), static_cast<int>(top * 81 + 260)};
+}
 
 }  // namespace trillomat

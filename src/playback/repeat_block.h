@@ -1,4 +1,4 @@
-// The repeat marks of a melody: "(" starts a block, "@2)" plays it twice in all and "@0)" for ever.
+// The repeat marks of a song: "(" starts a block, "@2)" plays it twice in all and "@0)" for ever.
 #pragma once
 
 #include <cstdint>
@@ -7,9 +7,9 @@
 #include <string_view>
 #include <utility>
 
+#include "core/element.h"
 #include "core/event_pump.h"
 #include "core/log.h"
-#include "core/melody.h"
 
 namespace trillomat {
 
@@ -28,14 +28,15 @@ class RepeatBlock {
 
   /// A "(" is performed.
   void Start();
-  /// The repeat end `special` at `index` is performed: the number of elements to go back, 0 to go on.
+  /// The repeat end `command` at `index` is performed: the number of elements to go back, 0 to go on.
   /// Lets events run while it looks for the start. Logs a missing start and a count without an end.
-  int32_t End(std::string_view special, int32_t index, const MelodyList& elements, Log& log, EventPump& pump);
+  int32_t End(std::string_view command, int32_t index, const ElementList& elements, Log& log,
+              EventPump& pump);
 
  private:
   bool BlockIsDone(int32_t count) const;
   bool ClosesCycle(int32_t index);
-  std::optional<int32_t> DistanceToStart(int32_t index, const MelodyList& elements, EventPump& pump);
+  std::optional<int32_t> DistanceToStart(int32_t index, const ElementList& elements, EventPump& pump);
 
   int16_t counter_ = 0;
   int32_t searchFrom_ = 0;                       ///< no start lies before this index

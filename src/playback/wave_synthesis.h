@@ -11,7 +11,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <vector>
 
 namespace trillomat {
@@ -19,6 +18,7 @@ namespace trillomat {
 inline constexpr int32_t kSampleRate = 44100;
 inline constexpr size_t kWaveHeaderSize = 44;
 
+/// By default what every tone of the program is made in.
 struct WaveFormat {
   int32_t sampleRate = kSampleRate;
   int16_t bits = 16;     ///< 8 (unsigned, around 127) or 16 (signed)
@@ -30,24 +30,8 @@ struct WaveFormat {
 /// The header of a file with `dataSize` bytes of samples.
 std::array<uint8_t, kWaveHeaderSize> WaveHeader(const WaveFormat& format, uint32_t dataSize);
 
-/// One growable image, reused for every tone.
-class WaveSynthesis {
- public:
-  /// Starts an image without samples.
-  void BuildWaveHeader(int32_t sampleRate, int16_t bits, int16_t channels, double leftLevel,
-                       double rightLevel);
-  /// Fills in 10 periods of `frequency` hertz, 100 above 1000 Hz. Where the sampled sine never shows
-  /// its periods (at half the sample rate and its multiples) the image ends after a second. No
-  /// samples below 1 Hz.
-  void SynthesiseTone(double frequency);
-
-  std::span<const uint8_t> Image() const { return buffer_; }
-  /// The samples behind the header.
-  std::span<const uint8_t> Samples() const { return Image().subspan(kWaveHeaderSize); }
-
- private:
-  WaveFormat format_;
-  std::vector<uint8_t> buffer_ = std::vector<uint8_t>(kWaveHeaderSize);
-};
+/// The image of a tone of `hertz`: 10 periods, 100 above 1000 Hz. Where the sampled sine never shows its
+/// periods (at half the sample rate and its multiples) the image ends after a second. No samples below 1 Hz.
+std::vector<uint8_t> ToneImage(double hertz, const WaveFormat& format = {});
 
 }  // namespace trillomat
