@@ -4,19 +4,23 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace trillomat {
 
 /// Why something was refused, for the user. Texts are Windows-1252.
 struct Refusal {
-  std::string why;    ///< a plain sentence without its full stop, which names what is wrong
-  size_t line = 0;    ///< of the text that was read, from 1; 0 where no place is to blame
-  size_t column = 0;  ///< in bytes, from 1
-  std::string text;   ///< what stands there, cut when it is long
+  std::string why;        ///< a plain sentence without its full stop, which names what is wrong
+  size_t line = 0;        ///< of the text that was read, from 1; 0 where no place is to blame
+  size_t column = 0;      ///< in bytes, from 1
+  std::string text = {};  ///< what stands there, up to the end of the line, cut when it is long
 
   bool operator==(const Refusal&) const = default;
 };
+
+/// Why work stopped that lets events run, when these said that the program is ending.
+inline constexpr std::string_view kProgramEnding = "the program is ending";
 
 /// A value, or the refusal in its place.
 template <typename Value>

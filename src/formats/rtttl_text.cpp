@@ -1,22 +1,21 @@
 #include "formats/rtttl_text.h"
 
+#include "core/codec.h"
 #include "core/number_text.h"
-#include "formats/supported_token.h"
 
 namespace trillomat {
 
-std::string BuildRtttlText(Workspace& ws) {
+std::string RtttlText(const Song& song, Log& log) {
   constexpr size_t kLongestName = 10;
-  ws.codec.defaults = ComputeRtttlHeaderDefaults(ws.ExportMelody);
-  const MelodyDefaults& defaults = ws.codec.defaults;
-  std::string text = ws.header.Name.substr(0, kLongestName);
-  text += ":d=" + ws.codec.EncodeDuration(defaults.duration, FormatMode::Rtttl).text;
+  const TokenDefaults defaults = DefaultsCount(song.elements).CommonestForHeader();
+  std::string text = song.info.name.substr(0, kLongestName);
+  text += ":d=" + EncodeDuration(defaults.duration, FormatMode::Rtttl, log).text;
   text += ",o=" + DecimalText(defaults.octave + 2);
-  text += ",b=" + DecimalText(ws.header.BPM);
-  if (ws.header.Loop != 0) text += ",l=" + DecimalText(ws.header.Loop);
+  text += ",b=" + DecimalText(song.info.bpm);
+  if (song.info.loop != 0) text += ",l=" + DecimalText(song.info.loop);
   text += ':';
-  for (MelodyNote& note : ws.ExportMelody) {
-    const std::string token = SupportedToken(note, FormatMode::Rtttl, ws.codec);
+  for (const Element& element : song.elements) {
+    const std::string token = SupportedText(element, FormatMode::Rtttl, defaults, log);
     if (!token.empty()) text += token + ",";
   }
   text.pop_back();

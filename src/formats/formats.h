@@ -1,0 +1,39 @@
+// The four melody file formats: bytes into a song and a song into bytes, by one table with a row a format.
+// How each looks is described where it is read and written (imelody.cpp, emelody.cpp, rtttl.cpp,
+// melody.cpp). Nothing here knows of files; events run once an element, and what runs meanwhile cannot touch
+// what is read or written.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/format_mode.h"
+#include "core/refusal.h"
+#include "core/services.h"
+#include "core/song.h"
+
+namespace trillomat {
+
+/// What a read or an import came to.
+struct ReadResult {
+  ElementList elements;            ///< empty when it was refused
+  ReadRecord record;               ///< what was read of the song information, refused or not: see ReadRecord
+  std::optional<Refusal> refusal;  ///< why there are no elements
+
+  explicit operator bool() const { return !refusal; }
+};
+
+/// Reads a file's bytes. Fields that they do not hold keep their values in `before`. A run-time fault is
+/// logged as "Error in bReadFile_IMelody" (level 1), or the name of that mode's reader.
+ReadResult Read(std::string_view bytes, FormatMode mode, const ReadRecord& before, const Services& services);
+
+/// The bytes of a file that holds the song; refused only when the program is ending, or out of memory, which
+/// is logged as LogWriterFault does.
+Result<std::string> Write(const Song& song, FormatMode mode, const Services& services);
+
+/// Logs that a file of `mode` could not be written: "Error in bSaveFile_IMelody" (level 1), or the name of
+/// that mode's writer.
+void LogWriterFault(FormatMode mode, Log& log);
+
+}  // namespace trillomat

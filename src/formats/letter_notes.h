@@ -1,0 +1,33 @@
+// The note text that the EMelody and Melody formats share, in files and in pasted text: tokens without a
+// separator, each ended by its tone letter.
+//
+//   ++#c.(b)dRe   is   "++#c."  "(b)d"  "R"  "e"
+//
+// An EMelody text stands between the markers "MELODY:" and "END:EMELODY".
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "formats/reading.h"
+
+namespace trillomat {
+
+/// The song information of a format that carries none: "Unknown" at 200 beats per minute, all other texts
+/// empty. The loop is left as it is.
+void SetUnknownSong(SongInfo& info);
+
+/// The parts of an EMelody text.
+struct MarkedNotes {
+  std::optional<std::string_view> start;  ///< the first "MELODY:"; nothing when there is none
+  std::optional<std::string_view> notes;  ///< what follows, up to "END:EMELODY"; nothing when that is missing
+};
+MarkedNotes FindMarkedNotes(std::string_view text);
+
+/// Removes layout from `notes`, turns p, P and "-" into pauses and h, H into b, cuts the tokens and takes in
+/// their elements in `mode`. A remainder that ends no token is logged ("Critical error when converting!!!!",
+/// level 1) and ends the read quietly; a text without any token ends it with a logged fault. `notes` is a
+/// part of `text`, which is the bytes without some of their layout.
+void TakeLetterNotes(std::string_view notes, std::string_view text, FormatMode mode, Reading& reading);
+
+}  // namespace trillomat

@@ -1,0 +1,116 @@
+#include "formats/reading.h"
+
+#include <algorithm>
+
+#include "core/ascii.h"
+
+namespace trillomat {
+namespace {
+
+constexpr size_t kLongestShown = 60;
+
+constexpr bool EndsLine(char c) { return c == '\r' || c == '\n'; }
+
+// For a message: cut when it is long, control characters as "?".
+std::string Shown(std::string_view text) {
+  std::string shown(text.substr(0, kLongestShown));
+  std::replace_if(
+      shown.begin(), shown.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
+  return shown;
+}
+
+size_t CountVisible(std::string_view text) {
+  return text.size() - static_cast<size_t>(std::count_if(text.begin(), text.end(), IsLayout));
+}
+
+// How many characters of `text` hold the first `count` that are not layout, and end with the last of them.
+size_t LengthOfVisible(std::string_view text, size_t count) {
+  size_t length = 0;
+  for (size_t i = 0; i < text.size() && count > 0; ++i) {
+    if (IsLayout(text[i])) continue;
+    length = i + 1;
+    --count;
+  }
+  return length;
+}
+
+// Fills in the place of `where`, a part of `bytes`.
+void SetPlace(Refusal& refusal, std::string_view bytes, std::string_view where) {
+  const auto offset = static_cast<size_t>(where.data() - bytes.data());
+  const std::string_view before = bytes.substr(0, offset);
+  const std::vector<std::string_view> lines = SplitLines(before);
+  const bool startsLine = before.empty() || EndsLine(before.back());
+  refusal.line = lines.size() + (startsLine ? 1 : 0);
+  refusal.column = startsLine ? 1 : lines.back().size() + 1;
+  refusal.text = Shown(where.substr(0, where.find_first_of("\r\n")));
+}
+
+}  // namespace
+
+void Reading::Append(Element element) {
+  elements.push_back(std::move(element));
+  LetEventsRun();
+}
+
+void Reading::LetEventsRun() const {
+  if (!services.pump.PumpEvents()) throw ReadFault(ReadFault::Kind::Quiet, std::string(kProgramEnding));
+}
+
+ReadResult RunReader(std::string_view routine, std::string_view bytes, const ReadRecord& before,
+                     const Services& services, const std::function<void(Reading&)>& body) {
+  const LogOperation operation(services.log);
+  Reading reading{.bytes = bytes, .record = before, .elements = {}, .services = services};
+  Refusal refusal;
+  const auto logFault = [&] { services.log.WriteLog("Error in " + std::string(routine), 1); };
+  try {
+    body(reading);
+    return {.elements = std::move(reading.elements), .record = std::move(reading.record), .refusal = {}};
+  } catch (const ReadFault& fault) {
+    if (fault.kind == ReadFault::Kind::Logged) logFault();
+    refusal.why = fault.what();
+    if (fault.where) SetPlace(refusal, bytes, *fault.where);
+  } catch (const std::exception& fault) {
+    logFault();
+    refusal.why = fault.what();
+  }
+  return {.elements = {}, .record = std::move(reading.record), .refusal = std::move(refusal)};
+}
+
+void RequireCharacters(const Reading& reading, size_t fewest) {
+  const std::string_view bytes = reading.bytes;
+  const auto lineEnds = static_cast<size_t>(std::count_if(bytes.begin(), bytes.end(), EndsLine));
+  if (bytes.size() - lineEnds >= fewest) return;
+  throw ReadFault(ReadFault::Kind::Quiet,
+                  "the file holds fewer than " + std::to_string(fewest) + " characters", bytes);
+}
+
+std::string_view OriginOf(std::string_view part, std::string_view text, std::string_view original) {
+  const auto partStart = static_cast<size_t>(part.data() - text.data());
+  original.remove_prefix(LengthOfVisible(original, CountVisible(text.substr(0, partStart))));
+  const size_t visible = CountVisible(part);
+  if (visible > 0) original.remove_prefix(LengthOfVisible(original, 1) - 1);
+  return original.substr(0, LengthOfVisible(original, visible));
+}
+
+std::string Quoted(std::string_view text) {
+  return "\"" + Shown(text) + (text.size() > kLongestShown ? "...\"" : "\"");
+}
+
+std::vector<std::string_view> SplitLines(std::string_view bytes) {
+  std::vector<std::string_view> lines;
+  while (!bytes.empty()) {
+    const size_t length = std::min(bytes.find_first_of("\r\n"), bytes.size());
+    lines.push_back(bytes.substr(0, length));
+    bytes.remove_prefix(length);
+    bytes.remove_prefix(bytes.starts_with("\r\n") ? 2 : std::min<size_t>(1, bytes.size()));
+  }
+  return lines;
+}
+
+std::string JoinLines(std::string_view bytes) {
+  std::string joined(bytes);
+  std::erase_if(joined, EndsLine);
+  return joined;
+}
+
+}  // namespace trillomat

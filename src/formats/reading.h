@@ -1,0 +1,71 @@
+// What the readers and importers share: a read in progress, how it fails, and where in the bytes that was.
+//
+// Inside they throw, at their edge RunReader turns that into the program's convention: a log line where the
+// rules want one, and a refusal in place of the elements.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "formats/formats.h"
+
+namespace trillomat {
+
+/// A read in progress.
+struct Reading {
+  std::string_view bytes;
+  ReadRecord record;
+  ElementList elements;
+  Services services;
+
+  /// Takes in one element, then lets events run.
+  void Append(Element element);
+  /// Throws when the program is ending.
+  void LetEventsRun() const;
+};
+
+/// Ends a read.
+class ReadFault : public std::runtime_error {
+ public:
+  enum class Kind {
+    Quiet,   ///< the read just ends
+    Logged,  ///< "Error in " and the routine's name go to the log
+  };
+
+  /// `where` is the part of the bytes that is to blame, if any; an empty one stands for what is missing
+  /// there.
+  ReadFault(Kind kind, const std::string& why, std::optional<std::string_view> where = {})
+      : std::runtime_error(why), kind(kind), where(where) {}
+
+  Kind kind;
+  std::optional<std::string_view> where;
+};
+
+/// Runs `body` over `bytes` in one log operation. A ReadFault, or any other standard exception (which counts
+/// as Logged), becomes the refusal, with its line and column.
+ReadResult RunReader(std::string_view routine, std::string_view bytes, const ReadRecord& before,
+                     const Services& services, const std::function<void(Reading&)>& body);
+
+/// Throws quietly when the file holds fewer than `fewest` characters, line ends not counted.
+void RequireCharacters(const Reading& reading, size_t fewest);
+
+/// Where `part` of `text` came from: the part of `original`, of which `text` is a copy that lacks nothing but
+/// layout. An empty part stands right behind the character before it. So places cost nothing until a read
+/// fails.
+std::string_view OriginOf(std::string_view part, std::string_view text, std::string_view original);
+
+/// `text` in double quotes for use in a message, cut when it is long, control characters as "?".
+std::string Quoted(std::string_view text);
+
+/// The lines of `bytes` without their ends. CR, CR LF or a lone LF ends a line; a last line without an end
+/// counts.
+std::vector<std::string_view> SplitLines(std::string_view bytes);
+
+/// All lines joined without a separator.
+std::string JoinLines(std::string_view bytes);
+
+}  // namespace trillomat

@@ -1,0 +1,124 @@
+#include "formats/rtttl_notes.h"
+
+#include <algorithm>
+
+#include "core/ascii.h"
+#include "core/codec.h"
+#include "core/number_text.h"
+
+namespace trillomat {
+namespace {
+
+RtttlParts Split(std::string_view bytes) {
+  const size_t first = bytes.find(':');
+  const size_t second = first == std::string_view::npos ? first : bytes.find(':', first + 1);
+  if (second == std::string_view::npos) {
+    throw ReadFault(ReadFault::Kind::Logged, "the text holds fewer than two \":\"", bytes);
+  }
+  return {bytes.substr(0, second), bytes.substr(second + 1)};
+}
+
+// The keys of one header, into `keys`.
+class Header {
+ public:
+  Header(std::string_view original, RtttlKeys& keys, Log& log)
+      : original_(original), text_(WithoutLayout(original)), keys_(keys), log_(log) {}
+
+  void Read() {
+    const size_t colon = text_.find(':');
+    keys_.name = text_.substr(0, colon);
+    for (size_t i = colon + 1; i < text_.size(); ++i) ReadKey(std::string_view(text_).substr(i));
+  }
+
+ private:
+  // Reads the key that `text` starts with, if it does.
+  void ReadKey(std::string_view text) {
+    const std::string_view key = text.substr(0, 2);
+    if (key == "s=") {
+      keys_.style = text.substr(2, 1);
+    } else if (key == "b=") {
+      keys_.bpm = Fitting(text, RoundToInt32(LeadingNumber(Digits(text))));
+    } else if (key == "l=") {
+      keys_.loop = Fitting(text, RoundToInt16(LeadingNumber(Digits(text))));
+    } else if (key == "d=") {
+      keys_.defaults.duration = DecodeDuration(Digits(text), FormatMode::Rtttl, log_);
+    } else if (key == "o=") {
+      keys_.defaults.octave = Fitting(text, RoundToInt16(LeadingNumber(Digits(text)) - 2));
+    }
+  }
+
+  // The digits behind the key; a run that reaches the end of the header is logged, and used all the same.
+  std::string_view Digits(std::string_view text) {
+    const std::string_view digits = FrontDigits(text);
+    if (digits.size() + 2 == text.size()) log_.WriteLog("Critical Error in GetDefault RTTTL", 1);
+    return digits;
+  }
+
+  static std::string_view FrontDigits(std::string_view text) {
+    text.remove_prefix(2);
+    const auto* const end = std::find_if_not(text.begin(), text.end(), IsDigit);
+    return text.substr(0, static_cast<size_t>(end - text.begin()));
+  }
+
+  template <typename Int>
+  Int Fitting(std::string_view text, std::optional<Int> number) const {
+    if (number) return *number;
+    const std::string_view field = text.substr(0, 2 + FrontDigits(text).size());
+    throw ReadFault(ReadFault::Kind::Logged, "the header's " + Quoted(field) + " is out of range",
+                    OriginOf(field, text_, original_));
+  }
+
+  std::string_view original_;
+  std::string text_;
+  RtttlKeys& keys_;
+  Log& log_;
+};
+
+void TakeKeys(const RtttlKeys& keys, SongInfo& info) {
+  info.bpm = keys.bpm;
+  info.name = keys.name;
+  info.style = keys.style;
+  info.loop = keys.loop;
+  info.version.clear();
+  info.format.clear();
+  info.composer.clear();
+}
+
+// The notes as the codec wants them: in lower case, pauses as r, the German h as b.
+constexpr char NoteCharacter(char c) {
+  const char lower = ToLower(c);
+  if (lower == 'p' || lower == '-') return 'r';
+  return lower == 'h' ? 'b' : lower;
+}
+
+// Refused tokens are dropped.
+void TakeNotes(std::string_view notes, Reading& reading) {
+  std::string text = WithoutLayout(notes);
+  std::transform(text.begin(), text.end(), text.begin(), NoteCharacter);
+  Log& log = reading.services.log;
+  for (std::string_view rest = text; !rest.empty();) {
+    const size_t comma = rest.find(',');
+    const std::string_view token = rest.substr(0, comma);
+    rest.remove_prefix(std::min(rest.size(), token.size() + 1));
+    // Escaped, because "??-" was a trigraph once and compilers warn of it.
+    if (comma == std::string_view::npos) log.WriteLog("Last Note?\?-->" + std::string(token), 1);
+    Element element = Decode(token, FormatMode::Rtttl, reading.record.rtttl.defaults, log);
+    if (element.Command() == kRefusedToken) {
+      reading.LetEventsRun();
+    } else {
+      reading.Append(std::move(element));
+    }
+  }
+}
+
+}  // namespace
+
+RtttlParts TakeRtttlText(Reading& reading) {
+  const RtttlParts parts = Split(reading.bytes);
+  Header(parts.header, reading.record.rtttl, reading.services.log).Read();
+  TakeKeys(reading.record.rtttl, reading.record.info);
+  TakeNotes(parts.notes, reading);
+  return parts;
+}
+
+}  // namespace trillomat

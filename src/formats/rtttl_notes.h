@@ -1,0 +1,26 @@
+// Reading RTTTL text, what the file reader and the import of pasted text share. The format is Nokia's ring
+// tone text transfer language, extended by the keys "s=" (style) and "l=" (loop):
+//
+//   Name:d=4,o=5,b=120:8c,p,c#6.
+#pragma once
+
+#include <string_view>
+
+#include "formats/reading.h"
+
+namespace trillomat {
+
+/// The two halves of an RTTTL text, around its second ":".
+struct RtttlParts {
+  std::string_view header;  ///< name, ":" and keys
+  std::string_view notes;
+};
+
+/// Reads an RTTTL text: its header into `reading.record`, where a key that it lacks keeps the last header's
+/// value, and its notes, if there are any, into the elements; gives where they stand in the bytes. Volume
+/// stays as it was. Logs "Critical Error in GetDefault RTTTL" (level 1) for a digit run at the header's end
+/// and "Last Note??-->" for a last token without ",". Ends the read with a logged fault for fewer than two
+/// ":" and for a number that does not fit its field.
+RtttlParts TakeRtttlText(Reading& reading);
+
+}  // namespace trillomat
