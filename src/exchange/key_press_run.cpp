@@ -1,31 +1,32 @@
 #include "exchange/key_press_run.h"
 
+#include "core/codec.h"
 #include "core/number_text.h"
-#include "formats/fault_trap.h"
+#include "core/refusal.h"
 
 namespace trillomat {
 namespace {
 
 void Require(bool writable) {
-  if (!writable) throw QuietFailure("the melody takes more key presses than can be written down");
+  if (!writable) throw ExportFault("the melody takes more key presses than can be written down");
 }
 
 }  // namespace
 
-std::string KeyPressText(PhoneKeys& phone, Workspace& ws) {
+std::string KeyPressText(PhoneKeys& phone, const ElementList& elements, int16_t movedUp,
+                         const Services& services) {
   std::string result;
-  if (ws.ExportOctaveShift != 0) {
-    result = "All notes have been moved" + SignedText(ws.ExportOctaveShift) + " (scale) ";
+  if (movedUp != 0) {
+    result = "All notes have been moved" + SignedText(movedUp) + " (scale) ";
     result += kLineEnd;
   }
   std::string keyText;
-  // Events that run in between may change the melody, so its size is read anew for each element.
-  for (size_t i = 0; i < ws.ExportMelody.size(); ++i) {
-    phone.Press(ws.ExportMelody[i], keyText);
+  for (size_t i = 0; i < elements.size(); ++i) {
+    phone.Press(elements[i], keyText);
     Require(keyText.size() + result.size() <= kLargestExport);
     result += std::to_string(i) + "--> ";
     result += keyText;
-    PumpOrLeave(ws);
+    if (!services.pump.PumpEvents()) throw ExportFault(std::string(kProgramEnding));
   }
   return result;
 }
@@ -50,8 +51,8 @@ void SteppingComposer::StepLength(int code, std::string& keyText) {
   duration_ = code;
 }
 
-int DurationCode(const MelodyNote& note, const NoteCodec& codec) {
-  const std::string code = codec.EncodeDuration(note.Duration, FormatMode::IMelody).text;
+int DurationCode(const Element& element, Log& log) {
+  const std::string code = EncodeDuration(element.duration, FormatMode::IMelody, log).text;
   return code.empty() ? 0 : code.front() - '0';
 }
 

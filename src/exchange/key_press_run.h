@@ -3,10 +3,13 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
-#include "core/workspace.h"
+#include "core/element.h"
+#include "core/services.h"
 
 namespace trillomat {
 
@@ -16,6 +19,11 @@ inline constexpr std::string_view kLineEnd = "\r\n";
 /// it, so damaged melodies would otherwise grow a text with the square of their length.
 inline constexpr size_t kLargestExport = size_t{256} << 20U;
 
+/// Ends an export without a text. what() is for the user.
+class ExportFault : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
 /// One phone's way to type a melody. Abstract because each phone's composer wants other keys.
 class PhoneKeys {
  public:
@@ -24,16 +32,17 @@ class PhoneKeys {
   PhoneKeys& operator=(const PhoneKeys&) = delete;
   virtual ~PhoneKeys() = default;
 
-  /// Turns `keyText`, the text of the element before, into that of `note`, its CR LF included.
-  virtual void Press(const MelodyNote& note, std::string& keyText) = 0;
+  /// Turns `keyText`, the text of the element before, into that of `element`, its CR LF included.
+  virtual void Press(const Element& element, std::string& keyText) = 0;
 };
 
-/// The Result text for ws.ExportMelody, which has been adapted: a line on the move up, if there was one, and
-/// a numbered line an element. Throws QuietFailure when the text grows beyond kLargestExport or the program
-/// is ending.
-std::string KeyPressText(PhoneKeys& phone, Workspace& ws);
+/// The Result text for `elements`, which have been adapted: a line on the move up by `movedUp` octaves, if
+/// that is not 0, and a numbered line an element. Throws ExportFault when the text grows beyond
+/// kLargestExport or the program is ending.
+std::string KeyPressText(PhoneKeys& phone, const ElementList& elements, int16_t movedUp,
+                         const Services& services);
 
-/// Appends `key` `count` times, if that is more than 0. Throws QuietFailure for more than a million times,
+/// Appends `key` `count` times, if that is more than 0. Throws ExportFault for more than a million times,
 /// which only a damaged count asks for.
 void AppendKeys(std::string& text, std::string_view key, int count);
 
@@ -63,6 +72,6 @@ class SteppingComposer {
 };
 
 /// The I-Melody duration code, 0 whole to 5 thirty-second; a length without a code counts as 0 and is logged.
-int DurationCode(const MelodyNote& note, const NoteCodec& codec);
+int DurationCode(const Element& element, Log& log);
 
 }  // namespace trillomat

@@ -1,5 +1,6 @@
 #include "exchange/nokia_keys.h"
 
+#include "core/codec.h"
 #include "core/tone.h"
 
 namespace trillomat {
@@ -9,46 +10,46 @@ namespace {
 constexpr ToneTable<std::string_view> kToneKeys{"1",  "1#", "1#", "2",  "2#", "2#", "3",  "4", "4#",
                                                 "4#", "5",  "5#", "5#", "6",  "6#", "6#", "7"};
 
-bool IsPlain(const MelodyNote& note) { return note.DurationExtra == 1.0F; }
+bool IsPlain(const Element& element) { return element.extra == 1.0F; }
 
-bool IsDotted(const MelodyNote& note) {
-  return !IsPlain(note) && NoteCodec::EncodeDurationExtra(note.DurationExtra, FormatMode::Rtttl).text == ".";
+bool IsDotted(const Element& element) {
+  return !IsPlain(element) && EncodeDurationExtra(element.extra, FormatMode::Rtttl).text == ".";
 }
 
 }  // namespace
 
-void NokiaKeys::Press(const MelodyNote& note, std::string& keyText) {
-  if (IsPause(note)) {
-    PressPause(note, keyText);
-  } else if (!note.Special.empty()) {
+void NokiaKeys::Press(const Element& element, std::string& keyText) {
+  if (IsPause(element)) {
+    PressPause(element, keyText);
+  } else if (!element.Command().empty()) {
     keyText = "Not supported";
   } else {
-    PressTone(note, keyText);
+    PressTone(element, keyText);
   }
   keyText += kLineEnd;
 }
 
-void NokiaKeys::PressPause(const MelodyNote& note, std::string& keyText) {
+void NokiaKeys::PressPause(const Element& element, std::string& keyText) {
   // Other extras cannot be typed: their line repeats the text of the element before.
-  if (IsPlain(note)) {
+  if (IsPlain(element)) {
     keyText = "Press: 0";
-  } else if (IsDotted(note)) {
+  } else if (IsDotted(element)) {
     keyText = "Press and hold 0 ";
   }
-  composer_.StepLength(DurationCode(note, ws_.codec), keyText);
+  composer_.StepLength(DurationCode(element, log_), keyText);
 }
 
-void NokiaKeys::PressTone(const MelodyNote& note, std::string& keyText) {
-  const int code = DurationCode(note, ws_.codec);
-  const int tone = ToneIndex(note.Note);
+void NokiaKeys::PressTone(const Element& element, std::string& keyText) {
+  const int code = DurationCode(element, log_);
+  const int tone = ToneIndex(element.Note());
   if (tone >= 0) {
     keyText = kToneKeys.at(static_cast<size_t>(tone));
   } else {
-    ws_.log.WriteLog("Critical error in Make Nokia Keypress", 1);
+    log_.WriteLog("Critical error in Make Nokia Keypress", 1);
   }
-  composer_.StepOctave(note.Octave, keyText);
+  composer_.StepOctave(element.octave, keyText);
   composer_.StepLength(code, keyText);
-  keyText.insert(0, IsDotted(note) ? "Press: (hold) " : "Press: ");
+  keyText.insert(0, IsDotted(element) ? "Press: (hold) " : "Press: ");
 }
 
 }  // namespace trillomat

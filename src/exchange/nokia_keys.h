@@ -8,14 +8,14 @@ namespace trillomat {
 
 class NokiaKeys : public PhoneKeys {
  public:
-  explicit NokiaKeys(Workspace& ws) : ws_(ws) {}
-  void Press(const MelodyNote& note, std::string& keyText) override;
+  explicit NokiaKeys(Log& log) : log_(log) {}
+  void Press(const Element& element, std::string& keyText) override;
 
  private:
-  void PressPause(const MelodyNote& note, std::string& keyText);
-  void PressTone(const MelodyNote& note, std::string& keyText);
+  void PressPause(const Element& element, std::string& keyText);
+  void PressTone(const Element& element, std::string& keyText);
 
-  Workspace& ws_;
+  Log& log_;
   SteppingComposer composer_{
       {.octaveUp = " *", .longer = " 9", .shorter = " 8", .lowestOctave = 3, .highestOctave = 6}};
 };

@@ -15,11 +15,11 @@ struct Extremes {
 };
 
 // Widens `start` to the octaves in use.
-Extremes OctavesIn(std::span<const MelodyNote> notes, Extremes start) {
-  for (const MelodyNote& note : notes) {
-    if (note.Octave == kNoOctave) continue;
-    start.min = std::min<int>(start.min, note.Octave);
-    start.max = std::max<int>(start.max, note.Octave);
+Extremes OctavesIn(const ElementList& elements, Extremes start) {
+  for (const Element& element : elements) {
+    if (element.octave == kNoOctave) continue;
+    start.min = std::min<int>(start.min, element.octave);
+    start.max = std::max<int>(start.max, element.octave);
   }
   return start;
 }
@@ -29,50 +29,40 @@ int16_t Saturated(int value) {
   return static_cast<int16_t>(std::clamp<int>(value, Limits::min(), Limits::max()));
 }
 
-void MoveBy(int octaves, MelodyList& notes, Log& log) {
-  for (MelodyNote& note : notes) {
-    if (note.Octave == kNoOctave) continue;
-    const int moved = note.Octave + octaves;
-    note.Octave = Saturated(moved);
+void MoveBy(int octaves, ElementList& elements, Log& log) {
+  for (Element& element : elements) {
+    if (element.octave == kNoOctave) continue;
+    const int moved = element.octave + octaves;
+    element.octave = Saturated(moved);
     if (moved < kLowestValid || moved > kHighestValid) {
       log.WriteLog("Crical Error when adapting TTL tones", 1);
     }
   }
 }
 
-// The algorithm of both adaptations. `recordedShift` is written on an upward move alone.
-bool Adapt(OctaveRange range, MelodyList& notes, int16_t& recordedShift, Log& log) {
+}  // namespace
+
+std::optional<int16_t> AdaptRange(ElementList& elements, OctaveRange range, Log& log) {
   // The scan starts inside out, so a melody without octaves is never outside a range.
-  const auto [min, max] = OctavesIn(notes, {.min = 10, .max = 0});
-  if (max <= range.high && min >= range.low) return true;
-  if (max - min > range.high - range.low) return false;
+  const auto [min, max] = OctavesIn(elements, {.min = 10, .max = 0});
+  if (max <= range.high && min >= range.low) return int16_t{0};
+  if (max - min > range.high - range.low) return std::nullopt;
   if (min < range.low) {
-    recordedShift = Saturated(range.low - min);
-    MoveBy(range.low - min, notes, log);
-  } else if (max > range.high) {
-    MoveBy(range.high - max, notes, log);
+    MoveBy(range.low - min, elements, log);
+    return Saturated(range.low - min);
+  }
+  if (max > range.high) {
+    MoveBy(range.high - max, elements, log);
   } else {
     log.WriteLog("No adaption Done", 1);
   }
-  return true;
+  return int16_t{0};
 }
 
-}  // namespace
-
-bool AdaptExportRange(int16_t low, int16_t high, Workspace& ws) {
-  if (ws.ExportMelody.empty()) return false;
-  ws.ExportOctaveShift = 0;
-  return Adapt({low, high}, ws.ExportMelody, ws.ExportOctaveShift, ws.log);
-}
-
-void AdaptImportRange(int16_t low, int16_t high, Workspace& ws, int16_t& ImportOctaveShift, bool& ok) {
-  ok = Adapt({low, high}, ws.ImportMelody, ImportOctaveShift, ws.log);
-}
-
-std::string RangeRefusal(std::span<const MelodyNote> notes, OctaveRange range, std::string_view phone) {
-  if (notes.empty()) return "the melody has no elements";
+std::string RangeRefusal(const ElementList& elements, OctaveRange range, std::string_view phone) {
+  if (elements.empty()) return "the melody has no elements";
   using Limits = std::numeric_limits<int>;
-  const auto [min, max] = OctavesIn(notes, {.min = Limits::max(), .max = Limits::min()});
+  const auto [min, max] = OctavesIn(elements, {.min = Limits::max(), .max = Limits::min()});
   const std::string octaves = std::to_string(min) + " to " + std::to_string(max);
   const int span = range.high - range.low;
   // The inside-out start of the scan refuses some melodies that lie far outside as well.

@@ -3,11 +3,12 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
+#include <optional>
 #include <string>
 #include <string_view>
 
-#include "core/workspace.h"
+#include "core/element.h"
+#include "core/log.h"
 
 namespace trillomat {
 
@@ -17,15 +18,12 @@ struct OctaveRange {
   int16_t high;
 };
 
-/// Moves ws.ExportMelody into `low` to `high` by the smallest number of octaves and notes an upward move
-/// in ws.ExportOctaveShift (a downward one is 0). False, with the melody as it was, when it has no
-/// elements or spans more octaves than the range.
-bool AdaptExportRange(int16_t low, int16_t high, Workspace& ws);
+/// Moves `elements` into `range` by the smallest number of octaves. Gives how many octaves they went up, 0
+/// when they went down or stayed; nothing, with the elements as they were, when they span more octaves than
+/// the range.
+std::optional<int16_t> AdaptRange(ElementList& elements, OctaveRange range, Log& log);
 
-/// The same for ws.ImportMelody, which may be empty. `ImportOctaveShift` changes only on an upward move.
-void AdaptImportRange(int16_t low, int16_t high, Workspace& ws, int16_t& ImportOctaveShift, bool& ok);
-
-/// Plain words on why `notes` do not fit into the octaves of `phone` ("the Nokia Composer").
-std::string RangeRefusal(std::span<const MelodyNote> notes, OctaveRange range, std::string_view phone);
+/// Plain words on why `elements` do not fit into the octaves of `phone` ("the Nokia Composer").
+std::string RangeRefusal(const ElementList& elements, OctaveRange range, std::string_view phone);
 
 }  // namespace trillomat

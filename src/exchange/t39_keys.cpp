@@ -4,6 +4,7 @@
 #include <array>
 
 #include "core/ascii.h"
+#include "core/codec.h"
 #include "core/tone.h"
 
 namespace trillomat {
@@ -52,37 +53,37 @@ std::string Once(std::string_view key) { return "Press: " + std::string(key); }
 
 }  // namespace
 
-void HeldKeys::Press(const MelodyNote& note, std::string& keyText) {
-  if (IsPause(note)) {
-    keyText = PauseText(note);
-  } else if (IsCommand(note.Special)) {
+void HeldKeys::Press(const Element& element, std::string& keyText) {
+  if (IsPause(element)) {
+    keyText = PauseText(element);
+  } else if (IsCommand(element.Command())) {
     keyText = "Not supported";
   } else {
-    PressTone(note, keyText);
+    PressTone(element, keyText);
   }
   keyText += kLineEnd;
 }
 
-std::string HeldKeys::LengthCode(const MelodyNote& note) const {
-  return ws_.codec.EncodeDuration(note.Duration, FormatMode::EMelody).text;
+std::string HeldKeys::LengthCode(const Element& element) const {
+  return EncodeDuration(element.duration, FormatMode::EMelody, log_).text;
 }
 
-void HeldKeys::PressTone(const MelodyNote& note, std::string& keyText) {
-  const int tone = ToneIndex(note.Note);
+void HeldKeys::PressTone(const Element& element, std::string& keyText) {
+  const int tone = ToneIndex(element.Note());
   if (tone >= 0) {
     const ToneKey& found = kToneKeys.at(static_cast<size_t>(tone));
     key_ = found.key;
     modifier_ = found.accidental;
   } else {
-    ws_.log.WriteLog(UnknownToneMessage(), 1);
+    log_.WriteLog(UnknownToneMessage(), 1);
   }
-  AppendKeys(modifier_, "0", OctavePresses(note.Octave));
-  keyText = ToneText(key_, LengthCode(note));
+  AppendKeys(modifier_, "0", OctavePresses(element.octave));
+  keyText = ToneText(key_, LengthCode(element));
   if (!modifier_.empty()) keyText += " Then press: " + modifier_;
 }
 
-std::string T39Keys::PauseText(const MelodyNote& note) const {
-  const std::string code = LengthCode(note);
+std::string T39Keys::PauseText(const Element& element) const {
+  const std::string code = LengthCode(element);
   if (code == "0") return Hold("*", "P. is shown");
   if (code == "1") return Hold("*", "P is shown");
   return code == "2" ? Hold("*", "p. is shown") : Once("*");
@@ -98,7 +99,7 @@ std::string T39Keys::ToneText(std::string_view key, std::string_view lengthCode)
   return lengthCode == "2" ? Hold(key, R"(lowercase with a ".")") : Once(key);
 }
 
-std::string R320Keys::PauseText(const MelodyNote& /*note*/) const { return Once("*"); }
+std::string R320Keys::PauseText(const Element& /*element*/) const { return Once("*"); }
 
 // An absolute volume is no command here: it takes the way of a tone without a key.
 bool R320Keys::IsCommand(std::string_view special) const { return HasCommand(special); }

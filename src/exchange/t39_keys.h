@@ -10,24 +10,24 @@ namespace trillomat {
 /// What both phones share; how they write lengths, octaves and commands differs.
 class HeldKeys : public PhoneKeys {
  public:
-  explicit HeldKeys(Workspace& ws) : ws_(ws) {}
-  void Press(const MelodyNote& note, std::string& keyText) final;
+  explicit HeldKeys(Log& log) : log_(log) {}
+  void Press(const Element& element, std::string& keyText) final;
 
  protected:
   /// The E-Melody duration code, "0" whole to "3" eighth and shorter.
-  std::string LengthCode(const MelodyNote& note) const;
+  std::string LengthCode(const Element& element) const;
 
  private:
-  void PressTone(const MelodyNote& note, std::string& keyText);
+  void PressTone(const Element& element, std::string& keyText);
 
-  virtual std::string PauseText(const MelodyNote& note) const = 0;
+  virtual std::string PauseText(const Element& element) const = 0;
   virtual bool IsCommand(std::string_view special) const = 0;
   virtual std::string_view UnknownToneMessage() const = 0;
   /// How often the octave key is pressed.
   virtual int OctavePresses(int octave) const = 0;
   virtual std::string ToneText(std::string_view key, std::string_view lengthCode) const = 0;
 
-  Workspace& ws_;
+  Log& log_;
   // A tone without a key takes over both from the tone before, octave keys included.
   std::string key_;
   std::string modifier_;
@@ -38,7 +38,7 @@ class T39Keys : public HeldKeys {
   using HeldKeys::HeldKeys;
 
  private:
-  std::string PauseText(const MelodyNote& note) const override;
+  std::string PauseText(const Element& element) const override;
   bool IsCommand(std::string_view special) const override;
   // The T39 shares the T68i's message.
   std::string_view UnknownToneMessage() const override { return "Critical error in Make T68i Keypress"; }
@@ -51,7 +51,7 @@ class R320Keys : public HeldKeys {
   using HeldKeys::HeldKeys;
 
  private:
-  std::string PauseText(const MelodyNote& note) const override;
+  std::string PauseText(const Element& element) const override;
   bool IsCommand(std::string_view special) const override;
   std::string_view UnknownToneMessage() const override { return "Critical error in Make R320 Keypress"; }
   int OctavePresses(int octave) const override { return octave == 3 ? 0 : 1; }

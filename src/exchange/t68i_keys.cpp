@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "core/ascii.h"
+#include "core/codec.h"
 #include "core/number_text.h"
 #include "core/tone.h"
 
@@ -75,7 +76,7 @@ void PressCommand(std::string_view special, std::string& keyText) {
 }
 
 std::string_view ExtraKeys(float extra) {
-  const FieldText mark = NoteCodec::EncodeDurationExtra(extra, FormatMode::Rtttl);
+  const FieldText mark = EncodeDurationExtra(extra, FormatMode::Rtttl);
   switch (mark.text.empty() ? ' ' : mark.text.front()) {
     case '.': return "Down Yes";
     case ':': return "Down Down Yes";
@@ -86,36 +87,36 @@ std::string_view ExtraKeys(float extra) {
 
 }  // namespace
 
-void T68iKeys::Press(const MelodyNote& note, std::string& keyText) {
-  if (IsPause(note)) {
+void T68iKeys::Press(const Element& element, std::string& keyText) {
+  if (IsPause(element)) {
     keyText = "Press: *";
-    PressLength(note, keyText);
-  } else if (!note.Special.empty()) {
-    PressCommand(note.Special, keyText);
+    PressLength(element, keyText);
+  } else if (!element.Command().empty()) {
+    PressCommand(element.Command(), keyText);
   } else {
-    PressTone(note, keyText);
+    PressTone(element, keyText);
   }
   keyText += kLineEnd;
 }
 
-void T68iKeys::PressTone(const MelodyNote& note, std::string& keyText) {
-  const int tone = ToneIndex(note.Note);
+void T68iKeys::PressTone(const Element& element, std::string& keyText) {
+  const int tone = ToneIndex(element.Note());
   if (tone >= 0) {
     keyText = kToneKeys.at(static_cast<size_t>(tone));
   } else {
-    ws_.log.WriteLog("Critical error in Make T68i Keypress", 1);
+    log_.WriteLog("Critical error in Make T68i Keypress", 1);
   }
   // A tone without an octave has the text "*4".
-  composer_.StepOctave(NoteCodec::EncodeOctave(note, FormatMode::IMelody).text.at(1) - '0', keyText);
-  PressLength(note, keyText);
+  composer_.StepOctave(EncodeOctave(element.octave, FormatMode::IMelody).text.at(1) - '0', keyText);
+  PressLength(element, keyText);
   keyText.insert(0, "Press: ");
 }
 
-void T68iKeys::PressLength(const MelodyNote& note, std::string& keyText) {
-  composer_.StepLength(DurationCode(note, ws_.codec), keyText);
-  if (note.DurationExtra == 1.0F) return;
+void T68iKeys::PressLength(const Element& element, std::string& keyText) {
+  composer_.StepLength(DurationCode(element, log_), keyText);
+  if (element.extra == 1.0F) return;
   keyText += "OptionKey 6";
-  keyText += ExtraKeys(note.DurationExtra);
+  keyText += ExtraKeys(element.extra);
 }
 
 }  // namespace trillomat

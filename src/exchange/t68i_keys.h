@@ -9,14 +9,14 @@ namespace trillomat {
 
 class T68iKeys : public PhoneKeys {
  public:
-  explicit T68iKeys(Workspace& ws) : ws_(ws) {}
-  void Press(const MelodyNote& note, std::string& keyText) override;
+  explicit T68iKeys(Log& log) : log_(log) {}
+  void Press(const Element& element, std::string& keyText) override;
 
  private:
-  void PressTone(const MelodyNote& note, std::string& keyText);
-  void PressLength(const MelodyNote& note, std::string& keyText);
+  void PressTone(const Element& element, std::string& keyText);
+  void PressLength(const Element& element, std::string& keyText);
 
-  Workspace& ws_;
+  Log& log_;
   SteppingComposer composer_{
       {.octaveUp = "0", .longer = "9", .shorter = "8", .lowestOctave = 4, .highestOctave = 7}};
 };

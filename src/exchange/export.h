@@ -6,7 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "core/workspace.h"
+#include "core/refusal.h"
+#include "core/services.h"
+#include "core/song.h"
 #include "exchange/range_adaptation.h"
 
 namespace trillomat {
@@ -19,7 +21,6 @@ struct ExportTarget {
   std::string_view option;  ///< its name on the command line
   std::string_view name;    ///< in a sentence, "the Nokia Composer"
   OctaveRange range;
-  std::string (*makeText)(Workspace& ws);  ///< from ws.ExportMelody, adapted already
 };
 
 /// The exports, in the order of Phone.
@@ -30,10 +31,9 @@ const ExportTarget& TargetOf(Phone phone);
 /// The export of that name on the command line ("nokia"); nothing for an unknown name.
 std::optional<Phone> PhoneOfOption(std::string_view option);
 
-/// The Result text of an export of ws.ExportMelody, which the caller has filled and which is moved into the
-/// phone's octaves. Nothing when the melody does not fit, and ws.refusal says why; the window shows an empty
-/// Result then.
-std::optional<std::string> ExportText(Phone phone, Workspace& ws);
+/// The Result text of an export: RTTTL text, or the key presses that type the song into the phone, moved into
+/// its octaves. Refused when the song has no elements or does not fit.
+Result<std::string> Export(Phone phone, const Song& song, const Services& services);
 
 /// One button of the export window.
 struct ExportButton {

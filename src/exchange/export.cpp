@@ -1,0 +1,73 @@
+#include "exchange/export.h"
+
+#include "exchange/nokia_keys.h"
+#include "exchange/t39_keys.h"
+#include "exchange/t68i_keys.h"
+#include "formats/rtttl_text.h"
+
+namespace trillomat {
+namespace {
+
+template <typename Keys>
+std::string KeysOf(const Song& song, int16_t movedUp, const Services& services) {
+  Keys keys(services.log);
+  return KeyPressText(keys, song.elements, movedUp, services);
+}
+
+// Of a song that was moved into the phone's octaves.
+std::string TextFor(Phone phone, const Song& song, int16_t movedUp, const Services& services) {
+  switch (phone) {
+    case Phone::Nokia: return KeysOf<NokiaKeys>(song, movedUp, services);
+    case Phone::T68i: return KeysOf<T68iKeys>(song, movedUp, services);
+    case Phone::T39: return KeysOf<T39Keys>(song, movedUp, services);
+    case Phone::R320: return KeysOf<R320Keys>(song, movedUp, services);
+    case Phone::Rtttl: break;
+  }
+  return RtttlText(song, services.log);
+}
+
+}  // namespace
+
+const std::array<ExportTarget, 5> kExportTargets{{{Phone::Rtttl, "rtttl", "RTTTL", {3, 6}},
+                                                  {Phone::Nokia, "nokia", "the Nokia Composer", {3, 6}},
+                                                  {Phone::T68i, "t68i", "the T68i", {4, 7}},
+                                                  {Phone::T39, "t39", "the T39", {3, 5}},
+                                                  {Phone::R320, "r320", "the R320 and T28", {3, 4}}}};
+
+const std::array<ExportButton, 8> kExportButtons{{{"T68i KeyPress", Phone::T68i, false},
+                                                  {"T39 KeyPress", Phone::T39, false},
+                                                  {"Nokia Composer", Phone::Nokia, false},
+                                                  {"RTTTL", Phone::Rtttl, false},
+                                                  {"Nokia Composer", std::nullopt, false},
+                                                  {"MIDI", std::nullopt, true},
+                                                  {"WAVE", std::nullopt, true},
+                                                  {"R320 / T28", Phone::R320, false}}};
+
+const ExportTarget& TargetOf(Phone phone) { return kExportTargets.at(static_cast<size_t>(phone)); }
+
+std::optional<Phone> PhoneOfOption(std::string_view option) {
+  for (const ExportTarget& target : kExportTargets) {
+    if (target.option == option) return target.phone;
+  }
+  return std::nullopt;
+}
+
+Result<std::string> Export(Phone phone, const Song& song, const Services& services) {
+  const LogOperation operation(services.log);
+  const ExportTarget& target = TargetOf(phone);
+  try {
+    Song moved = song;
+    const std::optional<int16_t> movedUp = AdaptRange(moved.elements, target.range, services.log);
+    if (song.elements.empty() || !movedUp) {
+      return Refusal{.why = RangeRefusal(song.elements, target.range, target.name)};
+    }
+    return TextFor(phone, moved, *movedUp, services);
+  } catch (const ExportFault& fault) {
+    return Refusal{.why = fault.what()};
+  } catch (const std::exception& fault) {
+    services.log.WriteLog("Error in ExportText", 1);
+    return Refusal{.why = fault.what()};
+  }
+}
+
+}  // namespace trillomat
