@@ -39,6 +39,10 @@ Result<std::string> Write(const Song& song, FormatMode mode, const Services& ser
   }
 }
 
+void LogReaderFault(FormatMode mode, Log& log) {
+  log.WriteLog("Error in " + std::string(FormatOf(mode).reader), 1);
+}
+
 void LogWriterFault(FormatMode mode, Log& log) {
   log.WriteLog("Error in " + std::string(FormatOf(mode).writer), 1);
 }

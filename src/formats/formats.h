@@ -32,8 +32,9 @@ ReadResult Read(std::string_view bytes, FormatMode mode, const ReadRecord& befor
 /// is logged as LogWriterFault does.
 Result<std::string> Write(const Song& song, FormatMode mode, const Services& services);
 
-/// Logs that a file of `mode` could not be written: "Error in bSaveFile_IMelody" (level 1), or the name of
-/// that mode's writer.
+/// Logs that a file of `mode` could not be read from its medium, or not be written to it: "Error in
+/// bReadFile_IMelody", "Error in bSaveFile_IMelody" (level 1), or the names of that mode's reader and writer.
+void LogReaderFault(FormatMode mode, Log& log);
 void LogWriterFault(FormatMode mode, Log& log);
 
 }  // namespace trillomat
