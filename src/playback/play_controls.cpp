@@ -4,79 +4,97 @@
 
 namespace trillomat {
 
-void PlayControls::cmdControl_Click(int index) {
-  const auto control = static_cast<Control>(index);
+/// The controls play for as long as this lives, however that ends.
+class PlayControls::Playing {
+ public:
+  explicit Playing(PlayControls& controls) : controls_(controls) { controls_.playing_ = true; }
+  Playing(const Playing&) = delete;
+  Playing& operator=(const Playing&) = delete;
+  ~Playing() {
+    controls_.playing_ = false;
+    controls_.pause_ = false;
+    controls_.host_.PlayStateChanged();
+  }
+
+ private:
+  PlayControls& controls_;
+};
+
+void PlayControls::Press(Control control) {
   if (control == Control::Clear) return Clear();
-  if (ws_.melody.IsEmpty()) return;
+  if (document_.IsEmpty()) return;
   switch (control) {
+    case Control::Clear: return;
     case Control::StartOver: return StartOver();
-    case Control::Pause: pause_ = !pause_; return;
+    case Control::Pause: return SetPause(!pause_);
     case Control::Stop: return Stop();
     case Control::Play: return Play();
     case Control::ToEnd: return ToEnd();
-    default: return;
   }
 }
 
-void PlayControls::MelodyReplaced() {
-  pause_ = false;
+void PlayControls::SongReplaced() {
   stop_ = true;
-  restart_ = playing_ && settings_.bAutoPlay;
+  restart_ = playing_ && settings_.autoPlay;
+  SetPause(false);
 }
 
 void PlayControls::Clear() {
-  host_.ClearMelodyView();
-  ws_.melody.Clear();
-  ws_.melody.lCurrentIndex = -1;
+  if (playing_) return;
+  document_.Apply({.removed = document_.Elements().size(), .cursor = -1});
+  host_.RefreshMelodyView();
+  player_.Rest();
 }
 
 void PlayControls::StartOver() {
   Stop();
-  ws_.melody.lCurrentIndex = -1;
+  document_.Apply({.cursor = -1});
   host_.RefreshMelodyView();
+}
+
+void PlayControls::SetPause(bool pause) {
+  const PlayState before = State();
+  pause_ = pause;
+  if (State() != before) host_.PlayStateChanged();
 }
 
 void PlayControls::Stop() {
   stop_ = true;
-  pause_ = false;
   restart_ = false;
+  SetPause(false);
 }
 
 void PlayControls::ToEnd() {
-  ws_.melody.lCurrentIndex = ws_.melody.UpperBound();
+  document_.Apply({.cursor = document_.LastIndex()});
   host_.RefreshMelodyView();
 }
 
 void PlayControls::Play() {
-  if (pause_) {
-    pause_ = false;
-    return;
-  }
+  if (pause_) return SetPause(false);
   if (playing_) return;
-  playing_ = true;
-  host_.EnableComposer(false);
-  host_.SetPlayCaption("Playing");
+  const LogOperation operation(services_.log);
+  if (PlayRounds() == Ending::Done) services_.log.WriteLog("Done Playing", 1);
+}
+
+PlayControls::Ending PlayControls::PlayRounds() {
+  const Playing playing(*this);
+  host_.PlayStateChanged();
   Ending ending = Ending::Done;
-  const LogOperation operation(ws_.log);
   do {
     restart_ = false;
     ending = PlayLoop();
   } while (restart_ && ending == Ending::Stopped);
-  playing_ = false;
-  pause_ = false;
-  host_.EnableComposer(true);
-  host_.SetPlayCaption("Play");
-  if (ending == Ending::Done) ws_.log.WriteLog("Done Playing", 1);
+  return ending;
 }
 
 PlayControls::Ending PlayControls::PlayLoop() {
   stop_ = false;
-  pause_ = false;
-  const int32_t last = ws_.melody.UpperBound();
-  // Events run in here, and a click may have shortened the melody.
-  for (int32_t i = 0; i <= std::min(last, ws_.melody.UpperBound()); ++i) {
+  SetPause(false);
+  const int32_t last = document_.LastIndex();
+  // Events run in here, and another song may have taken the place of this one.
+  for (int32_t i = 0; i <= std::min(last, document_.LastIndex()); ++i) {
     i -= PlayAt(i);
-    if (!ws_.pump.PumpEvents() || !WaitWhilePaused()) return Ending::ProgramEnds;
+    if (!services_.pump.PumpEvents() || !WaitWhilePaused()) return Ending::ProgramEnds;
     if (stop_) return Ending::Stopped;
   }
   return Ending::Done;
@@ -84,18 +102,16 @@ PlayControls::Ending PlayControls::PlayLoop() {
 
 // Moves the cursor onto the element and plays it.
 int32_t PlayControls::PlayAt(int32_t position) {
-  ws_.melody.lCurrentIndex = position;
+  document_.Apply({.cursor = position});
   host_.RefreshMelodyView();
-  if (stop_ || position > ws_.melody.UpperBound()) return 0;  // events ran
-  const MelodyNote note = ws_.melody.At(position);
-  return player_.PlayElement(note, host_.lBeatDuration(), position);
+  return player_.PlayElement(document_.At(position), position);
 }
 
 // Sleeps while the pause flag is set; false when the program is ending.
 bool PlayControls::WaitWhilePaused() {
   constexpr double kLongSleep = 1000;  // milliseconds; a click ends it
-  while (pause_ && !stop_ && !ws_.melody.IsEmpty()) {
-    if (!ws_.pump.WaitForEvents(kLongSleep)) return false;
+  while (pause_ && !stop_ && !document_.IsEmpty()) {
+    if (!services_.pump.WaitForEvents(kLongSleep)) return false;
   }
   return true;
 }

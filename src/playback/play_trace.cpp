@@ -38,22 +38,19 @@ std::string_view KindText(ElementKind kind) {
   return {};
 }
 
-bool TraceMelody(const Workspace& ws, int32_t beat, int32_t endlessRounds, const TraceSink& sink) {
-  return TraceMelody(ws, beat, endlessRounds, sink, ws.log);
-}
-
-bool TraceMelody(const Workspace& ws, int32_t beat, int32_t endlessRounds, const TraceSink& sink, Log& log) {
-  SilentTime time(ws.pump);
+bool TraceMelody(const Document& document, int32_t endlessRounds, const Services& services,
+                 const TraceSink& sink) {
+  SilentTime time(services.pump);
   NullSoundDevice sound;
   NullPlayerView view;
-  Player player(ws, PlayerSeams{log, time, time, sound, view});
+  Player player(document, {{services.log, time}, time, sound, view});
   player.outputType = OutputType::Midi;
   player.repeat.endlessRounds = std::max(1, endlessRounds);
   player.repeat.leaveCycles = true;
-  const LogOperation operation(log);
-  for (int32_t i = 0; i <= ws.melody.UpperBound(); ++i) {
+  const LogOperation operation(services.log);
+  for (int32_t i = 0; i <= document.LastIndex(); ++i) {
     time.Reset();
-    const int32_t back = player.PlayElement(ws.melody.At(i), beat, i);
+    const int32_t back = player.PlayElement(document.At(i), i);
     if (!time.PumpEvents() || !sink({i, player.LastPlayed()})) return false;
     i -= back;
   }

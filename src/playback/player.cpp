@@ -1,130 +1,177 @@
 #include "playback/player.h"
 
+#include <cmath>
 #include <string>
 
 #include "core/ascii.h"
+#include "core/codec.h"
 #include "core/number_text.h"
+#include "playback/scoped_value.h"
 #include "playback/tone_table.h"
+#include "playback/wave_synthesis.h"
 
 namespace trillomat {
+namespace {
 
-int32_t Player::PlayElement(const MelodyNote& note, int32_t beat, int32_t index) {
+// Loops a wave image for as long as it lives.
+class LoopingWave {
+ public:
+  LoopingWave(SoundDevice& sound, std::span<const uint8_t> image, Log& log) : sound_(sound) {
+    sound_.StopWave();
+    if (!sound_.StartWave(image)) log.WriteLog("Failed to start Wave file..", 1);
+  }
+  LoopingWave(const LoopingWave&) = delete;
+  LoopingWave& operator=(const LoopingWave&) = delete;
+  ~LoopingWave() {
+    try {
+      sound_.StopWave();
+    } catch (...) {  // NOLINT(bugprone-empty-catch): a device that does not stop cannot be helped
+    }
+  }
+
+ private:
+  SoundDevice& sound_;
+};
+
+}  // namespace
+
+bool PhoneLights::Perform(std::string_view command) {
+  const bool on = command.ends_with("on");
+  if (command == "ledon" || command == "ledoff") {
+    led = on;
+    return true;
+  }
+  if (command == "backon" || command == "backoff") {
+    backlight = on;
+    return true;
+  }
+  return false;
+}
+
+int32_t BeatLength(int32_t bpm) {
+  if (bpm == 0) bpm = kDefaultTempo;
+  // No tempo but 0 gives more than a minute, so the result always fits.
+  return static_cast<int32_t>(std::nearbyint(1000 / (bpm / 60.0)));
+}
+
+int32_t Player::PlayElement(const Element& element, int32_t index) {
   last_ = {};
-  if (note.NotSupported) seams_.log.WriteLog("Can not play this note -> not supported in this mode", 1);
-  if (IsPause(note)) {
-    PlayPause(note, beat);
-  } else if (note.Special == "(") {
+  if (!Supports(element, document_.Mode())) {
+    seams_.services.log.WriteLog("Can not play this note -> not supported in this mode", 1);
+  }
+  const std::string_view command = element.Command();
+  if (IsPause(element)) {
+    PlayPause(element);
+  } else if (command == "(") {
     last_.kind = ElementKind::Repeat;
     repeat.Start();
-  } else if (note.Special.ends_with(')')) {
-    return PlayRepeatEnd(note.Special, index);
-  } else if (note.Note.empty()) {
-    PlayCommand(note.Special);
+  } else if (command.ends_with(')')) {
+    return PlayRepeatEnd(command, index);
+  } else if (element.Note().empty()) {
+    PlayCommand(command);
   } else {
-    PlayNote(note, beat);
+    PlayNote(element);
   }
   return 0;
 }
 
-int32_t Player::PlayRepeatEnd(std::string_view special, int32_t index) {
+void Player::Rest() {
+  lights_ = {};
+  seams_.view.Vibrate(false);
+  seams_.view.ShowPicture(lights_.Picture());
+  seams_.view.ShowFrequency(DecimalText(0));
+}
+
+int32_t Player::PlayRepeatEnd(std::string_view command, int32_t index) {
   last_.kind = ElementKind::Repeat;
-  if (!LimitsOf(ws_.iNoteMode).commands) return 0;
-  const int32_t back = repeat.End(special, index, ws_.melody.Elements(), seams_.log, seams_.pump);
+  if (!LimitsOf(document_.Mode()).commands) return 0;
+  const Services& services = seams_.services;
+  const int32_t back = repeat.End(command, index, document_.Elements(), services.log, services.pump);
   if (back > 0) {
     // A block that takes no time would keep the processor busy for as long as it repeats.
-    if (!timePassed_) seams_.pump.WaitForEvents(1);
+    if (!timePassed_) services.pump.WaitForEvents(1);
     timePassed_ = false;
   }
   return back;
 }
 
-void Player::PlayCommand(std::string_view special) {
-  if (!special.empty()) last_.kind = ElementKind::Command;
-  const bool onOff = Contains(special, "on") || Contains(special, "off");
-  if (!onOff && !Contains(special, "V")) {
-    seams_.log.WriteLog("Error - can not find any note", 1);
+void Player::PlayCommand(std::string_view command) {
+  if (!command.empty()) last_.kind = ElementKind::Command;
+  const bool onOff = Contains(command, "on") || Contains(command, "off");
+  if (!onOff && !Contains(command, "V")) {
+    seams_.services.log.WriteLog("Error - can not find any note", 1);
     return;
   }
-  if (!LimitsOf(ws_.iNoteMode).commands) return;
-  if (lights_.Perform(special)) {
+  if (!LimitsOf(document_.Mode()).commands) return;
+  if (lights_.Perform(command)) {
     seams_.view.ShowPicture(lights_.Picture());
-  } else if (special == "vibeon") {
-    seams_.view.EnableTimer(kVibrationTimer);
-  } else if (special == "vibeoff") {
-    seams_.view.DisableTimer(kVibrationTimer);
+  } else if (command == "vibeon" || command == "vibeoff") {
+    seams_.view.Vibrate(command == "vibeon");
   }
 }
 
-void Player::PlayNote(const MelodyNote& note, int32_t beat) {
-  const auto base = BaseFrequency(note.Note);
-  if (!base) seams_.log.WriteLog("Unknown tone-->" + note.Note, 1);
-  const auto length = RoundToInt32(double{note.Duration} * beat * double{note.DurationExtra});
-  if (!length) {
-    seams_.log.WriteLog("Error in PlayElement", 1);
-    return;
-  }
-  last_.length = *length;
-  PlayTone(*length, base.value_or(0), note.Octave);
-}
-
-void Player::PlayPause(const MelodyNote& note, int32_t beat) {
-  const auto length = RoundToInt32(double{note.Duration} * double{note.DurationExtra} * beat);
+void Player::PlayPause(const Element& element) {
+  const int32_t beat = BeatLength(document_.Info().bpm);
+  const auto length = RoundToInt32(double{element.duration} * double{element.extra} * beat);
   last_ = {ElementKind::Pause, length.value_or(0), 0};
   if (length) {
     Wait(static_cast<float>(*length));
   } else {
-    seams_.log.WriteLog("Error in PlayPause", 1);
+    seams_.services.log.WriteLog("Error in PlayPause", 1);
   }
 }
 
+void Player::PlayNote(const Element& element) {
+  Log& log = seams_.services.log;
+  const auto base = BaseFrequency(element.Note());
+  if (!base) log.WriteLog("Unknown tone-->" + std::string(element.Note()), 1);
+  const int32_t beat = BeatLength(document_.Info().bpm);
+  const auto length = RoundToInt32(double{element.duration} * beat * double{element.extra});
+  if (!length) {
+    log.WriteLog("Error in PlayElement", 1);
+    return;
+  }
+  if (const auto hertz = ToneFrequency(base.value_or(0), element.octave)) {
+    Sound(*hertz, *length);
+  } else {
+    log.WriteLog("Error in PlayTone", 1);
+  }
+}
+
+void Player::Sound(int32_t hertz, int32_t milliseconds) {
+  seams_.view.ShowFrequency(DecimalText(hertz));
+  if (hertz == 0) return;
+  last_ = {ElementKind::Tone, milliseconds, hertz};
+  const ScopedValue sounding(sounding_, true);
+  if (outputType == OutputType::Beep) SoundBeep(hertz, milliseconds);
+  if (outputType == OutputType::Wave) SoundWave(hertz, milliseconds);
+}
+
+void Player::SoundBeep(int32_t hertz, int32_t milliseconds) {
+  if (milliseconds > 0) timePassed_ = true;
+  seams_.view.PaintNow();
+  seams_.sound.Beep(hertz, milliseconds);
+}
+
+void Player::SoundWave(int32_t hertz, int32_t milliseconds) {
+  const std::vector<uint8_t> image = ToneImage(hertz);
+  const LoopingWave wave(seams_.sound, image, seams_.services.log);
+  Wait(static_cast<float>(milliseconds));
+}
+
+// A wait across midnight lasts until the clock passes its start again.
 void Player::Wait(float milliseconds) {
+  const ScopedValue fresh(cutShort_, false);
   // The start is kept in single precision, which costs up to 8 ms late in the day.
   const auto start = static_cast<float>(seams_.clock.SecondsSinceMidnight());
   float length = milliseconds / 1000;
-  for (;;) {
+  while (!cutShort_) {
     const auto elapsed = static_cast<float>(seams_.clock.SecondsSinceMidnight() - double{start});
-    if (elapsed < -1) length = 0;  // midnight has passed, and the wait lasts until its start comes again
+    if (elapsed < -1) length = 0;  // midnight has passed
     if (!(elapsed < length)) return;
     timePassed_ = true;
-    if (!seams_.pump.WaitForEvents(double{length - elapsed} * 1000)) return;
+    if (!seams_.services.pump.WaitForEvents(double{length - elapsed} * 1000)) return;
   }
 }
-
-void Player::PlayTone(int32_t length, int32_t base, int16_t octave) {
-  const auto hertz = ToneFrequency(base, octave);
-  if (!hertz) {
-    seams_.log.WriteLog("Error in PlayTone", 1);
-    return;
-  }
-  last_.frequency = *hertz;
-  seams_.view.ShowFrequency(DecimalText(*hertz));
-  if (*hertz == 0) return;
-  ++sounding_;
-  if (outputType == OutputType::Beep) BeepTone(*hertz, length);
-  if (outputType == OutputType::Wave) PlayToneWave(*hertz, length);
-  --sounding_;
-}
-
-void Player::BeepTone(int32_t hertz, int32_t length) {
-  if (length > 0) timePassed_ = true;
-  seams_.sound.Beep(hertz, length);
-}
-
-void Player::PlayToneWave(int32_t hertz, int32_t length) {
-  StopWave();
-  wave_.BuildWaveHeader(kSampleRate, 16, 1, 0.5, 0.5);
-  wave_.SynthesiseTone(hertz);
-  StartWave();
-  Wait(static_cast<float>(length));
-  StopWave();
-}
-
-bool Player::StartWave() {
-  if (seams_.sound.StartWave(wave_.Image())) return true;
-  seams_.log.WriteLog("Failed to start Wave file..", 1);
-  return false;
-}
-
-void Player::StopWave() { seams_.sound.StopWave(); }
 
 }  // namespace trillomat

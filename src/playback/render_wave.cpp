@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <span>
 #include <vector>
 
 #include "playback/play_trace.h"
@@ -37,14 +38,13 @@ class WaveWriter {
 
  private:
   void WriteTone(int32_t hertz, int64_t length) {
-    wave_.BuildWaveHeader(kSampleRate, 16, 1, 0.5, 0.5);
-    wave_.SynthesiseTone(hertz);
-    const auto image = wave_.Samples();
-    const auto loop = static_cast<int64_t>(image.size() / 2);
+    const std::vector<uint8_t> image = ToneImage(hertz);
+    const auto samples = std::span(image).subspan(kWaveHeaderSize);
+    const auto loop = static_cast<int64_t>(samples.size() / 2);
     const int64_t ramp = std::max<int64_t>(1, std::min(kRampFrames, length / 2));
     for (int64_t k = 0; k < length; ++k) {
       const auto at = static_cast<size_t>(k % loop) * 2;
-      const auto sample = static_cast<int16_t>(image[at] | image[at + 1] << 8);
+      const auto sample = static_cast<int16_t>(samples[at] | samples[at + 1] << 8);
       const int64_t edge = std::min({k, length - 1 - k, ramp});
       Put(static_cast<int16_t>(sample * edge / ramp));
     }
@@ -60,18 +60,13 @@ class WaveWriter {
   }
 
   std::ostream& out_;
-  WaveSynthesis wave_;
   int64_t time_ = 0;  // milliseconds
 };
 
-bool Refuse(Workspace& ws, std::string_view words) {
-  ws.refusal = words;
-  return false;
-}
-
 }  // namespace
 
-bool RenderWave(Workspace& ws, int32_t beat, int32_t endlessRounds, std::ostream& out) {
+std::optional<std::string> RenderWave(const Document& document, int32_t endlessRounds,
+                                      const Services& services, std::ostream& out) {
   // The header tells the size, and the stream may be one that cannot go back: so the walk is made twice.
   SilentLog silent;
   int64_t time = 0;
@@ -79,18 +74,17 @@ bool RenderWave(Workspace& ws, int32_t beat, int32_t endlessRounds, std::ostream
     time += std::max(0, step.played.length);
     return DataSizeAt(time) <= kMaxDataSize;
   };
-  if (!TraceMelody(ws, beat, endlessRounds, measure, silent)) {
-    const bool tooLong = DataSizeAt(time) > kMaxDataSize;
-    return Refuse(ws, tooLong ? "The melody is too long for a WAV file." : "Interrupted.");
+  if (!TraceMelody(document, endlessRounds, {silent, services.pump}, measure)) {
+    return DataSizeAt(time) > kMaxDataSize ? "The melody is too long for a WAV file." : "Interrupted.";
   }
   const auto header = WaveHeader(WaveFormat{}, static_cast<uint32_t>(DataSizeAt(time)));
   out.write(reinterpret_cast<const char*>(header.data()), header.size());
   WaveWriter writer(out);
   const auto write = [&writer](const TraceStep& step) { return writer.Write(step.played); };
-  if (!TraceMelody(ws, beat, endlessRounds, write) || !out.flush()) {
-    return Refuse(ws, out.good() ? "Interrupted." : "The WAV file could not be written.");
+  if (!TraceMelody(document, endlessRounds, services, write) || !out.flush()) {
+    return out.good() ? "Interrupted." : "The WAV file could not be written.";
   }
-  return true;
+  return std::nullopt;
 }
 
 }  // namespace trillomat

@@ -12,9 +12,9 @@ void RepeatBlock::Start() {
   jumps_.clear();  // no later jump reaches back over a "(", so none of these can come again
 }
 
-int32_t RepeatBlock::End(std::string_view special, int32_t index, const MelodyList& elements, Log& log,
+int32_t RepeatBlock::End(std::string_view command, int32_t index, const ElementList& elements, Log& log,
                          EventPump& pump) {
-  const auto count = RoundToInt32(LeadingNumber(special.substr(std::min<size_t>(1, special.size()))));
+  const auto count = RoundToInt32(LeadingNumber(command.substr(std::min<size_t>(1, command.size()))));
   if (!count) {
     log.WriteLog("Error in PlayElement", 1);
     return 0;
@@ -39,11 +39,11 @@ int32_t RepeatBlock::End(std::string_view special, int32_t index, const MelodyLi
 
 // The distance back to the nearest "(" at or before `index`, -1 when there is none; nothing when the
 // program is ending.
-std::optional<int32_t> RepeatBlock::DistanceToStart(int32_t index, const MelodyList& elements,
+std::optional<int32_t> RepeatBlock::DistanceToStart(int32_t index, const ElementList& elements,
                                                     EventPump& pump) {
   for (int32_t at = index; at >= searchFrom_; --at) {
     const auto position = static_cast<size_t>(at);
-    if (position < elements.size() && elements[position].Special == "(") return index - at;
+    if (position < elements.size() && elements[position].Command() == "(") return index - at;
     if (!pump.PumpEvents()) return std::nullopt;
   }
   if (leaveCycles) searchFrom_ = index;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <string_view>
 
 namespace trillomat {
@@ -64,31 +65,25 @@ std::array<uint8_t, kWaveHeaderSize> WaveHeader(const WaveFormat& format, uint32
   return header;
 }
 
-void WaveSynthesis::BuildWaveHeader(int32_t sampleRate, int16_t bits, int16_t channels, double leftLevel,
-                                    double rightLevel) {
-  format_ = {sampleRate, bits, channels, leftLevel, rightLevel};
-  const auto header = WaveHeader(format_, 0);
-  buffer_.assign(header.begin(), header.end());
-}
+std::vector<uint8_t> ToneImage(double hertz, const WaveFormat& format) {
+  const uint32_t frames = hertz >= 1 ? FrameCount(format.sampleRate, hertz) : 0;
+  const auto header = WaveHeader(format, frames * FrameSize(format));
+  std::vector<uint8_t> image(header.begin(), header.end());
+  image.resize(kWaveHeaderSize + size_t{frames} * FrameSize(format));
 
-void WaveSynthesis::SynthesiseTone(double frequency) {
-  const uint32_t frames = frequency >= 1 ? FrameCount(format_.sampleRate, frequency) : 0;
-  const auto header = WaveHeader(format_, frames * FrameSize(format_));
-  buffer_.resize(kWaveHeaderSize + size_t{frames} * FrameSize(format_));
-  std::copy(header.begin(), header.end(), buffer_.begin());
-
-  const double step = PhaseStep(format_.sampleRate, frequency);
-  const double fullScale = format_.bits == 8 ? 127 : 32767;
-  const size_t sampleSize = format_.bits == 8 ? 1 : 2;
+  const double step = PhaseStep(format.sampleRate, hertz);
+  const double fullScale = format.bits == 8 ? 127 : 32767;
+  const size_t sampleSize = format.bits == 8 ? 1 : 2;
   size_t at = kWaveHeaderSize;
   for (uint32_t k = 0; k < frames; ++k) {
     const double value = std::sin(k * step) * fullScale;
-    for (int channel = 0; channel < format_.channels; ++channel, at += sampleSize) {
-      const double level = channel % 2 == 0 ? format_.leftLevel : format_.rightLevel;
-      const int sample = static_cast<int>(level * value) + (format_.bits == 8 ? 127 : 0);
-      PutNumber(buffer_, at, static_cast<uint32_t>(sample), sampleSize);
+    for (int channel = 0; channel < format.channels; ++channel, at += sampleSize) {
+      const double level = channel % 2 == 0 ? format.leftLevel : format.rightLevel;
+      const int sample = static_cast<int>(level * value) + (format.bits == 8 ? 127 : 0);
+      PutNumber(image, at, static_cast<uint32_t>(sample), sampleSize);
     }
   }
+  return image;
 }
 
 }  // namespace trillomat
