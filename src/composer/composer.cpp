@@ -1,99 +1,103 @@
 #include "composer/composer.h"
 
-#include "playback/beat.h"
+#include <algorithm>
+#include <utility>
+
+#include "composer/song_info.h"
 
 namespace trillomat {
 
-Composer::Composer(Workspace& workspace, Player& player, const PlaySettings& settings, ComposerView& view)
-    : ws_(workspace),
+Composer::Composer(Document& document, ReadRecord& record, Player& player, PlayControls& play,
+                   const PlaySettings& settings, ComposerView& view, const Services& services)
+    : document_(document),
+      record_(record),
       player_(player),
+      play_(play),
       settings_(settings),
       view_(view),
-      songInfo_(workspace),
-      textView_(workspace) {
-  UpdateBeatLength();
-}
+      services_(services),
+      panel_(document, record),
+      sound_(document, player, services.pump) {}
 
-bool Composer::CanInsertCommands() const { return CanEdit() && CanSetVolume(); }
+bool Composer::CanSetVolume() const { return LimitsOf(document_.Mode()).commands; }
 
-bool Composer::CanSetVolume() const { return LimitsOf(ws_.iNoteMode).commands; }
-
-bool Composer::HasDuration(int index) const { return LimitsOf(ws_.iNoteMode).HasDuration(index); }
+bool Composer::HasDuration(int index) const { return LimitsOf(document_.Mode()).HasDuration(index); }
 
 // A mode that can write no extra has none to choose from, "Nothing" included.
 bool Composer::HasDurationExtra(int index) const {
-  const ModeLimits& limits = LimitsOf(ws_.iNoteMode);
+  const ModeLimits& limits = LimitsOf(document_.Mode());
   return limits.lastExtra > 0 && limits.HasExtra(index);
 }
 
-void Composer::mnuSettingFormatType_Click(FormatMode mode) {
-  ws_.iNoteMode = mode;
-  SetFormatMode();
-}
-
-void Composer::SetFormatMode() {
-  const ModeLimits& limits = LimitsOf(ws_.iNoteMode);
-  if (limits.forcedTempo) ws_.header.BPM = *limits.forcedTempo;
-  if (limits.selectedExtra >= 0) optDurationExtra_Click(limits.selectedExtra);
-  if (limits.selectedDuration >= 0) optDuration_Click(limits.selectedDuration);
-  songInfo_.SetMode();
-  view_.UpdateListFiles();
-  songInfo_.LoadHeader();
-  UpdateBeatLength();
-  SliderOctave_Change(state_.octave);
-  if (!ws_.melody.IsEmpty()) RefreshMelodyView();
-}
-
-void Composer::txtSongInfo_Change(int index, std::string_view text) {
-  if (songInfo_.txtSongInfo_Change(index, text)) UpdateBeatLength();
+void Composer::SelectDuration(int index) {
+  state_.duration = index;
   view_.ShowComposer();
 }
 
-void Composer::cboSongInfo_Change(int index, std::string_view text) {
-  songInfo_.cboSongInfo_Change(index, text);
-}
-
-// The beat length comes first: it replaces a tempo of 0, which the panel could only show as invalid.
-void Composer::ShowHeader() {
-  UpdateBeatLength();
-  songInfo_.LoadHeader();
+void Composer::SelectDurationExtra(int index) {
+  if (index < 0 || index >= static_cast<int>(kDurationExtras.size())) return;
+  state_.durationExtra = index;
   view_.ShowComposer();
 }
 
-void Composer::TakeImportMelody() {
-  ws_.melody.Assign(std::move(ws_.ImportMelody));
-  ws_.ImportMelody.clear();
-  ws_.melody.lCurrentIndex = -1;
-  ws_.codec.defaults = ws_.melody.ComputeMelodyDefaults();
-  ShowHeader();
+void Composer::SetOctave(int octave) {
+  const ModeLimits& limits = LimitsOf(document_.Mode());
+  state_.octave = std::clamp<int>(octave, limits.lowestOctave, limits.highestOctave);
+  view_.ShowComposer();
+}
+
+void Composer::SetMode(FormatMode mode) {
+  const ModeLimits& limits = LimitsOf(mode);
+  document_.SetMode(mode);
+  if (limits.forcedTempo) record_.info.bpm = *limits.forcedTempo;
+  if (limits.selectedExtra >= 0) SelectDurationExtra(limits.selectedExtra);
+  if (limits.selectedDuration >= 0) SelectDuration(limits.selectedDuration);
+  panel_.ShowMode();
+  document_.Apply({.info = RecordedInfo()});
+  panel_.Load();
+  view_.ShowFilesOfMode();
+  SetOctave(state_.octave);
+  if (!document_.IsEmpty()) RefreshMelodyView();
+}
+
+void Composer::EditSongText(int row, std::string_view text) {
+  panel_.Edit(row, text);
+  view_.ShowComposer();
+}
+
+void Composer::TakeIn(ElementList elements, ReadRecord record) {
+  record_ = std::move(record);
+  document_.Apply({.removed = document_.Elements().size(),
+                   .inserted = std::move(elements),
+                   .info = RecordedInfo(),
+                   .cursor = -1});
+  panel_.Load();
+  view_.ShowComposer();
   RefreshMelodyView();
+  sound_.Forget();
+  player_.Rest();
+  play_.SongReplaced();
 }
 
-void Composer::EnableComposer(bool enable) {
-  state_.playing = !enable;
-  view_.ShowComposer();
+// The record's song information as a song has it: a tempo of 0 could be neither shown nor played.
+SongInfo Composer::RecordedInfo() {
+  NormaliseStyleAndVolume(record_.info);
+  if (record_.info.bpm == 0) record_.info.bpm = kDefaultTempo;
+  return record_.info;
 }
 
-void Composer::SetPlayCaption(std::string_view caption) {
-  state_.playCaption = caption;
+void Composer::PlayStateChanged() {
+  sound_.Forget();
   view_.ShowComposer();
 }
 
 void Composer::RefreshMelodyView() {
-  const auto text = textView_.RefreshMelodyView();
-  if (!text) return;
-  if (text->defaults) {
-    songInfo_.ShowDefaults(text->defaults->octave, text->defaults->duration);
+  const MelodyText text = TextOf(document_, useDefaults_, services_.log);
+  if (text.defaults) {
+    panel_.ShowDefaults(text.defaults->octave, text.defaults->duration);
     view_.ShowComposer();
   }
-  view_.ShowMelody(*text);
+  view_.ShowMelody(text);
 }
-
-void Composer::ClearMelodyView() {
-  textView_.AbandonRefresh();
-  view_.ShowMelody({});
-}
-
-void Composer::UpdateBeatLength() { lBeatDuration_ = trillomat::UpdateBeatLength(ws_.header); }
 
 }  // namespace trillomat

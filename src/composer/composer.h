@@ -112,12 +112,9 @@ class Composer : public PlayHost {
   void RefreshMelodyView() override;
 
  private:
-  void Enter(Element element);
   void Insert(Element element);
-  void Sound(int32_t index, EditSound::Cause cause);
-  void Replace(int32_t index, const Element& element);
-  Change RecordedInfo();
-  void ShowInfo();
+  void ReplaceAtCursor(Element element);
+  SongInfo RecordedInfo();
 
   Document& document_;
   ReadRecord& record_;

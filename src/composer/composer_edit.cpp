@@ -1,12 +1,38 @@
 // The composer's editing: insertion, the cursor, erasing, re-timing and re-spelling.
 #include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
 
-#include "composer/change_scale.h"
 #include "composer/composer.h"
+#include "composer/transpose.h"
 #include "core/ascii.h"
 
 namespace trillomat {
 namespace {
+
+/// The twelve piano keys, c to b, as notes. They never give flats.
+constexpr std::array<std::string_view, 12> kToneKeys{"c",  "#c", "d",  "#d", "e",  "f",
+                                                     "#f", "g",  "#g", "a",  "#a", "b"};
+
+/// What a button of the "Insert" frame inserts. A token that takes a count or a volume is completed by what
+/// is typed.
+struct InsertButton {
+  std::string_view command;
+  bool playedOnInsert;
+};
+
+constexpr std::array<InsertButton, kInsertButtons> kButtons{{{"ledon", true},
+                                                             {"ledoff", true},
+                                                             {"vibeon", true},
+                                                             {"vibeoff", true},
+                                                             {"backon", true},
+                                                             {"backoff", true},
+                                                             {"V+", true},
+                                                             {"V-", true},
+                                                             {"(", false},
+                                                             {"@", false},
+                                                             {"V", true}}};
 
 struct Accidentals {
   bool sharp;
@@ -22,171 +48,139 @@ std::optional<Accidentals> AccidentalsOf(std::string_view letter) {
 }
 
 // Natural, sharp, flat, natural; what the letter cannot have is passed over.
-std::string NextSpelling(const std::string& note, Accidentals allowed) {
-  std::string rest = note.empty() ? "" : note.substr(1);
+std::string NextSpelling(std::string_view note, Accidentals allowed) {
+  const std::string whole(note);
+  const std::string rest(note.substr(std::min<size_t>(1, note.size())));
   if (note.starts_with('#')) return allowed.flat ? "&" + rest : rest;
   if (note.starts_with('&')) return rest;
-  if (allowed.sharp) return "#" + note;
-  return allowed.flat ? "&" + note : note;
+  if (allowed.sharp) return "#" + whole;
+  return allowed.flat ? "&" + whole : whole;
 }
 
 }  // namespace
 
-void Composer::InsertElement(const MelodyNote& note, bool play) {
-  Melody& melody = ws_.melody;
-  const bool append = melody.IsEmpty() || melody.lCurrentIndex >= melody.UpperBound();
-  const int32_t at = append ? melody.UpperBound() + 1 : melody.lCurrentIndex + 1;
-  melody.Insert(at, note);
-  melody.lCurrentIndex = at;
-  if (!play || !settings_.bPlayComposing) return;
-  RefreshMelodyView();  // what sounds is to be seen while it sounds
-  PlayAt(at);
+void Composer::EnterTone(int tone) {
+  if (!sound_.EnteredToneSounds()) TypeTone(tone);
 }
 
-void Composer::cmdTone_Click(int index) {
-  if (bToneBusy_) return;
-  bToneBusy_ = true;
-  MelodyNote note;
-  note.Octave = static_cast<int16_t>(state_.octave);
-  note.Note = kToneKeys.at(static_cast<size_t>(index));
-  note.Duration = kDurations.at(static_cast<size_t>(state_.duration));
-  note.DurationExtra = kDurationExtras.at(static_cast<size_t>(state_.durationExtra));
-  InsertElement(note, true);
-  RefreshMelodyView();
-  bToneBusy_ = false;
+void Composer::TypeTone(int tone) {
+  if (!MayEdit()) return;
+  Insert(Tone(kToneKeys.at(static_cast<size_t>(tone)), static_cast<int16_t>(state_.octave),
+              kDurations.at(static_cast<size_t>(state_.duration)),
+              kDurationExtras.at(static_cast<size_t>(state_.durationExtra))));
+  if (settings_.playComposing) sound_.Play(document_.Cursor(), EditSound::Cause::EnteredTone);
 }
 
-void Composer::cmdPause_Click() {
-  MelodyNote note;
-  note.Octave = kNoOctave;
-  note.Note = "r";
-  note.Duration = kDurations.at(static_cast<size_t>(state_.duration));
-  note.DurationExtra = kDurationExtras.at(static_cast<size_t>(state_.durationExtra));
-  InsertElement(note, false);
-  RefreshMelodyView();
+void Composer::EnterPause() {
+  if (!MayEdit()) return;
+  Insert(Pause(kDurations.at(static_cast<size_t>(state_.duration)),
+               kDurationExtras.at(static_cast<size_t>(state_.durationExtra))));
 }
 
-void Composer::cmdInsert_Click(int index, std::string_view repeatCount, std::string_view volume) {
-  const bool known = index >= 0 && index < static_cast<int>(kInsertButtons.size());
-  const InsertButton button = known ? kInsertButtons.at(static_cast<size_t>(index)) : InsertButton{"", true};
-  std::string special(button.special);
-  if (index == kRepeatStop) special += std::string(repeatCount) + ")";
-  if (index == kSetVolume) special += volume;
-  if (index == kRepeatStart || index == kRepeatStop) {
-    state_.repeatBox = index == kRepeatStart;
+void Composer::EnterCommand(int button, std::string_view repeatCount, std::string_view volume) {
+  if (!MayEdit()) return;
+  const bool known = button >= 0 && button < static_cast<int>(kButtons.size());
+  const InsertButton made = known ? kButtons.at(static_cast<size_t>(button)) : InsertButton{"", true};
+  std::string token(made.command);
+  if (button == kRepeatStop) token += std::string(repeatCount) + ")";
+  if (button == kSetVolume) token += volume;
+  if (button == kRepeatStart || button == kRepeatStop) {
+    state_.repeatBox = button == kRepeatStart;
     view_.ShowComposer();
   }
-  MelodyNote note = CommandNote(special);
-  note.Duration = 1.0F;
-  note.DurationExtra = 1.0F;
-  InsertElement(note, button.playedOnInsert);
-  RefreshMelodyView();
-}
-
-void Composer::optDuration_Click(int index) {
-  UpdateBeatLength();
-  state_.duration = index;
-  view_.ShowComposer();
-}
-
-void Composer::optDurationExtra_Click(int index) {
-  if (index < 0 || index >= static_cast<int>(kDurationExtras.size())) return;
-  state_.durationExtra = index;
-  view_.ShowComposer();
-}
-
-void Composer::SliderOctave_Change(int value) {
-  const ModeLimits& limits = LimitsOf(ws_.iNoteMode);
-  state_.octave = std::clamp<int>(value, limits.iOctaveMin, limits.iOctaveMax);
-  view_.ShowComposer();
-}
-
-void Composer::cmdDuration_Click() {
-  if (!HasElementAtCursor()) return;
-  constexpr int kCount = static_cast<int>(kDurations.size());
-  // A length without a code reads as code 0, a full note.
-  int code = std::max(DurationIndex(ws_.melody.At(ws_.melody.lCurrentIndex).Duration), 0);
-  do {
-    code = (code + 1) % kCount;
-    if (!ws_.pump.PumpEvents()) return;
-  } while (!HasDuration(code));
-  optDuration_Click(code);
-  if (!HasElementAtCursor()) return;  // an event that ran meanwhile erased it
-  const int32_t at = ws_.melody.lCurrentIndex;
-  MelodyNote note = ws_.melody.At(at);
-  note.Duration = kDurations.at(static_cast<size_t>(state_.duration));
-  ws_.melody.Replace(at, note);
-  RefreshMelodyView();
-  if (settings_.bPlayComposing) PlayAt(at);
-}
-
-void Composer::cmdLowHigh_Click() {
-  if (!HasElementAtCursor()) return;
-  const int32_t at = ws_.melody.lCurrentIndex;
-  MelodyNote note = ws_.melody.At(at);
-  if (ToLower(note.Note.empty() ? '\0' : note.Note.front()) == 'r') return;
-  const std::string letter = ReplaceAll(ReplaceAll(note.Note, "#", ""), "&", "");
-  if (const auto allowed = AccidentalsOf(Lowered(letter))) {
-    note.Note = NextSpelling(note.Note, *allowed);
-    ws_.melody.Replace(at, note);
-  } else {
-    ws_.log.WriteLog("Can not find the correct note-->" + letter, 1);
+  Element element = Command(token);
+  element.duration = 1.0F;
+  element.extra = 1.0F;
+  Insert(std::move(element));
+  if (made.playedOnInsert && settings_.playComposing) {
+    sound_.Play(document_.Cursor(), EditSound::Cause::Other);
   }
-  RefreshMelodyView();
-  PlayAt(at);
 }
 
-void Composer::cmdLeft_Click() {
-  Melody& melody = ws_.melody;
-  if (melody.IsEmpty()) return;
-  melody.lCurrentIndex = std::max(melody.lCurrentIndex - 1, -1);
-  const int32_t passed = melody.lCurrentIndex + 1;
-  RefreshMelodyView();
-  if (settings_.bPlayMoving) PlayAt(passed);
+// Right of the cursor, which moves onto the new element; the first element whatever the cursor was.
+void Composer::Insert(Element element) {
+  const int32_t at = std::min(document_.Cursor(), document_.LastIndex()) + 1;
+  Change change{.at = static_cast<size_t>(at), .cursor = at};
+  change.inserted.push_back(std::move(element));
+  document_.Apply(std::move(change));
+  RefreshMelodyView();  // what sounds is to be seen while it sounds
 }
 
-void Composer::cmdRight_Click() {
-  Melody& melody = ws_.melody;
-  if (melody.IsEmpty()) return;
-  melody.lCurrentIndex = std::min(melody.lCurrentIndex + 1, melody.UpperBound());
-  if (settings_.bPlayMoving) PlayAt(melody.lCurrentIndex);
+void Composer::StepDuration() {
+  if (!MayEdit() || !document_.HasElement(document_.Cursor())) return;
+  constexpr int kCount = static_cast<int>(kDurations.size());
+  Element element = document_.At(document_.Cursor());
+  // A length without a code reads as code 0, a full note.
+  int index = std::max(DurationIndex(element.duration), 0);
+  do {
+    index = (index + 1) % kCount;
+  } while (!HasDuration(index));
+  SelectDuration(index);
+  element.duration = kDurations.at(static_cast<size_t>(index));
+  ReplaceAtCursor(std::move(element));
+  if (settings_.playComposing) sound_.Play(document_.Cursor(), EditSound::Cause::Other);
+}
+
+void Composer::StepAccidental() {
+  if (!MayEdit() || !document_.HasElement(document_.Cursor())) return;
+  Element element = document_.At(document_.Cursor());
+  const std::string note(element.Note());
+  if (ToLower(note.empty() ? '\0' : note.front()) == 'r') return;
+  const std::string letter = ReplaceAll(ReplaceAll(note, "#", ""), "&", "");
+  if (const auto allowed = AccidentalsOf(Lowered(letter))) {
+    element.SetNote(NextSpelling(note, *allowed));
+    ReplaceAtCursor(std::move(element));
+  } else {
+    services_.log.WriteLog("Can not find the correct note-->" + letter, 1);
+    RefreshMelodyView();
+  }
+  sound_.Play(document_.Cursor(), EditSound::Cause::Other);
+}
+
+void Composer::ReplaceAtCursor(Element element) {
+  Change change{.at = static_cast<size_t>(document_.Cursor()), .removed = 1};
+  change.inserted.push_back(std::move(element));
+  document_.Apply(std::move(change));
   RefreshMelodyView();
 }
 
-void Composer::cmdEraseLeft_Click() {
-  if (!HasElementAtCursor()) return;
-  ws_.melody.Remove(ws_.melody.lCurrentIndex);
-  --ws_.melody.lCurrentIndex;
+void Composer::MoveLeft() {
+  if (!MayEdit() || document_.IsEmpty()) return;
+  document_.Apply({.cursor = document_.Cursor() - 1});
+  RefreshMelodyView();
+  if (settings_.playMoving) sound_.Play(document_.Cursor() + 1, EditSound::Cause::Other);
+}
+
+// What it passes sounds first and is shown then, but for a tone during which nothing could be shown.
+void Composer::MoveRight() {
+  if (!MayEdit() || document_.IsEmpty()) return;
+  document_.Apply({.cursor = document_.Cursor() + 1});
+  const bool showFirst = player_.TonesBlock();
+  if (showFirst) RefreshMelodyView();
+  if (settings_.playMoving) sound_.Play(document_.Cursor(), EditSound::Cause::Other);
+  if (!showFirst) RefreshMelodyView();
+}
+
+void Composer::EraseLeft() {
+  if (!MayEdit() || !document_.HasElement(document_.Cursor())) return;
+  const int32_t at = document_.Cursor();
+  document_.Apply({.at = static_cast<size_t>(at), .removed = 1, .cursor = at - 1});
   RefreshMelodyView();
 }
 
-void Composer::cmdEraseRight_Click() {
-  const int32_t right = ws_.melody.lCurrentIndex + 1;
-  if (right > ws_.melody.UpperBound()) return;
-  ws_.melody.Remove(right);
+void Composer::EraseRight() {
+  const int32_t right = document_.Cursor() + 1;
+  if (!MayEdit() || !document_.HasElement(right)) return;
+  document_.Apply({.at = static_cast<size_t>(right), .removed = 1});
   RefreshMelodyView();
 }
 
 void Composer::MoveScale(int16_t octaves) {
-  if (ws_.melody.IsEmpty()) return;
-  MelodyList moved = ws_.melody.Elements();
-  if (ChangeScale(moved, octaves, ws_.iNoteMode, ws_.log)) ws_.melody.Assign(std::move(moved));
+  if (!MayEdit() || document_.IsEmpty()) return;
+  if (auto moved = Transposed(document_.Elements(), octaves, document_.Mode(), services_.log)) {
+    document_.Apply({.removed = moved->size(), .inserted = *std::move(moved)});
+  }
   RefreshMelodyView();
-}
-
-bool Composer::HasElementAtCursor() const {
-  return ws_.melody.lCurrentIndex >= 0 && ws_.melody.lCurrentIndex <= ws_.melody.UpperBound();
-}
-
-// A key pressed while an element sounds plays another inside its wait. Past a few of them the key only
-// acts, so that fast fingers neither wait nor pile up waits.
-void Composer::PlayAt(int32_t index) {
-  constexpr int kMostAtOnce = 6;
-  if (index < 0 || index > ws_.melody.UpperBound() || sounding_ >= kMostAtOnce) return;
-  const MelodyNote note = ws_.melody.At(index);  // a copy: events that run meanwhile may change the melody
-  ++sounding_;
-  player_.PlayElement(note, lBeatDuration_, index);
-  --sounding_;
 }
 
 }  // namespace trillomat

@@ -1,66 +1,63 @@
-#include "composer/melody_text_view.h"
+#include "composer/melody_text.h"
 
+#include "core/codec.h"
 #include "core/number_text.h"
 
 namespace trillomat {
 namespace {
 
+/// Written in front of every token.
 constexpr std::string_view kSeparator = "   ";
+
+// An element without text takes a place in the count all the same.
+class Tokens {
+ public:
+  Tokens(const Document& document, const TokenDefaults& defaults, Log& log)
+      : document_(document), defaults_(defaults), log_(log) {}
+
+  std::string At(int32_t index) const {
+    std::string text = Encode(document_.At(index), document_.Mode(), defaults_, log_).text;
+    return text.empty() ? text : std::string(kSeparator) + text;
+  }
+
+  std::string Left() const {
+    const int32_t cursor = document_.Cursor();
+    std::string text;
+    for (int32_t i = cursor; i >= 0 && i >= cursor - Shown(); --i) text.insert(0, At(i));
+    return text;
+  }
+
+  std::string Right() const {
+    const int32_t cursor = document_.Cursor();
+    std::string text;
+    for (int32_t i = cursor + 1; i <= cursor + Shown() && i <= document_.LastIndex(); ++i) text += At(i);
+    return text;
+  }
+
+ private:
+  int32_t Shown() const { return LimitsOf(document_.Mode()).elementsShown; }
+
+  const Document& document_;
+  const TokenDefaults& defaults_;
+  Log& log_;
+};
 
 }  // namespace
 
-std::optional<MelodyViewText> MelodyTextView::RefreshMelodyView() {
-  ++refreshes_;
-  MelodyViewText view;
-  if (ws_.melody.IsEmpty()) return view;
-  if (ws_.iNoteMode == FormatMode::Rtttl) view.defaults = RefreshDefaults();
-  if (!AddLeft(view.txtLeft) || !AddRight(view.txtRight)) return std::nullopt;
-  return view;
-}
-
-MelodyViewText::Defaults MelodyTextView::RefreshDefaults() {
-  MelodyDefaults& defaults = ws_.codec.defaults;
-  defaults = ws_.melody.ComputeMelodyDefaults();
-  MelodyViewText::Defaults shown{DecimalText(defaults.octave + 2),
-                                 ws_.codec.EncodeDuration(defaults.duration, FormatMode::Rtttl).text};
-  if (!bRTTTLUseDefault) defaults = {.octave = -1, .duration = -1.0F};
-  shownDefaults_ = defaults;
-  return shown;
-}
-
-std::optional<std::string> MelodyTextView::TokenAt(int32_t index) {
-  const unsigned refresh = refreshes_;
-  // A file that was saved or read since the last token may have left other defaults.
-  if (ws_.iNoteMode == FormatMode::Rtttl) ws_.codec.defaults = shownDefaults_;
-  MelodyNote note = ws_.melody.At(index);
-  std::string token = ws_.codec.EncodeNote(note, ws_.iNoteMode);
-  ws_.melody.MarkNotSupported(index, note.NotSupported);
-  const bool goOn = ws_.pump.PumpEvents();
-  if (!goOn || refresh != refreshes_) return std::nullopt;
-  return token;
-}
-
-bool MelodyTextView::AddLeft(std::string& text) {
-  const int32_t cursor = ws_.melody.lCurrentIndex;
-  const int32_t shown = LimitsOf(ws_.iNoteMode).iNotesShown;
-  for (int32_t i = cursor; i >= 0 && i >= cursor - shown; --i) {
-    if (i > ws_.melody.UpperBound()) return false;
-    const auto token = TokenAt(i);
-    if (!token) return false;
-    if (!token->empty()) text.insert(0, std::string(kSeparator) + *token);
+MelodyText TextOf(const Document& document, bool useDefaults, Log& log) {
+  MelodyText text;
+  if (document.IsEmpty()) return text;
+  TokenDefaults defaults = kNoTokenDefaults;
+  if (document.Mode() == FormatMode::Rtttl) {
+    const TokenDefaults commonest = document.CommonestDefaults();
+    text.defaults = {DecimalText(commonest.octave + 2),
+                     EncodeDuration(commonest.duration, FormatMode::Rtttl, log).text};
+    if (useDefaults) defaults = commonest;
   }
-  return true;
-}
-
-bool MelodyTextView::AddRight(std::string& text) {
-  const int32_t cursor = ws_.melody.lCurrentIndex;
-  const int32_t shown = LimitsOf(ws_.iNoteMode).iNotesShown;
-  for (int32_t i = cursor + 1; i <= cursor + shown && i <= ws_.melody.UpperBound(); ++i) {
-    const auto token = TokenAt(i);
-    if (!token) return false;
-    if (!token->empty()) text += std::string(kSeparator) + *token;
-  }
-  return true;
+  const Tokens tokens(document, defaults, log);
+  text.left = tokens.Left();
+  text.right = tokens.Right();
+  return text;
 }
 
 }  // namespace trillomat

@@ -6,10 +6,11 @@
 namespace trillomat {
 namespace {
 
+constexpr std::string_view kDefaultVolume = "V10";
+
 size_t StyleNumber(std::string_view text) {
-  const std::array<std::string_view, kStyleTexts.size()> digits{"0", "1", "2"};
-  for (size_t i = 0; i < digits.size(); ++i) {
-    if (Contains(text, digits.at(i))) return i;
+  for (size_t i = 0; i < kStyleTexts.size(); ++i) {
+    if (Contains(text, kStyleTexts.at(i).substr(1, 1))) return i;
   }
   return 0;
 }
@@ -23,13 +24,13 @@ std::string StyleCode(std::string_view text) { return "S" + std::to_string(Style
 std::string VolumeText(std::string_view volume) {
   if (!volume.starts_with('V')) return std::string(kDefaultVolume);
   const auto number = RoundToInt16(LeadingNumber(volume.substr(1)));
-  if (!number || *number < 0 || *number > 15) return std::string(kDefaultVolume);
+  if (!number || *number < 0 || *number > kHighestVolume) return std::string(kDefaultVolume);
   return std::string(volume.substr(0, 3));
 }
 
-void PassThroughPanel(SongHeader& header) {
-  header.Style = StyleCode(StyleText(header.Style));
-  header.Volume = VolumeText(header.Volume);
+void NormaliseStyleAndVolume(SongInfo& info) {
+  info.style = StyleCode(info.style);
+  info.volume = VolumeText(info.volume);
 }
 
 }  // namespace trillomat

@@ -16,53 +16,47 @@ constexpr Captions kIMelodyCaptions{"Version", "Format", "Name", "Composer", "B 
 constexpr Captions kRtttlCaptions{"Name",  "B P M", "Repeat", "Duration (Default)", "Octave (Default)",
                                   "Style", "Volume"};
 
-constexpr int32_t kRepeatMax = 15;
-
-// The value of a text of digits alone; nothing for any other text, which is never in range.
-std::optional<int32_t> DigitsValue(std::string_view text) {
-  if (text.empty() || !std::all_of(text.begin(), text.end(), IsDigit)) return std::nullopt;
-  return RoundToInt32(LeadingNumber(text));
+// The value of a text of digits alone, -1 for any other text, which is never in range.
+int32_t DigitsValue(std::string_view text) {
+  if (text.empty() || !std::all_of(text.begin(), text.end(), IsDigit)) return -1;
+  return RoundToInt32(LeadingNumber(text)).value_or(-1);
 }
 
 }  // namespace
 
-SongInfoPanel::SongInfoPanel(Workspace& workspace) : ws_(workspace) {
-  SetMode();
-  LoadHeader();
+SongInfoPanel::SongInfoPanel(Document& document, ReadRecord& record) : document_(document), record_(record) {
+  ShowMode();
+  Load();
 }
 
-void SongInfoPanel::SetMode() {
-  const int shown = LimitsOf(ws_.iNoteMode).songInfoRows;
-  const Captions& captions = ws_.iNoteMode == FormatMode::Rtttl ? kRtttlCaptions : kIMelodyCaptions;
+void SongInfoPanel::ShowMode() {
+  const FormatMode mode = document_.Mode();
+  const int shown = LimitsOf(mode).songInfoRows;
+  const Captions& captions = mode == FormatMode::Rtttl ? kRtttlCaptions : kIMelodyCaptions;
   for (int i = 0; i < static_cast<int>(rows_.size()); ++i) {
     SongInfoRow& row = Row(i);
     row.visible = i < shown;
-    row.enabled = ws_.iNoteMode != FormatMode::IMelody || i > 1;
+    row.enabled = mode != FormatMode::IMelody || i > 1;
     if (shown > 0) row.caption = captions.at(static_cast<size_t>(i));
   }
 }
 
-void SongInfoPanel::LoadHeader() {
-  const SongHeader& header = ws_.header;
-  if (ws_.iNoteMode == FormatMode::IMelody) {
-    Row(0).text = header.Version;
-    Row(1).text = header.Format;
-    Row(2).text = header.Name;
-    Row(3).text = header.Composer;
-    Row(4).text = std::to_string(header.BPM);
-  } else if (ws_.iNoteMode == FormatMode::Rtttl) {
-    Row(0).text = header.Name;
-    Row(1).text = std::to_string(header.BPM);
-    Row(2).text = std::to_string(header.Loop);
+void SongInfoPanel::Load() {
+  const SongInfo& info = document_.Info();
+  if (document_.Mode() == FormatMode::IMelody) {
+    Row(0).text = info.version;
+    Row(1).text = info.format;
+    Row(2).text = info.name;
+    Row(3).text = info.composer;
+    Row(4).text = std::to_string(info.bpm);
+  } else if (document_.Mode() == FormatMode::Rtttl) {
+    Row(0).text = info.name;
+    Row(1).text = std::to_string(info.bpm);
+    Row(2).text = std::to_string(info.loop);
   }
-  for (int i = 0; i < kTextRows; ++i) {
-    Row(i).invalid = false;
-    if (Row(i).visible) txtSongInfo_Change(i, std::string(Row(i).text));
-  }
-  SetStyleText(header.Style);
-  SetVolumeText(header.Volume);
-  ws_.header.Style = GetStyleCode();
-  ws_.header.Volume = GetVolumeText();
+  for (int i = 0; i < kTextRows; ++i) Row(i).invalid = Row(i).visible && !IsValid(FieldOf(i), Row(i).text);
+  Row(kStyleRow).text = StyleText(info.style);
+  Row(kVolumeRow).text = VolumeText(info.volume);
 }
 
 void SongInfoPanel::ShowDefaults(std::string_view octave, std::string_view duration) {
@@ -70,60 +64,56 @@ void SongInfoPanel::ShowDefaults(std::string_view octave, std::string_view durat
   Row(4).text = duration;
 }
 
-bool SongInfoPanel::IsTempoRow(int index) const {
-  return (ws_.iNoteMode == FormatMode::IMelody && index == 4) ||
-         (ws_.iNoteMode == FormatMode::Rtttl && index == 1);
-}
-
-bool SongInfoPanel::IsRepeatRow(int index) const { return ws_.iNoteMode == FormatMode::Rtttl && index == 2; }
-
-bool SongInfoPanel::txtSongInfo_KeyPress(int index, char key) const {
+bool SongInfoPanel::AcceptsKey(int row, char key) const {
   constexpr char kBackspace = 8;
-  return (!IsTempoRow(index) && !IsRepeatRow(index)) || IsDigit(key) || key == kBackspace;
+  const Field field = FieldOf(row);
+  return (field != Field::Tempo && field != Field::Repeat) || IsDigit(key) || key == kBackspace;
 }
 
-bool SongInfoPanel::txtSongInfo_Change(int index, std::string_view text) {
-  SongInfoRow& row = Row(index);
-  row.text = text;
-  if (IsTempoRow(index)) return TakeTempo(row);
-  if (IsRepeatRow(index)) TakeRepeat(row);
-  const int nameRow = ws_.iNoteMode == FormatMode::IMelody ? 2 : 0;
-  const bool named = ws_.iNoteMode == FormatMode::IMelody || ws_.iNoteMode == FormatMode::Rtttl;
-  if (named && index == nameRow) ws_.header.Name = text;
-  if (ws_.iNoteMode == FormatMode::IMelody && index == 3) ws_.header.Composer = text;
-  return false;
+void SongInfoPanel::Edit(int row, std::string_view text) {
+  const Field field = FieldOf(row);
+  Row(row).text = text;
+  Row(row).invalid = !IsValid(field, text);
+  if (field == Field::None || Row(row).invalid) return;
+  SongInfo info = document_.Info();
+  Take(field, text, info);
+  Take(field, text, record_.info);
+  document_.Apply({.info = std::move(info)});
 }
 
-bool SongInfoPanel::TakeTempo(SongInfoRow& row) {
-  const ModeLimits& limits = LimitsOf(ws_.iNoteMode);
-  const auto value = DigitsValue(row.text);
-  row.invalid = !value || *value < limits.lTempoMin || *value > limits.lTempoMax;
-  if (!row.invalid) ws_.header.BPM = *value;
-  return !row.invalid;
+SongInfoPanel::Field SongInfoPanel::FieldOf(int row) const {
+  if (row == kStyleRow) return Field::Style;
+  if (row == kVolumeRow) return Field::Volume;
+  if (document_.Mode() == FormatMode::IMelody) {
+    constexpr std::array<Field, kTextRows> kFields{Field::None, Field::None, Field::Name, Field::Composer,
+                                                   Field::Tempo};
+    return kFields.at(static_cast<size_t>(row));
+  }
+  if (document_.Mode() == FormatMode::Rtttl) {
+    constexpr std::array<Field, kTextRows> kFields{Field::Name, Field::Tempo, Field::Repeat, Field::None,
+                                                   Field::None};
+    return kFields.at(static_cast<size_t>(row));
+  }
+  return Field::None;
 }
 
-void SongInfoPanel::TakeRepeat(SongInfoRow& row) {
-  const auto value = DigitsValue(row.text);
-  row.invalid = !value || *value > kRepeatMax;
-  if (!row.invalid) ws_.header.Loop = static_cast<int16_t>(*value);
+bool SongInfoPanel::IsValid(Field field, std::string_view text) const {
+  const ModeLimits& limits = LimitsOf(document_.Mode());
+  const int32_t value = DigitsValue(text);
+  if (field == Field::Tempo) return value >= limits.lowestTempo && value <= limits.highestTempo;
+  return field != Field::Repeat || (value >= 0 && value <= kHighestLoop);
 }
 
-void SongInfoPanel::cboSongInfo_Change(int index, std::string_view text) {
-  if (index == 0) {
-    Row(kStyleRow).text = text;
-    ws_.header.Style = GetStyleCode();
-  } else if (index == 1) {
-    Row(kVolumeRow).text = text;
-    ws_.header.Volume = GetVolumeText();
+void SongInfoPanel::Take(Field field, std::string_view text, SongInfo& info) {
+  switch (field) {
+    case Field::None: return;
+    case Field::Name: info.name = text; return;
+    case Field::Composer: info.composer = text; return;
+    case Field::Tempo: info.bpm = DigitsValue(text); return;
+    case Field::Repeat: info.loop = static_cast<int16_t>(DigitsValue(text)); return;
+    case Field::Style: info.style = StyleCode(text); return;
+    case Field::Volume: info.volume = text; return;
   }
 }
-
-void SongInfoPanel::SetStyleText(std::string_view code) { Row(kStyleRow).text = StyleText(code); }
-
-std::string SongInfoPanel::GetStyleCode() const { return StyleCode(rows_.at(kStyleRow).text); }
-
-void SongInfoPanel::SetVolumeText(std::string_view volume) { Row(kVolumeRow).text = VolumeText(volume); }
-
-std::string SongInfoPanel::GetVolumeText() const { return rows_.at(kVolumeRow).text; }
 
 }  // namespace trillomat

@@ -50,6 +50,7 @@ class SongInfoPanel {
   SongInfoRow& Row(int row) { return rows_.at(static_cast<size_t>(row)); }
   Field FieldOf(int row) const;
   bool IsValid(Field field, std::string_view text) const;
+  static void Take(Field field, std::string_view text, SongInfo& info);
 
   Document& document_;
   ReadRecord& record_;
