@@ -11,8 +11,8 @@
 #include <random>
 
 #include "core/tone.h"
-#include "exchange/export_targets.h"
-#include "exchange/import_text.h"
+#include "exchange/export.h"
+#include "exchange/import.h"
 #include "support/fakes.h"
 #include "support/sample_notes.h"
 
@@ -34,35 +34,34 @@ class GammuTest : public ::testing::Test {
     return ringtone->Format == RING_NOTETONE ? std::move(ringtone) : nullptr;
   }
 
-  void ExpectGammuReads(const MelodyList& melody) {
-    fake_.ws.ExportMelody = melody;
-    const std::optional<std::string> text = ExportText(Phone::Rtttl, fake_.ws);
-    ASSERT_TRUE(text) << fake_.ws.refusal;
+  void ExpectGammuReads(const Song& song) {
+    const Result<std::string> text = Export(Phone::Rtttl, song, fake_.services);
+    ASSERT_TRUE(text) << text.Why().why;
     const std::unique_ptr<GSM_Ringtone> ringtone = ReadByGammu(*text);
     ASSERT_NE(ringtone, nullptr) << *text;
-    // The adaptation has moved the export's copy.
-    const MelodyList& notes = fake_.ws.ExportMelody;
-    ASSERT_EQ(static_cast<size_t>(ringtone->NoteTone.NrCommands), notes.size()) << *text;
-    for (size_t i = 0; i < notes.size(); ++i) {
+    ElementList elements = song.elements;
+    AdaptRange(elements, TargetOf(Phone::Rtttl).range, fake_.log);
+    ASSERT_EQ(static_cast<size_t>(ringtone->NoteTone.NrCommands), elements.size()) << *text;
+    for (size_t i = 0; i < elements.size(); ++i) {
       SCOPED_TRACE(*text + ", note " + std::to_string(i));
-      ExpectSame(notes[i], ringtone->NoteTone.Commands[i]);
+      ExpectSame(elements[i], song.info, ringtone->NoteTone.Commands[i]);
     }
   }
 
-  FakeWorkspace fake_;
+  FakeServices fake_;
 
  private:
-  void ExpectSame(const MelodyNote& note, const GSM_RingCommand& command) const {
+  static void ExpectSame(const Element& element, const SongInfo& info, const GSM_RingCommand& command) {
     EXPECT_EQ(command.Type, RING_Note);
-    EXPECT_EQ(command.Note.Tempo, fake_.ws.header.BPM);
-    EXPECT_EQ(command.Note.Duration >> 5, DurationIndex(note.Duration));
-    EXPECT_EQ(command.Note.DurationSpec, note.DurationExtra == 1.5F ? DottedNote : NoSpecialDuration);
+    EXPECT_EQ(command.Note.Tempo, info.bpm);
+    EXPECT_EQ(command.Note.Duration >> 5, DurationIndex(element.duration));
+    EXPECT_EQ(command.Note.DurationSpec, element.extra == 1.5F ? DottedNote : NoSpecialDuration);
     // Counted in semitones from c, 1 to 12; 0 is a pause.
     const ToneTable<int> semitones{1, 2, 2, 3, 4, 4, 5, 6, 7, 7, 8, 9, 9, 10, 11, 11, 12};
-    const int tone = ToneIndex(note.Note);
+    const int tone = ToneIndex(element.Note());
     EXPECT_EQ(command.Note.Note >> 4, tone < 0 ? 0 : semitones.at(static_cast<size_t>(tone)));
     if (tone < 0) return;
-    EXPECT_EQ(static_cast<int>(command.Note.Scale), note.Octave + 2);
+    EXPECT_EQ(static_cast<int>(command.Note.Scale), element.octave + 2);
   }
 
   std::filesystem::path file_ =
@@ -73,9 +72,9 @@ TEST_F(GammuTest, ReadsTunes) {
   std::ifstream tunes(TEST_DATA_DIR "/tunes.txt");
   int count = 0;
   for (std::string line; std::getline(tunes, line); ++count) {
-    ASSERT_TRUE(Convert_RTTTL(line, fake_.ws)) << line;
-    const MelodyList melody = fake_.ws.ImportMelody;
-    ExpectGammuReads(melody);
+    ReadResult read = Import(PastedFormat::Rtttl, line, false, {}, fake_.services).read;
+    ASSERT_TRUE(read) << line;
+    ExpectGammuReads({.elements = std::move(read.elements), .info = read.record.info});
   }
   EXPECT_EQ(count, 6);
 }
@@ -87,19 +86,20 @@ TEST_F(GammuTest, ReadsRandomMelodies) {
     return std::uniform_int_distribution<size_t>(0, bound - 1)(engine);
   };
   for (int round = 0; round < 100; ++round) {
-    MelodyList notes(1 + below(kMostNotes));
-    for (MelodyNote& note : notes) {
+    Song song{.elements = ElementList(1 + below(kMostNotes)), .info = {}};
+    for (Element& element : song.elements) {
       const float duration = kDurations.at(below(kDurations.size()));
-      note = below(8) == 0 ? Pause(duration)
-                           : Tone(kTones.at(below(kTones.size())), 3 + static_cast<int>(below(3)), duration);
+      element = below(8) == 0
+                    ? Rest(duration)
+                    : Note(kTones.at(below(kTones.size())), 3 + static_cast<int>(below(3)), duration);
     }
-    const int16_t octave = ComputeRtttlHeaderDefaults(notes).octave;
-    for (MelodyNote& note : notes) {
-      if ((IsPause(note) || note.Octave == octave) && below(4) == 0) note.DurationExtra = 1.5F;
+    const int16_t octave = DefaultsCount(song.elements).CommonestForHeader().octave;
+    for (Element& element : song.elements) {
+      if ((IsPause(element) || element.octave == octave) && below(4) == 0) element.extra = 1.5F;
     }
-    fake_.ws.header.Name = "Dice";  // libgammu refuses a tune without a name
-    fake_.ws.header.BPM = 63 + static_cast<int>(below(100));
-    ExpectGammuReads(notes);
+    song.info.name = "Dice";  // libgammu refuses a tune without a name
+    song.info.bpm = 63 + static_cast<int>(below(100));
+    ExpectGammuReads(song);
     if (HasFailure()) break;
   }
 }

@@ -1,8 +1,12 @@
-// The import converters and what the import window does with them.
+// The import of pasted texts as far as it differs from reading files, and the choice of the import window.
+#include "exchange/import.h"
+
 #include <gmock/gmock.h>
 
-#include "exchange/import_dialog.h"
-#include "exchange/import_text.h"
+#include <random>
+
+#include "core/tone.h"
+#include "exchange/export.h"
 #include "support/fakes.h"
 #include "support/sample_notes.h"
 
@@ -10,157 +14,150 @@ namespace trillomat {
 namespace {
 
 using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-using Converter = bool (*)(std::string_view, Workspace&);
+struct ImportCase {
+  PastedFormat format;
+  std::string text;
+  std::string elements;  ///< as Described tells them
+  std::vector<std::string> log = {};
+};
 
-TEST(ImportText, RtttlGivesNotesAndHeader) {
-  FakeWorkspace fake;
-  fake.ws.header.Volume = "V3";
-  EXPECT_TRUE(Convert_RTTTL("te st:\td=4, o=5,b=100,\r\nl=3,s=C:c, P,8H.,-,16#c7,so,x", fake.ws));
-  EXPECT_EQ(fake.ws.header, (SongHeader{"test", "", 100, "C", "V3", "", "", 3}));
-  // No repeat marks, no gap where "so" is refused.
-  EXPECT_THAT(fake.ws.ImportMelody, ElementsAre(Tone("c", 3), Pause(), Tone("b", 3, 0.5F, 1.5F), Pause(),
-                                                Tone("#c", 5, 0.25F), Tone("x", 3)));
-  EXPECT_THAT(fake.log.lines, ElementsAre("1: Last Note?\?-->x"));
-}
-
-TEST(ImportText, LetterTextsDifferByModeAlone) {
-  constexpr std::string_view kText = " +C.\r\n(b)d P p- h\tH +#f. ";
-  FakeWorkspace fake;
-  EXPECT_TRUE(bConvert_EMelody(kText, fake.ws));
-  EXPECT_THAT(fake.ws.ImportMelody,
-              ElementsAre(Tone("c", 4, 4.0F), Tone("&d", 3, 0.5F), Tone("r", 3, 2.0F), Tone("r", 3, 0.5F),
-                          Tone("r", 3, 0.5F), Tone("b", 3, 0.5F), Tone("b", 3, 2.0F), Tone("#f", 4, 1.0F)));
-  fake.ws.header.Loop = 2;
-  EXPECT_TRUE(bConvert_Melody("+C(b)aPp(b)ZqD", fake.ws));
-  EXPECT_THAT(fake.ws.ImportMelody,
-              ElementsAre(Tone("C", 4), Tone("&a", 3, 0.5F), Tone("R", 3), Tone("r", 3, 0.5F), Tone("&Z", 3),
-                          Tone("q", 3, 0.5F), Tone("D", 3)));
-  EXPECT_EQ(fake.ws.header, (SongHeader{"Unknown", "", 200, "", "", "", "", 2}));
-  EXPECT_THAT(fake.log.lines, IsEmpty());
-}
-
-TEST(ImportText, LetterTokensEndWhereTheRuleSays) {
-  const std::vector<std::pair<std::string, std::vector<std::string>>> cases{
-      {"c)d", {"c)d"}},   {"zc", {"zc"}},   {"c.d", {"c.", "d"}},  {"c..d", {"c.", ".d"}},
-      {"[_", {"[", "_"}}, {"12c", {"12c"}}, {"yz{y", {"y", "z{y"}}};
-  for (const auto& [text, tokens] : cases) {
-    FakeWorkspace fake;
-    ASSERT_TRUE(bConvert_Melody(text, fake.ws)) << text;
-    std::vector<std::string> found;
-    for (const MelodyNote& note : fake.ws.ImportMelody) found.push_back(note.Note);
-    EXPECT_EQ(found, tokens) << text;
-  }
-}
-
-TEST(ImportText, EMelodyMarkersAreOptional) {
-  FakeWorkspace fake;
-  EXPECT_TRUE(bConvert_EMelody("BEGIN:EMELODY\r\nVERSION:1.0\r\nMEL ODY:c\r\nEND:EMELODY\r\nx", fake.ws));
-  EXPECT_THAT(fake.ws.ImportMelody, ElementsAre(Tone("c", 3, 0.5F)));
-  EXPECT_TRUE(bConvert_EMelody("cEND:EMELODYd", fake.ws));
-  EXPECT_EQ(fake.ws.ImportMelody.size(), 12U);
-}
-
-TEST(ImportText, FailsWithALogLineAndPlainWords) {
-  using Case = std::tuple<Converter, std::string, std::vector<std::string>, std::string>;
-  const std::string rtttl = "1: Error in Convert_RTTTL";
-  const std::string header = "1: Critical Error in GetDefault RTTTL";
-  const std::string cut = "1: Critical error when converting!!!!";
-  const std::vector<Case> cases{
-      {Convert_RTTTL, "", {rtttl}, "fewer than two \":\""},
-      {Convert_RTTTL, "a:d=4,c,d", {rtttl}, "fewer than two \":\""},
-      {Convert_RTTTL, "a:d=4:", {header, rtttl}, "no note"},
-      {Convert_RTTTL, "a:d=4,:so,", {rtttl}, "no note"},
-      {Convert_RTTTL, "a:b=99999999999,:c,", {rtttl}, "b=99999999999"},
-      {Convert_RTTTL, "a:l=40000,:c,", {rtttl}, "l=40000"},
-      {bConvert_EMelody, "", {"1: Error in bConvert_EMelody"}, "no note"},
-      {bConvert_EMelody, "MELODY:c", {"1: Error in bConvert_EMelody"}, "END:EMELODY"},
-      {bConvert_EMelody, "MELODY:END:EMELODY", {"1: Error in bConvert_EMelody"}, "no note"},
-      {bConvert_EMelody, "c123", {cut}, "\"123\""},
-      {bConvert_Melody, " \r\n", {"1: Error in bConvert_Melody"}, "no note"},
-      {bConvert_Melody, "cdz", {cut}, "\"z\""},
-      {bConvert_Melody, "cdx)", {cut}, "\"x)\""},
+TEST(Import, TakesTextsThatAreNoWholeFiles) {
+  constexpr PastedFormat kEMelody = PastedFormat::EMelody;
+  const std::vector<ImportCase> cases{
+      // No repeat marks, no gap where "so" is refused.
+      {PastedFormat::Rtttl,
+       "te st:\td=4, o=5,b=100,\r\nl=3,s=C:c, P,8H.,-,so,x",
+       "3 c 1 1, -1 r 1 1, 3 b 0.5 1.5, -1 r 1 1, 3 x 1 1",
+       {"1: Last Note?\?-->x"}},
+      {kEMelody, "BEGIN:EMELODY\r\nVERSION:1.0\r\nMEL ODY:c\r\nEND:EMEL ODY\r\nx", "3 c 0.5 1"},
+      {kEMelody, " +C.\r\n(b)d", "4 c 4 1, 3 &d 0.5 1"},
+      {kEMelody, "cEND:d", "3 c 0.5 1, 3 e 2 1, 3 n 2 1, 3 d 2 1, 3 :d 0.5 1"},
+      {kEMelody, "c", "3 c 0.5 1"},
+      {PastedFormat::Melody, "+C(b)aPp(b)ZqD.",
+       "4 C 1 1, 3 &a 0.5 1, 3 R 1 1, 3 r 0.5 1, 3 &Z 1 1, 3 q 0.5 1, 3 D. 1 1"},
   };
-  for (const auto& [convert, text, log, reason] : cases) {
-    FakeWorkspace fake;
-    fake.ws.ImportMelody = Tones({3});
-    EXPECT_FALSE(convert(text, fake.ws)) << text;
-    EXPECT_EQ(fake.log.lines, log) << text;
-    EXPECT_THAT(fake.ws.refusal, HasSubstr(reason)) << text;
-    EXPECT_THAT(fake.ws.ImportMelody, IsEmpty()) << text;
-    EXPECT_EQ(fake.ws.header.Name == "Unknown", convert != Convert_RTTTL) << text;
+  for (const ImportCase& each : cases) {
+    SCOPED_TRACE(each.text);
+    FakeServices fake;
+    const ReadResult read = Import(each.format, each.text, false, {}, fake.services).read;
+    EXPECT_EQ(Described(read.elements), each.elements);
+    EXPECT_EQ(read.record.info.name, each.format == PastedFormat::Rtttl ? "test" : "Unknown");
+    EXPECT_EQ(read.record.info.loop, each.format == PastedFormat::Rtttl ? 3 : 0);
+    EXPECT_EQ(fake.log.lines, each.log);
   }
 }
 
-TEST(ImportText, LetsEventsRunAndEndsWithTheProgram) {
-  for (const Converter convert : {Convert_RTTTL, bConvert_EMelody, bConvert_Melody}) {
-    const std::string_view text = convert == Convert_RTTTL ? "a:d=4,:c,d,e," : "cde";
-    FakeWorkspace fake;
-    EXPECT_TRUE(convert(text, fake.ws));
-    EXPECT_EQ(fake.pump.pumps, 3);
-    fake.pump.ending = true;
-    EXPECT_FALSE(convert(text, fake.ws));
-    EXPECT_THAT(fake.ws.ImportMelody, IsEmpty());
+struct RefusalCase {
+  PastedFormat format;
+  std::string text;
+  Refusal refusal;
+  std::vector<std::string> log;
+};
+
+TEST(Import, RefusesWithALogLineAndAPlace) {
+  const std::string rtttl = "1: Error in Convert_RTTTL";
+  const std::string eMelody = "1: Error in bConvert_EMelody";
+  const std::vector<RefusalCase> cases{
+      {PastedFormat::Rtttl,
+       "one:colon,",
+       {"the text holds fewer than two \":\"", 1, 1, "one:colon,"},
+       {rtttl}},
+      {PastedFormat::Rtttl,
+       "a:\r\no=5,:so,",
+       {"there is no note behind the second \":\"", 2, 6, "so,"},
+       {rtttl}},
+      {PastedFormat::Rtttl,
+       "a:\n l=40 000,:c,",
+       {"the header's \"l=40000\" is out of range", 2, 2, "l=40 000"},
+       {rtttl}},
+      {PastedFormat::EMelody, "", {"the text holds no notes", 1, 1, ""}, {eMelody}},
+      {PastedFormat::EMelody,
+       "x\n MELODY:c",
+       {"there is no \"END:EMELODY\" behind \"MELODY:\"", 2, 2, "MELODY:"},
+       {eMelody}},
+      {PastedFormat::EMelody, "MELODY: END:EMELODY", {"the text holds no notes", 1, 8, ""}, {eMelody}},
+      {PastedFormat::Melody, " \r\n", {"the text holds no notes", 1, 1, ""}, {"1: Error in bConvert_Melody"}},
+      {PastedFormat::Melody,
+       "cd\n x)",
+       {"the notes end without a tone letter: \"x)\"", 2, 2, "x)"},
+       {"1: Critical error when converting!!!!"}},
+  };
+  for (const RefusalCase& each : cases) {
+    SCOPED_TRACE(each.text);
+    FakeServices fake;
+    const ReadResult read = Import(each.format, each.text, true, {}, fake.services).read;
+    EXPECT_EQ(read.refusal, each.refusal);
+    EXPECT_THAT(read.elements, IsEmpty());
+    std::vector<std::string> log = each.log;
+    log.emplace_back("1: Failed to make the import");
+    EXPECT_EQ(fake.log.lines, log);
+  }
+}
+
+TEST(Import, AdaptsForTheT68i) {
+  FakeServices fake;
+  Imported imported = Import(PastedFormat::Rtttl, "a:d=4,:c3,d4,", true, {}, fake.services);
+  EXPECT_EQ(Described(imported.read.elements), "4 c 1 1, 5 d 1 1");
+  EXPECT_EQ(imported.notAdapted, "");
+
+  imported = Import(PastedFormat::Rtttl, "a:d=4,:c3,d8,", true, {}, fake.services);
+  EXPECT_EQ(Described(imported.read.elements), "1 c 1 1, 6 d 1 1");
+  EXPECT_THAT(fake.log.lines, Contains("1: Failed to make the adaption"));
+  EXPECT_EQ(imported.notAdapted,
+            "the melody spans octaves 1 to 6, which is more than the 4 octaves of the T68i");
+}
+
+TEST(Import, TakesBackWhatTheRtttlExportGave) {
+  std::mt19937 random(1);
+  const auto below = [&random](size_t bound) {
+    return std::uniform_int_distribution<size_t>(0, bound - 1)(random);
+  };
+  for (int round = 0; round < 300; ++round) {
+    Song song{.elements = ElementList(1 + below(80)), .info = {}};
+    for (Element& element : song.elements) {
+      const std::string_view tone = kTones.at(below(kTones.size()));
+      // RTTTL knows no flats.
+      const std::string_view note = tone.starts_with('&') ? "g" : tone;
+      const float duration = kDurations.at(below(kDurations.size()));
+      const float extra = kDurationExtras.at(below(2));
+      element =
+          below(6) == 0 ? Rest(duration, extra) : Note(note, 3 + static_cast<int>(below(4)), duration, extra);
+    }
+    song.info.name = "n" + std::to_string(round);
+    song.info.bpm = 25 + static_cast<int>(below(876));
+    song.info.loop = static_cast<int16_t>(below(3));
+    FakeServices fake;
+    const std::string text = *Export(Phone::Rtttl, song, fake.services);
+    const ReadResult read = Import(PastedFormat::Rtttl, text, false, {}, fake.services).read;
+    EXPECT_EQ(read.elements, song.elements) << text;
+    EXPECT_EQ(std::tie(read.record.info.name, read.record.info.bpm, read.record.info.loop),
+              std::tie(song.info.name, song.info.bpm, song.info.loop))
+        << text;
   }
 }
 
 using Options = std::array<bool, 5>;
 
-Options Only(size_t index) {
-  Options options{};
-  options.at(index) = true;
-  return options;
+TEST(ImportChoice, TheHighestOptionThatIsOnCounts) {
+  EXPECT_EQ(&ImportChoice::Selected(Options{}), &kImportOptions.front());
+  EXPECT_EQ(&ImportChoice::Selected(Options{true, true, false, true, false}), &kImportOptions.at(3));
 }
 
-class ImportDialogTest : public ::testing::Test, public FakeWorkspace {
- protected:
-  ImportDialog dialog_{ws};
-};
-
-TEST_F(ImportDialogTest, TheHighestOptionThatIsTrueCounts) {
-  EXPECT_EQ(ImportDialog::Selected(Options{}), 0U);
-  EXPECT_EQ(ImportDialog::Selected(Options{true, true, false, true, false}), 3U);
-}
-
-TEST_F(ImportDialogTest, EnablesTheButtonByFormatAndText) {
-  EXPECT_FALSE(dialog_.CanImport());
+TEST(ImportChoice, EnablesTheButtonByFormatAndText) {
+  ImportChoice choice;
+  EXPECT_FALSE(choice.CanImport());
   using Step = std::tuple<size_t, std::string, bool>;
   const std::vector<Step> steps{{0, "a:b", false}, {0, "a:b,c", true},  {2, "", true},   {3, "", true},
                                 {1, "c", false},   {2, "long", false},  {4, "x", false}, {1, "\r\n", true},
                                 {2, "", true},     {0, "no,no", false}, {0, ":,", true}};
   for (const auto& [option, text, enabled] : steps) {
-    dialog_.Update(Only(option), text);
-    EXPECT_EQ(dialog_.CanImport(), enabled) << option << " " << text;
+    Options options{};
+    options.at(option) = true;
+    choice.Update(options, text);
+    EXPECT_EQ(choice.CanImport(), enabled) << option << " " << text;
   }
-  ws.ImportMelody = Tones({3});
-  dialog_.Load();
-  EXPECT_FALSE(dialog_.CanImport());
-  EXPECT_THAT(ws.ImportMelody, IsEmpty());
-}
-
-TEST_F(ImportDialogTest, AFailedImportLeavesNothing) {
-  ws.ImportMelody = Tones({3});
-  EXPECT_TRUE(dialog_.Import(Only(4), "C", true));
-  EXPECT_THAT(log.lines, IsEmpty());
-  EXPECT_FALSE(dialog_.Import(Only(0), "one:colon,", true));
-  EXPECT_THAT(ws.ImportMelody, IsEmpty());
-  EXPECT_FALSE(ws.refusal.empty());
-  EXPECT_THAT(log.lines, ElementsAre("1: Error in Convert_RTTTL", "1: Failed to make the import"));
-}
-
-TEST_F(ImportDialogTest, AdaptsForTheT68i) {
-  EXPECT_TRUE(dialog_.Import(Only(0), "a:d=4,:c3,d4,", true));
-  EXPECT_THAT(ws.ImportMelody, ElementsAre(Tone("c", 4), Tone("d", 5)));
-  EXPECT_EQ(dialog_.ImportOctaveShift, 3);
-  EXPECT_EQ(ws.refusal, "");
-
-  EXPECT_TRUE(dialog_.Import(Only(0), "a:d=4,:c3,d8,", true));
-  EXPECT_THAT(ws.ImportMelody, ElementsAre(Tone("c", 1), Tone("d", 6)));
-  EXPECT_THAT(log.lines, Contains("1: Failed to make the adaption"));
-  EXPECT_EQ(ws.refusal, "the melody spans octaves 1 to 6, which is more than the 4 octaves of the T68i");
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "formats/format_table.h"
+#include "formats/formats.h"
 #include "support/fakes.h"
 #include "support/sample_notes.h"
 
@@ -19,15 +19,19 @@ struct ReadCase {
   std::vector<std::string> log = {};
 };
 
-/// Reads `text` in a workspace of its own and compares.
 inline void CheckRead(FormatMode mode, const ReadCase& expected) {
   SCOPED_TRACE(expected.what);
-  FakeWorkspace fake;
-  const bool ok = expected.elements != "refused";
-  EXPECT_EQ(FormatOf(mode).ReadText(expected.text, fake.ws), ok);
-  EXPECT_EQ(Described(fake.ws.ImportMelody), ok ? expected.elements : "");
+  FakeServices fake;
+  const ReadResult read = Read(expected.text, mode, {}, fake.services);
+  EXPECT_EQ(read ? Described(read.elements) : "refused", expected.elements);
   EXPECT_EQ(fake.log.lines, expected.log);
-  EXPECT_EQ(fake.ws.refusal.empty(), ok);
+  EXPECT_EQ(read.elements.empty(), !read || expected.elements.empty());
+}
+
+/// The bytes of a file with these elements.
+inline std::string Written(FormatMode mode, const ElementList& elements, const SongInfo& info = {}) {
+  FakeServices fake;
+  return *Write({.elements = elements, .info = info}, mode, fake.services);
 }
 
 }  // namespace trillomat

@@ -1,6 +1,4 @@
-// The EMelody and Melody files, which share their note text.
-#include "formats/emelody_file.h"
-#include "formats/melody_file.h"
+// The EMelody and Melody formats, which share their note text.
 #include "read_case.h"
 
 namespace trillomat {
@@ -12,7 +10,7 @@ std::string Song(const std::string& notes) {
   return "BEGIN:EMELODY\r\nVERSION:1.0\r\nMELODY:" + notes + "\r\nEND:EMELODY\r\n";
 }
 
-TEST(EMelodyFile, ReadsWhatStandsBetweenTheMarkers) {
+TEST(EMelody, ReadsWhatStandsBetweenTheMarkers) {
   const std::vector<ReadCase> cases{
       {"tones", Song("+C.(b)d++#eF"), "4 c 4 1, 3 &d 0.5 1, 5 #e 0.5 1, 3 f 2 1"},
       {"pauses and the German h", Song("pP.-hH"), "3 r 0.5 1, 3 r 4 1, 3 r 0.5 1, 3 b 0.5 1, 3 b 2 1"},
@@ -31,7 +29,7 @@ TEST(EMelodyFile, ReadsWhatStandsBetweenTheMarkers) {
   for (const ReadCase& each : cases) CheckRead(FormatMode::EMelody, each);
 }
 
-TEST(MelodyFile, ReadsTheWholeText) {
+TEST(Melody, ReadsTheWholeText) {
   const std::vector<ReadCase> cases{
       {"tones", "+C(b)d#e\r\nF\r\n", "4 C 1 1, 3 &d 0.5 1, 3 #e 0.5 1, 3 F 1 1"},
       {"pauses and the German h", "pP-hH", "3 r 0.5 1, 3 R 1 1, 3 r 0.5 1, 3 b 0.5 1, 3 B 1 1"},
@@ -44,32 +42,14 @@ TEST(MelodyFile, ReadsTheWholeText) {
   for (const ReadCase& each : cases) CheckRead(FormatMode::Melody, each);
 }
 
-TEST(LetterFiles, SetTheSongInformationBeforeTheyFail) {
-  const SongHeader unknown{"Unknown", "", 200, "", "", "", "", 3};
-  for (const auto& [mode, text] : std::vector<std::pair<FormatMode, std::string>>{
-           {FormatMode::EMelody, "cde"}, {FormatMode::EMelody, Song("c")}, {FormatMode::Melody, "77"}}) {
-    FakeWorkspace fake;
-    fake.ws.header.Loop = 3;
-    FormatOf(mode).ReadText(text, fake.ws);
-    EXPECT_EQ(fake.ws.header, unknown) << text;
-  }
-  FakeWorkspace fake;
-  EXPECT_FALSE(ReadText_Melody("c", fake.ws));
-  EXPECT_EQ(fake.ws.header, SongHeader());
-}
-
-TEST(LetterFiles, LeaveOutWhatTheyCannotHold) {
-  FakeWorkspace fake;
-  const MelodyList song{{4, "&d", "", 1.0F, 0.5F}, {3, "C", "", 1.0F, 1.0F},    CommandNote("ledon"),
-                        {6, "c", "", 1.0F, 1.0F},  {3, "e", "", 1.5F, 0.5F},    {3, "r", "", 1.0F, 1.0F},
-                        {5, "g", "", 1.0F, 0.5F},  {-1, "r", "", 1.0F, 0.125F}, {3, "r", "", 1.0F, 0.5F}};
-  fake.ws.ExportMelody = song;
-  EXPECT_EQ(WriteText_EMelody(fake.ws), Song("+(b)dc.++gp."));
-  fake.ws.ExportMelody = song;
-  EXPECT_EQ(WriteText_Melody(fake.ws), "+(b)dCpp\r\n");
-  fake.ws.ExportMelody = {CommandNote("V+")};
-  EXPECT_EQ(WriteText_EMelody(fake.ws), Song(""));
-  EXPECT_EQ(WriteText_Melody(fake.ws), "\r\n");
+TEST(LetterFormats, LeaveOutWhatTheyCannotHold) {
+  const ElementList song{Note("&d", 4, 0.5F),      Note("C", 3), Command("ledon"),   Note("c", 6),
+                         Note("e", 3, 0.5F, 1.5F), Note("r", 3), Note("g", 5, 0.5F), Rest(0.125F),
+                         Note("r", 3, 0.5F)};
+  EXPECT_EQ(Written(FormatMode::EMelody, song), Song("+(b)dc.++gp."));
+  EXPECT_EQ(Written(FormatMode::Melody, song), "+(b)dCpp\r\n");
+  EXPECT_EQ(Written(FormatMode::EMelody, {Command("V+")}), Song(""));
+  EXPECT_EQ(Written(FormatMode::Melody, {Command("V+")}), "\r\n");
 }
 
 }  // namespace

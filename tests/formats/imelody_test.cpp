@@ -1,5 +1,3 @@
-#include "formats/imelody_file.h"
-
 #include "read_case.h"
 
 namespace trillomat {
@@ -9,7 +7,7 @@ constexpr const char* kFault = "1: Error in bReadFile_IMelody";
 
 std::string Song(const std::string& melody) { return "MELODY:" + melody + "\r\nEND:IMELODY\r\n"; }
 
-TEST(IMelodyFile, CutsTheMelodyIntoTokens) {
+TEST(IMelody, CutsTheMelodyIntoTokens) {
   const std::vector<ReadCase> cases{
       {"tones", Song("c2*5#d3.&a1;r2:"), "4 c 1 1, 5 #d 0.5 1.5, 4 &a 2 0.6666667, -1 r 1 1.75"},
       {"every command", Song("ledonledoffvibeonvibeoffbackonbackoffV+V-V5V10(@12)"),
@@ -30,14 +28,16 @@ TEST(IMelodyFile, CutsTheMelodyIntoTokens) {
   for (const ReadCase& each : cases) CheckRead(FormatMode::IMelody, each);
 }
 
-TEST(IMelodyFile, LooksForALengthIn32767Positions) {
-  FakeWorkspace fake;
-  EXPECT_TRUE(ReadText_IMelody(Song(std::string(32766, 'c') + "2"), fake.ws));
-  EXPECT_EQ(fake.ws.ImportMelody.size(), 1U);
-  EXPECT_FALSE(ReadText_IMelody(Song(std::string(32767, 'c') + "2"), fake.ws));
+TEST(IMelody, LooksForALengthIn32767Positions) {
+  FakeServices fake;
+  const auto read = [&fake](size_t letters) {
+    return Read(Song(std::string(letters, 'c') + "2"), FormatMode::IMelody, {}, fake.services);
+  };
+  EXPECT_EQ(read(32766).elements.size(), 1U);
+  EXPECT_FALSE(read(32767));
 }
 
-TEST(IMelodyFile, WalksTheTagLines) {
+TEST(IMelody, WalksTheTagLines) {
   const std::vector<ReadCase> cases{
       {"unknown tags",
        "BEGIN:IMELODY\rname:x\n" + Song("c2"),
@@ -59,64 +59,58 @@ TEST(IMelodyFile, WalksTheTagLines) {
   for (const ReadCase& each : cases) CheckRead(FormatMode::IMelody, each);
 }
 
-TEST(IMelodyFile, TakesTheSongInformation) {
-  FakeWorkspace fake;
-  EXPECT_TRUE(
-      ReadText_IMelody("NAME: a:b \nCOMPOSER:\xE4\nSTYLE:S2\nVOLUME:V7\nVERSION:9\nFORMAT:F\n", fake.ws));
-  const SongHeader expected{" a:b ", "\xE4", 100, "S2", "V7", "9", "F", 0};
-  EXPECT_EQ(fake.ws.header, expected);
-
+TEST(IMelody, TakesTheSongInformation) {
+  FakeServices fake;
+  const auto infoOf = [&fake](const std::string& text) {
+    return Read(text, FormatMode::IMelody, {}, fake.services).record.info;
+  };
+  const SongInfo expected{.name = " a:b ",
+                          .composer = "\xE4",
+                          .bpm = 100,
+                          .style = "S2",
+                          .volume = "V7",
+                          .version = "9",
+                          .format = "F",
+                          .loop = 0};
+  EXPECT_EQ(infoOf("NAME: a:b \nCOMPOSER:\xE4\nSTYLE:S2\nVOLUME:V7\nVERSION:9\nFORMAT:F\n"), expected);
   for (const auto& [beat, bpm] : std::vector<std::pair<std::string, int32_t>>{
            {"120.5", 120}, {"121.5", 122}, {"fast", 0}, {"", 0}, {"-60", -60}, {" 90 bpm", 90}}) {
-    EXPECT_TRUE(ReadText_IMelody("BEAT:" + beat, fake.ws));
-    EXPECT_EQ(fake.ws.header.BPM, bpm) << beat;
+    EXPECT_EQ(infoOf("BEAT:" + beat).bpm, bpm) << beat;
   }
 }
 
-TEST(IMelodyFile, SaysWhatIsWrongAndKeepsWhatItRead) {
-  const std::vector<std::pair<std::string, std::string>> cases{
-      {"NAME:x\nOops\n", "line 2 has no \":\": \"Oops\""},
-      {"NAME:x\nMELODY:c2\n", "no END line follows the MELODY line"},
-      {"NAME:x\nBEAT:9999999999\n", "line 2: the beat is out of range: \"9999999999\""},
-      {"NAME:x\nMELODY:c2@3\nEND", "a repeat end has no \")\": \"@3\""},
-      {"NAME:x\nMELODY:c2d\nEND", "no note with a length digit follows in the melody: \"d\""}};
-  for (const auto& [text, refusal] : cases) {
-    FakeWorkspace fake;
-    EXPECT_FALSE(ReadText_IMelody(text, fake.ws));
-    EXPECT_EQ(fake.ws.refusal, refusal);
-    EXPECT_EQ(fake.ws.header.Name, "x");
-  }
-}
-
-TEST(IMelodyFile, WritesTenLines) {
-  FakeWorkspace fake;
-  fake.ws.header = {"Tune", "Me", -120, "S1", "V5", "never", "written", 3};
-  fake.ws.ExportMelody = {{4, "c", "", 1.0F, 1.0F}, {5, "#d", "", 1.5F, 0.5F},  {-1, "r", "", 1.0F, 2.0F},
-                          CommandNote("ledon"),     {9, "C", "", 1.75F, 0.25F}, {4, "R", "", 1.0F, 3.0F}};
-  EXPECT_EQ(WriteText_IMelody(fake.ws),
+TEST(IMelody, WritesTenLines) {
+  const SongInfo info{.name = "Tune",
+                      .composer = "Me",
+                      .bpm = -120,
+                      .style = "S1",
+                      .volume = "V5",
+                      .version = "never",
+                      .format = "written",
+                      .loop = 3};
+  const ElementList elements{Note("c"),        Note("#d", 5, 0.5F, 1.5F),  Rest(2.0F),
+                             Command("ledon"), Note("C", 9, 0.25F, 1.75F), Note("R", 4, 3.0F)};
+  EXPECT_EQ(Written(FormatMode::IMelody, elements, info),
             "BEGIN:IMELODY\r\nVERSION:1.2\r\nFORMAT:CLASS1.0\r\nNAME:Tune\r\nCOMPOSER:Me\r\nBEAT:120\r\n"
             "STYLE:S1\r\nVOLUME:V5\r\nMELODY:c2*5#d3.r1ledon[*4c4:]r\r\nEND:IMELODY\r\n");
-  EXPECT_TRUE(fake.ws.ExportMelody.at(4).NotSupported);
-  EXPECT_EQ(fake.pump.pumps, 6);
 }
 
-TEST(IMelodyFile, WrapsBehindMoreThanSixtyCharacters) {
-  FakeWorkspace fake;
-  const auto melodyOf = [&](size_t tones) {
-    fake.ws.ExportMelody.assign(tones, {4, "c", "", 1.0F, 1.0F});
-    const std::string text = WriteText_IMelody(fake.ws);
+std::string Tones(size_t count) {
+  std::string text;
+  while (count-- > 0) text += "c2";
+  return text;
+}
+
+TEST(IMelody, WrapsBehindMoreThanSixtyCharacters) {
+  const auto melodyOf = [](size_t tones) {
+    const std::string text = Written(FormatMode::IMelody, ElementList(tones, Note("c")));
     const size_t start = text.find("MELODY:c");
     return text.substr(start + 7, text.find("\r\nEND") - start - 7);
   };
-  const auto tones = [](size_t count) {
-    std::string text;
-    while (count-- > 0) text += "c2";
-    return text;
-  };
-  EXPECT_EQ(melodyOf(30), tones(30));
-  EXPECT_EQ(melodyOf(31), tones(31) + "\r\n ");
+  EXPECT_EQ(melodyOf(30), Tones(30));
+  EXPECT_EQ(melodyOf(31), Tones(31) + "\r\n ");
   // A continued line counts its blank: 1 + 2 * 30 is over 60.
-  EXPECT_EQ(melodyOf(62), tones(31) + "\r\n " + tones(30) + "\r\n " + tones(1));
+  EXPECT_EQ(melodyOf(62), Tones(31) + "\r\n " + Tones(30) + "\r\n " + Tones(1));
 }
 
 }  // namespace

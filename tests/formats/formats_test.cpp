@@ -1,0 +1,119 @@
+// What holds for all four formats.
+#include "formats/formats.h"
+
+#include <chrono>
+
+#include "formats/reading.h"
+#include "read_case.h"
+
+namespace trillomat {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(Formats, LinesEndAtAnyOfThreeEnds) {
+  EXPECT_THAT(SplitLines("a\rb\nc\r\nd"), ElementsAre("a", "b", "c", "d"));
+  EXPECT_THAT(SplitLines("x\r\n"), ElementsAre("x"));
+  EXPECT_THAT(SplitLines("\n\r\n\r\r"), ElementsAre("", "", "", ""));
+  EXPECT_THAT(SplitLines(""), ElementsAre());
+  EXPECT_EQ(JoinLines(std::string_view("a\r\n\0b\n\xFF", 7)), std::string("a\0b\xFF", 4));
+}
+
+TEST(Formats, FaultsAreLoggedUnderTheRoutinesName) {
+  using Case = std::tuple<FormatMode, std::string, std::string>;
+  const std::vector<Case> cases{{FormatMode::IMelody, "", "IMelody"},
+                                {FormatMode::EMelody, "MELODY:END:EMELODY", "EMelody"},
+                                {FormatMode::Rtttl, "no colon", "RTTTL"},
+                                {FormatMode::Melody, "  ", "Melody"}};
+  for (const auto& [mode, text, name] : cases) {
+    FakeServices fake;
+    EXPECT_FALSE(Read(text, mode, {}, fake.services));
+    LogWriterFault(mode, fake.log);
+    EXPECT_THAT(fake.log.lines,
+                ElementsAre("1: Error in bReadFile_" + name, "1: Error in bSaveFile_" + name));
+  }
+}
+
+TEST(Formats, TheEndOfTheProgramEndsThemWithoutATrace) {
+  const ElementList song{Note("c", 4, 0.5F), Note("b", 3, 0.5F)};
+  for (const ModeLimits& limits : kModeLimits) {
+    SCOPED_TRACE(limits.caption);
+    FakeServices fake;
+    fake.pump.ending = true;
+    const ReadResult read = Read(Written(limits.mode, song), limits.mode, {}, fake.services);
+    EXPECT_EQ(read.refusal, (Refusal{.why = "the program is ending"}));
+    EXPECT_THAT(read.elements, IsEmpty());
+    // The EMelody and RTTTL writers let no events run, so nothing stops them.
+    const bool stops = limits.mode == FormatMode::IMelody || limits.mode == FormatMode::Melody;
+    EXPECT_EQ(!Write({.elements = song, .info = {}}, limits.mode, fake.services), stops);
+    EXPECT_THAT(fake.log.lines, testing::Not(testing::Contains(testing::HasSubstr("Error in b"))));
+  }
+}
+
+TEST(Formats, AReadStartsFromTheRecordAndLeavesIt) {
+  ReadRecord before;
+  before.info.composer = "Ada";
+  before.info.loop = 3;
+  before.rtttl.bpm = 77;
+  const auto recordOf = [&before](std::string_view text, FormatMode mode) {
+    FakeServices fake;
+    return Read(text, mode, before, fake.services).record;
+  };
+  const SongInfo unknown{.name = "Unknown",
+                         .composer = "",
+                         .bpm = 200,
+                         .style = "",
+                         .volume = "",
+                         .version = "",
+                         .format = "",
+                         .loop = 3};
+  // Refused or not, what was read stays; what was not read keeps its value.
+  for (const std::string text : {"NAME:x\nOops", "NAME:x"}) {
+    ReadRecord named = before;
+    named.info.name = "x";
+    EXPECT_EQ(recordOf(text, FormatMode::IMelody), named) << text;
+  }
+  for (const std::string text : {"cde", "MELODY:cEND:EMELODY"})
+    EXPECT_EQ(recordOf(text, FormatMode::EMelody).info, unknown) << text;
+  for (const std::string text : {"77", "c\nd"})
+    EXPECT_EQ(recordOf(text, FormatMode::Melody).info, unknown) << text;
+  EXPECT_EQ(recordOf("c", FormatMode::Melody), before) << "refused before it sets anything";
+  EXPECT_EQ(recordOf("one:colon", FormatMode::Rtttl), before);
+  const ReadRecord tooLarge = recordOf("x:o=6,l=40000:c", FormatMode::Rtttl);
+  EXPECT_EQ(tooLarge.info, before.info);
+  EXPECT_EQ(tooLarge.rtttl.defaults.octave, 4);
+  EXPECT_EQ(recordOf("x:s=N:c,", FormatMode::Rtttl).info.bpm, 77);
+}
+
+std::string Repeated(std::string_view part, size_t count) {
+  std::string text;
+  while (count-- > 0) text += part;
+  return text;
+}
+
+TEST(Formats, DamagedTextsTakeTimeInProportionToTheirSize) {
+  constexpr size_t kMany = 300000;
+  const std::vector<std::pair<FormatMode, std::string>> cases{
+      {FormatMode::IMelody, "MELODY:" + Repeated("c2\n", kMany) + "END:"},
+      {FormatMode::IMelody, "MELODY:" + Repeated("c", kMany) + "\nEND:"},
+      {FormatMode::IMelody, "MELODY:" + Repeated("@", kMany) + ")@\nEND:"},
+      {FormatMode::IMelody, Repeated("MELODY:\n", kMany)},
+      {FormatMode::EMelody, "MELODY:" + Repeated("(b)c", kMany) + "END:EMELODY"},
+      {FormatMode::EMelody, Repeated("MELODY:", kMany)},
+      {FormatMode::Melody, Repeated("c)", kMany)},
+      {FormatMode::Rtttl, "x::" + Repeated("c,", kMany)},
+      {FormatMode::Rtttl, "x:" + Repeated("b=1", kMany) + ":c"},
+      {FormatMode::Rtttl, "x:b=" + Repeated("1", kMany) + ":c"},
+      {FormatMode::Rtttl, "x::" + Repeated("7", kMany)}};
+  for (const auto& [mode, text] : cases) {
+    FakeServices fake;
+    const auto start = std::chrono::steady_clock::now();
+    Read(text, mode, {}, fake.services);
+    // Quadratic work would take minutes.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10)) << text.substr(0, 40);
+  }
+}
+
+}  // namespace
+}  // namespace trillomat

@@ -1,0 +1,91 @@
+#include "read_case.h"
+
+namespace trillomat {
+namespace {
+
+constexpr const char* kAtTheEnd = "1: Critical Error in GetDefault RTTTL";
+constexpr const char* kFault = "1: Error in bReadFile_RTTTL";
+
+std::string LastNote(const std::string& token) { return "1: Last Note?\?-->" + token; }
+
+TEST(Rtttl, ReadsNotes) {
+  const std::vector<ReadCase> cases{
+      {"tones",
+       "t:d=4,o=5,b=100:8c#6.,P,16-,H",
+       "4 #c 0.5 1.5, -1 r 1 1, -1 r 0.25 1, 3 b 1 1",
+       {kAtTheEnd, LastNote("b")}},
+      {"a comma at the end", "t:b=100,d=8:c,\r\n", "4 c 0.5 1", {kAtTheEnd}},
+      {"layout anywhere, over lines", "a b:d = 8 ,\to=\n6,s=N:8\r\nc ,", "4 c 0.5 1"},
+      {"refused tokens leave no gap", "t:s=N:so,c,o,", "4 c 1 1"},
+      {"an empty token is an element", "t:s=N:c,,", "4 c 1 1, 4  1 1"},
+      {"no length", "t:s=N:3c,d=04", "4 c 0 1, 2 d=0 1 1", {"2: Unknown duration-->3", LastNote("d=04")}},
+      {"the header ends at the second colon", "t:s=N:c:8d,", "4 c:8d 1 1"},
+      {"a repeat", "t:l=3,s=N:c,", "(, 4 c 1 1, @3)", {"1: Adding the repeat....."}},
+      {"the last repeat with an end", "t:l=14,s=N:c,", "(, 4 c 1 1, @14)", {"1: Adding the repeat....."}},
+      {"no more with an end", "t:l=15,s=N:c,", "(, 4 c 1 1, @0)", {"1: Adding the repeat....."}},
+      {"a repeat without notes", "t:l=2,s=N:o", "(, @2)", {LastNote("o"), "1: Adding the repeat....."}},
+      {"no notes", "t:s=N:", "refused", {kFault}},
+      {"only refused notes", "t:s=N:o,s,", "refused", {kFault}},
+      {"one colon", "t:c,d,e", "refused", {kFault}},
+      {"four characters", "t::\r\nc", "refused"},
+      {"five characters with blanks", "t : : \n", "refused", {kFault}},
+      {"a beat that does not fit", "t:b=9999999999:c", "refused", {kAtTheEnd, kFault}},
+      {"a loop that does not fit", "t:l=40000,s=N:c", "refused", {kFault}},
+      {"an octave that does not fit", "t:o=32770,s=N:c", "refused", {kFault}},
+  };
+  for (const ReadCase& each : cases) CheckRead(FormatMode::Rtttl, each);
+}
+
+TEST(Rtttl, TakesTheHeader) {
+  FakeServices fake;
+  const ReadResult first = Read("My Tune:d=8,o=4,b=140,s=NC,l=2:c", FormatMode::Rtttl, {}, fake.services);
+  SongInfo expected{.name = "MyTune",
+                    .composer = "",
+                    .bpm = 140,
+                    .style = "N",
+                    .volume = "V10",
+                    .version = "",
+                    .format = "",
+                    .loop = 2};
+  EXPECT_EQ(first.record.info, expected);
+  EXPECT_EQ(Described(first.elements), "(, 2 c 0.5 1, @2)");
+
+  // A key that is missing keeps the last header's value.
+  const ReadResult next = Read("Next:b=90:d", FormatMode::Rtttl, first.record, fake.services);
+  expected.name = "Next";
+  expected.bpm = 90;
+  EXPECT_EQ(next.record.info, expected);
+  EXPECT_EQ(Described(next.elements), "(, 2 d 0.5 1, @2)");
+}
+
+TEST(Rtttl, LooksForKeysAtEveryPosition) {
+  FakeServices fake;
+  const RtttlKeys keys = Read("n:xb=77s=b=5,o=,d=03:c,", FormatMode::Rtttl, {}, fake.services).record.rtttl;
+  EXPECT_EQ(keys.bpm, 5);
+  EXPECT_EQ(keys.style, "b");
+  EXPECT_EQ(keys.defaults, (TokenDefaults{-2, 0.0F}));
+  EXPECT_EQ(fake.log.lines, (std::vector<std::string>{kAtTheEnd, "2: Unknown duration-->03"}));
+}
+
+TEST(Rtttl, WritesTheCommonestDefaults) {
+  SongInfo info;
+  info.name = "A name too long";
+  info.bpm = -120;
+  const ElementList song{Note("#c", 4, 0.5F, 1.5F),
+                         Note("&b", 4, 0.5F),
+                         Note("b", 3),
+                         Rest(0.5F),
+                         Command("ledon"),
+                         Note("c", 2),
+                         Note("g", 5, 0.125F, 1.75F)};
+  EXPECT_EQ(Written(FormatMode::Rtttl, song, info), "A name too:d=8,o=6,b=120:C#.,A#,4H5,P\r\n");
+  info.loop = 3;
+  EXPECT_EQ(Written(FormatMode::Rtttl, {Note("d", 6, 2.0F), Note("d", 5, 4.0F)}, info),
+            "A name too:d=1,o=5,b=120,l=3:2D8,D7\r\n")
+      << "ties";
+  EXPECT_EQ(Written(FormatMode::Rtttl, {Command("(")}, info), "A name too:d=1,o=5,b=120,l=3\r\n")
+      << "no notes";
+}
+
+}  // namespace
+}  // namespace trillomat
