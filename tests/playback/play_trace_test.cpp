@@ -8,13 +8,19 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+// Counts the steps, and ends the walk after `most` of them.
+struct Steps {
+  bool operator()(const TraceStep& /*step*/) { return ++*count < most; }
+  int* count;
+  int most = 1 << 30;
+};
+
 // The indices alone, as one text.
 std::string Order(const std::string& tokens, int32_t endlessRounds = 1,
                   FormatMode mode = FormatMode::IMelody) {
-  Playing p(tokens);
-  p.ws.iNoteMode = mode;
+  Playing p(tokens, mode);
   std::string order;
-  TraceMelody(p.ws, 600, endlessRounds, [&order](const TraceStep& step) {
+  TraceMelody(p.document, endlessRounds, p.services, [&order](const TraceStep& step) {
     order += std::to_string(step.index);
     return true;
   });
@@ -23,20 +29,20 @@ std::string Order(const std::string& tokens, int32_t endlessRounds = 1,
 
 TEST(PlayTrace, TellsKindLengthAndFrequency) {
   Playing p("*3a2. r3 ledon ( V10 @1)");
-  MelodyNote unknown = p.ws.melody.At(0);
-  unknown.Note = "h";
-  p.ws.melody.Insert(6, unknown);
-  p.ws.melody.Insert(7, MelodyNote{});
+  p.document.Apply({.at = 6, .inserted = {Note("h", 3), Element{}, Note("a", 100)}});
   std::string text;
-  EXPECT_TRUE(TraceMelody(p.ws, 600, 1, [&text](const TraceStep& step) {
+  EXPECT_TRUE(TraceMelody(p.document, 1, p.services, [&text](const TraceStep& step) {
     text += std::to_string(step.index) + " " + std::string(KindText(step.played.kind)) + " " +
             std::to_string(step.played.length) + " " + std::to_string(step.played.frequency) + "\n";
     return true;
   }));
   EXPECT_EQ(text,
             "0 tone 900 440\n1 pause 300 0\n2 command 0 0\n3 repeat 0 0\n4 command 0 0\n5 repeat 0 0\n"
-            "6 tone 900 0\n7 tone 0 0\n");
-  EXPECT_THAT(p.log.lines, ElementsAre("1: Unknown tone-->h", "1: Error - can not find any note"));
+            "6 tone 0 0\n7 tone 0 0\n8 tone 0 0\n")
+      << "what is not sounded has no length";
+  EXPECT_THAT(p.log.lines,
+              ElementsAre("1: Unknown tone-->h", "1: Error - can not find any note",
+                          "1: Can not play this note -> not supported in this mode", "1: Error in PlayTone"));
   EXPECT_THAT(p.sound.lines, IsEmpty());
   EXPECT_EQ(p.clock.seconds, 0);
 }
@@ -56,9 +62,9 @@ TEST(PlayTrace, FollowsRepeats) {
 
 TEST(PlayTrace, RepeatEndsWithoutAStartCostNoMoreThanOthers) {
   constexpr int kCount = 20000;
-  Playing p("c2");
-  p.ws.melody.Assign(MelodyList(kCount, CommandNote("@2)")));
-  EXPECT_TRUE(TraceMelody(p.ws, 600, 1, [](const TraceStep&) { return true; }));
+  Playing p;
+  p.Load(ElementList(kCount, Command("@2)")));
+  EXPECT_TRUE(TraceMelody(p.document, 1, p.services, [](const TraceStep&) { return true; }));
   EXPECT_LE(p.pump.pumps, 4 * kCount);
   EXPECT_EQ(p.log.lines.size(), kCount - 1U);
 }
@@ -66,28 +72,31 @@ TEST(PlayTrace, RepeatEndsWithoutAStartCostNoMoreThanOthers) {
 TEST(PlayTrace, EndsAtACountBeyondTheCounterWithItsSinkAndWithTheProgram) {
   Playing p("( *3a2 @40000)");
   int steps = 0;
-  EXPECT_TRUE(TraceMelody(p.ws, 600, 1, [&steps](const TraceStep&) { return ++steps > 0; }));
+  EXPECT_TRUE(TraceMelody(p.document, 1, p.services, Steps{&steps}));
   EXPECT_EQ(steps, 1 + 2 * (32768 + 1));
   p.Load("( *3a2 @0)");
   steps = 0;
-  EXPECT_FALSE(TraceMelody(p.ws, 600, 100, [&steps](const TraceStep&) { return ++steps < 5; }));
+  EXPECT_FALSE(TraceMelody(p.document, 100, p.services, Steps{&steps, 5}));
   EXPECT_EQ(steps, 5);
   p.pump.ending = true;
-  EXPECT_FALSE(TraceMelody(p.ws, 600, 100, [&steps](const TraceStep&) { return ++steps > 0; }));
+  EXPECT_FALSE(TraceMelody(p.document, 100, p.services, Steps{&steps}));
   EXPECT_EQ(steps, 5);
 }
 
 TEST(PlayTrace, MatchesThePlayLoop) {
-  Playing p("@2) *3a2 ( *4c3 ledon *4d3. @3) r2 ( *3b2 @2) ( *3b2 @-1) *5e5;");
+  Playing p("@2) *3a2 ( *4c3 ledon *4d3. @3) r2 ( *3b2 @2) ( *3b2 @-1) *3h2 *5e5;");
   std::vector<std::string> traced;
-  TraceMelody(p.ws, 600, 1, [&traced](const TraceStep& step) {
+  int32_t time = 0;
+  TraceMelody(p.document, 1, p.services, [&](const TraceStep& step) {
     const PlayedElement& played = step.played;
+    time += played.length;
     if (played.frequency > 0)
       traced.push_back(std::to_string(played.frequency) + " " + std::to_string(played.length));
     return true;
   });
-  p.Click(Control::Play);
+  p.controls.Press(Control::Play);
   EXPECT_EQ(traced, p.sound.lines);
+  EXPECT_NEAR(p.clock.seconds, time / 1000.0, 0.001);
 }
 
 }  // namespace

@@ -1,6 +1,9 @@
-#include <map>
+#include "playback/player.h"
 
-#include "playback/beat.h"
+#include <cmath>
+#include <map>
+#include <stdexcept>
+
 #include "playback/tone_table.h"
 #include "playing.h"
 
@@ -10,27 +13,15 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(Beat, RoundsHalfToEvenAndReplacesZero) {
-  const std::map<int32_t, int32_t> cases = {{100, 600},   {120, 500},     {90, 667},     {63, 952},
-                                            {1, 60000},   {32, 1875},     {96, 625},     {480, 125},
-                                            {160, 375},   {96000, 1},     {120000, 0},   {40000, 2},
-                                            {-60, -1000}, {INT32_MAX, 0}, {INT32_MIN, 0}};
-  for (const auto& [tempo, beat] : cases) {
-    SongHeader header;
-    header.BPM = tempo;
-    EXPECT_EQ(UpdateBeatLength(header), beat) << tempo;
-    EXPECT_EQ(header.BPM, tempo);
-  }
-  SongHeader header;
-  header.BPM = 0;
-  EXPECT_EQ(UpdateBeatLength(header), 600);
-  EXPECT_EQ(header.BPM, 100);
+TEST(BeatLength, RoundsHalfToEvenAndTakesZeroFor100) {
+  const std::map<int32_t, int32_t> cases = {{100, 600},   {120, 500},     {90, 667},      {63, 952},
+                                            {1, 60000},   {32, 1875},     {96, 625},      {480, 125},
+                                            {160, 375},   {96000, 1},     {120000, 0},    {40000, 2},
+                                            {-60, -1000}, {INT32_MAX, 0}, {INT32_MIN, 0}, {0, 600}};
+  for (const auto& [tempo, beat] : cases) EXPECT_EQ(BeatLength(tempo), beat) << tempo;
 }
 
 TEST(ToneTable, DoublesTheRoundedBase) {
-  EXPECT_EQ(ToneFrequency(*BaseFrequency("a"), 3), 440);
-  EXPECT_EQ(ToneFrequency(*BaseFrequency("c"), 3), 264);
-  EXPECT_EQ(ToneFrequency(*BaseFrequency("a"), 4), 880);
   EXPECT_EQ(ToneFrequency(*BaseFrequency("b"), 3), 496);
   EXPECT_EQ(ToneFrequency(*BaseFrequency("#F"), 0), 46);
   EXPECT_EQ(ToneFrequency(*BaseFrequency("&g"), -1), 46);
@@ -45,105 +36,96 @@ TEST(ToneTable, DoublesTheRoundedBase) {
 }
 
 TEST(Player, SoundsTonesAndWaitsOutPauses) {
-  Playing p("*3a2. *4a3; *3C2 r2. *0c5 *9b0");
-  for (int32_t i = 0; i <= p.ws.melody.UpperBound(); ++i) {
-    EXPECT_EQ(p.player.PlayElement(p.ws.melody.At(i), 600, i), 0);
-  }
-  EXPECT_THAT(p.sound.lines, ElementsAre("440 900", "880 200", "264 600", "33 75", "31744 2400"));
-  EXPECT_THAT(p.view.calls, ElementsAre("Hz 440", "Hz 880", "Hz 264", "Hz 33", "Hz 31744"));
+  Playing p("*3a2. *4a3; *3C2 r2. *0c5 *8b0");
+  p.PlayAll();
+  EXPECT_THAT(p.sound.lines, ElementsAre("440 900", "880 200", "264 600", "33 75", "15872 2400"));
+  EXPECT_THAT(p.view.calls, ElementsAre("Hz 440", "Hz 880", "Hz 264", "Hz 33", "Hz 15872"));
   EXPECT_NEAR(p.clock.seconds, 0.9 + 0.2 + 0.6 + 0.9 + 0.075 + 2.4, 0.001);
   EXPECT_THAT(p.log.lines, IsEmpty());
 }
 
-TEST(Player, RoundsLengthsHalfToEven) {
+TEST(Player, GoesByTheTempoOfTheMomentAndRoundsLengthsHalfToEven) {
   Playing p("*3a3");
-  for (const auto& [beat, line] : {std::pair{1, "440 0"}, {3, "440 2"}, {5, "440 2"}, {7, "440 4"}}) {
-    p.player.PlayElement(p.ws.melody.At(0), beat, 0);
+  for (const auto& [bpm, line] :
+       {std::pair{60000, "440 0"}, {20000, "440 2"}, {12000, "440 2"}, {8571, "440 4"}}) {
+    p.SetTempo(bpm);
+    p.PlayAll();
     EXPECT_EQ(p.sound.lines.back(), line);
   }
 }
 
 TEST(Player, ReportsWhatItCannotPlay) {
+  const std::string unsupported = "1: Can not play this note -> not supported in this mode";
+  const std::string noNote = "1: Error - can not find any note";
+  struct Case {
+    Element element;
+    std::vector<std::string> lines;
+    std::vector<std::string> sounds;
+  };
+  for (const Case& c :
+       {Case{Note("h", 3), {"1: Unknown tone-->h"}, {}}, Case{Note("a", 9, 1), {unsupported}, {"28160 600"}},
+        Case{Element{}, {noNote}, {}}, Case{Command("Error"), {noNote}, {}},
+        Case{Command("@99999999999)"), {"1: Error in PlayElement"}, {}},
+        Case{Note("a", 100), {unsupported, "1: Error in PlayTone"}, {}},
+        Case{Note("a", 3, 1e9F), {"1: Error in PlayElement"}, {}},
+        Case{Rest(1e9F), {"1: Error in PlayPause"}, {}}}) {
+    Playing p;
+    p.player.PlayElement(c.element, 3);
+    EXPECT_EQ(p.log.lines, c.lines) << Described(c.element);
+    EXPECT_EQ(p.sound.lines, c.sounds) << Described(c.element);
+    EXPECT_EQ(p.player.LastPlayed().length, c.sounds.empty() ? 0 : 600) << Described(c.element);
+  }
   Playing p;
-  MelodyNote unknown = p.ws.codec.DecodeNote("*3a2", FormatMode::IMelody);
-  unknown.Note = "h";
-  p.player.PlayElement(unknown, 600, 0);
-  EXPECT_THAT(p.view.calls, ElementsAre("Hz 0"));
-  EXPECT_FALSE(p.player.NoteIsSounding());
-  EXPECT_EQ(p.player.LastPlayed().length, 600);
-
-  MelodyNote flagged = p.ws.codec.DecodeNote("*3a2", FormatMode::IMelody);
-  flagged.NotSupported = true;
-  p.player.PlayElement(flagged, 600, 0);
-  p.player.PlayElement(MelodyNote{}, 600, 0);
-  p.player.PlayElement(CommandNote("Error"), 600, 0);
-  p.player.PlayElement(CommandNote("@99999999999)"), 600, 3);
-  flagged.NotSupported = false;
-  flagged.Octave = 100;
-  p.player.PlayElement(flagged, 600, 0);
-  flagged.Duration = 1e9F;
-  p.player.PlayElement(flagged, 600, 0);
-
-  EXPECT_THAT(p.sound.lines, ElementsAre("440 600"));
-  EXPECT_THAT(p.log.lines,
-              ElementsAre("1: Unknown tone-->h", "1: Can not play this note -> not supported in this mode",
-                          "1: Error - can not find any note", "1: Error - can not find any note",
-                          "1: Error in PlayElement", "1: Error in PlayTone", "1: Error in PlayElement"));
+  p.player.PlayElement(Note("h"), 0);
+  EXPECT_THAT(p.view.calls, ElementsAre("Hz 0")) << "shown, though not sounded";
 }
 
 TEST(Player, PerformsCommandsInIMelodyAlone) {
   Playing p("ledon backon backoff ledoff backon V10 V+ vibeon vibeoff thereupon");
-  const auto playAll = [&p] {
-    for (const MelodyNote& note : p.ws.melody.Elements()) p.player.PlayElement(note, 600, 0);
-  };
-  playAll();
-  EXPECT_THAT(p.view.calls, ElementsAre("picture 2", "picture 3", "picture 2", "picture 0", "picture 1",
-                                        "timer on 0", "timer off 0"));
-  EXPECT_TRUE(p.player.Lights().backlight);
-  EXPECT_FALSE(p.player.Lights().led);
+  p.PlayAll();
+  EXPECT_THAT(p.view.calls,
+              ElementsAre("picture 2", "picture 3", "picture 2", "picture 0", "picture 1", "shake", "still"));
+  EXPECT_THAT(p.log.lines, IsEmpty());
   p.view.calls.clear();
   for (const auto mode : {FormatMode::EMelody, FormatMode::Rtttl, FormatMode::Melody}) {
-    p.ws.iNoteMode = mode;
-    playAll();
+    p.document.SetMode(mode);
+    p.PlayAll();
   }
   EXPECT_THAT(p.view.calls, IsEmpty());
-  EXPECT_THAT(p.log.lines, IsEmpty());
   EXPECT_EQ(p.clock.seconds, 0);
 }
 
 TEST(Player, FindsTheStartOfARepeat) {
   Playing p("*3a2 ( *3c2 *3d2 @2) @2)");
-  const auto play = [&p](int32_t i) { return p.player.PlayElement(p.ws.melody.At(i), 600, i); };
+  const auto play = [&p](int32_t i) { return p.player.PlayElement(p.document.At(i), i); };
   EXPECT_EQ(play(1), 0);
   EXPECT_EQ(play(4), 3);
   EXPECT_EQ(p.player.repeat.Counter(), 1);
   EXPECT_EQ(play(4), 0);  // the second round is the last
   EXPECT_EQ(p.player.repeat.Counter(), 0);
   EXPECT_EQ(play(5), 4);
-  p.ws.iNoteMode = FormatMode::Rtttl;
-  EXPECT_EQ(play(4), 0);
-
   p.Load("*3a2 @2)");
-  p.ws.iNoteMode = FormatMode::IMelody;
   p.player.repeat.Start();
   EXPECT_EQ(play(1), 0);
-  EXPECT_EQ(p.player.PlayElement(CommandNote("@2)"), 600, 0), 0);
+  EXPECT_EQ(p.player.PlayElement(Command("@2)"), 0), 0);
   EXPECT_THAT(p.log.lines, ElementsAre("2: Can not find the start of the Repeat"));
 }
 
-TEST(Player, WaitSleepsThroughThePumpAndEndsWithTheProgram) {
+TEST(Player, WaitsSleepThroughThePumpAndEndWithTheProgram) {
   Playing p;
-  p.player.Wait(0);
-  p.player.Wait(-5);
+  p.player.PlayElement(Rest(0), 0);
   EXPECT_EQ(p.pump.pumps, 0);
-  p.player.Wait(250);
-  EXPECT_NEAR(p.clock.seconds, 0.25, 0.001);
+  p.player.PlayElement(Rest(0.5F), 0);
+  EXPECT_NEAR(p.clock.seconds, 0.3, 0.001);
   EXPECT_LE(p.pump.pumps, 3);
+  p.SetTempo(-60);
+  p.player.PlayElement(Rest(), 0);
+  EXPECT_NEAR(p.clock.seconds, 0.3, 0.001);
 
   FakePump stuck;  // time stands still
   stuck.onPump = [&stuck](int pumps) { stuck.ending = pumps == 100; };
-  Player player(p.ws, PlayerSeams{p.log, stuck, p.clock, p.sound, p.view});
-  player.Wait(1);
+  const Document empty;
+  Player(empty, {{p.log, stuck}, p.clock, p.sound, p.view}).PlayElement(Rest(), 0);
   EXPECT_EQ(stuck.pumps, 100);
 }
 
@@ -151,37 +133,74 @@ TEST(Player, AWaitAcrossMidnightLastsUntilTheStartComesAgain) {
   Playing p;
   p.clock.seconds = 86399;
   p.pump.onPump = [&p](int) { p.clock.seconds = std::fmod(p.clock.seconds, 86400); };
-  p.player.Wait(2000);
+  p.player.PlayElement(Rest(4), 0);
   EXPECT_GE(p.clock.seconds, 86399);
   EXPECT_LT(p.clock.seconds, 86399.1);
 }
 
 TEST(Player, WaveOutputLoopsTheImageForTheLengthOfTheTone) {
-  Playing p;
+  Playing p("*3a2");
   p.player.outputType = OutputType::Wave;
   bool sounded = false;
+  p.view.onPaint = [] { ADD_FAILURE() << "events run, so nothing need be painted"; };
   p.pump.onPump = [&](int) { sounded = p.player.NoteIsSounding(); };
-  p.player.PlayTone(600, 55, 3);
+  p.PlayAll();
   EXPECT_TRUE(sounded);
   EXPECT_FALSE(p.player.NoteIsSounding());
   EXPECT_THAT(p.sound.lines, ElementsAre("stop at 0", "start 2050 at 0", "stop at 600"));
-
   p.sound.works = false;
-  p.player.PlayTone(600, 55, 3);
+  p.PlayAll();
   EXPECT_NEAR(p.clock.seconds, 1.2, 0.001);
   EXPECT_THAT(p.log.lines, ElementsAre("1: Failed to start Wave file.."));
+}
+
+TEST(Player, CutShortEndsTheWaitThatRunsAndNoOther) {
+  Playing p("*3a2 r2 *3a2");
+  p.player.outputType = OutputType::Wave;
+  p.player.CutShort();  // nothing sounds
+  p.pump.onPump = [&](int pumps) {
+    if (pumps > 2) return;
+    p.player.PlayElement(Rest(), 0);  // inside the first wait, which is not the one cut
+    p.player.CutShort();
+  };
+  p.player.PlayElement(p.document.At(0), 0);
+  EXPECT_NEAR(p.clock.seconds, 1.8, 0.001);
+  p.PlayAll();
+  EXPECT_NEAR(p.clock.seconds, 3.6, 0.001);
+}
+
+TEST(Player, ABeepIsPaintedFirst) {
+  Playing p("*3a2");
+  std::string order;
+  p.view.onPaint = [&] { order += "paint after " + p.view.calls.back() + ", "; };
+  p.sound.onBeep = [&] { order += p.player.NoteIsSounding() ? "beep" : ""; };
+  p.PlayAll();
+  EXPECT_EQ(order, "paint after Hz 440, beep");
+}
+
+TEST(Player, AFaultInATonePassesOnAndLeavesNothingSounding) {
+  for (const auto output : {OutputType::Wave, OutputType::Beep}) {
+    Playing p("*3a2");
+    p.player.outputType = output;
+    const auto fault = [] { throw std::runtime_error("device lost"); };
+    p.sound.onBeep = fault;
+    p.pump.onPump = [&fault](int) { fault(); };
+    EXPECT_THROW(p.PlayAll(), std::runtime_error);
+    EXPECT_FALSE(p.player.NoteIsSounding());
+    EXPECT_EQ(p.sound.lines.back(), output == OutputType::Wave ? "stop at 600" : "440 600");
+  }
 }
 
 TEST(Player, MidiSoundsNothingAndTakesNoTimeButForPauses) {
   Playing p("*3a2 r2");
   p.player.outputType = OutputType::Midi;
-  for (const MelodyNote& note : p.ws.melody.Elements()) p.player.PlayElement(note, 600, 0);
+  p.PlayAll();
   EXPECT_THAT(p.sound.lines, IsEmpty());
   EXPECT_THAT(p.view.calls, ElementsAre("Hz 440"));
   EXPECT_NEAR(p.clock.seconds, 0.6, 0.001);
 }
 
-TEST(PhoneLights, VibrationStaysInItsSquare) {
+TEST(VibrationSpot, StaysInItsSquare) {
   const VibrationSpot first = RandomVibrationSpot(0, 0);
   const VibrationSpot last = RandomVibrationSpot(0.9999, 0.9999);
   EXPECT_THAT((std::vector{first.left, first.top, last.left, last.top}), ElementsAre(200, 260, 280, 340));

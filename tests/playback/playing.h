@@ -10,62 +10,71 @@
 #include "playback/play_trace.h"
 #include "playback/player.h"
 #include "support/fake_sound.h"
+#include "support/sample_notes.h"
 
 namespace trillomat {
 
-/// The little-endian number of `size` bytes.
-inline uint32_t NumberAt(std::span<const uint8_t> bytes, size_t at, size_t size) {
-  uint32_t value = 0;
-  for (size_t i = 0; i < size; ++i) value |= uint32_t{bytes[at + i]} << (8 * i);
-  return value;
-}
-
-/// What the view was told, in one list.
+/// What the view was told, in one list; paintings only on demand.
 class FakeView : public PlayerView {
  public:
   void ShowFrequency(std::string_view text) override { calls.push_back("Hz " + std::string(text)); }
   void ShowPicture(int picture) override { calls.push_back("picture " + std::to_string(picture)); }
-  void EnableTimer(int timer) override { calls.push_back("timer on " + std::to_string(timer)); }
-  void DisableTimer(int timer) override { calls.push_back("timer off " + std::to_string(timer)); }
+  void Vibrate(bool on) override { calls.emplace_back(on ? "shake" : "still"); }
+  void PaintNow() override {
+    if (onPaint) onPaint();
+  }
   std::vector<std::string> calls;
+  std::function<void()> onPaint;
 };
 
-/// Remembers what the controls told the window, refreshes as the cursor's place.
+/// Remembers what the controls told the window, a refresh as the cursor's place.
 class FakeHost : public PlayHost {
  public:
-  explicit FakeHost(const Melody& melody) : melody_(melody) {}
-  void EnableComposer(bool enable) override { calls.emplace_back(enable ? "unlock" : "lock"); }
-  void SetPlayCaption(std::string_view caption) override { calls.emplace_back(caption); }
-  void RefreshMelodyView() override { calls.push_back(std::to_string(melody_.lCurrentIndex)); }
-  void ClearMelodyView() override { calls.emplace_back("clear"); }
-  int32_t lBeatDuration() override { return 600; }
+  FakeHost(const Document& document, const PlayControls& controls)
+      : document_(document), controls_(controls) {}
+  void PlayStateChanged() override {
+    constexpr std::array<const char*, 3> kTexts{"stopped", "playing", "paused"};
+    calls.emplace_back(kTexts.at(static_cast<size_t>(controls_.State())));
+  }
+  void RefreshMelodyView() override { calls.push_back(std::to_string(document_.Cursor())); }
   std::vector<std::string> calls;
 
  private:
-  const Melody& melody_;
+  const Document& document_;
+  const PlayControls& controls_;
 };
 
 /// Everything that playing takes; beeps, since they show frequency and length.
-struct Playing : FakeWorkspace {
-  explicit Playing(const std::string& tokens = {}) {
+struct Playing : FakeServices {
+  explicit Playing(const std::string& tokens = {}, FormatMode mode = FormatMode::IMelody)
+      : document({ElementsOf(tokens), {}}, mode) {
     player.outputType = OutputType::Beep;
-    Load(tokens);
   }
 
-  /// Makes a melody of I-Melody tokens with blanks between them.
-  void Load(const std::string& tokens) {
-    ws.melody.Assign(NotesOf(tokens));
+  void Load(ElementList elements) {
+    document.Apply({.removed = document.Elements().size(), .inserted = std::move(elements), .cursor = -1});
     log.lines.clear();
+    sound.lines.clear();
+  }
+  void Load(const std::string& tokens) { Load(ElementsOf(tokens)); }
+
+  void SetTempo(int32_t bpm) {
+    SongInfo info = document.Info();
+    info.bpm = bpm;
+    document.Apply({.info = info});
   }
 
-  void Click(Control control) { controls.cmdControl_Click(static_cast<int>(control)); }
+  void PlayAll() {
+    for (int32_t i = 0; i <= document.LastIndex(); ++i) player.PlayElement(document.At(i), i);
+  }
 
+  Document document;
   FakeSound sound{&clock};
   FakeView view;
-  Player player{ws, clock, sound, view};
-  FakeHost host{ws.melody};
+  Player player{document, {services, clock, sound, view}};
+  FakeHost host{document, controls};
   PlaySettings settings;
-  PlayControls controls{ws, player, settings, host};
+  PlayControls controls{document, player, settings, host, services};
 };
 
 }  // namespace trillomat

@@ -1,6 +1,5 @@
 // The wave images of single tones and the WAV file of a melody.
 #include <cmath>
-#include <limits>
 #include <numbers>
 #include <sstream>
 
@@ -14,24 +13,26 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-int16_t SampleAt(std::span<const uint8_t> image, size_t frame) {
-  return static_cast<int16_t>(NumberAt(image, kWaveHeaderSize + 2 * frame, 2));
+// The little-endian number of `size` bytes.
+uint32_t NumberAt(std::span<const uint8_t> bytes, size_t at, size_t size) {
+  uint32_t value = 0;
+  for (size_t i = 0; i < size; ++i) value |= uint32_t{bytes[at + i]} << (8 * i);
+  return value;
 }
 
-// A mono 16-bit tone.
-WaveSynthesis WaveOf(double frequency) {
-  WaveSynthesis wave;
-  wave.BuildWaveHeader(44100, 16, 1, 0.5, 0.5);
-  wave.SynthesiseTone(frequency);
-  return wave;
+std::vector<int16_t> SamplesOf(std::span<const uint8_t> wave) {
+  std::vector<int16_t> samples;
+  for (size_t at = kWaveHeaderSize; at + 1 < wave.size(); at += 2)
+    samples.push_back(static_cast<int16_t>(NumberAt(wave, at, 2)));
+  return samples;
 }
 
-size_t FramesOf(double frequency) { return WaveOf(frequency).Samples().size() / 2; }
+size_t FramesOf(double hertz) { return SamplesOf(ToneImage(hertz)).size(); }
 
 TEST(WaveSynthesis, WritesTheHeaderByteForByte) {
-  const WaveSynthesis wave = WaveOf(440);
-  EXPECT_EQ(wave.Samples().size(), 2 * 1003U);
-  const std::vector<uint8_t> header(wave.Image().begin(), wave.Image().begin() + kWaveHeaderSize);
+  const std::vector<uint8_t> image = ToneImage(440);
+  EXPECT_EQ(SamplesOf(image).size(), 1003U);
+  const std::vector<uint8_t> header(image.begin(), image.begin() + kWaveHeaderSize);
   const std::vector<uint8_t> expected{'R', 'I', 'F',  'F',  0xFA, 0x07, 0,    0,    'W',  'A', 'V',
                                       'E', 'f', 'm',  't',  ' ',  16,   0,    0,    0,    1,   0,
                                       1,   0,   0x44, 0xAC, 0,    0,    0x88, 0x58, 1,    0,   2,
@@ -40,13 +41,11 @@ TEST(WaveSynthesis, WritesTheHeaderByteForByte) {
 }
 
 TEST(WaveSynthesis, CutsHalfScaleSamplesTowardsZero) {
-  WaveSynthesis wave = WaveOf(11025);  // four samples a period, so the values are plain
-  const auto image = wave.Image();
-  EXPECT_EQ(SampleAt(image, 0), 0);
-  EXPECT_EQ(SampleAt(image, 1), 16383);
-  EXPECT_EQ(SampleAt(image, 3), -16383);
-  wave.SynthesiseTone(440);
-  EXPECT_EQ(SampleAt(wave.Image(), 1),
+  const auto samples = SamplesOf(ToneImage(11025));  // four a period, so the values are plain
+  EXPECT_EQ(samples[0], 0);
+  EXPECT_EQ(samples[1], 16383);
+  EXPECT_EQ(samples[3], -16383);
+  EXPECT_EQ(SamplesOf(ToneImage(440))[1],
             static_cast<int>(0.5 * 32767 * std::sin(2 * std::numbers::pi * 440 / 44100)));
 }
 
@@ -70,10 +69,7 @@ TEST(WaveSynthesis, StaysBoundedWhereTheSampledSineHasNoPeriods) {
 }
 
 TEST(WaveSynthesis, HasEightBitsAndSeveralChannels) {
-  WaveSynthesis wave;
-  wave.BuildWaveHeader(8000, 8, 2, 0.5, 0.25);
-  wave.SynthesiseTone(1000);
-  const auto image = wave.Image();
+  const auto image = ToneImage(1000, {8000, 8, 2, 0.5, 0.25});
   EXPECT_EQ(NumberAt(image, 22, 2), 2U);      // channels
   EXPECT_EQ(NumberAt(image, 28, 4), 16000U);  // bytes a second
   EXPECT_EQ(NumberAt(image, 32, 2), 2U);      // bytes a frame
@@ -85,18 +81,12 @@ TEST(WaveSynthesis, HasEightBitsAndSeveralChannels) {
   EXPECT_EQ(image[44 + 2 * 6], 127 - 63);
 }
 
-std::vector<uint8_t> Rendered(Playing& p, int32_t beat, int32_t rounds = 1) {
+std::vector<uint8_t> Rendered(Playing& p, int32_t bpm, int32_t rounds = 1) {
   std::ostringstream out;
-  EXPECT_TRUE(RenderWave(p.ws, beat, rounds, out));
+  p.SetTempo(bpm);
+  EXPECT_EQ(RenderWave(p.document, rounds, p.services, out), std::nullopt);
   const std::string text = out.str();
   return {text.begin(), text.end()};
-}
-
-std::vector<int16_t> SamplesOf(std::span<const uint8_t> wave) {
-  std::vector<int16_t> samples;
-  for (size_t at = 44; at + 1 < wave.size(); at += 2)
-    samples.push_back(static_cast<int16_t>(NumberAt(wave, at, 2)));
-  return samples;
 }
 
 // Upward zero crossings a second.
@@ -108,7 +98,7 @@ double FrequencyOf(std::span<const int16_t> samples) {
 
 TEST(RenderWave, CutsEachToneToItsExactLength) {
   Playing p("*3a2 r2 *3a2 *4c2 ledon");
-  const auto wave = Rendered(p, 333);
+  const auto wave = Rendered(p, 180);
   EXPECT_EQ(NumberAt(wave, 4, 4), wave.size() - 8);
   EXPECT_EQ(NumberAt(wave, 40, 4), wave.size() - 44);
   const auto samples = SamplesOf(wave);
@@ -128,35 +118,33 @@ TEST(RenderWave, ManyShortElementsDoNotDrift) {
   std::string tokens;
   for (int i = 0; i < 1000; ++i) tokens += i % 2 == 0 ? "*3a5 " : "r5 ";
   Playing p(tokens);
-  EXPECT_EQ(SamplesOf(Rendered(p, 568)).size(), 3131100U);  // 71 ms: 3131.1 samples
+  EXPECT_EQ(SamplesOf(Rendered(p, 106)).size(), 3131100U);  // 71 ms: 3131.1 samples
 }
 
 TEST(RenderWave, PlaysEndlessBlocksAsOftenAsAsked) {
   Playing p("( *3a2 @0) @2)");
   for (const int32_t rounds : {1, 4})
-    EXPECT_GE(SamplesOf(Rendered(p, 100, rounds)).size(), 4410U * static_cast<size_t>(rounds));
+    EXPECT_GE(SamplesOf(Rendered(p, 600, rounds)).size(), 4410U * static_cast<size_t>(rounds));
 }
 
-TEST(RenderWave, LogsOnceWhatThePlayerLogs) {
+TEST(RenderWave, LogsOnceWhatThePlayerLogsAndGivesNoTimeToWhatIsNotSounded) {
   Playing p("*3h2");
-  EXPECT_THAT(SamplesOf(Rendered(p, 100)), testing::Each(0));
+  EXPECT_THAT(SamplesOf(Rendered(p, 600)), IsEmpty());
   EXPECT_THAT(p.log.lines, ElementsAre("1: Unknown tone-->h"));
 }
 
-TEST(RenderWave, RefusesWhatNoWavFileHolds) {
-  Playing p("r2");
+TEST(RenderWave, SaysWhatNoWavFileHolds) {
+  Playing p("( r0 @300)");
+  p.SetTempo(1);
   std::ostringstream out;
-  EXPECT_FALSE(RenderWave(p.ws, std::numeric_limits<int32_t>::max(), 1, out));
-  EXPECT_EQ(p.ws.refusal, "The melody is too long for a WAV file.");
+  EXPECT_EQ(RenderWave(p.document, 1, p.services, out), "The melody is too long for a WAV file.");
   EXPECT_THAT(out.str(), IsEmpty());
   p.Load("*3a2 r2");
   std::ostringstream failing;
   failing.setstate(std::ios::badbit);
-  EXPECT_FALSE(RenderWave(p.ws, 100, 1, failing));
-  EXPECT_EQ(p.ws.refusal, "The WAV file could not be written.");
+  EXPECT_EQ(RenderWave(p.document, 1, p.services, failing), "The WAV file could not be written.");
   p.pump.ending = true;
-  EXPECT_FALSE(RenderWave(p.ws, 100, 1, out));
-  EXPECT_EQ(p.ws.refusal, "Interrupted.");
+  EXPECT_EQ(RenderWave(p.document, 1, p.services, out), "Interrupted.");
 }
 
 }  // namespace
