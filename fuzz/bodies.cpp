@@ -1,0 +1,169 @@
+#include "fuzz/bodies.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "core/codec.h"
+#include "exchange/export.h"
+#include "exchange/import.h"
+#include "formats/reading.h"
+#include "support/silent_services.h"
+
+namespace trillomat {
+namespace {
+
+void Require(bool holds, const char* what) {
+  if (!holds) throw std::logic_error(what);
+}
+
+void CheckTokens(const ElementList& elements, const TokenDefaults& defaults, Log& log) {
+  for (const ModeLimits& limits : kModeLimits) {
+    for (const Element& element : elements) {
+      const Token token = Encode(element, limits.mode, defaults, log);
+      Require(token.supported || (token.text.starts_with('[') && token.text.ends_with(']')), "brackets");
+      Require(token.supported == Supports(element, limits.mode), "Supports agrees with the token");
+    }
+  }
+}
+
+// Any song can be written in every format.
+void CheckWriting(const Song& song, const Services& services) {
+  CheckTokens(song.elements, {}, services.log);
+  for (const ModeLimits& limits : kModeLimits) {
+    const Result<std::string> text = Write(song, limits.mode, services);
+    Require(text && text->ends_with("\r\n"), "every song can be written");
+  }
+}
+
+// An export gives a text that ends its lines, or words on why there is none.
+void CheckExports(const Song& song, const Services& services) {
+  for (const ExportTarget& target : kExportTargets) {
+    ElementList moved = song.elements;
+    const bool fits = AdaptRange(moved, target.range, services.log).has_value() && !moved.empty();
+    const Result<std::string> text = Export(target.phone, song, services);
+    if (!text) {
+      Require(!text.Why().why.empty(), "a refused export says why");
+      continue;
+    }
+    Require(fits && std::all_of(moved.begin(), moved.end(),
+                                [&target](const Element& element) {
+                                  return element.octave == kNoOctave || (element.octave >= target.range.low &&
+                                                                         element.octave <= target.range.high);
+                                }),
+            "only what lies in the phone's octaves is exported");
+    Require(target.phone == Phone::Rtttl ? text->starts_with(song.info.name.substr(0, 10))
+                                         : text->ends_with("\r\n"),
+            "what an export looks like");
+  }
+}
+
+// The refusal's place lies in the input, and its text stands there.
+void CheckPlace(std::string_view input, const Refusal& refusal) {
+  Require(!refusal.why.empty() && refusal.line > 0 && refusal.column > 0, "a refusal says why and where");
+  std::vector<std::string_view> lines = SplitLines(input);
+  lines.emplace_back();  // behind the last line end
+  Require(refusal.line <= lines.size(), "the line exists");
+  const std::string_view line = lines[refusal.line - 1];
+  Require(refusal.column <= line.size() + 1, "the column exists");
+  std::string there(line.substr(refusal.column - 1, refusal.text.size()));
+  std::replace_if(
+      there.begin(), there.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
+  Require(there == refusal.text, "the text stands there");
+}
+
+// A read or an import gives elements or a refusal, and what it gives can be written.
+void CheckResult(std::string_view input, ReadResult result, const Services& services) {
+  if (result.refusal) {
+    Require(result.elements.empty(), "a refused read has no elements");
+    CheckPlace(input, *result.refusal);
+  }
+  CheckWriting({.elements = std::move(result.elements), .info = std::move(result.record.info)}, services);
+}
+
+template <FormatMode mode>
+void FuzzReader(std::string_view input) {
+  SilentServices fuzz;
+  const ReadResult read = Read(input, mode, {}, fuzz.services);
+  const ReadResult again = Read(input, mode, {}, fuzz.services);
+  Require(again.elements == read.elements && again.record == read.record, "nothing is remembered");
+  CheckResult(input, read, fuzz.services);
+}
+
+template <PastedFormat format>
+void FuzzImport(std::string_view input) {
+  SilentServices fuzz;
+  Imported imported = Import(format, input, input.size() % 2 == 1, {}, fuzz.services);
+  Require(!imported.read || !imported.read.elements.empty(), "an import gives elements");
+  CheckExports({.elements = imported.read.elements, .info = imported.read.record.info}, fuzz.services);
+  CheckResult(input, std::move(imported.read), fuzz.services);
+}
+
+// Through the one format that has commands.
+void FuzzExports(std::string_view input) {
+  SilentServices fuzz;
+  ReadResult read = Read(input, FormatMode::IMelody, {}, fuzz.services);
+  CheckExports({.elements = std::move(read.elements), .info = std::move(read.record.info)}, fuzz.services);
+}
+
+// An input for the codec: six bytes of numbers, a note or command up to a line feed, and a token.
+class CodecInput {
+ public:
+  explicit CodecInput(std::string_view bytes) : rest_(bytes) {}
+
+  unsigned TakeByte() {
+    const unsigned byte = rest_.empty() ? 0 : static_cast<unsigned char>(rest_.front());
+    rest_.remove_prefix(std::min<size_t>(rest_.size(), 1));
+    return byte;
+  }
+  int16_t TakeOctave() { return static_cast<signed char>(TakeByte()); }
+  /// A known duration, or one that no format has.
+  float TakeDuration() {
+    const unsigned byte = TakeByte();
+    return byte % 8 < kDurations.size() ? kDurations.at(byte % 8) : static_cast<float>(byte) / 100;
+  }
+  std::string_view TakeLine() {
+    const std::string_view line = rest_.substr(0, rest_.find('\n'));
+    rest_.remove_prefix(std::min(rest_.size(), line.size() + 1));
+    return line;
+  }
+  std::string_view Rest() const { return rest_; }
+
+ private:
+  std::string_view rest_;
+};
+
+void FuzzCodec(std::string_view input) {
+  SilentServices fuzz;
+  CodecInput data(input);
+  const unsigned kind = data.TakeByte();
+  const FormatMode mode = kModeLimits.at(kind % kModeLimits.size()).mode;
+  TokenDefaults defaults;
+  defaults.octave = data.TakeOctave();
+  defaults.duration = data.TakeDuration();
+  Element element;
+  element.octave = data.TakeOctave();
+  element.duration = data.TakeDuration();
+  element.extra = kDurationExtras.at(data.TakeByte() % kDurationExtras.size());
+  if (kind / 4 % 2 == 0) {
+    element.SetNote(data.TakeLine());
+  } else {
+    element.SetCommand(data.TakeLine());
+  }
+  const ElementList elements{element, Decode(data.Rest(), mode, defaults, fuzz.log)};
+  CheckTokens(elements, defaults, fuzz.log);
+  CheckWriting({.elements = elements, .info = {}}, fuzz.services);
+}
+
+}  // namespace
+
+const std::array<FuzzBody, 9> kFuzzBodies{{{"codec", FuzzCodec},
+                                           {"imelody", FuzzReader<FormatMode::IMelody>},
+                                           {"emelody", FuzzReader<FormatMode::EMelody>},
+                                           {"rtttl", FuzzReader<FormatMode::Rtttl>},
+                                           {"melody", FuzzReader<FormatMode::Melody>},
+                                           {"import_rtttl", FuzzImport<PastedFormat::Rtttl>},
+                                           {"import_emelody", FuzzImport<PastedFormat::EMelody>},
+                                           {"import_melody", FuzzImport<PastedFormat::Melody>},
+                                           {"export_keys", FuzzExports}}};
+
+}  // namespace trillomat

@@ -1,0 +1,15 @@
+// One fuzz program: the body that is named FUZZ_BODY.
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+
+#include "fuzz/bodies.h"
+
+// NOLINTNEXTLINE(readability-identifier-naming): libFuzzer looks for this name.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  using namespace trillomat;
+  const auto* const body = std::find_if(kFuzzBodies.begin(), kFuzzBodies.end(),
+                                        [](const FuzzBody& each) { return each.name == FUZZ_BODY; });
+  body->run({reinterpret_cast<const char*>(data), size});
+  return 0;
+}
