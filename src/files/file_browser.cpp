@@ -1,10 +1,11 @@
-#include "browser/file_browser.h"
+#include "files/file_browser.h"
 
 #include <algorithm>
+#include <memory>
 
-#include "browser/flag_set.h"
-#include "browser/path_text.h"
 #include "core/ascii.h"
+#include "files/path_text.h"
+#include "files/replace_file.h"
 
 namespace trillomat {
 namespace {
@@ -15,40 +16,44 @@ constexpr size_t kRootLength = 3;  // of "c:\"
 void LogLeftOut(const std::vector<std::string>& names, Log& log) {
   constexpr size_t kMostNamed = 10;
   for (size_t i = 0; i < std::min(names.size(), kMostNamed); ++i) {
-    log.WriteLog("Left out of the list->" + PathText(names[i]), 1);
+    log.WriteLog("Left out of the list->" + LogText(names[i]), 1);
   }
   if (names.size() <= kMostNamed) return;
   log.WriteLog("Left out of the list: " + std::to_string(names.size() - kMostNamed) + " more", 1);
 }
 
-}  // namespace
+// Lowers a flag when its scope ends.
+struct Lower {
+  void operator()(bool* flag) const { *flag = false; }
+};
 
-FileBrowser::FileBrowser(Workspace& workspace, FileStore& store, const Player& player, MelodyOpener& opener,
-                         BrowserView& view, PlayerView& timers)
-    : ws_(workspace), store_(store), player_(player), opener_(opener), view_(view), timers_(timers) {}
+bool IsSameFolder(const std::filesystem::path& a, const std::filesystem::path& b) {
+  std::error_code unreadable;
+  return a == b || std::filesystem::equivalent(a, b, unreadable);
+}
+
+}  // namespace
 
 bool FileBrowser::FillDrives() {
   constexpr int kLetters = 26;
-  const uint32_t present = store_.GetLogicalDrives();
+  const uint32_t present = parts_.store.Drives();
   drives_.clear();
   for (int i = 0; i < kLetters; ++i) {
-    if ((present >> i & 1U) != 0) drives_.push_back(store_.DriveText(static_cast<char>('A' + i)));
+    if ((present >> i & 1U) != 0) drives_.push_back(parts_.store.DriveText(static_cast<char>('A' + i)));
   }
   if (!drives_.empty()) return true;
-  ws_.log.WriteLog("Failed to get drivelist-> End program", 1);
+  parts_.services.log.WriteLog("Failed to get drivelist-> End program", 1);
   return false;
 }
 
 int FileBrowser::CurrentDrive() const {
   const auto drive = std::find_if(drives_.begin(), drives_.end(), [this](const std::string& entry) {
-    return EqualNoCase(entry.substr(0, 1), sBrowseFolder.substr(0, 1));
+    return EqualNoCase(entry.substr(0, 1), folder_.substr(0, 1));
   });
   return drive == drives_.end() ? kNoRow : static_cast<int>(drive - drives_.begin());
 }
 
-bool FileBrowser::CanSave() const {
-  return Selected() != nullptr && Selected()->IsFile() && clicked_ && !clickDeferred_;
-}
+bool FileBrowser::CanSave() const { return FileSelected() && clicked_ && !deferred_; }
 
 const FileRow* FileBrowser::Selected() const {
   return selected_ == kNoRow ? nullptr : &rows_[static_cast<size_t>(selected_)];
@@ -56,129 +61,147 @@ const FileRow* FileBrowser::Selected() const {
 
 // Only file rows are files: a folder's row is not, even where a file is named as its text.
 TargetFile FileBrowser::SelectedFile() const {
-  if (Selected() == nullptr) return {{}, PathText(sBrowseFolder)};
-  const std::string given = sBrowseFolder + Selected()->Text();
-  return {Selected()->IsFile() ? store_.NativePath(given) : std::filesystem::path(), PathText(given)};
+  if (Selected() == nullptr) return {{}, LogText(folder_)};
+  const std::string given = folder_ + Selected()->Text();
+  return {FileSelected() ? parts_.store.NativePath(given) : std::filesystem::path(), LogText(given)};
 }
 
-void FileBrowser::UpdateListFiles() {
-  const auto folder = store_.NativePath(sBrowseFolder);
-  PutBackLeftovers(folder, store_, ws_.log);
-  const auto folders = store_.ListFolders(folder);
-  const auto files = store_.ListFiles(folder, "*." + std::string(LimitsOf(ws_.iNoteMode).extension));
-  const bool sameList = listedFolder_ == sBrowseFolder && listedMode_ == ws_.iNoteMode;
-  const auto selected = sameList && Selected() != nullptr ? std::optional(*Selected()) : std::nullopt;
-  listedFolder_ = sBrowseFolder;
-  listedMode_ = ws_.iNoteMode;
+void FileBrowser::Refresh() {
+  const auto folder = parts_.store.NativePath(folder_);
+  SweepLeftovers(folder, parts_.store);
+  const auto folders = parts_.store.ListFolders(folder);
+  const std::string_view extension = LimitsOf(parts_.document.Mode()).extension;
+  const auto files = parts_.store.ListFiles(folder, "*." + std::string(extension));
+  const auto selected = Selected() == nullptr ? std::nullopt : std::optional(*Selected());
   rows_.clear();
-  if (sBrowseFolder.size() > kRootLength) rows_.push_back({RowKind::Previous, {}});
+  if (folder_.size() > kRootLength) rows_.push_back({RowKind::Previous, {}});
   AddRows(folders, RowKind::Folder, "Could not list all folders in UpdateListFiles");
   AddRows(files, RowKind::File, "Could not list all files in UpdateListFiles");
-  Reselect(selected);
-  view_.ShowFiles();
+  const int row = selected ? RowOf(*selected) : kNoRow;
+  selected_ = selected == deferred_ || row == DocumentRow() ? row : kNoRow;
+  parts_.host.ShowFiles();
+}
+
+void FileBrowser::RefreshAndSelectSaved() {
+  Refresh();
+  selected_ = DocumentRow();
+  clicked_ = true;
+  parts_.host.ShowSelectedFile();
 }
 
 void FileBrowser::AddRows(const FolderListing& listing, RowKind kind, std::string_view failure) {
-  if (!listing.complete) ws_.log.WriteLog(failure, 1);
-  LogLeftOut(listing.leftOut, ws_.log);
+  if (!listing.complete) parts_.services.log.WriteLog(failure, 1);
+  LogLeftOut(listing.leftOut, parts_.services.log);
   for (const std::string& name : listing.names) rows_.push_back({kind, name});
 }
 
-// Finds the row that was selected in the new rows; what was clicked stays clicked, or waits for its click.
-void FileBrowser::Reselect(const std::optional<FileRow>& row) {
-  const auto found = row ? std::find(rows_.begin(), rows_.end(), *row) : rows_.end();
-  if (found == rows_.end()) return Select(kNoRow, false);
-  selected_ = static_cast<int>(found - rows_.begin());
+int FileBrowser::RowOf(const FileRow& row) const {
+  const auto found = std::find(rows_.begin(), rows_.end(), row);
+  return found == rows_.end() ? kNoRow : static_cast<int>(found - rows_.begin());
+}
+
+// The row of the file that the document belongs to.
+int FileBrowser::DocumentRow() const {
+  const std::filesystem::path& file = parts_.document.File();
+  if (file.empty() || !IsSameFolder(file.parent_path(), parts_.store.NativePath(folder_))) return kNoRow;
+  return RowOf({RowKind::File, Utf8OfPath(file.filename())});
 }
 
 void FileBrowser::Select(int row, bool clicked) {
   selected_ = row >= 0 && static_cast<size_t>(row) < rows_.size() ? row : kNoRow;
   clicked_ = clicked;
-  clickDeferred_ = false;
+  deferred_.reset();
 }
 
-void FileBrowser::cboDrives_Click(std::string_view entry) {
+void FileBrowser::ChooseDrive(std::string_view entry) {
   if (entry.empty()) return;
-  ws_.log.WriteLog("Change drive", 1);
-  sBrowseFolder = std::string(entry.substr(0, 1)) + ":\\";
+  if (parts_.operations.Runs()) return parts_.host.ShowFiles();
+  parts_.services.log.WriteLog("Change drive", 1);
+  folder_ = std::string(entry.substr(0, 1)) + ":\\";
   Select(kNoRow, false);
-  UpdateListFiles();
+  Refresh();
 }
 
 // A click that is not handled selects nothing: the row that is selected is the one that Save writes over.
-void FileBrowser::ListFiles_Click(int row) {
+void FileBrowser::Click(int row) {
   if (rightButtonDown_) return;
-  if (player_.NoteIsSounding()) {
+  if (parts_.host.ToneSounds()) {
     Select(row, true);
-    clickDeferred_ = true;
-    view_.ShowSelectedFile();
-    return timers_.EnableTimer(kFileClickTimer);
+    if (Selected() != nullptr) deferred_ = *Selected();
+    parts_.host.ShowSelectedFile();
+    return parts_.host.StartClickTimer();
   }
-  if (!listBusy_) {
+  bool opened = false;
+  if (const auto operation = parts_.operations.Begin()) {
     Select(row, true);
-    OpenSelected("Found sBrowseFolder without \\");
+    opened = ReadSelected("Found sBrowseFolder without \\");
   }
-  view_.ShowSelectedFile();
+  parts_.host.ShowSelectedFile();
+  if (opened) parts_.host.PlayOrShow();
 }
 
 // A melody that plays would defer the click again and again, so it is stopped where a file is to be opened:
 // its tone sounds to the end first.
-void FileBrowser::Timer1_Tick() {
-  timers_.DisableTimer(kFileClickTimer);
-  if (!clickDeferred_) return;
-  if (player_.NoteIsSounding() && Selected() != nullptr && Selected()->IsFile()) opener_.StopPlaying();
-  if (listBusy_ || rightButtonDown_) return timers_.EnableTimer(kFileClickTimer);
-  ListFiles_Click(selected_);
+void FileBrowser::ClickTimerRan() {
+  parts_.host.StopClickTimer();
+  if (!deferred_) return;
+  if (parts_.operations.Runs() || rightButtonDown_) return parts_.host.StartClickTimer();
+  const FileRow row = *deferred_;
+  if (parts_.host.ToneSounds() && row.IsFile()) parts_.host.StopPlaying();
+  deferred_.reset();
+  if (RowOf(row) != kNoRow) Click(RowOf(row));
 }
 
-// The list is no longer busy once the file is read, so that another can be opened while this one plays.
-void FileBrowser::OpenSelected(std::string_view missingBackslash) {
-  bool opened = false;
-  {
-    const FlagSet busy(listBusy_);
-    view_.ShowSelectedFile();
-    if (Selected() == nullptr || !Selected()->IsFile()) return;
-    std::string given = sBrowseFolder;
-    if (!given.ends_with('\\')) {
-      ws_.log.WriteLog(missingBackslash, 1);
-      given += '\\';
-    }
-    opened = opener_.Read(store_.NativePath(given + Selected()->name));
+// Whoever calls it ends the file operation before the song plays, so that another file can be opened
+// meanwhile.
+bool FileBrowser::ReadSelected(std::string_view missingBackslash) {
+  parts_.host.ShowSelectedFile();
+  if (!FileSelected()) return false;
+  std::string given = folder_;
+  if (!given.ends_with('\\')) {
+    parts_.services.log.WriteLog(missingBackslash, 1);
+    given += '\\';
   }
-  if (opened) opener_.PlayOrShow();
+  return opener_.Open(parts_.store.NativePath(given + Selected()->name), parts_.document.Mode());
 }
 
-void FileBrowser::ListFiles_DblClick(int row) {
-  if (listBusy_) return;
-  Select(row, true);
-  if (Selected() == nullptr) return;
-  if (Selected()->IsFile()) return OpenSelected("sBrowseFolder without \\");
-  const FlagSet busy(listBusy_);
-  if (Selected()->kind == RowKind::Previous) return EnterPrevious();
-  sBrowseFolder += Selected()->name + '\\';
-  UpdateListFiles();
+// The second press of a double click on a file belongs to the first, which has opened it or will.
+void FileBrowser::DoubleClick(int row) {
+  if (row == selected_ && clicked_ && FileSelected()) return;
+  bool opened = false;
+  if (const auto operation = parts_.operations.Begin()) {
+    Select(row, true);
+    if (FileSelected()) opened = ReadSelected("sBrowseFolder without \\");
+    if (Selected() != nullptr && !FileSelected()) EnterFolder(FileRow(*Selected()));
+  }
+  if (opened) parts_.host.PlayOrShow();
+}
+
+void FileBrowser::EnterFolder(const FileRow& row) {
+  if (row.kind == RowKind::Previous) return EnterPrevious();
+  folder_ += row.name + '\\';
+  Refresh();
 }
 
 void FileBrowser::EnterPrevious() {
-  std::string folder = sBrowseFolder;
+  std::string folder = folder_;
   size_t length = folder.empty() ? 0 : folder.size() - 1;
   while (length > 0 && folder[length - 1] != '\\') {
     --length;
-    ws_.pump.PumpEvents();
+    parts_.services.pump.PumpEvents();
   }
   // A folder without a "\" before its last character is left as it is.
   if (length > 0) folder.resize(length);
-  sBrowseFolder = folder;
-  UpdateListFiles();
+  folder_ = folder;
+  Refresh();
 }
 
-void FileBrowser::ListFiles_MouseDown(int button, int row) {
-  if (button != kRightButton) return;
-  const FlagSet down(rightButtonDown_);
-  if (row <= kNoRow || static_cast<size_t>(row) >= rows_.size()) return;
-  if (row != selected_) Select(row, false);
-  view_.ShowSelectedFile();
-  view_.PopUpFileMenu();
+void FileBrowser::OpenMenu(int row) {
+  if (parts_.operations.Runs() || row <= kNoRow || static_cast<size_t>(row) >= rows_.size()) return;
+  const std::unique_ptr<bool, Lower> down(&(rightButtonDown_ = true));
+  if (row != selected_) Select(row, row == DocumentRow());
+  parts_.host.ShowSelectedFile();
+  parts_.host.PopUpFileMenu();
 }
 
 }  // namespace trillomat

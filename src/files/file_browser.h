@@ -74,11 +74,11 @@ class FileBrowser {
   const FileRow* Selected() const;
   bool FileSelected() const { return Selected() != nullptr && Selected()->IsFile(); }
   void Select(int row, bool clicked);
-  void Reselect(const std::optional<FileRow>& row);
   int RowOf(const FileRow& row) const;
-  bool BelongsToDocument(const FileRow& row) const;
-  void OpenSelected(std::string_view missingBackslash);
+  int DocumentRow() const;
+  bool ReadSelected(std::string_view missingBackslash);
   void EnterPrevious();
+  void EnterFolder(const FileRow& row);
   void AddRows(const FolderListing& listing, RowKind kind, std::string_view failure);
   std::string Rename(const TargetFile& file, const std::string& newGiven);
 

@@ -1,4 +1,4 @@
-#include "browser/file_row.h"
+#include "files/file_row.h"
 
 namespace trillomat {
 

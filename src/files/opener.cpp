@@ -1,59 +1,76 @@
-#include "browser/open_melody.h"
+#include "files/opener.h"
 
-#include "formats/format_table.h"
+#include <utility>
+
+#include "core/code_page.h"
+#include "files/path_text.h"
+#include "files/read_file.h"
+#include "files/recovery.h"
 
 namespace trillomat {
+namespace {
 
-// The melody is kept before anything else, as a reader changes the song information even when it fails.
-// What is not an ordinary file (a pipe, a device) could be read without end.
-bool MelodyOpener::Read(const std::filesystem::path& file, FormatMode mode) {
-  BeginImport();
-  if (mode != ws_.iNoteMode) composer_.mnuSettingFormatType_Click(mode);
+namespace fs = std::filesystem;
+
+// What is no plain file (a pipe, a device) could be read without end. Empty for what is one.
+std::string WhyNoFile(const fs::path& file) {
   std::error_code unreadable;
-  if (!std::filesystem::is_regular_file(file, unreadable) || !FormatOf(ws_.iNoteMode).bReadFile(file, ws_)) {
-    ws_.log.WriteLog("Error when decoding file", 1);
-    return false;
+  const fs::file_status found = fs::status(file, unreadable);
+  const std::string name = Utf8OfPath(file.filename());
+  if (fs::is_regular_file(found)) return {};
+  return fs::exists(found) ? name + " is no plain file" : "there is no file " + name;
+}
+
+}  // namespace
+
+bool Opener::Open(const fs::path& file, FormatMode mode) {
+  if (const std::string why = WhyNoFile(file); !why.empty()) return Refuse(why);
+  const auto bytes = ReadFile(file);
+  if (!bytes) {
+    LogReaderFault(mode, parts_.services.log);
+    return Refuse(ToUtf8(bytes.Why().why));
   }
-  TakeImported();
+  ReadResult read = Read(*bytes, mode, parts_.record, parts_.services);
+  parts_.record = read.record;
+  if (!read) return Refuse(ToUtf8(read.refusal->why));
+  Replace(std::move(read), mode);
+  parts_.document.SetFile(fs::absolute(file));
+  parts_.recovery.SongReplaced();
   return true;
 }
 
-void MelodyOpener::BeginImport() {
-  if (recovery != nullptr) recovery->KeepBeforeReplacing();
+bool Opener::Refuse(std::string_view why) {
+  parts_.services.log.WriteLog("Error when decoding file", 1);
+  parts_.host.Notice("Not opened: " + std::string(why));
+  return false;
 }
 
-void MelodyOpener::TakeImported() {
-  TakeImportMelody();
-  if (recovery != nullptr) recovery->MelodyReplaced();
+// A song that comes from no file belongs to none from before it is shown, and counts as changed: nothing
+// holds it.
+void Opener::TakeImported(ReadResult&& read) {
+  parts_.document.SetFile({});
+  Replace(std::move(read), parts_.document.Mode());
+  parts_.recovery.SongReplaced();
 }
 
-void MelodyOpener::PlayOrShow() {
-  if (settings_.bAutoPlay) {
-    controls_.cmdControl_Click(static_cast<int>(Control::Play));
-    return;
+bool Opener::TakeRecovered() {
+  auto last = parts_.recovery.LastSong();
+  if (!last) {
+    parts_.services.log.WriteLog("There is no melody to recover", 2);
+    return false;
   }
-  ws_.melody.lCurrentIndex = -1;
-  composer_.RefreshMelodyView();
+  ReadResult read{.elements = std::move(last->song.elements), .record = parts_.record, .refusal = {}};
+  read.record.info = std::move(last->song.info);
+  parts_.document.SetFile({});
+  Replace(std::move(read), last->mode);
+  return true;
 }
 
-void MelodyOpener::StopPlaying() {
-  if (controls_.IsPlaying()) controls_.cmdControl_Click(static_cast<int>(Control::Stop));
-}
-
-// The mode comes first: entering it may set the tempo. The melody counts as changed, not as opened, so
-// that a second abnormal end does not lose it either.
-void MelodyOpener::TakeRecovered(RecoveredMelody melody) {
-  BeginImport();
-  composer_.mnuSettingFormatType_Click(melody.mode);
-  ws_.ImportMelody = std::move(melody.elements);
-  ws_.header = std::move(melody.header);
-  TakeImportMelody();
-  if (recovery != nullptr) recovery->MarkChanged();
-}
-
-void MelodyOpener::TakeImportMelody() {
-  composer_.TakeImportMelody();
-  controls_.MelodyReplaced();
+void Opener::Replace(ReadResult&& read, FormatMode mode) {
+  parts_.recovery.KeepBeforeReplacing();
+  if (parts_.document.Mode() != mode) parts_.host.EnterMode(mode);
+  parts_.host.TakeIn(std::move(read));
+  parts_.host.Notice("");
 }
 
 }  // namespace trillomat

@@ -1,4 +1,4 @@
-#include "browser/path_text.h"
+#include "files/path_text.h"
 
 #include <algorithm>
 
@@ -6,23 +6,22 @@
 
 namespace trillomat {
 
-std::filesystem::path NamePath(std::string_view name) { return std::u8string(name.begin(), name.end()); }
+std::filesystem::path PathOfUtf8(std::string_view text) { return std::u8string(text.begin(), text.end()); }
 
-std::string NameText(const std::filesystem::path& name) {
-  const std::u8string text = name.u8string();
+std::string Utf8OfPath(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
   return {text.begin(), text.end()};
 }
 
-std::string PathText(std::string_view path) {
+std::string LogText(std::string_view path) {
   std::string text = FromUtf8(path).value_or(std::string(path));
   std::replace_if(
       text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
   return text;
 }
 
-std::string PathText(const std::filesystem::path& native, const FileStore& store) {
-  if (const auto given = store.GivenPath(native)) return PathText(*given);
-  return PathText(NameText(native));
+std::string LogText(const std::filesystem::path& native, const FileStore& store) {
+  return LogText(store.GivenPath(native).value_or(Utf8OfPath(native)));
 }
 
 }  // namespace trillomat

@@ -11,7 +11,4 @@ namespace trillomat {
 /// All bytes of the file, or why it cannot be read, with the system's words.
 Result<std::string> ReadFile(const std::filesystem::path& file);
 
-/// The same for plain files alone: what is none (a pipe, a device) could be read without end.
-Result<std::string> ReadPlainFile(const std::filesystem::path& file);
-
 }  // namespace trillomat

@@ -1,9 +1,9 @@
-#include "browser/recovery.h"
+#include "files/recovery.h"
 
-#include <exception>
+#include <utility>
 
-#include "browser/safe_save.h"
-#include "formats/text_file.h"
+#include "files/read_file.h"
+#include "files/replace_file.h"
 
 namespace trillomat {
 namespace {
@@ -11,6 +11,17 @@ namespace {
 constexpr int kSlots = 9;
 
 }  // namespace
+
+Recovery::Recovery(Document& document, FileStore& store, std::filesystem::path folder, Log& log)
+    : document_(document), store_(store), folder_(std::move(folder)), log_(log) {
+  document_.AddObserver(*this);
+}
+
+Recovery::~Recovery() { document_.RemoveObserver(*this); }
+
+void Recovery::DocumentChanged(const ChangedRange& range) {
+  changed_ = changed_ || range.SongChanged() || range.mode;
+}
 
 std::filesystem::path Recovery::File(std::string_view kind, std::string_view extension) const {
   return folder_ / (std::string(kind) + std::to_string(slot_) + std::string(extension));
@@ -29,15 +40,16 @@ bool Recovery::FindSlot(bool abandoned) {
 }
 
 bool Recovery::Start() {
+  if (folder_.empty()) return false;
   std::error_code exists;
   std::filesystem::create_directories(folder_, exists);
   const bool abnormal = FindSlot(true);
   if (!abnormal && !FindSlot(false)) {
-    ws_.log.WriteLog("No recovery file can be kept", 1);
+    log_.WriteLog("No recovery file can be kept", 1);
     return false;
   }
-  PutBackLeftovers(folder_, store_, ws_.log);
-  const bool left = ReadFile("recovery-").has_value();
+  SweepLeftovers(folder_, store_);
+  const bool left = Recorded("recovery-").has_value();
   if (left) store_.Move(File("recovery-"), File("last-"));
   return abnormal && left;
 }
@@ -53,8 +65,8 @@ void Recovery::End() {
 void Recovery::Tick() {
   if (!changed_ || slot_ == 0) return;
   changed_ = false;
-  if (ws_.melody.IsEmpty()) return;
-  std::string text = WriteRecovery(ws_);
+  if (document_.IsEmpty()) return;
+  std::string text = Text();
   if (text == written_ || text == replaced_) return;
   // What could not be written is tried again at the next call.
   changed_ = !Write("recovery-", text);
@@ -64,23 +76,25 @@ void Recovery::Tick() {
 void Recovery::KeepBeforeReplacing() {
   changed_ = true;
   Tick();
-  if (slot_ == 0 || ws_.melody.IsEmpty()) return;
-  const std::string text = WriteRecovery(ws_);
+  if (slot_ == 0 || document_.IsEmpty()) return;
+  const std::string text = Text();
   if (text != replaced_) Write("last-", text);
 }
 
-std::optional<RecoveredMelody> Recovery::ReadFile(std::string_view kind) const {
+void Recovery::SongReplaced() {
+  if (slot_ != 0) replaced_ = Text();
+}
+
+std::optional<RecoveredSong> Recovery::Recorded(std::string_view kind) const {
   if (slot_ == 0 || !store_.Exists(File(kind))) return std::nullopt;
-  try {
-    return ReadRecovery(ReadBytes(File(kind)));
-  } catch (const std::exception&) {
-    return std::nullopt;
-  }
+  const auto text = ReadFile(File(kind));
+  if (!text) return std::nullopt;
+  return ReadRecovery(*text);
 }
 
 bool Recovery::Write(std::string_view kind, std::string_view text) {
-  if (ReplaceText(File(kind), text, store_)) return true;
-  if (!failureLogged_) ws_.log.WriteLog("Could not write the recovery file", 1);
+  if (ReplaceFile(File(kind), store_, text)) return true;
+  if (!failureLogged_) log_.WriteLog("Could not write the recovery file", 1);
   failureLogged_ = true;
   return false;
 }

@@ -1,4 +1,4 @@
-#include "browser/recovery_text.h"
+#include "files/recovery_text.h"
 
 #include <algorithm>
 #include <charconv>
@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/number_text.h"
-#include "formats/text_file.h"
+#include "formats/reading.h"
 
 namespace trillomat {
 namespace {
@@ -62,9 +62,9 @@ void AppendLine(std::string& text, std::initializer_list<std::string_view> field
   text.back() = '\n';
 }
 
-void AppendNote(std::string& text, const MelodyNote& note) {
-  AppendLine(text, {"note", std::to_string(note.Octave), note.Note, note.Special,
-                    FloatText(note.DurationExtra), FloatText(note.Duration), note.NotSupported ? "1" : "0"});
+void AppendElement(std::string& text, const Element& element) {
+  AppendLine(text, {"note", std::to_string(element.octave), element.Note(), element.Command(),
+                    FloatText(element.extra), FloatText(element.duration), "0"});
 }
 
 // The fields of a line that starts with `kind` and has `count` of them behind it.
@@ -105,27 +105,29 @@ bool ReadMode(std::string_view line, FormatMode& mode) {
   return true;
 }
 
-bool ReadSong(std::string_view line, SongHeader& header) {
+bool ReadInfo(std::string_view line, SongInfo& info) {
   auto fields = FieldsOf(line, "song", 8);
-  if (!fields || !Parse(fields->at(2), header.BPM) || !Parse(fields->at(7), header.Loop)) return false;
-  header.Name = std::move(fields->at(0));
-  header.Composer = std::move(fields->at(1));
-  header.Style = std::move(fields->at(3));
-  header.Volume = std::move(fields->at(4));
-  header.Version = std::move(fields->at(5));
-  header.Format = std::move(fields->at(6));
+  if (!fields || !Parse(fields->at(2), info.bpm) || !Parse(fields->at(7), info.loop)) return false;
+  info.name = std::move(fields->at(0));
+  info.composer = std::move(fields->at(1));
+  info.style = std::move(fields->at(3));
+  info.volume = std::move(fields->at(4));
+  info.version = std::move(fields->at(5));
+  info.format = std::move(fields->at(6));
   return true;
 }
 
-bool ReadNote(std::string_view line, MelodyNote& note) {
-  auto fields = FieldsOf(line, "note", 6);
-  if (!fields || !Parse(fields->at(0), note.Octave)) return false;
-  if (!ParseLength(fields->at(3), note.DurationExtra) || !ParseLength(fields->at(4), note.Duration)) {
+bool ReadElement(std::string_view line, Element& element) {
+  const auto fields = FieldsOf(line, "note", 6);
+  if (!fields || !Parse(fields->at(0), element.octave)) return false;
+  if (!ParseLength(fields->at(3), element.extra) || !ParseLength(fields->at(4), element.duration)) {
     return false;
   }
-  note.Note = std::move(fields->at(1));
-  note.Special = std::move(fields->at(2));
-  note.NotSupported = fields->at(5) == "1";
+  if (fields->at(2).empty()) {
+    element.SetNote(fields->at(1));
+  } else {
+    element.SetCommand(fields->at(2));
+  }
   return true;
 }
 
@@ -141,30 +143,31 @@ bool EndFits(std::string_view text, std::string_view line, size_t elements) {
 
 }  // namespace
 
-std::string WriteRecovery(const Workspace& ws) {
-  const SongHeader& header = ws.header;
+std::string WriteRecovery(const Song& song, FormatMode mode) {
+  const SongInfo& info = song.info;
   std::string text(kTitle);
   text += '\n';
-  AppendLine(text, {"mode", std::to_string(static_cast<int>(ws.iNoteMode))});
-  AppendLine(text, {"song", header.Name, header.Composer, std::to_string(header.BPM), header.Style,
-                    header.Volume, header.Version, header.Format, std::to_string(header.Loop)});
-  for (const MelodyNote& note : ws.melody.Elements()) AppendNote(text, note);
+  AppendLine(text, {"mode", std::to_string(static_cast<int>(mode))});
+  AppendLine(text, {"song", info.name, info.composer, std::to_string(info.bpm), info.style, info.volume,
+                    info.version, info.format, std::to_string(info.loop)});
+  for (const Element& element : song.elements) AppendElement(text, element);
   const uint64_t checksum = Checksum(text);
-  AppendLine(text, {"end", std::to_string(ws.melody.Elements().size()), std::to_string(checksum)});
+  AppendLine(text, {"end", std::to_string(song.elements.size()), std::to_string(checksum)});
   return text;
 }
 
-std::optional<RecoveredMelody> ReadRecovery(std::string_view text) {
+std::optional<RecoveredSong> ReadRecovery(std::string_view text) {
   const std::vector<std::string_view> lines = SplitLines(text);
   if (!text.ends_with('\n') || lines.size() < 4 || lines[0] != kTitle) return std::nullopt;
-  RecoveredMelody melody;
-  if (!ReadMode(lines[1], melody.mode) || !ReadSong(lines[2], melody.header)) return std::nullopt;
-  melody.elements.resize(lines.size() - 4);
-  for (size_t i = 0; i < melody.elements.size(); ++i) {
-    if (!ReadNote(lines[i + 3], melody.elements[i])) return std::nullopt;
+  RecoveredSong recovered;
+  Song& song = recovered.song;
+  if (!ReadMode(lines[1], recovered.mode) || !ReadInfo(lines[2], song.info)) return std::nullopt;
+  song.elements.resize(lines.size() - 4);
+  for (size_t i = 0; i < song.elements.size(); ++i) {
+    if (!ReadElement(lines[i + 3], song.elements[i])) return std::nullopt;
   }
-  if (!EndFits(text, lines.back(), melody.elements.size())) return std::nullopt;
-  return melody;
+  if (!EndFits(text, lines.back(), song.elements.size())) return std::nullopt;
+  return recovered;
 }
 
 }  // namespace trillomat

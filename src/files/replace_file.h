@@ -14,21 +14,23 @@
 
 namespace trillomat {
 
-/// How a replacement came out. The old file is as it was for all but Replaced.
+/// How a replacement came out. The old file is as it was for all but the first two.
 struct Replacement {
   enum class Outcome {
-    Replaced,    ///< or, where the file is no plain one, written into
-    NotMade,     ///< no new file could be made beside it
-    NotWritten,  ///< nor with a device or pipe, which may have taken part of it
+    Replaced,           ///< or, where the file is no plain one, written into
+    ReplacedUnflushed,  ///< the folder could not be flushed, so that a power cut may undo it
+    NotMade,            ///< no new file could be made beside it
+    NotWritten,         ///< nor with a device or pipe, which may have taken part of it
     NotFlushed,
     NotMoved,  ///< the new file could not take its place
   };
 
   Outcome outcome = Outcome::Replaced;
-  std::string reason = {};  ///< in the system's words ("No space left on device"), as far as it has any; with
-                            ///< Replaced, why the folder could not be flushed
+  std::string reason = {};  ///< the system's words ("No space left on device"), as far as it has any
 
-  explicit operator bool() const { return outcome == Outcome::Replaced; }
+  explicit operator bool() const {
+    return outcome == Outcome::Replaced || outcome == Outcome::ReplacedUnflushed;
+  }
 };
 
 using WriteContent = std::function<void(std::ostream&)>;

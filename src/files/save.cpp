@@ -1,200 +1,94 @@
-#include "browser/safe_save.h"
+#include "files/save.h"
 
-#include <exception>
-#include <memory>
 #include <optional>
 
-#include "browser/path_text.h"
-#include "formats/format_table.h"
-#include "formats/text_file.h"
+#include "core/code_page.h"
+#include "files/replace_file.h"
+#include "formats/formats.h"
 
 namespace trillomat {
 namespace {
 
-namespace fs = std::filesystem;
+using Outcome = SaveResult::Outcome;
 
-constexpr std::string_view kAnyLeftover = "*.trillomat";
-constexpr std::string_view kSavingPrefix = ".saving-";
-constexpr std::string_view kSavingSuffix = ".trillomat";
-constexpr std::string_view kKeptSuffix = ".kept.trillomat";
-constexpr size_t kLongestName = 255;
-
-// Names no other file of this or another program: whoever makes it owns it, which keeps two programs that
-// save at the same time from appending to one file.
-std::optional<fs::path> CreateBeside(const fs::path& file, FileStore& store) {
-  constexpr int kTries = 100;
-  for (int i = 0; i < kTries; ++i) {
-    const fs::path beside =
-        file.parent_path() / (std::string(kSavingPrefix) + std::to_string(i) + std::string(kSavingSuffix));
-    if (store.Create(beside)) return beside;
-    if (!store.Exists(beside)) return std::nullopt;
-  }
-  return std::nullopt;
-}
-
-fs::path AsideOf(const fs::path& file) {
-  fs::path name = ".";
-  name += file.filename();
-  name += kKeptSuffix;
-  return file.parent_path() / name;
-}
-
-bool WriteAndFlush(const fs::path& beside, FileStore& store, Workspace& ws) {
-  ws.ExportMelody = ws.melody.Elements();
-  if (!FormatOf(ws.iNoteMode).bSaveFile(beside, ws)) return false;
-  if (store.Flush(beside)) return true;
-  ws.log.WriteLog("Could not flush the new file", 1);
-  return false;
-}
-
-// The old file while its successor is written: kept under a second name, and put back unless released.
-class OldFile {
- public:
-  OldFile(const fs::path& file, FileStore& store) : file_(file), aside_(AsideOf(file)), store_(store) {
-    // A name without room for the suffix has to do without: Move replaces in one instant all the same.
-    if (aside_.filename().native().size() > kLongestName) return;
-    // Left by an interrupted save, and superseded: the file itself exists.
-    if (store_.Exists(aside_)) store_.Delete(aside_);
-    kept_ = store_.KeepAside(file_, aside_);
-    replaceable_ = kept_;
-  }
-  OldFile(const OldFile&) = delete;
-  OldFile& operator=(const OldFile&) = delete;
-  ~OldFile() {
-    if (!kept_) return;
-    // Where both are names of one file the move does nothing, and both stay.
-    if (!released_ && !store_.Move(aside_, file_)) return;
-    if (store_.Exists(aside_)) store_.Delete(aside_);
-  }
-
-  bool Replaceable() const { return replaceable_; }
-  void Release() { released_ = true; }
-
- private:
-  fs::path file_;
-  fs::path aside_;
-  FileStore& store_;
-  bool kept_ = false;
-  bool replaceable_ = true;
-  bool released_ = false;
-};
-
-// Deletes what is left of the new file unless it found its place. Locked meanwhile, so that no other program
-// takes it for what an interrupted save has left.
-class NewFile {
- public:
-  NewFile(const fs::path& target, FileStore& store)
-      : store_(store), path_(CreateBeside(target, store)), lock_(path_ ? store.TryLock(*path_) : nullptr) {}
-  NewFile(const NewFile&) = delete;
-  NewFile& operator=(const NewFile&) = delete;
-  ~NewFile() {
-    if (path_ && store_.Exists(*path_)) store_.Delete(*path_);
-  }
-
-  explicit operator bool() const { return path_.has_value(); }
-  const fs::path& operator*() const { return *path_; }
-
- private:
-  FileStore& store_;
-  std::optional<fs::path> path_;
-  std::unique_ptr<FileLock> lock_;
-};
-
-void LogFailure(std::string_view what, const TargetFile& file, Log& log) {
+void LogOf(const TargetFile& file, std::string_view what, Log& log) {
   log.WriteLog(std::string(what) + file.shown, 1);
 }
 
-SaveOutcome MoveIn(const fs::path& beside, const TargetFile& file, FileStore& store, Log& log) {
-  if (store.Move(beside, file.path)) return SaveOutcome::Saved;
-  LogFailure("Could not move the new file to its place->", file, log);
-  return SaveOutcome::NotWritten;
-}
-
-// The file's own name when `name` is that of an old content kept aside.
-std::optional<std::string> KeptName(std::string_view name) {
-  if (!name.starts_with('.') || !name.ends_with(kKeptSuffix)) return std::nullopt;
-  name.remove_prefix(1);
-  if (name.size() < kKeptSuffix.size()) return std::nullopt;
-  name.remove_suffix(kKeptSuffix.size());
-  if (name.empty() || name == "." || name == "..") return std::nullopt;
-  return std::string(name);
-}
-
-void PutBack(const fs::path& aside, const fs::path& file, FileStore& store, Log& log) {
-  if (store.Exists(file)) {
-    store.Delete(aside);
-  } else if (store.Move(aside, file)) {
-    log.WriteLog("Put back the old file of an interrupted save->" + PathText(file, store), 1);
+// What the log says of a replacement that failed or fell short, before the writer's own line.
+void LogReplacement(const Replacement& replacement, const TargetFile& file, Log& log) {
+  switch (replacement.outcome) {
+    case Replacement::Outcome::NotMade: return LogOf(file, "Could not make a new file beside->", log);
+    case Replacement::Outcome::NotFlushed: return log.WriteLog("Could not flush the new file", 1);
+    case Replacement::Outcome::NotMoved:
+      return LogOf(file, "Could not move the new file to its place->", log);
+    case Replacement::Outcome::ReplacedUnflushed: return LogOf(file, "Could not flush the folder of->", log);
+    default: break;
   }
+}
+
+std::string WhyNotWritten(const Replacement& replacement) {
+  const std::string reason = replacement.reason.empty() ? "" : " (" + replacement.reason + ")";
+  switch (replacement.outcome) {
+    case Replacement::Outcome::NotMade: return "no new file can be made in its folder" + reason;
+    case Replacement::Outcome::NotMoved: return "the new file cannot take its place" + reason;
+    default: return "the file cannot be written" + reason;
+  }
+}
+
+// Events run while the bytes are made, so they come from a copy of the song. They are made once the new file
+// is there.
+SaveResult WriteSong(const TargetFile& file, FileStore& store, Document& document, const Services& services,
+                     const std::function<void()>& onMade) {
+  const FormatMode mode = document.Mode();
+  std::optional<Refusal> refusal;
+  const Replacement replacement = ReplaceFile(file.path, store, [&](std::ostream& stream) {
+    onMade();
+    const Song song = document.CurrentSong();
+    const auto bytes = Write(song, mode, services);
+    if (bytes) stream << *bytes;
+    if (bytes) return;
+    refusal = bytes.Why();
+    stream.setstate(std::ios::badbit);
+  });
+  LogReplacement(replacement, file, services.log);
+  if (replacement) {
+    document.SetFile(std::filesystem::absolute(file.path));
+    return {};
+  }
+  if (refusal) return {Outcome::NotWritten, refusal->why};
+  LogWriterFault(mode, services.log);
+  return {Outcome::NotWritten, WhyNotWritten(replacement)};
 }
 
 }  // namespace
 
-SaveOutcome SaveOver(const TargetFile& file, FileStore& store, Workspace& ws,
-                     const std::function<void()>& onRemoved) {
+SaveResult SaveOver(const TargetFile& file, FileStore& store, Document& document, const Services& services,
+                    const std::function<void()>& onRemoved) {
   if (!store.Exists(file.path)) {
-    LogFailure("Could not find the file in bDeleteFile....->", file, ws.log);
-    return SaveOutcome::NotFound;
+    LogOf(file, "Could not find the file in bDeleteFile....->", services.log);
+    return {Outcome::NotFound, "the file is not there any more"};
   }
-  const NewFile beside(file.path, store);
-  if (!beside) {
-    LogFailure("Could not make a new file beside->", file, ws.log);
-    return SaveOutcome::NotWritten;
+  if (!store.CanRemove(file.path)) {
+    LogOf(file, "Failed to remove the file in bDeleteFile->", services.log);
+    return {Outcome::NotRemoved, "the old file cannot be replaced"};
   }
-  OldFile old(file.path, store);
-  if (!old.Replaceable()) {
-    LogFailure("Failed to remove the file in bDeleteFile->", file, ws.log);
-    return SaveOutcome::NotRemoved;
-  }
-  onRemoved();
-  if (!WriteAndFlush(*beside, store, ws)) return SaveOutcome::NotWritten;
-  store.KeepRights(file.path, *beside);
-  const SaveOutcome outcome = MoveIn(*beside, file, store, ws.log);
-  if (outcome == SaveOutcome::Saved) old.Release();
-  return outcome;
+  return WriteSong(file, store, document, services, onRemoved);
 }
 
-SaveOutcome SaveNew(const TargetFile& file, FileStore& store, Workspace& ws) {
-  const NewFile beside(file.path, store);
-  if (!beside) {
-    LogFailure("Could not make a new file beside->", file, ws.log);
-    return SaveOutcome::NotWritten;
-  }
-  if (!WriteAndFlush(*beside, store, ws)) return SaveOutcome::NotWritten;
-  return MoveIn(*beside, file, store, ws.log);
+SaveResult SaveNew(const TargetFile& file, FileStore& store, Document& document, const Services& services) {
+  return WriteSong(file, store, document, services, [] {});
 }
 
-bool bDeleteFile(const TargetFile& file, FileStore& store, Log& log) {
+bool DeleteFile(const TargetFile& file, FileStore& store, Log& log) {
   if (!store.Exists(file.path)) {
-    LogFailure("Could not find the file in bDeleteFile....->", file, log);
+    LogOf(file, "Could not find the file in bDeleteFile....->", log);
     return false;
   }
   store.Delete(file.path);
   if (!store.Exists(file.path)) return true;
-  LogFailure("Failed to remove the file in bDeleteFile->", file, log);
+  LogOf(file, "Failed to remove the file in bDeleteFile->", log);
   return false;
-}
-
-void PutBackLeftovers(const fs::path& folder, FileStore& store, Log& log) {
-  for (const std::string& name : store.ListFiles(folder, kAnyLeftover).names) {
-    if (const auto kept = KeptName(name)) {
-      PutBack(folder / NamePath(name), folder / NamePath(*kept), store, log);
-    } else if (name.starts_with(kSavingPrefix)) {
-      const auto abandoned = store.TryLock(folder / NamePath(name));
-      if (abandoned) store.Delete(folder / NamePath(name));
-    }
-  }
-}
-
-bool ReplaceText(const fs::path& file, std::string_view text, FileStore& store) {
-  const NewFile beside(file, store);
-  if (!beside) return false;
-  try {
-    AppendText(*beside, text);
-  } catch (const std::exception&) {
-    return false;
-  }
-  return store.Flush(*beside) && store.Move(*beside, file);
 }
 
 }  // namespace trillomat

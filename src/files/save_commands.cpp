@@ -1,14 +1,16 @@
-#include "browser/save_commands.h"
+#include "files/save_commands.h"
 
 #include <algorithm>
 #include <array>
 
-#include "browser/flag_set.h"
-#include "browser/path_text.h"
-#include "browser/safe_save.h"
 #include "core/ascii.h"
+#include "core/code_page.h"
+#include "files/path_text.h"
+#include "files/replace_file.h"
 
 namespace trillomat {
+
+using Outcome = SaveResult::Outcome;
 
 std::string BuildDialogFilter(std::span<const std::pair<std::string_view, std::string_view>> formats) {
   std::string filter;
@@ -22,73 +24,85 @@ std::string BuildDialogFilter(std::span<const std::pair<std::string_view, std::s
 
 std::optional<std::filesystem::path> ChosenFile(const std::filesystem::path& answer,
                                                 std::string_view extension) {
-  std::string name = NameText(answer.filename());
+  std::string name = Utf8OfPath(answer.filename());
   name.resize(std::min(name.find('\0'), name.size()));
   name.resize(name.find_last_not_of(' ') + 1);
   if (name.empty() || name == "." || name == "..") return std::nullopt;
   const std::string ending = "." + std::string(extension);
   if (!Contains(Lowered(name), ending)) name += ending;
-  return answer.parent_path() / NamePath(name);
+  return answer.parent_path() / PathOfUtf8(name);
 }
 
 bool SaveCommands::NothingToSave() {
-  if (ws_.melody.IsEmpty()) ws_.log.WriteLog("Nothing to save", 2);
-  return ws_.melody.IsEmpty();
-}
-
-void SaveCommands::cmdSave_Click() {
-  if (saving_) return;
-  const FlagSet saving(saving_);
-  if (NothingToSave()) return;
-  view_.SetSaveCaption("Wait");
-  ws_.log.WriteLog("Save file started", 1);
-  Save();
-  view_.SetSaveCaption("Save");
+  if (!parts_.document.IsEmpty()) return false;
+  parts_.services.log.WriteLog("Nothing to save", 2);
+  return true;
 }
 
 void SaveCommands::Save() {
-  const auto removed = [this] { ws_.log.WriteLog("Removed file", 1); };
-  switch (SaveOver(browser_.SelectedFile(), store_, ws_, removed)) {
-    case SaveOutcome::Saved: return ws_.log.WriteLog("Saved the file", 1);
-    case SaveOutcome::NotWritten: return ws_.log.WriteLog("Failed to save the file", 2);
-    default: return ws_.log.WriteLog("Could not remove the old file", 1);
-  }
+  const auto operation = parts_.operations.Begin();
+  if (!operation || NothingToSave()) return;
+  parts_.host.SetSaveCaption("Wait");
+  parts_.services.log.WriteLog("Save file started", 1);
+  WriteSelected();
+  parts_.host.SetSaveCaption("Save");
 }
 
-void SaveCommands::cmdSaveAs_Click() {
-  if (saving_) return;
-  const FlagSet saving(saving_);
-  if (NothingToSave()) return;
-  view_.SetSaveAsCaption("Wait");
-  ws_.log.WriteLog("Save As started", 1);
-  SaveAs();
-  view_.SetSaveAsCaption("Save As");
+void SaveCommands::WriteSelected() {
+  Log& log = parts_.services.log;
+  const auto removed = [&log] { log.WriteLog("Removed file", 1); };
+  const SaveResult result =
+      SaveOver(browser_.SelectedFile(), parts_.store, parts_.document, parts_.services, removed);
+  ShowNotice(result);
+  switch (result.outcome) {
+    case Outcome::Saved: return log.WriteLog("Saved the file", 1);
+    case Outcome::NotWritten: return log.WriteLog("Failed to save the file", 2);
+    default: return log.WriteLog("Could not remove the old file", 1);
+  }
 }
 
 void SaveCommands::SaveAs() {
-  const auto file = AskFile();
-  if (!file) return ws_.log.WriteLog("Abort Save As file", 1);
-  // In a folder that the list does not show, nobody else has looked for an interrupted save.
-  PutBackLeftovers(file->parent_path(), store_, ws_.log);
-  const bool exists = store_.Exists(*file);
-  if (exists && !view_.AskYesNo("File Exist", "File Already exist! Remove?")) return;
-  const TargetFile target{*file, PathText(*file, store_)};
-  const SaveOutcome outcome = exists ? SaveOver(target, store_, ws_, [] {}) : SaveNew(target, store_, ws_);
-  switch (outcome) {
-    case SaveOutcome::Saved: ws_.log.WriteLog("File Saved", 1); break;
-    case SaveOutcome::NotWritten: ws_.log.WriteLog("Failed to save file", 2); break;
-    default: return ws_.log.WriteLog("Failed to remove file", 1);
-  }
-  browser_.UpdateListFiles();
+  const auto operation = parts_.operations.Begin();
+  if (!operation || NothingToSave()) return;
+  parts_.host.SetSaveAsCaption("Wait");
+  parts_.services.log.WriteLog("Save As started", 1);
+  AskAndWrite();
+  parts_.host.SetSaveAsCaption("Save As");
 }
 
+void SaveCommands::AskAndWrite() {
+  Log& log = parts_.services.log;
+  const auto file = AskFile();
+  if (!file) return log.WriteLog("Abort Save As file", 1);
+  // In a folder that the list does not show, nobody else has looked for what a killed program left.
+  SweepLeftovers(file->parent_path(), parts_.store);
+  const bool exists = parts_.store.Exists(*file);
+  if (exists && !parts_.host.AskYesNo("File Exist", "File Already exist! Remove?")) return;
+  const TargetFile target{*file, LogText(*file, parts_.store)};
+  const SaveResult result = exists ? SaveOver(target, parts_.store, parts_.document, parts_.services, [] {})
+                                   : SaveNew(target, parts_.store, parts_.document, parts_.services);
+  ShowNotice(result);
+  switch (result.outcome) {
+    case Outcome::Saved: log.WriteLog("File Saved", 1); return browser_.RefreshAndSelectSaved();
+    case Outcome::NotWritten: log.WriteLog("Failed to save file", 2); return browser_.Refresh();
+    default: return log.WriteLog("Failed to remove file", 1);
+  }
+}
+
+void SaveCommands::SaveOrSaveAs() { browser_.CanSave() ? Save() : SaveAs(); }
+
 std::optional<std::filesystem::path> SaveCommands::AskFile() {
-  const ModeLimits& limits = LimitsOf(ws_.iNoteMode);
+  const ModeLimits& limits = LimitsOf(parts_.document.Mode());
   const std::array formats{std::pair(limits.caption, limits.extension)};
-  const auto answer = view_.AskSavePath({store_.NativePath(browser_.sBrowseFolder), "SaveMelody",
-                                         BuildDialogFilter(formats), std::string(limits.extension)});
+  const auto answer = parts_.host.AskSavePath({parts_.store.NativePath(browser_.Folder()), "SaveMelody",
+                                               BuildDialogFilter(formats), std::string(limits.extension)});
   if (!answer) return std::nullopt;
   return ChosenFile(*answer, limits.extension);
+}
+
+void SaveCommands::ShowNotice(const SaveResult& result) {
+  const bool saved = result.outcome == Outcome::Saved;
+  parts_.host.Notice(saved ? "" : "Not saved: " + ToUtf8(result.why));
 }
 
 }  // namespace trillomat

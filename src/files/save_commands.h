@@ -40,7 +40,7 @@ class SaveCommands {
   void WriteSelected();
   void AskAndWrite();
   std::optional<std::filesystem::path> AskFile();
-  void NoteFailure(std::string_view why);
+  void ShowNotice(const SaveResult& result);
 
   FileParts parts_;
   FileBrowser& browser_;

@@ -46,12 +46,6 @@ class PosixLock : public FileLock {
   bool held_ = false;
 };
 
-// True as well where the medium knows no flushing of folders.
-bool FlushFolderOf(const fs::path& file) {
-  const fs::path folder = file.parent_path();
-  return Descriptor(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY).Flush() || errno == EINVAL;
-}
-
 // Of the entry, or of what it leads to when it is a link. 0 when neither can be told.
 mode_t KindOf(const fs::path& folder, const dirent& entry) {
   if (entry.d_type == DT_DIR) return S_IFDIR;
@@ -103,11 +97,6 @@ bool CopyBytes(int from, int to) {
   }
 }
 
-bool IsFolder(const fs::path& file) {
-  struct stat found {};
-  return lstat(file.c_str(), &found) == 0 && S_ISDIR(found.st_mode);
-}
-
 }  // namespace
 
 FolderListing PosixFileStore::ListFolders(const fs::path& folder) { return List(folder, S_IFDIR, {}); }
@@ -130,7 +119,7 @@ bool PosixFileStore::Copy(const fs::path& from, const fs::path& to) {
   if (!source || fstat(*source, &found) != 0 || !S_ISREG(found.st_mode)) return false;
   const Descriptor copy(to, O_WRONLY | O_CREAT | O_EXCL, found.st_mode & 0777U);
   if (!copy) return false;
-  if (CopyBytes(*source, *copy) && copy.Flush() && FlushFolderOf(to)) return true;
+  if (CopyBytes(*source, *copy) && copy.Flush() && FlushFolder(to.parent_path())) return true;
   Delete(to);
   return false;
 }
@@ -139,22 +128,37 @@ bool PosixFileStore::Create(const fs::path& file) {
   return static_cast<bool>(Descriptor(file, O_WRONLY | O_CREAT | O_EXCL, 0666));
 }
 
+// The owner first, as a change of owner takes rights away. The group may be given where the owner may not.
 void PosixFileStore::KeepRights(const fs::path& from, const fs::path& to) {
   struct stat found {};
-  if (stat(from.c_str(), &found) == 0 && S_ISREG(found.st_mode)) chmod(to.c_str(), found.st_mode & 0777U);
+  if (stat(from.c_str(), &found) != 0 || !S_ISREG(found.st_mode)) return;
+  constexpr uid_t kUnchanged = static_cast<uid_t>(-1);
+  const bool owned =
+      chown(to.c_str(), found.st_uid, found.st_gid) == 0 || chown(to.c_str(), kUnchanged, found.st_gid) == 0;
+  // Rights of a group that it could not be given are not those of the group that it has.
+  chmod(to.c_str(), found.st_mode & (owned ? 0777U : 0707U));
 }
 
 bool PosixFileStore::Flush(const fs::path& file) { return Descriptor(file, O_RDONLY).Flush(); }
 
-// A second link keeps the file in its place; media without links have it moved.
-bool PosixFileStore::KeepAside(const fs::path& file, const fs::path& aside) {
-  if (IsFolder(file)) return false;
-  if (link(file.c_str(), aside.c_str()) == 0) return FlushFolderOf(file);
-  return Move(file, aside);
+bool PosixFileStore::FlushFolder(const fs::path& folder) {
+  return Descriptor(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY).Flush() || errno == EINVAL;
+}
+
+// In a folder like /tmp everybody may write, but remove only what is one's own.
+bool PosixFileStore::CanRemove(const fs::path& file) const {
+  struct stat found {};
+  struct stat folder {};
+  if (lstat(file.c_str(), &found) != 0 || S_ISDIR(found.st_mode)) return false;
+  const fs::path parent = file.parent_path();
+  if (stat(parent.empty() ? "." : parent.c_str(), &folder) != 0 || (folder.st_mode & S_ISVTX) == 0)
+    return true;
+  const uid_t user = geteuid();
+  return user == 0 || user == found.st_uid || user == folder.st_uid;
 }
 
 bool PosixFileStore::Move(const fs::path& from, const fs::path& to) {
-  return rename(from.c_str(), to.c_str()) == 0 && FlushFolderOf(to);
+  return rename(from.c_str(), to.c_str()) == 0;
 }
 
 std::unique_ptr<FileLock> PosixFileStore::TryLock(const fs::path& file) {

@@ -2,7 +2,7 @@
 // the home folder, Z: is "/", D: and on are the mounted removable volumes.
 #pragma once
 
-#include "browser/file_store.h"
+#include "files/file_store.h"
 #include "platform/file_store_drives.h"
 
 namespace trillomat {
@@ -11,7 +11,7 @@ class PosixFileStore : public FileStore {
  public:
   explicit PosixFileStore(DriveMap drives) : drives_(std::move(drives)) {}
 
-  uint32_t GetLogicalDrives() override { return drives_.Refresh(); }
+  uint32_t Drives() override { return drives_.Refresh(); }
   std::string DriveText(char letter) const override { return drives_.Text(letter); }
   std::filesystem::path NativePath(std::string_view given) const override { return drives_.Native(given); }
   std::optional<std::string> GivenPath(const std::filesystem::path& native) const override {
@@ -27,7 +27,8 @@ class PosixFileStore : public FileStore {
   bool Create(const std::filesystem::path& file) override;
   void KeepRights(const std::filesystem::path& from, const std::filesystem::path& to) override;
   bool Flush(const std::filesystem::path& file) override;
-  bool KeepAside(const std::filesystem::path& file, const std::filesystem::path& aside) override;
+  bool FlushFolder(const std::filesystem::path& folder) override;
+  bool CanRemove(const std::filesystem::path& file) const override;
   bool Move(const std::filesystem::path& from, const std::filesystem::path& to) override;
   std::unique_ptr<FileLock> TryLock(const std::filesystem::path& file) override;
 

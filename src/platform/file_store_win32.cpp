@@ -74,11 +74,6 @@ class Unprotected {
   DWORD attributes_;
 };
 
-bool IsFolder(const fs::path& file) {
-  const DWORD attributes = GetFileAttributesW(file.c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-}
-
 bool IsKind(const WIN32_FIND_DATAW& entry, bool folders) {
   const DWORD no = folders ? 0 : FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE;
   const DWORD yes = folders ? FILE_ATTRIBUTE_DIRECTORY : 0;
@@ -148,7 +143,7 @@ std::wstring FullPath(const fs::path& path) {
 
 }  // namespace
 
-uint32_t Win32FileStore::GetLogicalDrives() { return ::GetLogicalDrives(); }
+uint32_t Win32FileStore::Drives() { return ::GetLogicalDrives(); }
 
 // With the volume's name where asking for it cannot wait for a medium.
 std::string Win32FileStore::DriveText(char letter) const {
@@ -229,12 +224,12 @@ bool Win32FileStore::Flush(const fs::path& file) {
   return File(file, GENERIC_WRITE, kShareAll, OPEN_EXISTING).Flush();
 }
 
-// A second link keeps the file in its place; media without links have it moved. The link needs no flush
-// of its own: the medium's journal has it before the move that relies on it.
-bool Win32FileStore::KeepAside(const fs::path& file, const fs::path& aside) {
-  if (IsFolder(file)) return false;
-  if (CreateHardLinkW(aside.c_str(), file.c_str(), nullptr) != FALSE) return true;
-  return MoveFileExW(file.c_str(), aside.c_str(), MOVEFILE_WRITE_THROUGH) != FALSE;
+// The medium's journal has the names by the end of the move, which waits for it.
+bool Win32FileStore::FlushFolder(const fs::path& /*folder*/) { return true; }
+
+// Opening it to be deleted asks those who have it open, and fails for a folder.
+bool Win32FileStore::CanRemove(const fs::path& file) const {
+  return static_cast<bool>(File(file, DELETE, kShareAll, OPEN_EXISTING));
 }
 
 bool Win32FileStore::Move(const fs::path& from, const fs::path& to) {

@@ -2,13 +2,13 @@
 // outside the code page work.
 #pragma once
 
-#include "browser/file_store.h"
+#include "files/file_store.h"
 
 namespace trillomat {
 
 class Win32FileStore : public FileStore {
  public:
-  uint32_t GetLogicalDrives() override;
+  uint32_t Drives() override;
   std::string DriveText(char letter) const override;
 
   std::filesystem::path NativePath(std::string_view given) const override;
@@ -23,7 +23,8 @@ class Win32FileStore : public FileStore {
   bool Create(const std::filesystem::path& file) override;
   void KeepRights(const std::filesystem::path& from, const std::filesystem::path& to) override;
   bool Flush(const std::filesystem::path& file) override;
-  bool KeepAside(const std::filesystem::path& file, const std::filesystem::path& aside) override;
+  bool FlushFolder(const std::filesystem::path& folder) override;
+  bool CanRemove(const std::filesystem::path& file) const override;
   bool Move(const std::filesystem::path& from, const std::filesystem::path& to) override;
   std::unique_ptr<FileLock> TryLock(const std::filesystem::path& file) override;
 };

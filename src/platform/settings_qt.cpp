@@ -1,6 +1,7 @@
 #include "platform/settings_qt.h"
 
 #include <QStandardPaths>
+
 namespace trillomat {
 namespace {
 
@@ -33,15 +34,15 @@ QtSettingsStore::QtSettingsStore() : settings_(UserStore(), kFormat) {}
 
 QtSettingsStore::QtSettingsStore(const QString& file) : settings_(file, QSettings::IniFormat) {}
 
-void QtSettingsStore::SaveSetting(std::string_view section, std::string_view key, std::string_view value) {
+std::string QtSettingsStore::Get(std::string_view section, std::string_view key,
+                                 std::string_view fallback) const {
+  return settings_.value(KeyPath(section, key), Text(fallback)).toString().toStdString();
+}
+
+void QtSettingsStore::Set(std::string_view section, std::string_view key, std::string_view value) {
   settings_.setValue(KeyPath(section, key), Text(value));
 }
 
-std::string QtSettingsStore::GetSetting(std::string_view section, std::string_view key,
-                                        std::string_view defaultValue) const {
-  return settings_.value(KeyPath(section, key), Text(defaultValue)).toString().toStdString();
-}
-
-void QtSettingsStore::DeleteSetting(std::string_view section) { settings_.remove(Text(section)); }
+void QtSettingsStore::DeleteSection(std::string_view section) { settings_.remove(Text(section)); }
 
 }  // namespace trillomat

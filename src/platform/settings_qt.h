@@ -17,10 +17,9 @@ class QtSettingsStore : public SettingsStore {
   /// The ini file `file`.
   explicit QtSettingsStore(const QString& file);
 
-  void SaveSetting(std::string_view section, std::string_view key, std::string_view value) override;
-  std::string GetSetting(std::string_view section, std::string_view key,
-                         std::string_view defaultValue) const override;
-  void DeleteSetting(std::string_view section) override;
+  std::string Get(std::string_view section, std::string_view key, std::string_view fallback) const override;
+  void Set(std::string_view section, std::string_view key, std::string_view value) override;
+  void DeleteSection(std::string_view section) override;
 
  private:
   QSettings settings_;

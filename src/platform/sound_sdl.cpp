@@ -8,6 +8,9 @@
 #include <string>
 #include <thread>
 #include <utility>
+#include <vector>
+
+#include "playback/wave_synthesis.h"
 
 namespace trillomat {
 namespace {
@@ -83,12 +86,11 @@ void SdlSound::StopWave() {
 
 void SdlSound::Beep(int32_t hertz, int32_t milliseconds) {
   if (milliseconds <= 0) return;
-  beep_.BuildWaveHeader(kSampleRate, 16, 1, 0.5, 0.5);
-  beep_.SynthesiseTone(hertz);
+  const std::vector<uint8_t> image = ToneImage(hertz);
   const bool open = Open();
   const int64_t begin = Now();
   const int64_t end = begin + int64_t{milliseconds} * kSampleRate / 1000;
-  if (open && StartAt(beep_.Image(), begin)) Locked(*this)->Stop(end);
+  if (open && StartAt(image, begin)) Locked(*this)->Stop(end);
   std::this_thread::sleep_until(start_ + std::chrono::duration_cast<steady_clock::duration>(Frames(end)));
 }
 

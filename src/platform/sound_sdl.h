@@ -8,7 +8,6 @@
 #include "core/log.h"
 #include "platform/tone_mixer.h"
 #include "playback/sound_device.h"
-#include "playback/wave_synthesis.h"
 
 namespace trillomat {
 
@@ -42,7 +41,6 @@ class SdlSound : public SoundDevice {
   State state_ = State::Unused;
   uint32_t device_ = 0;
   ToneMixer mixer_{0};  ///< shared with the audio thread: use it under the lock alone
-  WaveSynthesis beep_;
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 

@@ -3,9 +3,9 @@
 
 #include <memory>
 
-#include "browser/file_store.h"
 #include "core/clock.h"
 #include "core/log.h"
+#include "files/file_store.h"
 #include "playback/sound_device.h"
 
 namespace trillomat {

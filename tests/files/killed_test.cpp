@@ -6,8 +6,7 @@
 #include <random>
 #include <thread>
 
-#include "browser/recovery_fixture.h"
-#include "formats/imelody_file.h"
+#include "files/recovery_fixture.h"
 #include "support/child_process.h"
 
 namespace trillomat {
@@ -19,17 +18,14 @@ using testing::ElementsAre;
 // came after the last tick is lost.
 TEST_F(RecoveryTest, AKilledProgramLosesOnlyTheLastEdits) {
   std::minstd_rand random(1);  // the same instants each run, as far as there are any
+  const Element tone = Note("c");
   for (int round = 0; round < 20; ++round) {
     std::filesystem::remove_all(State());
     folder.Write("ticked", "0");
     ChildProcess child([&] {
-      auto recovery = MakeRecovery();
-      recovery->Start();
-      MelodyList elements;
+      Restart(false, "none");
       for (int ticks = 1;; ++ticks) {
-        elements.push_back(ws.codec.DecodeNote("c2", FormatMode::IMelody));
-        ws.melody.Assign(elements);
-        recovery->MarkChanged();
+        document.Apply({.inserted = {tone}});
         recovery->Tick();
         truncate((folder / "ticked").c_str(), ticks);
       }
@@ -39,36 +35,35 @@ TEST_F(RecoveryTest, AKilledProgramLosesOnlyTheLastEdits) {
     std::this_thread::sleep_for(std::chrono::microseconds(random() % 20000));
     ASSERT_TRUE(child.Kill());
     const size_t ticks = std::filesystem::file_size(folder / "ticked");
-    const auto recovery = MakeRecovery();
-    ASSERT_TRUE(recovery->Start());
-    ASSERT_TRUE(recovery->LastMelody());
-    EXPECT_GE(recovery->LastMelody()->elements.size(), ticks);
-    EXPECT_LE(recovery->LastMelody()->elements.size(), ticks + 1);
-    recovery->End();
+    Recovery next(document, store, State(), log);
+    ASSERT_TRUE(next.Start());
+    ASSERT_TRUE(next.LastSong());
+    EXPECT_GE(next.LastSong()->song.elements.size(), ticks);
+    EXPECT_LE(next.LastSong()->song.elements.size(), ticks + 1);
+    next.End();
   }
 }
 
-// Saves in a process with limits of its own and returns what it logged.
-class LimitedSave : public BrowserTest {
+// Saves in a process with limits of its own.
+class LimitedSave : public FilesTest {
  protected:
   void SaveIn(const std::function<void()>& limit) {
-    folder.Write("a.imy", TuneText("c2"));
-    Fill();
-    browser.ListFiles_Click(RowOf("a.imy"));
-    MelodyList elements(2000, ws.melody.At(0));
-    ws.melody.Assign(elements);
+    FillWith({{"a.imy", "c2"}});
+    Click("a.imy");
+    const ElementList elements(2000, Note("c"));
+    Compose(elements);
     log.lines.clear();
     ChildProcess child([&] {
       limit();
-      save.cmdSave_Click();
-      window.savePath = folder / "new.imy";
-      save.cmdSaveAs_Click();
-      const std::vector<std::string> expected{"2: Failed to save the file", "2: Failed to save file"};
-      std::vector<std::string> shown;
-      for (const std::string& line : log.lines) {
-        if (line.starts_with('2')) shown.push_back(line);
-      }
-      return shown == expected && ws.melody.Elements() == elements ? 0 : 1;
+      save.Save();
+      host.savePath = folder / "new.imy";
+      save.SaveAs();
+      const std::vector<std::string> expected{"1: Error in bSaveFile_IMelody", "2: Failed to save the file",
+                                              "1: Error in bSaveFile_IMelody", "2: Failed to save file"};
+      std::erase_if(log.lines, [](const std::string& line) {
+        return !line.starts_with('2') && !line.starts_with("1: Error in");
+      });
+      return log.lines == expected && document.Elements() == elements && document.IsChanged() ? 0 : 1;
     });
     EXPECT_EQ(child.WaitFor(), 0);
     EXPECT_EQ(folder.Read("a.imy"), TuneText("c2"));
@@ -98,24 +93,22 @@ int KillRounds() {
   return rounds == nullptr ? 100 : std::atoi(rounds);
 }
 
-TEST_F(BrowserTest, AKilledSaveLeavesTheOldOrTheNewContent) {
-  MelodyList melodies[] = {MelodyList(300, ws.codec.DecodeNote("c2", FormatMode::IMelody)),
-                           MelodyList(500, ws.codec.DecodeNote("*5d3", FormatMode::IMelody))};
+TEST_F(FilesTest, AKilledSaveLeavesTheOldOrTheNewContent) {
+  const ElementList songs[] = {ElementList(300, Note("c")), ElementList(500, Note("d", 5, 0.5F))};
   std::string texts[2];
-  for (int i = 0; i < 2; ++i) {
-    ws.ExportMelody = melodies[i];
-    texts[i] = WriteText_IMelody(ws);
+  for (int i = 1; i >= 0; --i) {
+    Compose(songs[i]);
+    texts[i] = FileBytes();
   }
   folder.Write("a.imy", texts[0]);
-  Fill();
-  browser.ListFiles_Click(RowOf("a.imy"));
+  host.savePath = folder / "a.imy";
   std::minstd_rand random(1);  // the same instants each run, as far as there are any
   int interrupted = 0;
   for (int round = 0; round < KillRounds(); ++round) {
     ChildProcess child([&] {
       for (size_t i = 0;; ++i) {
-        ws.melody.Assign(melodies[i % 2]);
-        save.cmdSave_Click();
+        Compose(songs[i % 2]);
+        save.SaveAs();
       }
       return 0;
     });
@@ -124,7 +117,7 @@ TEST_F(BrowserTest, AKilledSaveLeavesTheOldOrTheNewContent) {
     const std::string found = folder.Read("a.imy");
     ASSERT_TRUE(found == texts[0] || found == texts[1]) << "in round " << round << ": " << found;
     interrupted += folder.Names().size() > 1 ? 1 : 0;
-    browser.UpdateListFiles();
+    browser.Refresh();
     ASSERT_THAT(folder.Names(), ElementsAre("a.imy"));
   }
   EXPECT_GT(interrupted, KillRounds() / 10) << "kills came too rarely in the middle of a save";

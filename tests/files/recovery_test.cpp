@@ -1,6 +1,6 @@
 #include <random>
 
-#include "browser/recovery_fixture.h"
+#include "files/recovery_fixture.h"
 
 namespace trillomat {
 namespace {
@@ -8,20 +8,30 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST_F(BrowserTest, TheRecoveryTextKeepsEveryField) {
-  ws.iNoteMode = FormatMode::Rtttl;
-  ws.header = {"N\xe4me\t\\\r\n", std::string("\0\x7f", 2), -5, "S2", "", "1.2", "Class 1.0", 32767};
-  ws.melody.Assign({{-1, "", "ledon", 0, 0, false},
-                    {3, "#c", "", static_cast<float>(2.0 / 3.0), 0.125F, true},
-                    {-32768, "R", "@\\09)\n", 1.75F, -1.0F, false}});
-  EXPECT_EQ(ReadRecovery(WriteRecovery(ws)), Composed(ws));
-  ws.melody.Clear();
-  EXPECT_EQ(ReadRecovery(WriteRecovery(ws)), Composed(ws));
+TEST(RecoveryText, KeepsEveryFieldAndReadsWhatEarlierVersionsWrote) {
+  Song song{.elements = ElementsOf("ledon *3#c3. r5"),
+            .info = {"N\xe4me\t\\\r\n", std::string("\0\x7f", 2), -5, "S2", "", "1.2", "Class 1.0", 32767}};
+  Element odd;
+  odd.octave = -32768;
+  odd.duration = -1.0F;
+  odd.extra = static_cast<float>(2.0 / 3.0);
+  odd.SetCommand("@\\09)\n a command that is longer than those of clean files");
+  song.elements.push_back(odd);
+  for (const bool empty : {false, true}) {
+    if (empty) song.elements.clear();
+    EXPECT_EQ(ReadRecovery(WriteRecovery(song, FormatMode::Rtttl)), (RecoveredSong{FormatMode::Rtttl, song}));
+  }
+  const std::string before =
+      "trillomat-recovery 1\nmode\t0\nsong\tA\t\t120\tS0\tV10\t1.2\tClass 1.0\t0\n"
+      "note\t5\td\t\t1\t0.5\t1\nend\t1\t13568398120683423571\n";
+  const auto read = ReadRecovery(before);
+  ASSERT_TRUE(read);
+  EXPECT_EQ(TokensOf(read->song.elements), "*5d3");
+  EXPECT_EQ(read->song.info.bpm, 120);
 }
 
-TEST_F(BrowserTest, ADamagedRecoveryTextIsRefused) {
-  Compose("*5d3");
-  const std::string text = WriteRecovery(ws);
+TEST(RecoveryText, RefusesDamage) {
+  const std::string text = WriteRecovery({.elements = ElementsOf("*5d3"), .info = {}}, FormatMode::IMelody);
   for (size_t i = 0; i < text.size(); ++i) {
     EXPECT_FALSE(ReadRecovery(text.substr(0, i))) << i;
     for (const char wrong : {'\0', '\t', '\n', '\\', '9', '\xff'}) {
@@ -31,76 +41,68 @@ TEST_F(BrowserTest, ADamagedRecoveryTextIsRefused) {
       EXPECT_FALSE(ReadRecovery(damaged)) << i;
     }
   }
-  std::minstd_rand random(1);  // the same bytes each run
-  for (int round = 0; round < 1000; ++round) {
-    std::string bytes = round % 2 == 0 ? "trillomat-recovery 1\nmode\t0\n" : "";
-    for (int i = 0; i < 100; ++i) bytes += "01289\t\n\\-.einfat \xff"[random() % 17];
-    EXPECT_FALSE(ReadRecovery(bytes));
-  }
 }
 
-TEST_F(RecoveryTest, AnAbnormalEndIsNoticedAndTheMelodyKept) {
-  std::unique_ptr<Recovery> recovery;
-  const auto start = [&](bool offered, const std::string& last) {
-    recovery = MakeRecovery();
-    EXPECT_EQ(recovery->Start(), offered);
-    EXPECT_EQ(LastTokens(*recovery), last);
-  };
-  start(false, "none");
-  Edit(*recovery, "c2");
-  recovery->MarkChanged();
-  ws.melody.Clear();
-  recovery->Tick();  // clearing all is no melody to keep
-  Crash(recovery);
-  start(true, "*4c2");
-  opener.recovery = recovery.get();
-  opener.TakeRecovered(*recovery->LastMelody());
+TEST_F(RecoveryTest, AnAbnormalEndIsNoticedAndTheSongKept) {
+  Restart(false, "none");
+  Edit("c2");
+  Compose("");
+  recovery->Tick();  // clearing all is no song to keep
+  Restart(true, "*4c2");
+  const int opened = host.opened;
+  WithRecovery([this](FileBrowser& own) { own.RecoverLast(); });
+  EXPECT_EQ(Tokens(), "*4c2");
+  EXPECT_EQ(host.opened, opened) << "it is not played";
   recovery->Tick();
-  Crash(recovery);  // once more, before any edit
-  start(true, "*4c2");
-  Edit(*recovery, "d2");
+  Restart(true, "*4c2");  // once more, before any edit
+  Edit("d2");
   recovery->End();
-  start(false, "*4d2");
-  Crash(recovery);  // nothing was composed, so nothing is offered, and nothing lost
-  start(false, "*4d2");
+  Restart(false, "*4d2");
+  Restart(false, "*4d2");  // nothing was composed, so nothing is offered, and nothing lost
   EXPECT_THAT(log.lines, IsEmpty());
 }
 
-TEST_F(RecoveryTest, OpeningAFileKeepsTheComposedMelody) {
+TEST_F(RecoveryTest, OpeningAFileKeepsTheComposedSong) {
   FillWith({{"a.imy", "a2"}, {"b.imy", "b2"}});
-  auto recovery = MakeRecovery();
-  recovery->Start();
-  opener.recovery = recovery.get();
+  Restart(false, "none");
+  document.SetMode(FormatMode::IMelody);
   Compose("c2");
-  const RecoveredMelody composed = Composed(ws);
-  for (const char* file : {"a.imy", "b.imy", "a.imy"}) {
-    browser.ListFiles_Click(RowOf(file));
-    recovery->MarkChanged();
-    recovery->Tick();
-    EXPECT_EQ(recovery->LastMelody(), composed);
-  }
-  opener.TakeRecovered(*recovery->LastMelody());
-  EXPECT_EQ(Composed(ws), composed);
-  EXPECT_EQ(ws.melody.lCurrentIndex, -1);
-  recovery->End();
+  const RecoveredSong composed = Composed();
+  WithRecovery([&](FileBrowser& own) {
+    own.Refresh();
+    for (const char* file : {"a.imy", "b.imy", "a.imy"}) {
+      EXPECT_TRUE(own.OpenFile(folder / file));
+      recovery->Tick();
+      EXPECT_EQ(recovery->LastSong(), composed);
+    }
+    ReadResult imported;
+    imported.elements = ElementsOf("e2");
+    own.TakeImported(std::move(imported));
+    EXPECT_EQ(recovery->LastSong(), composed);
+    own.RecoverLast();
+    EXPECT_EQ(own.SelectedRow(), FileBrowser::kNoRow);
+  });
+  EXPECT_EQ(Composed(), composed);
+  EXPECT_EQ(document.Cursor(), -1);
+  EXPECT_TRUE(document.File().empty());
+  EXPECT_TRUE(document.IsChanged());
 }
 
-TEST_F(RecoveryTest, ProgramsAtTheSameTimeKeepTheirOwnMelodies) {
-  auto first = MakeRecovery();
-  auto second = MakeRecovery();
-  first->Start();
+TEST_F(RecoveryTest, ProgramsAtTheSameTimeKeepTheirOwnSongs) {
+  Document others;
+  auto second = std::make_unique<Recovery>(others, store, State(), log);
+  Restart(false, "none");
   EXPECT_FALSE(second->Start());
-  Edit(*first, "c2");
-  Edit(*second, "d2");
-  Crash(second);
-  auto third = MakeRecovery();
-  EXPECT_TRUE(third->Start());
-  EXPECT_EQ(LastTokens(*third), "*4d2");
-  third->End();
-  first->End();
-  third = MakeRecovery();
-  EXPECT_FALSE(third->Start());
-  EXPECT_EQ(LastTokens(*third), "*4c2");
+  Edit("c2");
+  others.Apply({.inserted = ElementsOf("d2")});
+  second->Tick();
+  second.reset();  // as a crash does
+  Recovery third(others, store, State(), log);
+  EXPECT_TRUE(third.Start());
+  EXPECT_EQ(LastTokens(third), "*4d2");
+  third.End();
+  recovery->End();
+  Restart(false, "*4c2");
 }
 
 TEST_F(RecoveryTest, DamagedFilesAndAFolderThatCannotBeWrittenAreSurvived) {
@@ -108,22 +110,23 @@ TEST_F(RecoveryTest, DamagedFilesAndAFolderThatCannotBeWrittenAreSurvived) {
   folder.Write("state/trillomat/running-1", "");
   folder.Write("state/trillomat/recovery-1.txt", std::string(1000, '\0'));
   folder.Write("state/trillomat/last-1.txt", "trillomat-recovery 1\nnote");
-  auto recovery = MakeRecovery();
-  EXPECT_FALSE(recovery->Start());
-  EXPECT_EQ(LastTokens(*recovery), "none");
+  Restart(false, "none");
+  WithRecovery([](FileBrowser& own) { own.RecoverLast(); });
+  EXPECT_THAT(log.lines, ElementsAre("2: There is no melody to recover"));
+  log.lines.clear();
   std::filesystem::remove(State() / "recovery-1.txt");
   std::filesystem::create_directory(State() / "recovery-1.txt");
-  Edit(*recovery, "c2");
-  Edit(*recovery, "d2");
+  Edit("c2");
+  Edit("d2");
   EXPECT_THAT(log.lines, ElementsAre("1: Could not write the recovery file"));
   std::filesystem::remove(State() / "recovery-1.txt");
   recovery->Tick();
   EXPECT_TRUE(std::filesystem::exists(State() / "recovery-1.txt")) << "a failed write is tried again";
 
   folder.Write("file", "");
-  Recovery homeless(ws, store, folder / "file/trillomat");
+  Recovery homeless(document, store, folder / "file/trillomat", log);
   EXPECT_FALSE(homeless.Start());
-  Edit(homeless, "c2");
+  homeless.KeepBeforeReplacing();
   homeless.End();
   EXPECT_EQ(log.lines.back(), "1: No recovery file can be kept");
 }

@@ -1,0 +1,160 @@
+// The file commands over a real temporary folder that is drive C:, and a host that remembers what it was
+// told and answers as the test says.
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "files/file_browser.h"
+#include "files/recovery.h"
+#include "files/save_commands.h"
+#include "support/fakes.h"
+#include "support/folder_store.h"
+#include "support/sample_notes.h"
+#include "support/temp_folder.h"
+
+namespace trillomat {
+
+class FakeFilesHost : public FilesHost {
+ public:
+  explicit FakeFilesHost(Document& document) : document_(document) {}
+
+  FileBrowser* browser = nullptr;
+  std::vector<std::string> calls;
+  std::string notice;
+  bool toneSounds = false;
+  int opened = 0;                                 ///< how often PlayOrShow was called
+  std::optional<std::string> newName;             ///< what frmRename answers
+  std::optional<std::filesystem::path> savePath;  ///< what the save dialog answers
+  std::optional<SaveDialog> dialog;               ///< what it was opened with
+  bool yes = true;                                ///< what the Yes/No box answers
+  std::function<void()> meanwhile;                ///< while the menu or a dialog is open, or a song plays
+
+  bool ToneSounds() const override { return toneSounds; }
+  void StopPlaying() override { calls.emplace_back("stop"); }
+  void EnterMode(FormatMode mode) override {
+    document_.SetMode(mode);
+    browser->Refresh();
+  }
+  void TakeIn(ReadResult&& read) override {
+    document_.Apply({.removed = document_.Elements().size(),
+                     .inserted = std::move(read.elements),
+                     .info = read.record.info,
+                     .cursor = -1});
+  }
+  void PlayOrShow() override {
+    ++opened;
+    Meanwhile();
+  }
+  void ShowFiles() override {}
+  void ShowSelectedFile() override {}
+  void PopUpFileMenu() override {
+    calls.emplace_back("menu");
+    Meanwhile();
+  }
+  void StartClickTimer() override { calls.emplace_back("timer on"); }
+  void StopClickTimer() override { calls.emplace_back("timer off"); }
+  void Notice(std::string_view text) override { notice = text; }
+  std::optional<std::string> AskNewName(std::string_view name) override {
+    calls.push_back("rename " + std::string(name));
+    Meanwhile();
+    return newName;
+  }
+  std::optional<std::filesystem::path> AskSavePath(const SaveDialog& asked) override {
+    dialog = asked;
+    Meanwhile();
+    return savePath;
+  }
+  bool AskYesNo(std::string_view title, std::string_view question) override {
+    calls.push_back(std::string(title) + "|" + std::string(question));
+    return yes;
+  }
+  void SetSaveCaption(std::string_view caption) override { calls.emplace_back(caption); }
+  void SetSaveAsCaption(std::string_view caption) override { calls.emplace_back(caption); }
+
+ private:
+  void Meanwhile() const {
+    if (meanwhile) meanwhile();
+  }
+
+  Document& document_;
+};
+
+class FilesTest : public testing::Test, public FakeServices {
+ protected:
+  FilesTest() { host.browser = &browser; }
+
+  /// An I-Melody file with these notes.
+  static std::string TuneText(const std::string& notes) {
+    return "BEGIN:IMELODY\r\nVERSION:1.2\r\nFORMAT:CLASS1.0\r\nNAME:Tune\r\nCOMPOSER:Me\r\nBEAT:120\r\n"
+           "STYLE:S2\r\nVOLUME:V7\r\nMELODY:" +
+           notes + "\r\nEND:IMELODY\r\n";
+  }
+
+  /// Reads the list and forgets what was logged and called so far.
+  void Fill() {
+    browser.Refresh();
+    log.lines.clear();
+    host.calls.clear();
+  }
+
+  /// The same after writing the I-Melody files with these names and notes.
+  void FillWith(const std::map<std::string, std::string>& tunes) {
+    for (const auto& [name, notes] : tunes) folder.Write(name, TuneText(notes));
+    Fill();
+  }
+
+  /// The log without what the I-Melody reader says of every file's first line.
+  std::vector<std::string> Logged() const {
+    std::vector<std::string> lines = log.lines;
+    std::erase(lines, "1: Found an other tag - unknown-->BEGIN");
+    return lines;
+  }
+
+  std::string Rows() const {
+    std::string rows;
+    for (const FileRow& row : browser.Rows()) rows += row.Text() + " ";
+    return rows;
+  }
+
+  int RowOf(std::string_view text) const {
+    for (size_t i = 0; i < browser.Rows().size(); ++i) {
+      if (browser.Rows()[i].Text() == text) return static_cast<int>(i);
+    }
+    return FileBrowser::kNoRow;
+  }
+
+  void Click(std::string_view text) { browser.Click(RowOf(text)); }
+
+  std::string SelectedText() const {
+    const int row = browser.SelectedRow();
+    return row == FileBrowser::kNoRow ? "" : browser.Rows()[static_cast<size_t>(row)].Text();
+  }
+
+  /// The song in I-Melody tokens.
+  std::string Tokens() const { return TokensOf(document.Elements()); }
+  void Compose(ElementList elements) {
+    document.Apply({.removed = document.Elements().size(), .inserted = std::move(elements)});
+  }
+  void Compose(const std::string& tokens) { Compose(ElementsOf(tokens)); }
+  /// The bytes of its file.
+  std::string FileBytes() { return *Write(document.CurrentSong(), document.Mode(), services); }
+
+  TempFolder folder;
+  FolderStore store{folder.Path()};
+  Document document;
+  ReadRecord record;
+  FileOperations operations;
+  FakeFilesHost host{document};
+  Recovery noRecovery{document, store, {}, log};
+  FileParts parts{document, record, store, operations, noRecovery, host, services};
+  FileBrowser browser{parts};
+  SaveCommands save{parts, browser};
+};
+
+}  // namespace trillomat

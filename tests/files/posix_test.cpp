@@ -1,0 +1,155 @@
+// What only POSIX has: names of any bytes, drives laid over one tree, links, pipes, owners, very many files.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+
+#include "files/files_fixture.h"
+#include "files/replace_file.h"
+
+namespace trillomat {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+
+TEST_F(FilesTest, ChangesTheDrive) {
+  ASSERT_TRUE(browser.FillDrives());
+  EXPECT_THAT(browser.Drives(), ElementsAre("C: " + folder.Path().string(), "Z: /"));
+  FillWith({{"a.imy", "c2"}});
+  Click("a.imy");
+  EXPECT_TRUE(browser.CanSave());
+  browser.ChooseDrive(browser.Drives()[1]);
+  EXPECT_EQ(browser.Folder(), "Z:\\");
+  EXPECT_EQ(browser.CurrentDrive(), 1);
+  EXPECT_NE(RowOf("[etc]"), FileBrowser::kNoRow);
+  EXPECT_FALSE(browser.CanSave());
+  EXPECT_THAT(Logged(), Contains("1: Change drive"));
+}
+
+TEST_F(FilesTest, NamesOfAnyBytesAreListedOrLeftOut) {
+  for (const char* name : {"\xff\xfe.imy", "line\nfeed.imy", "\xe3\x81\x82.imy", "a:b.imy", "c\\d.imy"}) {
+    folder.Write(name, TuneText("c2"));
+  }
+  mkfifo((folder / "pipe.imy").c_str(), 0600);
+  folder.MakeFolder("x/y:z");
+  for (const auto& [link, to] :
+       {std::pair{"dangling.imy", "nowhere"}, {"link", "x"}, {"m.imy", "line\nfeed.imy"}})
+    std::filesystem::create_symlink(to, folder / link);
+  Fill();
+  EXPECT_EQ(Rows(), "[link] [x] line\nfeed.imy m.imy \xe3\x81\x82.imy \xff\xfe.imy ");
+  for (int row = 2; row < 6; ++row) {
+    Compose("");
+    browser.Click(row);
+    EXPECT_EQ(Tokens(), "*4c2");
+    browser.Refresh();
+    EXPECT_EQ(browser.SelectedRow(), row);
+  }
+  EXPECT_THAT(Logged(), Contains("1: Left out of the list->a:b.imy"));
+  EXPECT_THAT(Logged(), Contains("1: Left out of the list->c\\d.imy"));
+  browser.OpenMenu(2);
+  std::filesystem::remove(folder / "line\nfeed.imy");
+  browser.DeleteSelected();
+  EXPECT_THAT(Logged(), Contains("1: Could not find the file in bDeleteFile....->c:\\line?feed.imy"));
+  EXPECT_FALSE(browser.OpenFile(folder / "pipe.imy"));
+  EXPECT_EQ(host.notice, "Not opened: pipe.imy is no plain file");
+  browser.DoubleClick(0);
+  EXPECT_EQ(Rows(), "[Previous] ");
+  EXPECT_THAT(Logged(), Contains("1: Left out of the list->y:z"));
+}
+
+// Not for Windows: there the tests run under Wine, which makes them slowly, for it searches a folder for
+// every new name in any case.
+TEST_F(FilesTest, ListsTwentyThousandFilesWithoutAStall) {
+  constexpr int kFiles = 20000;
+  for (int i = 0; i < kFiles; ++i)
+    folder.Write((i % 2 == 0 ? "TUNE" : "tune") + std::to_string(i) + ".imy", "");
+  const auto start = std::chrono::steady_clock::now();
+  browser.Refresh();
+  const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+  EXPECT_EQ(browser.Rows().size(), static_cast<size_t>(kFiles));
+  EXPECT_EQ(browser.Rows()[1].name, "tune1.imy");
+  EXPECT_LT(time.count(), 1.0);
+}
+
+TEST_F(FilesTest, AFileInAFolderThatCannotBeShownOpens) {
+  folder.MakeFolder("q:r");
+  folder.Write("q:r/a.imy", TuneText("c2"));
+  EXPECT_TRUE(browser.OpenFile(folder / "q:r/a.imy"));
+  EXPECT_EQ(browser.Folder(), "c:\\");
+  EXPECT_FALSE(browser.CanSave()) << "its folder cannot be shown, so no row is that file";
+}
+
+// Save and Save As, and the same of the command line: only a plain file is replaced, whatever leads to it.
+TEST_F(FilesTest, OnlyPlainFilesAreReplaced) {
+  folder.MakeFolder("x");
+  struct Case {
+    const char* file;
+    const char* link;    ///< what it is a link to, if it is one
+    const char* target;  ///< what holds the song afterwards
+  };
+  const Case cases[] = {
+      {"plain.imy", nullptr, "plain.imy"},        {"link.imy", "plain.imy", "plain.imy"},
+      {"again.imy", "link.imy", "plain.imy"},     {"there.imy", "x/there.imy", "x/there.imy"},
+      {"dangling.imy", "x/new.imy", "x/new.imy"}, {"x/up.imy", "../up2.imy", "up2.imy"}};
+  folder.Write("x/there.imy", "old");
+  folder.Write("plain.imy", "old");
+  for (const Case& c : cases) {
+    if (c.link != nullptr) std::filesystem::create_symlink(c.link, folder / c.file);
+  }
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.file);
+    Compose("*5d3");
+    host.savePath = folder / c.file;
+    save.SaveAs();
+    EXPECT_EQ(std::filesystem::is_symlink(folder / c.file), c.link != nullptr);
+    EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::symlink_status(folder / c.target)));
+    EXPECT_EQ(folder.Read(c.target), FileBytes());
+    std::filesystem::remove(folder / c.target);
+  }
+  std::filesystem::create_symlink("circle.imy", folder / "circle.imy");
+  save.SaveAs();
+  EXPECT_FALSE(ReplaceFile(folder / "circle.imy", store, "new"));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "circle.imy"));
+}
+
+TEST_F(FilesTest, APipeIsWrittenInto) {
+  const auto pipe = folder / "pipe.imy";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+  Compose("*5d3");
+  host.savePath = pipe;
+  save.SaveAs();
+  EXPECT_EQ(log.lines.back(), "1: File Saved");
+  EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+  std::array<char, 1000> bytes{};
+  const ssize_t count = read(reader, bytes.data(), bytes.size());
+  EXPECT_EQ(std::string(bytes.data(), static_cast<size_t>(std::max<ssize_t>(count, 0))), FileBytes());
+  close(reader);
+  EXPECT_THAT(folder.Names(), ElementsAre("pipe.imy"));
+}
+
+TEST_F(FilesTest, AReplacedFileKeepsItsOwnerAndRights) {
+  const std::string name = std::string(251, 'n') + ".imy";  // no room is needed for a suffix
+  folder.Write(name, "old");
+  const std::filesystem::path file = folder / name;
+  if (geteuid() == 0) {
+    ASSERT_EQ(chown(file.c_str(), 65534, 65534), 0);
+  }
+  ASSERT_EQ(chmod(file.c_str(), 0640), 0);
+  struct stat before {};
+  struct stat after {};
+  ASSERT_EQ(stat(file.c_str(), &before), 0);
+  EXPECT_TRUE(ReplaceFile(file, store, "new"));
+  ASSERT_EQ(stat(file.c_str(), &after), 0);
+  EXPECT_EQ(folder.Read(name), "new");
+  EXPECT_NE(before.st_ino, after.st_ino);
+  EXPECT_EQ(before.st_mode, after.st_mode);
+  EXPECT_EQ(before.st_uid, after.st_uid);
+  EXPECT_EQ(before.st_gid, after.st_gid);
+}
+
+}  // namespace
+}  // namespace trillomat
