@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/clock.h"
+#include "core/output_type.h"
 #include "core/services.h"
 #include "document/document.h"
 #include "playback/player_view.h"
@@ -13,9 +14,6 @@
 #include "playback/sound_device.h"
 
 namespace trillomat {
-
-/// What a tone sounds on, in the order of the menu. Midi sounds nothing and takes no time.
-enum class OutputType : int16_t { Wave = 0, Beep = 1, Midi = 2 };
 
 enum class ElementKind { Tone, Pause, Command, Repeat };
 

@@ -4,7 +4,9 @@
 #include <string_view>
 
 #include "core/ascii.h"
+#include "core/element.h"
 #include "core/number_text.h"
+#include "core/output_type.h"
 
 namespace trillomat {
 namespace {
@@ -27,19 +29,19 @@ class Loader {
 
   int32_t Number(std::string_view section, std::string_view key, int32_t fallback, int32_t lowest,
                  int32_t highest) const {
-    const std::string text = store_.GetSetting(section, key, std::to_string(fallback));
+    const std::string text = store_.Get(section, key, std::to_string(fallback));
     const auto value = WholeNumber(text);
     if (value && *value >= lowest && *value <= highest) return *value;
     Refuse(key, text);
     return fallback;
   }
 
-  int16_t Index(std::string_view key, int16_t fallback, int16_t highest) const {
-    return static_cast<int16_t>(Number(kSettings, key, fallback, 0, highest));
+  int16_t Index(std::string_view key, int16_t fallback, size_t count) const {
+    return static_cast<int16_t>(Number(kSettings, key, fallback, 0, static_cast<int32_t>(count) - 1));
   }
 
   bool Boolean(std::string_view key, bool fallback) const {
-    const std::string text = store_.GetSetting(kSettings, key, fallback ? "True" : "False");
+    const std::string text = store_.Get(kSettings, key, fallback ? "True" : "False");
     if (EqualNoCase(text, "True")) return true;
     if (EqualNoCase(text, "False")) return false;
     Refuse(key, text);
@@ -47,7 +49,7 @@ class Loader {
   }
 
   std::string Text(std::string_view section, std::string_view key, std::string_view fallback) const {
-    return store_.GetSetting(section, key, fallback);
+    return store_.Get(section, key, fallback);
   }
 
  private:
@@ -64,42 +66,42 @@ class Loader {
 Settings LoadSettings(SettingsStore& store, Log& log) {
   const Loader loader(store, log);
   if (loader.Number(kVersion, "Counter", 0, 0, INT32_MAX) < kLayoutCounter) CleanUpSettings(store, log);
-  Settings settings;
-  settings.Scale = loader.Number(kSettings, "Scale", settings.Scale, INT32_MIN, INT32_MAX);
-  settings.Mode = static_cast<FormatMode>(loader.Index("Mode", 0, static_cast<int16_t>(FormatMode::Melody)));
-  settings.BrowseFolder = loader.Text(kPath, "BrowseFolder", settings.BrowseFolder);
-  settings.AutoPlay = loader.Boolean("AutoPlay", settings.AutoPlay);
-  settings.PlayMoving = loader.Boolean("PlayMoving", settings.PlayMoving);
-  settings.PlayComposing = loader.Boolean("PlayComposing", settings.PlayComposing);
-  settings.Duration = loader.Index("Duration", settings.Duration, 5);
-  settings.DurationExtra = loader.Index("DurationExtra", settings.DurationExtra, 3);
-  settings.OutPut = loader.Index("OutPut", settings.OutPut, 2);
-  return settings;
+  const Settings first;
+  return {.octave = loader.Number(kSettings, "Scale", first.octave, INT32_MIN, INT32_MAX),
+          .mode = static_cast<FormatMode>(
+              loader.Index("Mode", static_cast<int16_t>(first.mode), kModeLimits.size())),
+          .browseFolder = loader.Text(kPath, "BrowseFolder", first.browseFolder),
+          .autoPlay = loader.Boolean("AutoPlay", first.autoPlay),
+          .playMoving = loader.Boolean("PlayMoving", first.playMoving),
+          .playComposing = loader.Boolean("PlayComposing", first.playComposing),
+          .duration = loader.Index("Duration", first.duration, kDurations.size()),
+          .durationExtra = loader.Index("DurationExtra", first.durationExtra, kDurationExtras.size()),
+          .output = loader.Index("OutPut", first.output, static_cast<size_t>(kLastOutputType) + 1)};
 }
 
 void SaveSettings(const Settings& settings, SettingsStore& store) {
   const auto number = [&store](std::string_view key, int32_t value) {
-    store.SaveSetting(kSettings, key, std::to_string(value));
+    store.Set(kSettings, key, std::to_string(value));
   };
   const auto boolean = [&store](std::string_view key, bool value) {
-    store.SaveSetting(kSettings, key, value ? "True" : "False");
+    store.Set(kSettings, key, value ? "True" : "False");
   };
-  store.SaveSetting(kVersion, "Counter", std::to_string(kLayoutCounter));
-  store.SaveSetting(kPath, "BrowseFolder", settings.BrowseFolder);
-  boolean("AutoPlay", settings.AutoPlay);
-  number("Mode", static_cast<int32_t>(settings.Mode));
-  number("Scale", settings.Scale);
-  boolean("PlayMoving", settings.PlayMoving);
-  boolean("PlayComposing", settings.PlayComposing);
-  number("OutPut", settings.OutPut);
-  number("Duration", settings.Duration);
-  number("DurationExtra", settings.DurationExtra);
+  store.Set(kVersion, "Counter", std::to_string(kLayoutCounter));
+  store.Set(kPath, "BrowseFolder", settings.browseFolder);
+  boolean("AutoPlay", settings.autoPlay);
+  number("Mode", static_cast<int32_t>(settings.mode));
+  number("Scale", settings.octave);
+  boolean("PlayMoving", settings.playMoving);
+  boolean("PlayComposing", settings.playComposing);
+  number("OutPut", settings.output);
+  number("Duration", settings.duration);
+  number("DurationExtra", settings.durationExtra);
 }
 
 void CleanUpSettings(SettingsStore& store, Log& log) {
   log.WriteLog("#############Cleaning up registry##############", 1);
-  store.DeleteSetting(kPath);
-  store.DeleteSetting(kSettings);
+  store.DeleteSection(kPath);
+  store.DeleteSection(kSettings);
 }
 
 }  // namespace trillomat

@@ -25,7 +25,7 @@ struct Settings {
   bool playComposing = true;
   int16_t duration = 4;       ///< index of the duration option
   int16_t durationExtra = 0;  ///< index of the duration-extra option
-  int16_t output = 1;         ///< 0 wave, 1 beep, 2 midi
+  int16_t output = 1;         ///< an OutputType
 
   bool operator==(const Settings&) const = default;
 };
