@@ -1,34 +1,34 @@
 // Importing pasted text and exporting for each phone.
 #include "bench/workload.h"
-#include "exchange/export_targets.h"
-#include "exchange/import_text.h"
-#include "formats/format_table.h"
+#include "exchange/export.h"
+#include "exchange/import.h"
 
 namespace trillomat {
 namespace {
 
-using Converter = bool (*)(std::string_view source, Workspace& ws);
+Song RandomSong(const benchmark::State& state, FormatMode mode) {
+  return {.elements = RandomElements(static_cast<size_t>(state.range(0)), LimitsOf(mode)), .info = {}};
+}
 
-void Import(benchmark::State& state, Converter convert, FormatMode mode) {
-  SilentWorkspace bench;
-  bench.ws.ExportMelody = RandomMelody(static_cast<size_t>(state.range(0)), LimitsOf(mode));
-  const std::string text = FormatOf(mode).WriteText(bench.ws);
+void Import(benchmark::State& state, PastedFormat format, FormatMode mode) {
+  SilentServices bench;
+  const std::string text = *Write(RandomSong(state, mode), mode, bench.services);
   for (auto _ : state) {
-    if (!convert(text, bench.ws)) state.SkipWithError("the text was refused");
+    if (!Import(format, text, false, {}, bench.services).read) state.SkipWithError("the text was refused");
   }
   CountWork(state, text.size());
 }
 
-BENCHMARK_CAPTURE(Import, Rtttl, Convert_RTTTL, FormatMode::Rtttl)->Apply(OverSizes);
-BENCHMARK_CAPTURE(Import, EMelody, bConvert_EMelody, FormatMode::EMelody)->Apply(OverSizes);
-BENCHMARK_CAPTURE(Import, Melody, bConvert_Melody, FormatMode::Melody)->Apply(OverSizes);
+BENCHMARK_CAPTURE(Import, Rtttl, PastedFormat::Rtttl, FormatMode::Rtttl)->Apply(OverSizes);
+BENCHMARK_CAPTURE(Import, EMelody, PastedFormat::EMelody, FormatMode::EMelody)->Apply(OverSizes);
+BENCHMARK_CAPTURE(Import, Melody, PastedFormat::Melody, FormatMode::Melody)->Apply(OverSizes);
 
 // The octaves of the Melody mode are those that every phone has.
 void Export(benchmark::State& state, Phone phone) {
-  SilentWorkspace bench;
-  bench.ws.ExportMelody = RandomMelody(static_cast<size_t>(state.range(0)), LimitsOf(FormatMode::Melody));
+  SilentServices bench;
+  const Song song = RandomSong(state, FormatMode::Melody);
   size_t bytes = 0;
-  for (auto _ : state) bytes = ExportText(phone, bench.ws).value().size();
+  for (auto _ : state) bytes = Export(phone, song, bench.services)->size();
   CountWork(state, bytes);
 }
 

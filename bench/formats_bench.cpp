@@ -1,57 +1,63 @@
 // Decoding, encoding, reading and writing in each of the four formats.
+#include "formats/formats.h"
+
 #include "bench/workload.h"
-#include "formats/format_table.h"
+#include "core/codec.h"
 
 namespace trillomat {
 namespace {
 
-std::vector<std::string> Encoded(MelodyList& melody, FormatMode mode, const NoteCodec& codec, size_t& bytes) {
+std::vector<std::string> TokensOf(const ElementList& elements, FormatMode mode, size_t& bytes) {
+  SilentLog log;
   std::vector<std::string> tokens;
   bytes = 0;
-  for (MelodyNote& note : melody) {
-    tokens.push_back(codec.EncodeNote(note, mode));
+  for (const Element& element : elements) {
+    tokens.push_back(Encode(element, mode, {}, log).text);
     bytes += tokens.back().size();
   }
   return tokens;
 }
 
 void Decode(benchmark::State& state, FormatMode mode) {
-  SilentWorkspace bench;
-  MelodyList melody = RandomMelody(static_cast<size_t>(state.range(0)), LimitsOf(mode));
+  SilentLog log;
   size_t bytes = 0;
-  const std::vector<std::string> tokens = Encoded(melody, mode, bench.ws.codec, bytes);
+  const std::vector<std::string> tokens =
+      TokensOf(RandomElements(static_cast<size_t>(state.range(0)), LimitsOf(mode)), mode, bytes);
   while (state.KeepRunning()) {
-    for (const std::string& token : tokens) benchmark::DoNotOptimize(bench.ws.codec.DecodeNote(token, mode));
+    for (const std::string& token : tokens) benchmark::DoNotOptimize(Decode(token, mode, {}, log));
   }
   CountWork(state, bytes);
 }
 
 void Encode(benchmark::State& state, FormatMode mode) {
-  SilentWorkspace bench;
-  MelodyList melody = RandomMelody(static_cast<size_t>(state.range(0)), LimitsOf(mode));
+  SilentLog log;
+  const ElementList elements = RandomElements(static_cast<size_t>(state.range(0)), LimitsOf(mode));
   size_t bytes = 0;
-  Encoded(melody, mode, bench.ws.codec, bytes);
+  TokensOf(elements, mode, bytes);
   while (state.KeepRunning()) {
-    for (MelodyNote& note : melody) benchmark::DoNotOptimize(bench.ws.codec.EncodeNote(note, mode));
+    for (const Element& element : elements) benchmark::DoNotOptimize(Encode(element, mode, {}, log));
   }
   CountWork(state, bytes);
 }
 
+Song RandomSong(const benchmark::State& state, FormatMode mode) {
+  return {.elements = RandomElements(static_cast<size_t>(state.range(0)), LimitsOf(mode)), .info = {}};
+}
+
 void Read(benchmark::State& state, FormatMode mode) {
-  SilentWorkspace bench;
-  bench.ws.ExportMelody = RandomMelody(static_cast<size_t>(state.range(0)), LimitsOf(mode));
-  const std::string text = FormatOf(mode).WriteText(bench.ws);
+  SilentServices bench;
+  const std::string text = *Write(RandomSong(state, mode), mode, bench.services);
   while (state.KeepRunning()) {
-    if (!FormatOf(mode).ReadText(text, bench.ws)) state.SkipWithError("the text was refused");
+    if (!Read(text, mode, {}, bench.services)) state.SkipWithError("the text was refused");
   }
   CountWork(state, text.size());
 }
 
 void Write(benchmark::State& state, FormatMode mode) {
-  SilentWorkspace bench;
-  bench.ws.ExportMelody = RandomMelody(static_cast<size_t>(state.range(0)), LimitsOf(mode));
+  SilentServices bench;
+  const Song song = RandomSong(state, mode);
   size_t bytes = 0;
-  while (state.KeepRunning()) bytes = FormatOf(mode).WriteText(bench.ws).size();
+  while (state.KeepRunning()) bytes = Write(song, mode, bench.services)->size();
   CountWork(state, bytes);
 }
 

@@ -5,25 +5,27 @@
 
 #include <random>
 
+#include "core/element.h"
+#include "core/format_mode.h"
 #include "core/tone.h"
-#include "support/silent_workspace.h"
+#include "support/silent_services.h"
 
 namespace trillomat {
 
 /// `count` random tones within what `limits` can hold.
-inline MelodyList RandomMelody(size_t count, const ModeLimits& limits) {
+inline ElementList RandomElements(size_t count, const ModeLimits& limits) {
   std::mt19937 random(count);
   std::uniform_int_distribution<size_t> tone(0, kTones.size() - 1);
-  std::uniform_int_distribution<int> octave(limits.iOctaveMin, limits.iOctaveMax);
+  std::uniform_int_distribution<int> octave(limits.lowestOctave, limits.highestOctave);
   std::uniform_int_distribution<int> duration(limits.firstDuration, limits.lastDuration);
-  MelodyList list(count);
-  for (MelodyNote& note : list) {
-    note.Octave = static_cast<int16_t>(octave(random));
-    note.Note = kTones.at(tone(random));
-    note.Duration = kDurations.at(static_cast<size_t>(duration(random)));
-    note.DurationExtra = 1.0F;
+  ElementList elements(count);
+  for (Element& element : elements) {
+    element.octave = static_cast<int16_t>(octave(random));
+    element.SetNote(kTones.at(tone(random)));
+    element.duration = kDurations.at(static_cast<size_t>(duration(random)));
+    element.extra = 1.0F;
   }
-  return list;
+  return elements;
 }
 
 /// From 10^3 to 10^6 elements, with the growth fitted to a line: a large RMS means that it is none.
