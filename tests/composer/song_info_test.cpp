@@ -5,7 +5,6 @@
 #include <map>
 
 #include "composer/song_info_panel.h"
-#include "support/fakes.h"
 
 namespace trillomat {
 namespace {
@@ -26,20 +25,24 @@ TEST(SongInfoTest, StyleAndVolumeConversions) {
   for (const auto& [code, text] : volumes) EXPECT_EQ(VolumeText(code), text) << code;
 }
 
-class SongInfoPanelTest : public testing::Test, public FakeWorkspace {
+class SongInfoPanelTest : public testing::Test {
  protected:
-  void SetMode(FormatMode mode) {
-    ws.iNoteMode = mode;
-    panel_.SetMode();
-    panel_.LoadHeader();
+  void Show(FormatMode mode, const SongInfo& info) {
+    document_.SetMode(mode);
+    document_.Apply({.info = info});
+    panel_.ShowMode();
+    panel_.Load();
   }
-  const SongInfoRow& Row(int index) const { return panel_.Rows().at(static_cast<size_t>(index)); }
+  const SongInfoRow& Row(int row) const { return panel_.Rows().at(static_cast<size_t>(row)); }
 
-  SongInfoPanel panel_{ws};
+  Document document_;
+  ReadRecord record_;
+  SongInfoPanel panel_{document_, record_};
 };
 
 TEST_F(SongInfoPanelTest, RowsFollowTheMode) {
-  ws.header = {.Name = "Tune", .Composer = "Anon", .BPM = 120, .Style = "S2", .Volume = "V7", .Loop = 3};
+  const SongInfo info{
+      .name = "Tune", .composer = "Anon", .bpm = 120, .style = "S2", .volume = "V7", .loop = 3};
   const auto visible = [this] {
     std::string texts;
     for (const SongInfoRow& row : panel_.Rows()) {
@@ -47,19 +50,19 @@ TEST_F(SongInfoPanelTest, RowsFollowTheMode) {
     }
     return texts;
   };
-  SetMode(FormatMode::IMelody);
+  Show(FormatMode::IMelody, info);
   EXPECT_EQ(visible(),
             "Version=1.2,Format=Class 1.0,Name=Tune;Composer=Anon;B P M=120;Style=S2: Staccato "
             "Style;Volume=V7;");
-  SetMode(FormatMode::Rtttl);
+  Show(FormatMode::Rtttl, info);
   panel_.ShowDefaults("6", "8");
   EXPECT_EQ(visible(),
             "Name=Tune;B P M=120;Repeat=3;Duration (Default)=6;Octave (Default)=8;Style=S2: Staccato Style;");
-  SetMode(FormatMode::EMelody);
+  Show(FormatMode::EMelody, info);
   EXPECT_EQ(visible(), "");
 }
 
-TEST_F(SongInfoPanelTest, TypingIsTakenOverOnlyWhenItIsInRange) {
+TEST_F(SongInfoPanelTest, NumbersAreTakenOverOnlyWhenTheyAreInRange) {
   struct Case {
     FormatMode mode;
     int row;
@@ -78,37 +81,41 @@ TEST_F(SongInfoPanelTest, TypingIsTakenOverOnlyWhenItIsInRange) {
       {FormatMode::Rtttl, 2, "", 100, 1, true},         {FormatMode::Rtttl, 2, "-1", 100, 1, true},
       {FormatMode::Rtttl, 3, "anything", 100, 1, false}};
   for (const Case& c : cases) {
-    ws.header.BPM = 100;
-    ws.header.Loop = 1;
-    SetMode(c.mode);
-    const bool tempoTaken = panel_.txtSongInfo_Change(c.row, c.text);
-    EXPECT_EQ(tempoTaken, c.bpm != 100) << c.text;
+    Show(c.mode, {.bpm = 100, .loop = 1});
+    record_.info = {.bpm = 100, .loop = 1};
+    panel_.Edit(c.row, c.text);
+    EXPECT_EQ(Row(c.row).text, c.text);
     EXPECT_EQ(Row(c.row).invalid, c.invalid) << c.text;
-    EXPECT_EQ(ws.header.BPM, c.bpm) << c.text;
-    EXPECT_EQ(ws.header.Loop, c.loop) << c.text;
+    EXPECT_EQ(document_.Info(), (SongInfo{.bpm = c.bpm, .loop = c.loop})) << c.text;
+    EXPECT_EQ(record_.info, document_.Info()) << c.text;
   }
+  Show(FormatMode::IMelody, {.bpm = 9999});
+  EXPECT_TRUE(Row(4).invalid) << "a tempo out of range is shown red, and stays";
+  EXPECT_EQ(document_.Info().bpm, 9999);
 }
 
-TEST_F(SongInfoPanelTest, NamesGoToTheHeaderFromTheRowOfTheMode) {
-  ws.header.BPM = 9999;
-  SetMode(FormatMode::IMelody);
-  EXPECT_TRUE(Row(4).invalid);
-  EXPECT_EQ(ws.header.BPM, 9999) << "a tempo out of range is shown red and not taken over";
-  panel_.txtSongInfo_Change(2, "Fr\xE8re Jacques");
-  panel_.txtSongInfo_Change(3, "Anon");
-  SetMode(FormatMode::Rtttl);
-  panel_.txtSongInfo_Change(3, "6");
-  EXPECT_EQ(ws.header.Name, "Fr\xE8re Jacques");
-  EXPECT_EQ(ws.header.Composer, "Anon");
-  panel_.txtSongInfo_Change(0, "Ode");
-  EXPECT_EQ(ws.header.Name, "Ode");
+TEST_F(SongInfoPanelTest, TextsAndListsGoFromTheirRowsIntoTheSongAndTheRecord) {
+  record_.info.bpm = 150;  // what a refused read left
+  panel_.Edit(2, "Fr\xE8re Jacques");
+  panel_.Edit(3, "Anon");
+  panel_.Edit(SongInfoPanel::kStyleRow, "S2: Staccato Style");
+  panel_.Edit(SongInfoPanel::kVolumeRow, "V3");
+  SongInfo expected{.name = "Fr\xE8re Jacques", .composer = "Anon", .style = "S2", .volume = "V3"};
+  EXPECT_EQ(document_.Info(), expected);
+  expected.bpm = 150;
+  EXPECT_EQ(record_.info, expected);
+  Show(FormatMode::Rtttl, expected);
+  panel_.Edit(3, "6");
+  panel_.Edit(0, "Ode");
+  EXPECT_EQ(document_.Info().name, "Ode");
+  EXPECT_EQ(document_.Info().composer, "Anon");
 }
 
 TEST_F(SongInfoPanelTest, TempoAndRepeatTakeDigitsAlone) {
   const auto accepted = [this](FormatMode mode, int row) {
-    ws.iNoteMode = mode;
+    document_.SetMode(mode);
     std::string keys;
-    for (const char key : {'7', '\b', 'x', '-'}) keys += panel_.txtSongInfo_KeyPress(row, key) ? '1' : '0';
+    for (const char key : {'7', '\b', 'x', '-'}) keys += panel_.AcceptsKey(row, key) ? '1' : '0';
     return keys;
   };
   EXPECT_EQ(accepted(FormatMode::IMelody, 4), "1100");

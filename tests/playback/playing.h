@@ -1,4 +1,4 @@
-// A player over fakes: a sound device and a view that remember, and melodies written as tokens.
+// A player and its controls over fakes, and melodies written as tokens.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -13,19 +13,6 @@
 #include "support/sample_notes.h"
 
 namespace trillomat {
-
-/// What the view was told, in one list; paintings only on demand.
-class FakeView : public PlayerView {
- public:
-  void ShowFrequency(std::string_view text) override { calls.push_back("Hz " + std::string(text)); }
-  void ShowPicture(int picture) override { calls.push_back("picture " + std::to_string(picture)); }
-  void Vibrate(bool on) override { calls.emplace_back(on ? "shake" : "still"); }
-  void PaintNow() override {
-    if (onPaint) onPaint();
-  }
-  std::vector<std::string> calls;
-  std::function<void()> onPaint;
-};
 
 /// Remembers what the controls told the window, a refresh as the cursor's place.
 class FakeHost : public PlayHost {
@@ -70,7 +57,7 @@ struct Playing : FakeServices {
 
   Document document;
   FakeSound sound{&clock};
-  FakeView view;
+  FakePlayerView view;
   Player player{document, {services, clock, sound, view}};
   FakeHost host{document, controls};
   PlaySettings settings;

@@ -3,56 +3,61 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "composer/composer.h"
-#include "playback/player.h"
 #include "support/fake_sound.h"
+#include "support/sample_notes.h"
 
 namespace trillomat {
 
-/// An I-Melody file with these notes.
-inline std::string TuneText(const std::string& notes) {
-  return "BEGIN:IMELODY\r\nVERSION:1.2\r\nFORMAT:CLASS1.0\r\nNAME:Tune\r\nCOMPOSER:Me\r\nBEAT:120\r\n"
-         "STYLE:S2\r\nVOLUME:V7\r\nMELODY:" +
-         notes + "\r\nEND:IMELODY\r\n";
-}
-
 class FakeComposerView : public ComposerView {
  public:
-  void ShowMelody(const MelodyViewText& text) override { melody = text; }
+  void ShowMelody(const MelodyText& text) override { melody = text; }
   void ShowComposer() override {}
-  void UpdateListFiles() override { ++fileLists; }
+  void ShowFilesOfMode() override { ++fileLists; }
 
-  MelodyViewText melody;
+  MelodyText melody;
   int fileLists = 0;
 };
 
-class ComposerTest : public testing::Test, public FakeWorkspace {
- protected:
-  ComposerTest() { player.outputType = OutputType::Beep; }
+/// A composer and what it works on. It beeps, but only where a test lets it.
+struct Composing {
+  Composing(const Services& services, FakeClock& clock)
+      : sound(&clock),
+        player(document, {services, clock, sound, phone}),
+        composer(document, record, player, play, settings, view, services),
+        play(document, player, settings, composer, services) {
+    player.outputType = OutputType::Beep;
+  }
 
   /// The composed melody in I-Melody tokens, the cursor as "|" behind the element it is on.
-  std::string Tokens() {
-    const MelodyList& all = ws.melody.Elements();
-    const auto cursor = all.begin() + std::min(ws.melody.lCurrentIndex, ws.melody.UpperBound()) + 1;
-    std::string left = TokensOf({all.begin(), cursor}, " ");
-    if (!left.empty()) left.pop_back();
-    return left + (left.empty() ? "|" : "| ") + TokensOf({cursor, all.end()}, " ");
+  std::string Tokens() const {
+    const auto cursor = document.Elements().begin() + document.Cursor() + 1;
+    const std::string left = TokensOf({document.Elements().begin(), cursor}, " ");
+    return left + (left.empty() ? "|" : "| ") + TokensOf({cursor, document.Elements().end()}, " ");
   }
 
   void Compose(const std::string& tokens, int32_t cursor) {
-    ws.melody.Assign(NotesOf(tokens));
-    ws.melody.lCurrentIndex = cursor;
+    document.Apply({.removed = document.Elements().size(), .inserted = ElementsOf(tokens), .cursor = cursor});
   }
 
+  Document document;
+  ReadRecord record;
   FakeSound sound;
-  NullPlayerView playerView;
-  Player player{ws, clock, sound, playerView};
-  PlaySettings settings{.bAutoPlay = false, .bPlayComposing = false, .bPlayMoving = false};
+  FakePlayerView phone;
+  Player player;
+  PlaySettings settings{.autoPlay = false, .playComposing = false, .playMoving = false};
   FakeComposerView view;
-  Composer composer{ws, player, settings, view};
+  Composer composer;
+  PlayControls play;
+};
+
+class ComposerTest : public testing::Test, public FakeServices, public Composing {
+ protected:
+  ComposerTest() : Composing(FakeServices::services, clock) {}
 };
 
 }  // namespace trillomat

@@ -1,4 +1,4 @@
-// A sound device that remembers.
+// A sound device and a phone display that remember.
 #pragma once
 
 #include <cmath>
@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "playback/player_view.h"
 #include "playback/sound_device.h"
 #include "support/fakes.h"
 
@@ -39,6 +40,23 @@ class FakeSound : public SoundDevice {
   }
 
   FakeClock* clock_;
+};
+
+/// What the display was told, in one list but for paintings.
+class FakePlayerView : public PlayerView {
+ public:
+  void ShowFrequency(std::string_view text) override {
+    calls.push_back("Hz " + std::string(text));
+    if (onFrequency) onFrequency();
+  }
+  void ShowPicture(int picture) override { calls.push_back("picture " + std::to_string(picture)); }
+  void Vibrate(bool on) override { calls.emplace_back(on ? "shake" : "still"); }
+  void PaintNow() override {
+    if (onPaint) onPaint();
+  }
+  std::vector<std::string> calls;
+  std::function<void()> onFrequency;
+  std::function<void()> onPaint;
 };
 
 }  // namespace trillomat
