@@ -1,9 +1,9 @@
-// How long an entered tone takes to be in the text view, for melodies of different lengths. The tone is
-// entered at the end, so that no records have to be moved, and erased again.
+// How long an entered tone takes to be in the text view, for melodies of different lengths: at the end, so
+// that no records have to be moved, and at the front, so that all have. It is erased again.
 #include <benchmark/benchmark.h>
 
 #include "composer/composer.h"
-#include "support/silent_workspace.h"
+#include "support/silent_services.h"
 
 namespace trillomat {
 namespace {
@@ -17,32 +17,45 @@ class IdleClock : public Clock {
 
 class NoView : public ComposerView {
  public:
-  void ShowMelody(const MelodyViewText& text) override { benchmark::DoNotOptimize(text.txtLeft.data()); }
+  void ShowMelody(const MelodyText& text) override { benchmark::DoNotOptimize(text.left.data()); }
   void ShowComposer() override {}
-  void UpdateListFiles() override {}
+  void ShowFilesOfMode() override {}
 };
 
+const Element kTone = Tone("#c", 4, 0.5F, 1.0F);
+
+Song SongOf(int64_t elements) { return {ElementList(static_cast<size_t>(elements), kTone), {}}; }
+
 void EnterTone(benchmark::State& state) {
-  SilentWorkspace silent;
-  Workspace& ws = silent.ws;
-  ws.iNoteMode = static_cast<FormatMode>(state.range(0));
-  MelodyNote tone = ws.codec.DecodeNote("*4#c3", FormatMode::IMelody);
-  ws.melody.Assign(MelodyList(static_cast<size_t>(state.range(1)), tone));
-  ws.melody.lCurrentIndex = ws.melody.UpperBound();
+  SilentServices silent;
+  const Services& services = silent.services;
   const IdleClock clock;
   NullSoundDevice sound;
   NullPlayerView playerView;
-  Player player(ws, clock, sound, playerView);
-  const PlaySettings settings{.bAutoPlay = false, .bPlayComposing = false, .bPlayMoving = false};
   NoView view;
-  Composer composer(ws, player, settings, view);
+  const PlaySettings settings{.autoPlay = false, .playComposing = false, .playMoving = false};
+  Document document(SongOf(state.range(1)), static_cast<FormatMode>(state.range(0)));
+  ReadRecord record;
+  Player player(document, {services, clock, sound, playerView});
+  NullPlayHost host;
+  PlayControls play(document, player, settings, host, services);
+  Composer composer(document, record, player, play, settings, view, services);
+  document.Apply({.cursor = document.LastIndex()});
   for (auto _ : state) {
-    composer.cmdTone_Click(0);
-    composer.cmdEraseLeft_Click();
+    composer.EnterTone(0);
+    composer.EraseLeft();
+  }
+}
+
+void InsertAtTheFront(benchmark::State& state) {
+  Document document(SongOf(state.range(0)), FormatMode::IMelody);
+  for (auto _ : state) {
+    document.Apply(document.Apply({.inserted = {kTone}, .cursor = 0}));
   }
 }
 
 BENCHMARK(EnterTone)->ArgNames({"mode", "elements"})->ArgsProduct({{0, 1, 2, 3}, {100, 10000, 100000}});
+BENCHMARK(InsertAtTheFront)->ArgName("elements")->Arg(100)->Arg(10000)->Arg(100000);
 
 }  // namespace
 }  // namespace trillomat
