@@ -5,18 +5,18 @@
 #include <array>
 #include <iostream>
 
-#include "cli/byte_files.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/failure.h"
 #include "cli/stream_log.h"
-#include "exchange/export_targets.h"
+#include "exchange/export.h"
+#include "files/path_text.h"
 #include "platform/pump_sleep.h"
 
 namespace trillomat {
 namespace {
 
-using Command = void (*)(Workspace& ws, const Invocation& call);
+using Command = void (*)(const Invocation& call, const Services& services);
 
 // The names of the modes, in the order of FormatMode.
 const std::vector<std::string> kModeNames{"imelody", "emelody", "rtttl", "melody"};
@@ -172,8 +172,7 @@ void CommandLine::Execute() {
   const std::unique_ptr<EventPump> pump =
       plays ? MakeInterruptiblePump() : std::unique_ptr<EventPump>(std::make_unique<SleepPump>());
   StreamLog log(std::cerr, call_.verbose);
-  Workspace ws(log, *pump);
-  command_(ws, call_);
+  command_(call_, {log, *pump});
 }
 
 }  // namespace

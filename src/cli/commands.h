@@ -6,7 +6,8 @@
 #include <optional>
 #include <string>
 
-#include "core/workspace.h"
+#include "core/format_mode.h"
+#include "core/services.h"
 
 namespace trillomat {
 
@@ -28,18 +29,18 @@ struct Invocation {
 };
 
 /// Prints the melody as a listing or as JSON.
-void ShowCommand(Workspace& ws, const Invocation& call);
+void ShowCommand(const Invocation& call, const Services& services);
 /// Reads one file and writes another.
-void ConvertCommand(Workspace& ws, const Invocation& call);
+void ConvertCommand(const Invocation& call, const Services& services);
 /// Converts a pasted text into a file.
-void ImportCommand(Workspace& ws, const Invocation& call);
+void ImportCommand(const Invocation& call, const Services& services);
 /// Prints the Result of an export as it is: Windows-1252, lines ended by CR LF.
-void ExportCommand(Workspace& ws, const Invocation& call);
+void ExportCommand(const Invocation& call, const Services& services);
 /// Moves a melody by octaves within the range of its own format.
-void TransposeCommand(Workspace& ws, const Invocation& call);
-/// Plays until the end or until the pump of `ws` says that the program is ending, or prints the trace.
-void PlayCommand(Workspace& ws, const Invocation& call);
+void TransposeCommand(const Invocation& call, const Services& services);
+/// Plays until the end or until the pump says that the program is ending, or prints the trace.
+void PlayCommand(const Invocation& call, const Services& services);
 /// Renders the melody into a WAV file.
-void RenderCommand(Workspace& ws, const Invocation& call);
+void RenderCommand(const Invocation& call, const Services& services);
 
 }  // namespace trillomat

@@ -1,4 +1,3 @@
-#include <array>
 #include <iostream>
 #include <utility>
 
@@ -6,11 +5,12 @@
 #include "cli/commands.h"
 #include "cli/failure.h"
 #include "cli/melody_source.h"
-#include "composer/change_scale.h"
 #include "composer/song_info.h"
+#include "composer/transpose.h"
 #include "core/code_page.h"
-#include "exchange/export_targets.h"
-#include "exchange/import_dialog.h"
+#include "exchange/export.h"
+#include "exchange/import.h"
+#include "files/path_text.h"
 
 namespace trillomat {
 namespace {
@@ -24,60 +24,54 @@ std::string PastedText(std::string bytes) {
   return bytes;
 }
 
-// The option of the import window that `from` names.
-std::array<bool, kImportOptions.size()> OptionOf(std::string_view from) {
-  return {from == "rtttl", from == "emelody", from == "melody", false, false};
-}
-
 }  // namespace
 
-void ConvertCommand(Workspace& ws, const Invocation& call) {
+void ConvertCommand(const Invocation& call, const Services& services) {
   const FormatMode from = FormatOfPath(call.in, call.mode);
   const FormatMode to = FormatOfPath(call.out, call.mode);
   std::error_code error;
   if (!call.force && !IsStandardStream(call.out) && std::filesystem::exists(call.out, error)) {
     throw Refused(Utf8OfPath(call.out) + " exists already; --force replaces it");
   }
-  LoadMelody(ws, call.in, from);
-  SaveMelody(ws, call.out, to);
+  SaveSong(LoadSong(call.in, from, services), call.out, to, services);
 }
 
-void ImportCommand(Workspace& ws, const Invocation& call) {
+void ImportCommand(const Invocation& call, const Services& services) {
   const FormatMode to = FormatOfPath(call.out, call.mode);
-  const std::string source = PastedText(ReadInput(call.in));
-  ImportDialog dialog(ws);
-  dialog.Load();
-  if (!dialog.Import(OptionOf(call.from), source, call.adaptT68i)) {
-    throw Refused(Utf8OfPath(call.in) + ": " + ToUtf8(ws.refusal));
+  const std::string in = Utf8OfPath(call.in);
+  const std::string text = PastedText(ReadInput(call.in));
+  Imported imported = Import(PastedFormatOf(call.from).value(), text, call.adaptT68i, {}, services);
+  ReadResult& read = imported.read;
+  if (!read) throw Refused(in + ": " + ToUtf8(read.refusal->why));
+  if (!imported.notAdapted.empty()) {
+    std::cerr << "trillomat-cli: not adapted: " << ToUtf8(imported.notAdapted) << '\n';
   }
-  if (!ws.refusal.empty()) std::cerr << "trillomat-cli: not adapted: " << ToUtf8(ws.refusal) << '\n';
-  ws.melody.Assign(std::exchange(ws.ImportMelody, {}));
-  PassThroughPanel(ws.header);
-  SaveMelody(ws, call.out, to);
+  NormaliseStyleAndVolume(read.record.info);
+  SaveSong({std::move(read.elements), std::move(read.record.info)}, call.out, to, services);
 }
 
-void ExportCommand(Workspace& ws, const Invocation& call) {
-  LoadMelody(ws, call.in, FormatOfPath(call.in, call.mode));
-  if (ws.melody.IsEmpty()) {
-    ws.log.WriteLog("Nothing to export", 2);
-    throw Refused(Utf8OfPath(call.in) + ": the melody has no elements");
+void ExportCommand(const Invocation& call, const Services& services) {
+  const Song song = LoadSong(call.in, FormatOfPath(call.in, call.mode), services);
+  const std::string in = Utf8OfPath(call.in);
+  if (song.elements.empty()) {
+    services.log.WriteLog("Nothing to export", 2);
+    throw Refused(in + ": the melody has no elements");
   }
-  ws.ExportMelody = ws.melody.Elements();
-  const auto text = ExportText(PhoneOfOption(call.to).value(), ws);
-  if (!text) throw Refused(Utf8OfPath(call.in) + ": " + ToUtf8(ws.refusal));
+  const auto text = Export(PhoneOfOption(call.to).value(), song, services);
+  if (!text) throw Refused(in + ": " + ToUtf8(text.Why().why));
   WriteOutput("-", *text);
 }
 
-void TransposeCommand(Workspace& ws, const Invocation& call) {
+void TransposeCommand(const Invocation& call, const Services& services) {
   const FormatMode from = FormatOfPath(call.in, call.mode);
   const FormatMode to = FormatOfPath(call.out, call.mode);
-  LoadMelody(ws, call.in, from);
-  MelodyList moved = ws.melody.Elements();
-  if (!moved.empty() && !ChangeScale(moved, call.octaves, from, ws.log)) {
+  Song song = LoadSong(call.in, from, services);
+  auto moved = Transposed(song.elements, call.octaves, from, services.log);
+  if (!moved && !song.elements.empty()) {
     throw Refused(Utf8OfPath(call.in) + ": not moved, and nothing written");
   }
-  ws.melody.Assign(std::move(moved));
-  SaveMelody(ws, call.out, to);
+  if (moved) song.elements = *std::move(moved);
+  SaveSong(song, call.out, to, services);
 }
 
 }  // namespace trillomat

@@ -6,9 +6,23 @@
 #include "cli/failure.h"
 #include "composer/song_info.h"
 #include "core/code_page.h"
-#include "formats/format_table.h"
+#include "files/path_text.h"
+#include "formats/formats.h"
 
 namespace trillomat {
+namespace {
+
+// The log has the reader's line where the file itself cannot be read.
+std::string BytesOf(const std::filesystem::path& file, FormatMode mode, Log& log) {
+  try {
+    return ReadInput(file);
+  } catch (const Refused&) {
+    if (!IsStandardStream(file)) LogReaderFault(mode, log);
+    throw;
+  }
+}
+
+}  // namespace
 
 FormatMode FormatOfPath(const std::filesystem::path& file, std::optional<FormatMode> told) {
   std::string extension = Utf8OfPath(file.extension());
@@ -22,21 +36,19 @@ FormatMode FormatOfPath(const std::filesystem::path& file, std::optional<FormatM
       "--mode imelody, emelody, rtttl or melody");
 }
 
-void LoadMelody(Workspace& ws, const std::filesystem::path& file, FormatMode mode) {
-  ws.iNoteMode = mode;
-  const FormatEntry& format = FormatOf(mode);
-  const bool read =
-      IsStandardStream(file) ? format.ReadText(ReadInput(file), ws) : format.bReadFile(file, ws);
-  if (!read) throw Refused(Utf8OfPath(file) + ": " + ToUtf8(ws.refusal));
-  ws.melody.Assign(std::exchange(ws.ImportMelody, {}));
-  ws.melody.lCurrentIndex = -1;
-  PassThroughPanel(ws.header);
+Song LoadSong(const std::filesystem::path& file, FormatMode mode, const Services& services) {
+  const std::string bytes = BytesOf(file, mode, services.log);
+  ReadResult read = Read(bytes, mode, {}, services);
+  if (!read) throw Refused(Utf8OfPath(file) + ": " + ToUtf8(read.refusal->why));
+  NormaliseStyleAndVolume(read.record.info);
+  return {std::move(read.elements), std::move(read.record.info)};
 }
 
-void SaveMelody(Workspace& ws, const std::filesystem::path& file, FormatMode mode) {
-  ws.iNoteMode = mode;
-  ws.ExportMelody = ws.melody.Elements();
-  WriteOutput(file, FormatOf(mode).WriteText(ws));
+void SaveSong(const Song& song, const std::filesystem::path& file, FormatMode mode,
+              const Services& services) {
+  const auto bytes = Write(song, mode, services);
+  if (!bytes) throw Refused(ToUtf8(bytes.Why().why));
+  WriteOutput(file, *bytes);
 }
 
 }  // namespace trillomat

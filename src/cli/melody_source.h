@@ -1,11 +1,12 @@
-// Melodies from and to the paths of the command line.
+// Songs from and to the paths of the command line.
 #pragma once
 
 #include <filesystem>
 #include <optional>
 
 #include "core/format_mode.h"
-#include "core/workspace.h"
+#include "core/services.h"
+#include "core/song.h"
 
 namespace trillomat {
 
@@ -13,12 +14,12 @@ namespace trillomat {
 /// of the four. Throws WrongUsage when neither tells.
 FormatMode FormatOfPath(const std::filesystem::path& file, std::optional<FormatMode> told);
 
-/// Opens `file` as the window program would: its format becomes ws.iNoteMode, its melody ws.melody with
-/// the cursor at -1, and style and volume pass through the panel. Throws Refused when it is refused.
-void LoadMelody(Workspace& ws, const std::filesystem::path& file, FormatMode mode);
+/// The song of `file` as the window program would open it: style and volume have passed through the panel.
+/// Throws Refused when it is refused.
+Song LoadSong(const std::filesystem::path& file, FormatMode mode, const Services& services);
 
-/// Saves ws.melody as `file` in the format `mode`. Throws Refused when it cannot be written; an
-/// existing file is then as it was.
-void SaveMelody(Workspace& ws, const std::filesystem::path& file, FormatMode mode);
+/// Saves the song as `file` in the format `mode`. Throws Refused when it cannot be written; an existing file
+/// is then as it was.
+void SaveSong(const Song& song, const std::filesystem::path& file, FormatMode mode, const Services& services);
 
 }  // namespace trillomat

@@ -5,8 +5,9 @@
 #include "cli/failure.h"
 #include "cli/melody_source.h"
 #include "core/code_page.h"
+#include "document/document.h"
+#include "files/path_text.h"
 #include "platform/system_parts.h"
-#include "playback/beat.h"
 #include "playback/play_controls.h"
 #include "playback/play_trace.h"
 #include "playback/render_wave.h"
@@ -19,33 +20,19 @@ OutputType OutputOf(std::string_view name) {
   return name == "midi" ? OutputType::Midi : OutputType::Wave;
 }
 
-// Loads a melody and marks what its mode cannot express, as the text view of the window does before an
-// element is played.
-void LoadForPlaying(Workspace& ws, const Invocation& call) {
-  LoadMelody(ws, call.in, FormatOfPath(call.in, call.mode));
-  SilentLog silent;
-  const NoteCodec codec(silent);
-  for (int32_t i = 0; i <= ws.melody.UpperBound(); ++i) {
-    MelodyNote note = ws.melody.At(i);
-    codec.EncodeNote(note, ws.iNoteMode);
-    ws.melody.MarkNotSupported(i, note.NotSupported);
-  }
-}
-
-void Play(Workspace& ws, OutputType output) {
+void Play(Document& document, OutputType output, const Services& services) {
   const std::unique_ptr<Clock> clock = SystemClock();
-  const std::unique_ptr<SoundDevice> sound = SystemSound(ws.log);
+  const std::unique_ptr<SoundDevice> sound = SystemSound(services.log);
   NullPlayerView view;
-  Player player(ws, *clock, *sound, view);
+  Player player(document, {services, *clock, *sound, view});
   player.outputType = output;
-  NullPlayHost host(UpdateBeatLength(ws.header));
+  NullPlayHost host;
   const PlaySettings settings;
-  PlayControls controls(ws, player, settings, host);
-  controls.cmdControl_Click(static_cast<int>(Control::Play));
+  PlayControls(document, player, settings, host, services).Press(Control::Play);
 }
 
-void PrintTrace(Workspace& ws, int32_t endlessRounds) {
-  TraceMelody(ws, UpdateBeatLength(ws.header), endlessRounds, [](const TraceStep& step) {
+void PrintTrace(const Document& document, int32_t endlessRounds, const Services& services) {
+  TraceMelody(document, endlessRounds, services, [](const TraceStep& step) {
     std::cout << step.index << '\t' << KindText(step.played.kind) << '\t' << step.played.length << '\t'
               << step.played.frequency << '\n';
     return std::cout.good();
@@ -55,22 +42,22 @@ void PrintTrace(Workspace& ws, int32_t endlessRounds) {
 
 }  // namespace
 
-void PlayCommand(Workspace& ws, const Invocation& call) {
-  LoadForPlaying(ws, call);
+void PlayCommand(const Invocation& call, const Services& services) {
+  const FormatMode mode = FormatOfPath(call.in, call.mode);
+  Document document(LoadSong(call.in, mode, services), mode);
   if (call.trace) {
-    PrintTrace(ws, call.endless);
+    PrintTrace(document, call.endless, services);
   } else {
-    Play(ws, OutputOf(call.output));
+    Play(document, OutputOf(call.output), services);
   }
 }
 
-void RenderCommand(Workspace& ws, const Invocation& call) {
-  LoadForPlaying(ws, call);
-  const int32_t beat = UpdateBeatLength(ws.header);
+void RenderCommand(const Invocation& call, const Services& services) {
+  const FormatMode mode = FormatOfPath(call.in, call.mode);
+  const Document document(LoadSong(call.in, mode, services), mode);
   WriteOutput(call.out, [&](std::ostream& stream) {
-    if (!RenderWave(ws, beat, call.endless, stream)) {
-      throw Refused(Utf8OfPath(call.in) + ": " + ToUtf8(ws.refusal));
-    }
+    const auto why = RenderWave(document, call.endless, services, stream);
+    if (why) throw Refused(Utf8OfPath(call.in) + ": " + ToUtf8(*why));
   });
 }
 

@@ -5,9 +5,10 @@
 
 namespace trillomat {
 
-void ShowCommand(Workspace& ws, const Invocation& call) {
-  LoadMelody(ws, call.in, FormatOfPath(call.in, call.mode));
-  WriteOutput("-", call.json ? ShowJson(ws) : ShowText(ws));
+void ShowCommand(const Invocation& call, const Services& services) {
+  const FormatMode mode = FormatOfPath(call.in, call.mode);
+  const Song song = LoadSong(call.in, mode, services);
+  WriteOutput("-", call.json ? ShowJson(song, mode, services.log) : ShowText(song, mode, services.log));
 }
 
 }  // namespace trillomat

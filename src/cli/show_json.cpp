@@ -3,6 +3,7 @@
 
 #include "cli/show_text.h"
 #include "core/code_page.h"
+#include "core/codec.h"
 #include "core/number_text.h"
 
 namespace trillomat {
@@ -33,38 +34,38 @@ void AddMember(std::string& json, std::string_view name, std::string_view value)
   json += value;
 }
 
-std::string HeaderJson(const SongHeader& header) {
+std::string HeaderJson(const SongInfo& info) {
   std::string json = "{";
-  AddMember(json, "name", JsonString(header.Name));
-  AddMember(json, "composer", JsonString(header.Composer));
-  AddMember(json, "bpm", std::to_string(header.BPM));
-  AddMember(json, "style", JsonString(header.Style));
-  AddMember(json, "volume", JsonString(header.Volume));
-  AddMember(json, "version", JsonString(header.Version));
-  AddMember(json, "format", JsonString(header.Format));
-  AddMember(json, "loop", std::to_string(header.Loop));
+  AddMember(json, "name", JsonString(info.name));
+  AddMember(json, "composer", JsonString(info.composer));
+  AddMember(json, "bpm", std::to_string(info.bpm));
+  AddMember(json, "style", JsonString(info.style));
+  AddMember(json, "volume", JsonString(info.volume));
+  AddMember(json, "version", JsonString(info.version));
+  AddMember(json, "format", JsonString(info.format));
+  AddMember(json, "loop", std::to_string(info.loop));
   return json + '}';
 }
 
-std::string ElementJson(const MelodyNote& note, std::string_view token) {
+std::string ElementJson(const Element& element, std::string_view token) {
   std::string json = "{";
-  AddMember(json, "octave", std::to_string(note.Octave));
-  AddMember(json, "note", JsonString(note.Note));
-  AddMember(json, "special", JsonString(note.Special));
-  AddMember(json, "duration", FloatText(note.Duration));
-  AddMember(json, "extra", FloatText(note.DurationExtra));
+  AddMember(json, "octave", std::to_string(element.octave));
+  AddMember(json, "note", JsonString(element.Note()));
+  AddMember(json, "special", JsonString(element.Command()));
+  AddMember(json, "duration", FloatText(element.duration));
+  AddMember(json, "extra", FloatText(element.extra));
   AddMember(json, "token", JsonString(token));
   return json + '}';
 }
 
 }  // namespace
 
-std::string ShowJson(Workspace& ws) {
-  std::string json = "{\"header\": " + HeaderJson(ws.header) + ",\n \"elements\": [";
+std::string ShowJson(const Song& song, FormatMode mode, Log& log) {
+  std::string json = "{\"header\": " + HeaderJson(song.info) + ",\n \"elements\": [";
   std::string_view separator = "\n  ";
-  for (const MelodyNote& note : ws.melody.Elements()) {
+  for (const Element& element : song.elements) {
     json += separator;
-    json += ElementJson(note, FullToken(ws, note));
+    json += ElementJson(element, Encode(element, mode, kNoTokenDefaults, log).text);
     separator = ",\n  ";
   }
   return json + "]}\n";

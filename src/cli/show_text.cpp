@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/code_page.h"
+#include "core/codec.h"
 #include "core/number_text.h"
 
 namespace trillomat {
@@ -27,41 +28,40 @@ void AddInformation(std::string& text, std::string_view label, std::string_view 
   text += '\n';
 }
 
-std::string HeaderText(const Workspace& ws) {
+std::string HeaderText(const Song& song, FormatMode mode) {
   std::string text;
-  AddInformation(text, "Mode", LimitsOf(ws.iNoteMode).caption);
-  AddInformation(text, "Name", ws.header.Name);
-  AddInformation(text, "Composer", ws.header.Composer);
-  AddInformation(text, "B P M", std::to_string(ws.header.BPM));
-  AddInformation(text, "Style", ws.header.Style);
-  AddInformation(text, "Volume", ws.header.Volume);
-  AddInformation(text, "Version", ws.header.Version);
-  AddInformation(text, "Format", ws.header.Format);
-  AddInformation(text, "Repeat", std::to_string(ws.header.Loop));
-  AddInformation(text, "Elements", std::to_string(ws.melody.Elements().size()));
+  AddInformation(text, "Mode", LimitsOf(mode).caption);
+  AddInformation(text, "Name", song.info.name);
+  AddInformation(text, "Composer", song.info.composer);
+  AddInformation(text, "B P M", std::to_string(song.info.bpm));
+  AddInformation(text, "Style", song.info.style);
+  AddInformation(text, "Volume", song.info.volume);
+  AddInformation(text, "Version", song.info.version);
+  AddInformation(text, "Format", song.info.format);
+  AddInformation(text, "Repeat", std::to_string(song.info.loop));
+  AddInformation(text, "Elements", std::to_string(song.elements.size()));
   return text;
+}
+
+std::string ColumnOrDash(std::string_view text, size_t width) {
+  return Column(text.empty() ? "-" : Printable(text), width);
 }
 
 }  // namespace
 
-std::string FullToken(Workspace& ws, MelodyNote note) {
-  ws.codec.defaults = {.octave = kNoOctave, .duration = -1.0F};
-  return ws.codec.EncodeNote(note, ws.iNoteMode);
-}
-
-std::string ShowText(Workspace& ws) {
-  std::string text = HeaderText(ws);
-  if (ws.melody.Elements().empty()) return text;
+std::string ShowText(const Song& song, FormatMode mode, Log& log) {
+  std::string text = HeaderText(song, mode);
+  if (song.elements.empty()) return text;
   text += "\nindex   octave  note  beats   extra      special  token\n";
-  for (size_t i = 0; i < ws.melody.Elements().size(); ++i) {
-    const MelodyNote& note = ws.melody.Elements()[i];
+  for (size_t i = 0; i < song.elements.size(); ++i) {
+    const Element& element = song.elements[i];
     text += Column(std::to_string(i), 8);
-    text += Column(note.Octave == kNoOctave ? "-" : std::to_string(note.Octave), 8);
-    text += Column(note.Note.empty() ? "-" : Printable(note.Note), 6);
-    text += Column(FloatText(note.Duration), 8);
-    text += Column(FloatText(note.DurationExtra), 11);
-    text += Column(note.Special.empty() ? "-" : Printable(note.Special), 9);
-    text += Printable(FullToken(ws, note)) + '\n';
+    text += ColumnOrDash(element.octave == kNoOctave ? "" : std::to_string(element.octave), 8);
+    text += ColumnOrDash(element.Note(), 6);
+    text += Column(FloatText(element.duration), 8);
+    text += Column(FloatText(element.extra), 11);
+    text += ColumnOrDash(element.Command(), 9);
+    text += Printable(Encode(element, mode, kNoTokenDefaults, log).text) + '\n';
   }
   return text;
 }

@@ -1,20 +1,20 @@
-// A melody as a listing for people and as JSON for programs. Both are UTF-8.
+// A song as a listing for people and as JSON for programs. Both are UTF-8. Each element stands there with
+// its token in the notation of `mode`; in RTTTL always with its duration and octave, so that a token means
+// the same wherever it stands.
 #pragma once
 
 #include <string>
 
-#include "core/workspace.h"
+#include "core/format_mode.h"
+#include "core/log.h"
+#include "core/song.h"
 
 namespace trillomat {
 
-/// The song information, then a line for each element with its token in the notation of ws.iNoteMode.
-std::string ShowText(Workspace& ws);
+/// The song information, then a line for each element.
+std::string ShowText(const Song& song, FormatMode mode, Log& log);
 
 /// The same as one JSON object with the members "header" and "elements".
-std::string ShowJson(Workspace& ws);
-
-/// The token of one element as both print it: in RTTTL always with its duration and octave, so that a
-/// token means the same wherever it stands. Sets the codec's defaults.
-std::string FullToken(Workspace& ws, MelodyNote note);
+std::string ShowJson(const Song& song, FormatMode mode, Log& log);
 
 }  // namespace trillomat
