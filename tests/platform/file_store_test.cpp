@@ -36,7 +36,7 @@ TEST_F(FileStoreTest, APathSurvivesTheRoundTripThroughTheGivenForm) {
     ASSERT_TRUE(given);
     EXPECT_TRUE(given->ends_with("\\" + std::string(name))) << *given;
     EXPECT_EQ(store->NativePath(*given), folder / name);
-    EXPECT_NE(store->GetLogicalDrives() & 1U << (given->front() - 'A'), 0U);
+    EXPECT_NE(store->Drives() & 1U << (given->front() - 'A'), 0U);
     EXPECT_TRUE(store->DriveText(given->front()).starts_with(given->substr(0, 2)));
   }
   for (const char* wrong :
@@ -56,7 +56,8 @@ TEST_F(FileStoreTest, CopiesDeletesAndCreatesWithoutHarm) {
   EXPECT_FALSE(store->Copy(folder / "x", folder / "d"));
   EXPECT_FALSE(store->Create(folder / "b"));
   EXPECT_FALSE(store->Delete(folder / "x"));
-  EXPECT_FALSE(store->KeepAside(folder / "x", folder / "d"));
+  EXPECT_FALSE(store->CanRemove(folder / "x"));
+  EXPECT_TRUE(store->CanRemove(folder / "b"));
   EXPECT_EQ(folder.Read("b"), "old");
   EXPECT_THAT(folder.Names(), ElementsAre("a", "b", "c", "x"));
   EXPECT_TRUE(store->Delete(folder / "a"));
@@ -65,14 +66,13 @@ TEST_F(FileStoreTest, CopiesDeletesAndCreatesWithoutHarm) {
   EXPECT_EQ(folder.Read("a"), "");
 }
 
-TEST_F(FileStoreTest, SetsAsideAndReplaces) {
+TEST_F(FileStoreTest, FlushesAndReplaces) {
   folder.Write("a", "old");
   folder.Write("b", "new");
-  ASSERT_TRUE(store->KeepAside(folder / "a", folder / "kept"));
   EXPECT_TRUE(store->Flush(folder / "b"));
   EXPECT_TRUE(store->Move(folder / "b", folder / "a"));
   EXPECT_EQ(folder.Read("a"), "new");
-  EXPECT_EQ(folder.Read("kept"), "old");
+  EXPECT_TRUE(store->FlushFolder(folder.Path()));
   EXPECT_FALSE(store->Flush(folder / "b"));
   EXPECT_FALSE(store->Move(folder / "b", folder / "a"));
 }

@@ -14,7 +14,9 @@
 #include "platform/clock_std.h"
 #include "platform/pump_sleep.h"
 #include "playback/play_controls.h"
+#include "playback/wave_synthesis.h"
 #include "support/fakes.h"
+#include "support/sample_notes.h"
 
 namespace trillomat {
 namespace {
@@ -35,22 +37,19 @@ class Variable {
 };
 
 /// Plays I-Melody tokens at 120 beats a minute: a quarter takes 500 ms.
-std::vector<std::string> PlayMelody(const std::vector<std::string>& tokens, OutputType output) {
+std::vector<std::string> PlayMelody(const std::string& tokens, OutputType output) {
   FakeLog log;
   SleepPump pump;
-  Workspace ws(log, pump);
-  for (const auto& token : tokens) {
-    ws.melody.Insert(ws.melody.UpperBound() + 1, ws.codec.DecodeNote(token, FormatMode::IMelody));
-  }
+  const Services services{log, pump};
+  Document document({.elements = ElementsOf(tokens), .info = {.bpm = 120}}, FormatMode::IMelody);
   const StdClock clock;
   SdlSound sound(log);
   NullPlayerView view;
-  Player player(ws, clock, sound, view);
+  Player player(document, {services, clock, sound, view});
   player.outputType = output;
   const PlaySettings settings;
-  NullPlayHost host(500);
-  PlayControls controls(ws, player, settings, host);
-  controls.cmdControl_Click(static_cast<int>(Control::Play));
+  NullPlayHost host;
+  PlayControls(document, player, settings, host, services).Press(Control::Play);
   return log.lines;
 }
 
@@ -131,7 +130,7 @@ TEST_P(SdlSoundTest, EveryToneIsHeardWithItsFrequencyAndLength) {
   std::vector<Stretch> heard;
   // A machine under load can make a wait late; it does not do so every time.
   for (int attempt = 0; attempt < 4 && !Matches(heard, played); ++attempt) {
-    const auto log = PlayMelody({"*3a2", "*3a2", "*5c3", "r2", "*4c3.", "*4b3;"}, GetParam());
+    const auto log = PlayMelody("*3a2 *3a2 *5c3 r2 *4c3. *4b3;", GetParam());
     ASSERT_THAT(log, ElementsAre("1: Done Playing"));
     heard = Listen(SamplesOf(file));
     std::filesystem::remove(file);
@@ -151,7 +150,7 @@ double ProcessorSeconds() {
 TEST_P(SdlSoundTest, PlayingLeavesTheProcessorAlone) {
   const Variable driver("SDL_AUDIODRIVER", "dummy");
   const double before = ProcessorSeconds();
-  PlayMelody({"*3a1", "r1", "*3c2"}, GetParam());
+  PlayMelody("*3a1 r1 *3c2", GetParam());
   EXPECT_LT(ProcessorSeconds() - before, 0.05 * 2.5);
 }
 
@@ -159,7 +158,7 @@ TEST(SdlSound, WithoutADeviceTheMelodyKeepsItsTime) {
   const Variable driver("SDL_AUDIODRIVER", "none such");
   for (const auto output : {OutputType::Wave, OutputType::Beep}) {
     const auto begin = std::chrono::steady_clock::now();
-    const auto log = PlayMelody({"*3a4", "*3a4"}, output);
+    const auto log = PlayMelody("*3a4 *3a4", output);
     const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - begin;
     EXPECT_GE(taken.count(), 250 - 8);  // the clock of the wait is that coarse late in the day
     EXPECT_THAT(log.front(), HasSubstr("1: No sound"));
@@ -172,15 +171,11 @@ TEST(SdlSound, RefusesWhatIsNoWaveImage) {
   const Variable driver("SDL_AUDIODRIVER", "dummy");
   FakeLog log;
   SdlSound sound(log);
-  WaveSynthesis wave;
-  wave.BuildWaveHeader(44100, 16, 1, 0.5, 0.5);
-  wave.SynthesiseTone(440);
-  EXPECT_TRUE(sound.StartWave(wave.Image()));
+  const std::vector<uint8_t> image = ToneImage(440);
+  EXPECT_TRUE(sound.StartWave(image));
   EXPECT_FALSE(sound.StartWave({}));
-  EXPECT_FALSE(sound.StartWave(wave.Image().first(20)));
-  wave.BuildWaveHeader(8000, 8, 2, 0.5, 0.5);
-  wave.SynthesiseTone(440);
-  EXPECT_FALSE(sound.StartWave(wave.Image()));
+  EXPECT_FALSE(sound.StartWave(std::span(image).first(20)));
+  EXPECT_FALSE(sound.StartWave(ToneImage(440, {.sampleRate = 8000, .bits = 8, .channels = 2})));
 }
 
 }  // namespace
