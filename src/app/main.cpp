@@ -9,11 +9,11 @@
 #include "app/trillomat_application.h"
 #include "core/code_page.h"
 #include "core/log.h"
-#include "core/workspace.h"
+#include "document/document.h"
 #include "platform/pump_qt.h"
 #include "platform/settings_qt.h"
 #include "platform/system_parts.h"
-#include "ui/frm_main.h"
+#include "ui/main_window.h"
 #include "ui/message_box_qt.h"
 #include "ui/questions.h"
 #include "ui/resources.h"
@@ -68,10 +68,17 @@ class Program {
       : options_(options),
         messages_(MessagesFor(options)),
         log_(LogFilePath(logFolder, clock_->DateText()), *clock_, *messages_),
-        workspace_(log_, pump_),
         sound_(SystemSound(log_)),
-        window_({workspace_, *clock_, *sound_, settings_, *files_, questions_, StateFolder()}) {
-    QObject::connect(&window_, &frmMain::Closed, &window_, [this] { pump_.End(); });
+        window_({document_,
+                 record_,
+                 {log_, pump_},
+                 *clock_,
+                 *sound_,
+                 settings_,
+                 *files_,
+                 questions_,
+                 StateFolder()}) {
+    QObject::connect(&window_, &MainWindow::Closed, &window_, [this] { pump_.End(); });
   }
 
   Log& ProgramLog() { return log_; }
@@ -107,12 +114,13 @@ class Program {
   std::unique_ptr<MessageBox> messages_;
   QtPump pump_;
   FileLog log_;
-  Workspace workspace_;
+  Document document_;
+  ReadRecord record_;
   std::unique_ptr<SoundDevice> sound_;
   QtSettingsStore settings_;
   std::unique_ptr<FileStore> files_ = SystemFileStore();
   QtQuestions questions_;
-  frmMain window_;
+  MainWindow window_;
 };
 
 int Main(int argc, char** argv) {

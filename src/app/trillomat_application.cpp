@@ -7,7 +7,6 @@ namespace trillomat {
 
 TrillomatApplication::TrillomatApplication(int& argc, char** argv) : QApplication(argc, argv) {
   setApplicationName(QStringLiteral("trillomat"));
-  setApplicationDisplayName(QStringLiteral("Trillomat"));
   setApplicationVersion(QStringLiteral(TRILLOMAT_VERSION));
   setDesktopFileName(QStringLiteral("trillomat"));
 }

@@ -12,15 +12,15 @@ AllNotesBox::AllNotesBox(Composer& composer, QWidget* parent)
   const auto down = QStringLiteral("Move all notes an octave down");
   buttons_ = {NewButton(QStringLiteral("cmdScaleDown"), {QStringLiteral("Scale do&wn"), down, down}, this),
               NewButton(QStringLiteral("cmdScaleUP"), {QStringLiteral("Scal&e up"), up, up}, this)};
-  connect(buttons_[0], &QPushButton::clicked, this, [this] { composer_.cmdScaleDown_Click(); });
-  connect(buttons_[1], &QPushButton::clicked, this, [this] { composer_.cmdScaleUP_Click(); });
+  connect(buttons_[0], &QPushButton::clicked, this, [this] { composer_.MoveScale(-1); });
+  connect(buttons_[1], &QPushButton::clicked, this, [this] { composer_.MoveScale(1); });
   auto* column = new QVBoxLayout(this);
   column->addWidget(buttons_[0]);
   column->addWidget(buttons_[1]);
 }
 
 void AllNotesBox::ShowState() {
-  for (QPushButton* button : buttons_) button->setEnabled(composer_.CanEdit());
+  for (QPushButton* button : buttons_) button->setEnabled(composer_.MayEdit());
 }
 
 }  // namespace trillomat

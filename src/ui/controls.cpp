@@ -8,6 +8,10 @@ void NameControl(QWidget& control, const QString& objectName, const ControlText&
   control.setToolTip(text.tip);
 }
 
+QString PlainToolTip(const QString& text) {
+  return QStringLiteral("<p style=\"white-space:pre\">") + text.toHtmlEscaped() + QStringLiteral("</p>");
+}
+
 QPushButton* NewButton(const QString& objectName, const ControlText& text, QWidget* parent) {
   auto* button = new QPushButton(text.caption, parent);
   NameControl(*button, objectName, text);
@@ -19,12 +23,9 @@ QPushButton* NewButton(const QString& objectName, const ControlText& text, QWidg
 QLabel* NewLabel(const QString& objectName, const QString& caption, QWidget* buddy, QWidget* parent) {
   auto* label = new QLabel(caption, parent);
   label->setObjectName(objectName);
+  label->setTextFormat(Qt::PlainText);
   label->setBuddy(buddy);
   return label;
-}
-
-void ShowText(QLineEdit& box, const QString& text) {
-  if (box.text() != text) box.setText(text);
 }
 
 }  // namespace trillomat

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QString>
 
@@ -20,14 +19,14 @@ struct ControlText {
 /// Names `control` and sets its accessible name and tooltip.
 void NameControl(QWidget& control, const QString& objectName, const ControlText& text);
 
+/// A tooltip that shows `text` as it is, whatever markup it looks like.
+QString PlainToolTip(const QString& text);
+
 /// A button that does not take the focus when it is clicked, so that the keys keep working on the
 /// melody. The Tab key still reaches it.
 QPushButton* NewButton(const QString& objectName, const ControlText& text, QWidget* parent);
 
 /// A label whose mnemonic leads to `buddy`.
 QLabel* NewLabel(const QString& objectName, const QString& caption, QWidget* buddy, QWidget* parent);
-
-/// Sets the text unless it stands there already, because setting it moves the caret.
-void ShowText(QLineEdit& box, const QString& text);
 
 }  // namespace trillomat

@@ -3,10 +3,40 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <algorithm>
 
 namespace trillomat {
+namespace {
+
+// Rows that a finger or an unsteady hand can hit, and a mark on the one that the keys are on.
+class RowDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QStyledItemDelegate::paint(painter, option, index);
+    if (!option.state.testFlag(QStyle::State_HasFocus)) return;
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
+    QColor mark = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Highlight);
+    painter->setPen(mark);
+    mark.setAlphaF(selected ? 0.0F : 0.2F);
+    painter->setBrush(mark);
+    painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
+  }
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    constexpr int kLowestRow = 20;
+    const QSize hint = QStyledItemDelegate::sizeHint(option, index);
+    return {hint.width(), std::max(hint.height(), kLowestRow)};
+  }
+};
+
+}  // namespace
 
 FileList::FileList(QWidget* parent) : QListWidget(parent) {
+  setItemDelegate(new RowDelegate(this));
   setUniformItemSizes(true);
   setEditTriggers(NoEditTriggers);
 }
@@ -51,7 +81,18 @@ void FileList::contextMenuEvent(QContextMenuEvent* event) {
   emit MenuRequested(currentRow());
 }
 
+// As the melody does, the list shows where the keys go.
+void FileList::paintEvent(QPaintEvent* event) {
+  QListWidget::paintEvent(event);
+  if (!hasFocus()) return;
+  QPainter painter(viewport());
+  painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+  painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+}
+
+// The keys that erase notes elsewhere do nothing here.
 void FileList::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace) return;
   if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
     return QListWidget::keyPressEvent(event);
   }

@@ -1,5 +1,5 @@
 // The list widget of the file browser. Which row is selected is decided by the browser alone: it is the
-// row that "Save" writes over. The arrow keys move a frame over the rows, Enter acts on the framed row.
+// row that "Save" writes over. The arrow keys move a mark over the rows, Enter acts on the marked row.
 #pragma once
 
 #include <QListWidget>
@@ -30,6 +30,7 @@ class FileList : public QListWidget {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:

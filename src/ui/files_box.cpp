@@ -1,55 +1,53 @@
 #include "ui/files_box.h"
 
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+#include <utility>
 
-#include "browser/flag_set.h"
-#include "ui/frm_export.h"
-#include "ui/frm_import.h"
-#include "ui/frm_rename.h"
+#include "core/code_page.h"
+#include "ui/export_window.h"
+#include "ui/import_window.h"
 #include "ui/qt_text.h"
+#include "ui/rename_window.h"
 
 namespace trillomat {
 namespace {
 
-QString FromUtf8Bytes(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+constexpr int kClickDelay = 200;  // milliseconds
 
 }  // namespace
 
 FilesBox::FilesBox(const FilesBoxParts& parts, QWidget* parent)
     : QGroupBox(QStringLiteral("Files"), parent),
-      ws_(parts.workspace),
-      questions_(parts.questions),
-      composer_(parts.composer),
-      opener_(parts.workspace, parts.composer, parts.play, parts.playSettings),
-      browser_(parts.workspace, parts.files, parts.player, opener_, *this, parts.timers),
-      save_(parts.workspace, parts.files, browser_, *this),
-      cboDrives_(new QComboBox(this)),
-      lblFolder_(new QLabel(this)),
-      lblNotice_(new QLabel(this)),
-      listFiles_(new FileList(this)),
-      mnuRight_(new QMenu(this)),
-      cmdSave_(NewCommand("cmdSave",
-                          {QStringLiteral("Sa&ve"), QStringLiteral("Save over the selected file"),
-                           QStringLiteral("Save over the selected file (Ctrl+S)")},
-                          &FilesBox::cmdSave_Click)),
-      cmdSaveAs_(NewCommand("cmdSaveAs",
-                            {QStringLiteral("Save As"), QStringLiteral("Save under a new name"),
-                             QStringLiteral("Save under a new name (Ctrl+Shift+S)")},
-                            &FilesBox::cmdSaveAs_Click)),
-      cmdImport_(NewCommand("cmdImport",
-                            {QStringLiteral("I&mport"), QStringLiteral("Import a pasted melody"),
-                             QStringLiteral("Import a pasted melody")},
-                            &FilesBox::cmdImport_Click)),
-      cmdExport_(NewCommand("cmdExport",
-                            {QStringLiteral("E&xport"), QStringLiteral("Export the melody for a phone"),
-                             QStringLiteral("Export the melody for a phone")},
-                            &FilesBox::cmdExport_Click)) {
+      parts_(parts),
+      recovery_(parts.document, parts.files, parts.stateFolder, parts.services.log),
+      browser_({parts.document, parts.record, parts.files, operations_, recovery_, *this, parts.services}),
+      save_({parts.document, parts.record, parts.files, operations_, recovery_, *this, parts.services},
+            browser_),
+      drives_(new QComboBox(this)),
+      folder_(new QLabel(this)),
+      notice_(new QLabel(this)),
+      list_(new FileList(this)),
+      fileMenu_(new QMenu(this)),
+      saveButton_(NewCommand("cmdSave",
+                             {QStringLiteral("Sa&ve"), QStringLiteral("Save over the selected file"),
+                              QStringLiteral("Save over the selected file (Ctrl+S)")},
+                             &FilesBox::Save)),
+      saveAsButton_(NewCommand("cmdSaveAs",
+                               {QStringLiteral("Save As"), QStringLiteral("Save under a new name"),
+                                QStringLiteral("Save under a new name (Ctrl+Shift+S)")},
+                               &FilesBox::SaveAs)),
+      importButton_(NewCommand("cmdImport",
+                               {QStringLiteral("I&mport"), QStringLiteral("Import a pasted melody"),
+                                QStringLiteral("Import a pasted melody")},
+                               &FilesBox::Import)),
+      exportButton_(NewCommand("cmdExport",
+                               {QStringLiteral("E&xport"), QStringLiteral("Export the melody for a phone"),
+                                QStringLiteral("Export the melody for a phone")},
+                               &FilesBox::Export)) {
+  NameControls();
   LayOut();
   AddMenuItems();
   Connect();
@@ -62,171 +60,196 @@ QPushButton* FilesBox::NewCommand(const char* objectName, const ControlText& tex
   return button;
 }
 
-void FilesBox::LayOut() {
-  NameControl(*cboDrives_, QStringLiteral("cboDrives"), {{}, QStringLiteral("Drive")});
-  cboDrives_->setFocusPolicy(Qt::TabFocus);
-  cboDrives_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  NameControl(*listFiles_, QStringLiteral("ListFiles"),
+void FilesBox::NameControls() {
+  NameControl(*drives_, QStringLiteral("cboDrives"), {{}, QStringLiteral("Drive")});
+  drives_->setFocusPolicy(Qt::TabFocus);
+  drives_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  NameControl(*list_, QStringLiteral("ListFiles"),
               {{},
                QStringLiteral("Folders and melody files"),
                QStringLiteral("Click a file to open it, double-click a folder to enter it; the right button "
                               "deletes and renames")});
-  NameControl(*lblFolder_, QStringLiteral("lblFolder"), {{}, QStringLiteral("Current folder")});
+  NameControl(*folder_, QStringLiteral("lblFolder"), {{}, QStringLiteral("Current folder")});
+  folder_->setTextFormat(Qt::PlainText);
   // A long path must not widen the window.
-  lblFolder_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  NameControl(*lblNotice_, QStringLiteral("lblNotice"),
-              {{}, QStringLiteral("Why the last file was not opened")});
-  lblNotice_->setWordWrap(true);
-  lblNotice_->setTextFormat(Qt::PlainText);
-  lblNotice_->hide();
-  auto* drive = new QHBoxLayout;
-  drive->addWidget(NewLabel(QStringLiteral("lblDrive"), QStringLiteral("Select drive:"), cboDrives_, this));
-  drive->addWidget(cboDrives_, 1);
-  auto* lower = new QHBoxLayout;
-  lower->addWidget(listFiles_, 1);
-  lower->addLayout(NewButtons());
-  auto* column = new QVBoxLayout(this);
-  column->addLayout(drive);
-  column->addWidget(lblFolder_);
-  column->addLayout(lower, 1);
-  column->addWidget(lblNotice_);
+  folder_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  NameControl(*notice_, QStringLiteral("lblNotice"),
+              {{}, QStringLiteral("Why the last file command did nothing")});
+  notice_->setWordWrap(true);
+  notice_->setTextFormat(Qt::PlainText);
+  notice_->hide();
 }
 
-QLayout* FilesBox::NewButtons() {
+void FilesBox::LayOut() {
+  auto* drive = new QHBoxLayout;
+  drive->addWidget(NewLabel(QStringLiteral("lblDrive"), QStringLiteral("Select drive:"), drives_, this));
+  drive->addWidget(drives_, 1);
+  auto* lower = new QHBoxLayout;
+  lower->addWidget(list_, 1);
+  lower->addLayout(NewButtonColumn());
+  auto* column = new QVBoxLayout(this);
+  column->addLayout(drive);
+  column->addWidget(folder_);
+  column->addLayout(lower, 1);
+  column->addWidget(notice_);
+}
+
+QLayout* FilesBox::NewButtonColumn() {
   auto* column = new QVBoxLayout;
-  column->addWidget(cmdSave_);
-  column->addWidget(cmdSaveAs_);
+  column->addWidget(saveButton_);
+  column->addWidget(saveAsButton_);
   column->addStretch();
-  column->addWidget(cmdImport_);
-  column->addWidget(cmdExport_);
+  column->addWidget(importButton_);
+  column->addWidget(exportButton_);
   return column;
 }
 
 void FilesBox::AddMenuItems() {
-  mnuRight_->setObjectName(QStringLiteral("mnuRight"));
-  const auto add = [this](const char* objectName, const QString& caption, void (FileBrowser::*click)()) {
-    QAction* item = mnuRight_->addAction(caption);
+  fileMenu_->setObjectName(QStringLiteral("mnuRight"));
+  const auto add = [this](const char* objectName, const QString& caption, void (FileBrowser::*command)()) {
+    QAction* item = fileMenu_->addAction(caption);
     item->setObjectName(QLatin1String(objectName));
-    connect(item, &QAction::triggered, this, [this, click] {
-      if (!FileOperationRuns()) (browser_.*click)();
-    });
+    connect(item, &QAction::triggered, this, [this, command] { std::invoke(command, browser_); });
   };
-  add("mnuDelete", QStringLiteral("&Delete"), &FileBrowser::mnuDelete_Click);
-  add("mnuRename", QStringLiteral("&Rename"), &FileBrowser::mnuRename_Click);
+  add("mnuDelete", QStringLiteral("&Delete"), &FileBrowser::DeleteSelected);
+  add("mnuRename", QStringLiteral("&Rename"), &FileBrowser::RenameSelected);
 }
 
 void FilesBox::Connect() {
-  connect(listFiles_, &FileList::Clicked, this, [this](int row) {
-    if (!FileOperationRuns()) Open([this, row] { browser_.ListFiles_Click(row); });
-  });
-  connect(listFiles_, &FileList::DoubleClicked, this, [this](int row) {
-    if (!FileOperationRuns()) Open([this, row] { browser_.ListFiles_DblClick(row); });
-  });
-  connect(listFiles_, &FileList::MenuRequested, this,
-          [this](int row) { browser_.ListFiles_MouseDown(FileBrowser::kRightButton, row); });
-  connect(cboDrives_, &QComboBox::activated, this, [this](int index) {
-    if (!FileOperationRuns()) browser_.cboDrives_Click(cboDrives_->itemText(index).toStdString());
-  });
-  connect(&clickTimer_, &QTimer::timeout, this, [this] { Open([this] { browser_.Timer1_Tick(); }); });
-  const auto shortcut = [this](const QKeySequence& keys, QPushButton* button) {
-    connect(new QShortcut(keys, this), &QShortcut::activated, button, &QPushButton::click);
+  connect(list_, &FileList::Clicked, this, [this](int row) { browser_.Click(row); });
+  connect(list_, &FileList::DoubleClicked, this, [this](int row) { browser_.DoubleClick(row); });
+  connect(list_, &FileList::MenuRequested, this, [this](int row) { browser_.OpenMenu(row); });
+  connect(drives_, &QComboBox::activated, this,
+          [this](int index) { browser_.ChooseDrive(drives_->itemText(index).toStdString()); });
+  connect(&clickTimer_, &QTimer::timeout, this, [this] { browser_.ClickTimerRan(); });
+  connect(&recoveryTimer_, &QTimer::timeout, this, [this] { recovery_.Tick(); });
+  const auto shortcut = [this](const QKeySequence& keys, void (SaveCommands::*command)()) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, command] {
+      if (parts_.composer.MayEdit()) std::invoke(command, save_);
+    });
   };
-  shortcut(QKeySequence(Qt::CTRL | Qt::Key_S), cmdSave_);
-  shortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), cmdSaveAs_);
+  shortcut(QKeySequence(Qt::CTRL | Qt::Key_S), &SaveCommands::SaveOrSaveAs);
+  shortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), &SaveCommands::SaveAs);
 }
 
-// Reading and importing share one list of the workspace, saving and exporting another.
-bool FilesBox::FileOperationRuns() const { return exchanging_ || browser_.IsBusy() || save_.IsSaving(); }
-
-void FilesBox::OpenFile(const std::filesystem::path& file) {
-  if (!FileOperationRuns()) Open([this, file] { browser_.OpenFile(file); });
+bool FilesBox::Start() {
+  if (!browser_.FillDrives()) return false;
+  browser_.Refresh();
+  endedAbnormally_ = recovery_.Start();
+  recoveryTimer_.start(Recovery::kTickInterval);
+  return true;
 }
 
-// Runs something that may open a file, and shows why it was refused.
-void FilesBox::Open(const std::function<void()>& open) {
-  ws_.refusal.clear();
-  ShowRefusal({});
-  open();
-  ShowRefusal(QStringLiteral("Not opened: "));
+void FilesBox::End() {
+  recoveryTimer_.stop();
+  recovery_.End();
 }
 
-void FilesBox::ShowRefusal(const QString& what) {
-  lblNotice_->setVisible(!ws_.refusal.empty());
-  lblNotice_->setText(what + ToQString(ws_.refusal));
+void FilesBox::OfferRecovery() {
+  if (!std::exchange(endedAbnormally_, false)) return;
+  const bool wanted = parts_.questions.AskYesNo(
+      window(), QStringLiteral("Trillomat"),
+      QStringLiteral("Trillomat did not end normally the last time. Bring back the melody that was being "
+                     "composed?\n\nWith No it stays available as \"Recover last melody\" in the File menu "
+                     "until another melody takes its place."));
+  if (wanted) browser_.RecoverLast();
 }
 
-void FilesBox::cmdSave_Click() {
-  if (!FileOperationRuns()) save_.cmdSave_Click();
-}
-
-void FilesBox::cmdSaveAs_Click() {
-  if (!FileOperationRuns()) save_.cmdSaveAs_Click();
-}
-
-void FilesBox::cmdImport_Click() {
-  if (FileOperationRuns()) return;
-  const FlagSet open(exchanging_);
-  opener_.BeginImport();
-  frmImport window(ws_, this->window());
+void FilesBox::Import() {
+  const auto token = operations_.Begin();
+  if (!token) return;
+  ImportWindow window(parts_.record, parts_.services, this->window());
   window.exec();
-  ShowRefusal(ws_.ImportMelody.empty() ? QStringLiteral("Not imported: ") : QStringLiteral("Not adapted: "));
-  if (!ws_.ImportMelody.empty()) opener_.TakeImported();
+  auto& imported = window.Result();
+  if (!imported) return;
+  if (!imported->read) {
+    parts_.record = imported->read.record;
+    return Notice("Not imported: " + ToUtf8(imported->read.refusal->why));
+  }
+  browser_.TakeImported(std::move(imported->read));
+  if (!imported->notAdapted.empty()) Notice("Not adapted: " + ToUtf8(imported->notAdapted));
 }
 
-void FilesBox::cmdExport_Click() {
-  if (FileOperationRuns()) return;
-  const FlagSet open(exchanging_);
-  if (ws_.melody.IsEmpty()) return ws_.log.WriteLog("Nothing to export", 2);
-  frmExport(ws_, window()).exec();
+void FilesBox::Export() {
+  const auto token = operations_.Begin();
+  if (!token) return;
+  if (parts_.document.IsEmpty()) return parts_.services.log.WriteLog("Nothing to export", 2);
+  ExportWindow(parts_.document.CurrentSong(), parts_.services, window()).exec();
 }
 
 void FilesBox::ShowState() {
-  cmdSave_->setEnabled(composer_.CanEdit() && browser_.CanSave());
-  for (QPushButton* button : {cmdSaveAs_, cmdImport_, cmdExport_}) button->setEnabled(composer_.CanEdit());
+  const bool edit = parts_.composer.MayEdit();
+  saveButton_->setEnabled(edit && browser_.CanSave());
+  for (QPushButton* button : {saveAsButton_, importButton_, exportButton_}) button->setEnabled(edit);
+}
+
+bool FilesBox::ToneSounds() const { return parts_.composer.Sounds(); }
+
+void FilesBox::StopPlaying() {
+  if (parts_.play.State() != PlayState::Stopped) parts_.play.Press(Control::Stop);
+}
+
+void FilesBox::EnterMode(FormatMode mode) { parts_.composer.SetMode(mode); }
+
+void FilesBox::TakeIn(ReadResult&& read) {
+  parts_.composer.TakeIn(std::move(read.elements), std::move(read.record));
+}
+
+void FilesBox::PlayOrShow() {
+  if (parts_.playSettings.autoPlay) return parts_.play.Press(Control::Play);
+  parts_.composer.RefreshMelodyView();
 }
 
 void FilesBox::ShowFiles() {
-  const QSignalBlocker quietDrives(cboDrives_);
-  cboDrives_->clear();
-  for (const std::string& drive : browser_.Drives()) cboDrives_->addItem(FromUtf8Bytes(drive));
-  cboDrives_->setCurrentIndex(browser_.CurrentDrive());
-  const QString folder = FromUtf8Bytes(browser_.sBrowseFolder);
-  lblFolder_->setText(folder);
-  lblFolder_->setToolTip(folder);
-  const QSignalBlocker quietList(listFiles_);
-  listFiles_->clear();
+  const QSignalBlocker quietDrives(drives_);
+  drives_->clear();
+  for (const std::string& drive : browser_.Drives()) drives_->addItem(QString::fromStdString(drive));
+  drives_->setCurrentIndex(browser_.CurrentDrive());
+  folder_->setText(QString::fromStdString(browser_.Folder()));
+  folder_->setToolTip(PlainToolTip(folder_->text()));
+  const QSignalBlocker quietList(list_);
+  list_->clear();
   for (const FileRow& row : browser_.Rows()) {
-    auto* item = new QListWidgetItem(FromUtf8Bytes(row.Text()), listFiles_);
+    auto* item = new QListWidgetItem(QString::fromStdString(row.Text()), list_);
     item->setData(Qt::UserRole, !row.IsFile());
   }
   ShowSelectedFile();
 }
 
 void FilesBox::ShowSelectedFile() {
-  listFiles_->ShowSelected(browser_.SelectedRow());
+  list_->ShowSelected(browser_.SelectedRow());
   ShowState();
 }
 
-void FilesBox::PopUpFileMenu() { mnuRight_->popup(listFiles_->MenuPlace()); }
+void FilesBox::PopUpFileMenu() { fileMenu_->popup(list_->MenuPlace()); }
+
+void FilesBox::StartClickTimer() { clickTimer_.start(kClickDelay); }
+
+void FilesBox::StopClickTimer() { clickTimer_.stop(); }
+
+void FilesBox::Notice(std::string_view text) {
+  notice_->setText(FromUtf8Bytes(text));
+  notice_->setVisible(!text.empty());
+}
 
 std::optional<std::string> FilesBox::AskNewName(std::string_view name) {
-  frmRename dialog(FromUtf8Bytes(name), window());
+  RenameWindow dialog(FromUtf8Bytes(name), window());
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.NewName().toStdString();
 }
 
-void FilesBox::SetSaveCaption(std::string_view caption) {
-  cmdSave_->setText(caption == "Save" ? QStringLiteral("Sa&ve") : FromUtf8Bytes(caption));
-}
-
-void FilesBox::SetSaveAsCaption(std::string_view caption) { cmdSaveAs_->setText(FromUtf8Bytes(caption)); }
-
 std::optional<std::filesystem::path> FilesBox::AskSavePath(const SaveDialog& dialog) {
-  return questions_.AskSavePath(window(), dialog);
+  return parts_.questions.AskSavePath(window(), dialog);
 }
 
 bool FilesBox::AskYesNo(std::string_view title, std::string_view question) {
-  return questions_.AskYesNo(window(), FromUtf8Bytes(title), FromUtf8Bytes(question));
+  return parts_.questions.AskYesNo(window(), FromUtf8Bytes(title), FromUtf8Bytes(question));
 }
+
+void FilesBox::SetSaveCaption(std::string_view caption) {
+  saveButton_->setText(caption == "Save" ? QStringLiteral("Sa&ve") : FromUtf8Bytes(caption));
+}
+
+void FilesBox::SetSaveAsCaption(std::string_view caption) { saveAsButton_->setText(FromUtf8Bytes(caption)); }
 
 }  // namespace trillomat

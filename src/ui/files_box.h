@@ -1,5 +1,6 @@
-// "Files": the drive list, the file list, and the buttons that save, import and export. At any time one
-// file operation runs at most; a click that would start a second one does nothing.
+// "Files": the drive list, the file list, and the buttons that save, import and export. It is what the file
+// commands need of the window, and it keeps the composed song safe: the timer that writes the recovery file,
+// and the offer to bring a song back.
 #pragma once
 
 #include <QComboBox>
@@ -10,8 +11,10 @@
 #include <QTimer>
 #include <functional>
 
-#include "browser/file_browser.h"
-#include "browser/save_commands.h"
+#include "composer/composer.h"
+#include "files/file_browser.h"
+#include "files/recovery.h"
+#include "files/save_commands.h"
 #include "ui/controls.h"
 #include "ui/file_list.h"
 #include "ui/questions.h"
@@ -19,17 +22,18 @@
 namespace trillomat {
 
 struct FilesBoxParts {
-  Workspace& workspace;
+  Document& document;
+  ReadRecord& record;
   FileStore& files;
   Questions& questions;
-  const Player& player;
   Composer& composer;
   PlayControls& play;
   const PlaySettings& playSettings;
-  PlayerView& timers;
+  Services services;
+  std::filesystem::path stateFolder;  ///< of the recovery file; empty keeps none
 };
 
-class FilesBox : public QGroupBox, private BrowserView {
+class FilesBox : public QGroupBox, private FilesHost {
   Q_OBJECT
 
  public:
@@ -37,57 +41,64 @@ class FilesBox : public QGroupBox, private BrowserView {
 
   FileBrowser& Browser() { return browser_; }
   const FileBrowser& Browser() const { return browser_; }
-  MelodyOpener& Opener() { return opener_; }
-  /// Opens a file that was named on the command line or dropped.
-  void OpenFile(const std::filesystem::path& file);
+
+  /// At the program's start and at its normal end. False when the program has to end at once.
+  bool Start();
+  void End();
+  /// After a run that ended abnormally: says so and offers to bring its song back.
+  void OfferRecovery();
+  void KeepBeforeClearing() { recovery_.KeepBeforeReplacing(); }
 
   void ShowState();
-  /// True while a file is read, written, imported or exported: a second such operation has to wait.
-  bool FileOperationRuns() const;
-  void StartClickTimer() { clickTimer_.start(TimerInterval(kFileClickTimer)); }
-  void StopClickTimer() { clickTimer_.stop(); }
 
  private:
+  void NameControls();
   void LayOut();
-  QLayout* NewButtons();
+  QLayout* NewButtonColumn();
   void AddMenuItems();
   void Connect();
   QPushButton* NewCommand(const char* objectName, const ControlText& text, void (FilesBox::*command)());
-  void Open(const std::function<void()>& open);
-  void ShowRefusal(const QString& what);
-  void cmdSave_Click();
-  void cmdSaveAs_Click();
-  void cmdImport_Click();
-  void cmdExport_Click();
+  void Save() { save_.Save(); }
+  void SaveAs() { save_.SaveAs(); }
+  void Import();
+  void Export();
 
-  // BrowserView
+  // FilesHost
+  bool ToneSounds() const override;
+  void StopPlaying() override;
+  void EnterMode(FormatMode mode) override;
+  void TakeIn(ReadResult&& read) override;
+  void PlayOrShow() override;
   void ShowFiles() override;
   void ShowSelectedFile() override;
   void PopUpFileMenu() override;
+  void StartClickTimer() override;
+  void StopClickTimer() override;
+  void Notice(std::string_view text) override;
   std::optional<std::string> AskNewName(std::string_view name) override;
-  void SetSaveCaption(std::string_view caption) override;
-  void SetSaveAsCaption(std::string_view caption) override;
   std::optional<std::filesystem::path> AskSavePath(const SaveDialog& dialog) override;
   bool AskYesNo(std::string_view title, std::string_view question) override;
+  void SetSaveCaption(std::string_view caption) override;
+  void SetSaveAsCaption(std::string_view caption) override;
 
-  Workspace& ws_;
-  Questions& questions_;
-  Composer& composer_;
-  MelodyOpener opener_;
+  FilesBoxParts parts_;
+  FileOperations operations_;
+  Recovery recovery_;
   FileBrowser browser_;
   SaveCommands save_;
   QTimer clickTimer_;
-  bool exchanging_ = false;  ///< the import or the export window is open
+  QTimer recoveryTimer_;
+  bool endedAbnormally_ = false;
 
-  QComboBox* cboDrives_;
-  QLabel* lblFolder_;
-  QLabel* lblNotice_;  ///< why the last file or text was not taken; hidden when it was
-  FileList* listFiles_;
-  QMenu* mnuRight_;
-  QPushButton* cmdSave_;
-  QPushButton* cmdSaveAs_;
-  QPushButton* cmdImport_;
-  QPushButton* cmdExport_;
+  QComboBox* drives_;
+  QLabel* folder_;
+  QLabel* notice_;
+  FileList* list_;
+  QMenu* fileMenu_;
+  QPushButton* saveButton_;
+  QPushButton* saveAsButton_;
+  QPushButton* importButton_;
+  QPushButton* exportButton_;
 };
 
 }  // namespace trillomat

@@ -2,29 +2,30 @@
 
 #include "ui/controls.h"
 #include "ui/qt_text.h"
+#include "ui/text_line.h"
 
 namespace trillomat {
 namespace {
 
-constexpr int kHighestVolume = 15;
+constexpr int kFirstVolume = 7;
 
 struct Spoken {
   const char* caption;  ///< with its mnemonic
   const char* text;
 };
 
-// In the order of kInsertButtons. The tooltips tell the two light buttons apart.
-constexpr std::array<Spoken, kInsertButtons.size()> kSpoken{{{"LED on", "Insert LED on"},
-                                                             {"LED off", "Insert LED off"},
-                                                             {"VIB on", "Insert vibration on"},
-                                                             {"VIB off", "Insert vibration off"},
-                                                             {"Lig&ht on", "Insert backlight on"},
-                                                             {"Li&ght on", "Insert backlight off"},
-                                                             {"Volume (&+)", "Insert volume up"},
-                                                             {"Volume (&-)", "Insert volume down"},
-                                                             {"Repeat start", "Insert repeat start"},
-                                                             {"Repeat stop", "Insert repeat stop"},
-                                                             {"Set Volume", "Insert volume"}}};
+// By the button's index. The tooltips tell the two light buttons apart.
+constexpr std::array<Spoken, kInsertButtons> kSpoken{{{"LED on", "Insert LED on"},
+                                                      {"LED off", "Insert LED off"},
+                                                      {"VIB on", "Insert vibration on"},
+                                                      {"VIB off", "Insert vibration off"},
+                                                      {"Lig&ht on", "Insert backlight on"},
+                                                      {"Li&ght on", "Insert backlight off"},
+                                                      {"Volume (&+)", "Insert volume up"},
+                                                      {"Volume (&-)", "Insert volume down"},
+                                                      {"Repeat start", "Insert repeat start"},
+                                                      {"Repeat stop", "Insert repeat stop"},
+                                                      {"Set Volume", "Insert volume"}}};
 
 }  // namespace
 
@@ -32,7 +33,7 @@ constexpr std::array<Spoken, kInsertButtons.size()> kSpoken{{{"LED on", "Insert 
 InsertBox::InsertBox(Composer& composer, QWidget* parent)
     : QGroupBox(QStringLiteral("Insert"), parent), composer_(composer) {
   auto* grid = new QGridLayout(this);
-  for (int i = 0; i < static_cast<int>(kInsertButtons.size()); ++i) AddButton(*grid, i);
+  for (int i = 0; i < static_cast<int>(kInsertButtons); ++i) AddButton(*grid, i);
   AddVolume(*grid);
   AddRepeat(*grid);
   grid->setRowStretch(grid->rowCount(), 1);
@@ -46,38 +47,40 @@ void InsertBox::AddButton(QGridLayout& grid, int index) {
       IndexedName("cmdInsert", index),
       {QLatin1String(spoken.caption), QLatin1String(spoken.text), QLatin1String(spoken.text)}, this);
   connect(button, &QPushButton::clicked, this, [this, index] {
-    composer_.cmdInsert_Click(index, FromQString(txtRepeat_->text()), FromQString(cboVolume_->currentText()));
+    composer_.EnterCommand(index, FromQString(repeat_->text()), FromQString(volume_->currentText()));
   });
   grid.addWidget(button, index / 2, index % 2);
-  cmdInsert_.at(static_cast<size_t>(index)) = button;
+  buttons_.at(static_cast<size_t>(index)) = button;
 }
 
 void InsertBox::AddVolume(QGridLayout& grid) {
-  cboVolume_ = new QComboBox(this);
-  NameControl(*cboVolume_, QStringLiteral("cboVolume"),
+  volume_ = new QComboBox(this);
+  NameControl(*volume_, QStringLiteral("cboVolume"),
               {{}, QStringLiteral("Volume to set"), QStringLiteral("Volume that \"Set Volume\" inserts")});
-  cboVolume_->setEditable(true);
-  cboVolume_->setInsertPolicy(QComboBox::NoInsert);
-  cboVolume_->setMinimumContentsLength(2);
-  cboVolume_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  for (int volume = 0; volume <= kHighestVolume; ++volume) cboVolume_->addItem(QString::number(volume));
-  cboVolume_->setCurrentText(QStringLiteral("7"));
-  grid.addWidget(cboVolume_, kSetVolume / 2, 1);
+  volume_->setEditable(true);
+  volume_->setInsertPolicy(QComboBox::NoInsert);
+  volume_->setMinimumContentsLength(2);
+  volume_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  for (int volume = 0; volume <= kHighestVolume; ++volume) volume_->addItem(QString::number(volume));
+  volume_->setCurrentIndex(kFirstVolume);
+  SetUpTextLine(*volume_->lineEdit(), Characters::OfCodePage);
+  grid.addWidget(volume_, kSetVolume / 2, 1);
 }
 
 // The row keeps its place while it is hidden, so that nothing jumps when a repeat is opened.
 void InsertBox::AddRepeat(QGridLayout& grid) {
-  txtRepeat_ = new QLineEdit(this);
-  txtRepeat_->setMinimumWidth(cboVolume_->minimumSizeHint().width());
-  lblRepeat_ = NewLabel(QStringLiteral("lblRepeat"), QStringLiteral("Repeat count"), txtRepeat_, this);
-  NameControl(*txtRepeat_, QStringLiteral("txtRepeat"),
+  repeat_ = new QLineEdit(this);
+  SetUpTextLine(*repeat_, Characters::OfCodePage);
+  repeat_->setMinimumWidth(volume_->minimumSizeHint().width());
+  repeatLabel_ = NewLabel(QStringLiteral("lblRepeat"), QStringLiteral("Repeat count"), repeat_, this);
+  NameControl(*repeat_, QStringLiteral("txtRepeat"),
               {{},
                QStringLiteral("Repeat count"),
                QStringLiteral("How often the block is played; 0 is without end")});
   const int row = grid.rowCount();
-  grid.addWidget(lblRepeat_, row, 0);
-  grid.addWidget(txtRepeat_, row, 1);
-  for (QWidget* widget : {static_cast<QWidget*>(lblRepeat_), static_cast<QWidget*>(txtRepeat_)}) {
+  grid.addWidget(repeatLabel_, row, 0);
+  grid.addWidget(repeat_, row, 1);
+  for (QWidget* widget : {static_cast<QWidget*>(repeatLabel_), static_cast<QWidget*>(repeat_)}) {
     QSizePolicy policy = widget->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     widget->setSizePolicy(policy);
@@ -86,10 +89,10 @@ void InsertBox::AddRepeat(QGridLayout& grid) {
 }
 
 void InsertBox::ShowState() {
-  for (QPushButton* button : cmdInsert_) button->setEnabled(composer_.CanInsertCommands());
-  cboVolume_->setEnabled(composer_.CanSetVolume());
-  lblRepeat_->setVisible(composer_.State().repeatBox);
-  txtRepeat_->setVisible(composer_.State().repeatBox);
+  for (QPushButton* button : buttons_) button->setEnabled(composer_.CanInsertCommands());
+  volume_->setEnabled(composer_.CanSetVolume());
+  repeatLabel_->setVisible(composer_.State().repeatBox);
+  repeat_->setVisible(composer_.State().repeatBox);
 }
 
 }  // namespace trillomat

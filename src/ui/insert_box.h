@@ -27,10 +27,10 @@ class InsertBox : public QGroupBox {
   void AddRepeat(QGridLayout& grid);
 
   Composer& composer_;
-  std::array<QPushButton*, kInsertButtons.size()> cmdInsert_{};
-  QComboBox* cboVolume_ = nullptr;
-  QLineEdit* txtRepeat_ = nullptr;
-  QLabel* lblRepeat_ = nullptr;
+  std::array<QPushButton*, kInsertButtons> buttons_{};
+  QComboBox* volume_ = nullptr;
+  QLineEdit* repeat_ = nullptr;
+  QLabel* repeatLabel_ = nullptr;
 };
 
 }  // namespace trillomat

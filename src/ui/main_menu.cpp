@@ -17,9 +17,9 @@ QMenu* AddMenu(QMenuBar& bar, const char* objectName, const QString& caption) {
 
 }  // namespace
 
-MainMenu::MainMenu(QMenuBar& bar, Workspace& workspace, Composer& composer, PlaySettings& settings,
+MainMenu::MainMenu(QMenuBar& bar, const Document& document, Composer& composer, PlaySettings& settings,
                    Player& player)
-    : QObject(&bar), ws_(workspace), composer_(composer), settings_(settings), player_(player) {
+    : QObject(&bar), document_(document), composer_(composer), settings_(settings), player_(player) {
   AddFileMenu(bar);
   AddSettingMenu(bar);
   QAction* about = bar.addAction(QStringLiteral("A&bout"));
@@ -33,8 +33,9 @@ QAction* MainMenu::AddItem(QMenu& menu, const QString& objectName, const QString
   QAction* item = menu.addAction(caption);
   item->setObjectName(objectName);
   // The check mark shows the state that the program has, whatever the click did to it.
+  // An item of a menu that was open when a melody began to play does nothing.
   connect(item, &QAction::triggered, this, [this, clicked] {
-    clicked();
+    if (composer_.MayEdit()) clicked();
     ShowState();
   });
   return item;
@@ -58,18 +59,17 @@ void MainMenu::AddSettingMenu(QMenuBar& bar) {
   AddFormatMenu(*setting);
   AddOutputMenu(*setting);
   setting->addSeparator();
-  toggles_ = {
-      AddToggle(*setting, "mnuSettingAutoPlay", QStringLiteral("&AutoPlay"), &PlaySettings::bAutoPlay),
-      AddToggle(*setting, "mnuSettingPlayComposing", QStringLiteral("Play when &composing"),
-                &PlaySettings::bPlayComposing),
-      AddToggle(*setting, "mnuSettingPlayMoving", QStringLiteral("Play when &moving"),
-                &PlaySettings::bPlayMoving)};
+  toggles_ = {AddToggle(*setting, "mnuSettingAutoPlay", QStringLiteral("&AutoPlay"), &PlaySettings::autoPlay),
+              AddToggle(*setting, "mnuSettingPlayComposing", QStringLiteral("Play when &composing"),
+                        &PlaySettings::playComposing),
+              AddToggle(*setting, "mnuSettingPlayMoving", QStringLiteral("Play when &moving"),
+                        &PlaySettings::playMoving)};
   setting->addSeparator();
   QMenu* rtttl = setting->addMenu(QStringLiteral("&RTTTL Specific"));
   rtttl->setObjectName(QStringLiteral("mnuRTTTL"));
   useDefault_ =
       AddItem(*rtttl, QStringLiteral("mnuRTTTLUseDefault"), QStringLiteral("&Use Default in Composer"),
-              [this] { composer_.mnuRTTTLUseDefault_Click(); });
+              [this] { composer_.ToggleUseDefaults(); });
   useDefault_->setCheckable(true);
   menus_[1] = setting->menuAction();
 }
@@ -81,7 +81,7 @@ void MainMenu::AddFormatMenu(QMenu& setting) {
     const ModeLimits& limits = kModeLimits.at(i);
     formats_.at(i) = AddItem(*menu, IndexedName("mnuSettingFormatType", static_cast<int>(i)),
                              QLatin1Char('&') + ToQString(limits.caption),
-                             [this, mode = limits.mode] { composer_.mnuSettingFormatType_Click(mode); });
+                             [this, mode = limits.mode] { composer_.SetMode(mode); });
     formats_.at(i)->setCheckable(true);
   }
 }
@@ -107,16 +107,16 @@ QAction* MainMenu::AddToggle(QMenu& menu, const char* objectName, const QString&
 }
 
 void MainMenu::ShowState() {
-  for (QAction* menu : menus_) menu->setVisible(composer_.CanEdit());
+  for (QAction* menu : menus_) menu->setVisible(composer_.MayEdit());
   for (size_t i = 0; i < formats_.size(); ++i)
-    formats_.at(i)->setChecked(ws_.iNoteMode == kModeLimits.at(i).mode);
+    formats_.at(i)->setChecked(document_.Mode() == kModeLimits.at(i).mode);
   for (size_t i = 0; i < outputs_.size(); ++i) {
     outputs_.at(i)->setChecked(player_.outputType == static_cast<OutputType>(i));
   }
-  toggles_[0]->setChecked(settings_.bAutoPlay);
-  toggles_[1]->setChecked(settings_.bPlayComposing);
-  toggles_[2]->setChecked(settings_.bPlayMoving);
-  useDefault_->setChecked(composer_.TextView().bRTTTLUseDefault);
+  toggles_[0]->setChecked(settings_.autoPlay);
+  toggles_[1]->setChecked(settings_.playComposing);
+  toggles_[2]->setChecked(settings_.playMoving);
+  useDefault_->setChecked(composer_.UseDefaults());
 }
 
 }  // namespace trillomat

@@ -8,8 +8,7 @@
 #include <functional>
 
 #include "composer/composer.h"
-#include "playback/play_settings.h"
-#include "playback/player.h"
+#include "playback/play_controls.h"
 
 namespace trillomat {
 
@@ -18,7 +17,8 @@ class MainMenu : public QObject {
 
  public:
   /// The check marks follow `composer`, `settings` and `player`, and the items change them.
-  MainMenu(QMenuBar& bar, Workspace& workspace, Composer& composer, PlaySettings& settings, Player& player);
+  MainMenu(QMenuBar& bar, const Document& document, Composer& composer, PlaySettings& settings,
+           Player& player);
 
   /// Moves the check marks to where they belong; the menus are shown unless the composer is locked.
   void ShowState();
@@ -38,7 +38,7 @@ class MainMenu : public QObject {
   void AddFormatMenu(QMenu& setting);
   void AddOutputMenu(QMenu& setting);
 
-  Workspace& ws_;
+  const Document& document_;
   Composer& composer_;
   PlaySettings& settings_;
   Player& player_;

@@ -22,12 +22,11 @@ struct CursorButton {
 // The arrows have a picture instead of a caption.
 constexpr std::array<CursorButton, 4> kCursorButtons{
     {{"cmdEraseLeft", "E&rase", "Erase the element left of the cursor",
-      "Erase the element left of the cursor (Backspace)", &Composer::cmdEraseLeft_Click},
-     {"cmdLeft", "", "Move the cursor left", "Move the cursor left (Left arrow)", &Composer::cmdLeft_Click},
-     {"cmdRight", "", "Move the cursor right", "Move the cursor right (Right arrow)",
-      &Composer::cmdRight_Click},
+      "Erase the element left of the cursor (Backspace)", &Composer::EraseLeft},
+     {"cmdLeft", "", "Move the cursor left", "Move the cursor left (Left arrow)", &Composer::MoveLeft},
+     {"cmdRight", "", "Move the cursor right", "Move the cursor right (Right arrow)", &Composer::MoveRight},
      {"cmdEraseRight", "Erase", "Erase the element right of the cursor",
-      "Erase the element right of the cursor (Delete)", &Composer::cmdEraseRight_Click}}};
+      "Erase the element right of the cursor (Delete)", &Composer::EraseRight}}};
 
 struct ControlButton {
   const char* caption;
@@ -46,11 +45,10 @@ constexpr std::array<ControlButton, 6> kControlButtons{
 
 }  // namespace
 
-MelodyBox::MelodyBox(Composer& composer, PlayControls& play, const Player& player, QWidget* parent)
+MelodyBox::MelodyBox(Composer& composer, PlayControls& play, QWidget* parent)
     : QGroupBox(QStringLiteral("Melody"), parent),
       composer_(composer),
       play_(play),
-      player_(player),
       line_(new MelodyLine(this)) {
   auto* column = new QVBoxLayout(this);
   column->addWidget(line_);
@@ -59,7 +57,6 @@ MelodyBox::MelodyBox(Composer& composer, PlayControls& play, const Player& playe
   below->addStretch();
   below->addLayout(NewControlRow());
   column->addLayout(below);
-  connect(line_, &MelodyLine::KeyPressed, this, &MelodyBox::Press);
 }
 
 QLayout* MelodyBox::NewCursorRow() {
@@ -89,7 +86,7 @@ QLayout* MelodyBox::NewControlRow() {
                   {QLatin1String(made.caption), QLatin1String(made.spoken), QLatin1String(made.tip)}, this);
     connect(button, &QPushButton::clicked, this, [this, i] {
       if (i == static_cast<int>(Control::Clear)) emit Clearing();
-      play_.cmdControl_Click(i);
+      play_.Press(static_cast<Control>(i));
     });
     row->addWidget(button);
     controls_.at(static_cast<size_t>(i)) = button;
@@ -98,32 +95,38 @@ QLayout* MelodyBox::NewControlRow() {
 }
 
 void MelodyBox::ShowState() {
-  const bool edit = composer_.CanEdit();
+  const bool edit = composer_.MayEdit();
   for (QPushButton* button : cursorButtons_) button->setEnabled(edit);
   for (const Control locked : {Control::Clear, Control::StartOver, Control::ToEnd}) {
-    controls_.at(static_cast<size_t>(locked))->setEnabled(edit);
+    Button(locked)->setEnabled(edit);
   }
-  const QString caption = ToQString(composer_.State().playCaption);
-  controls_.at(static_cast<size_t>(Control::Play))->setText(QLatin1Char('&') + caption);
+  const bool stopped = play_.State() == PlayState::Stopped;
+  Button(Control::Play)->setText(stopped ? QStringLiteral("&Play") : QStringLiteral("&Playing"));
 }
 
 // A key does what its button does, and nothing while that is disabled. A key that is held down waits
 // for the tone that sounds, so that the melody is heard element by element.
-void MelodyBox::Press(MelodyKey key, bool repeated) {
-  const auto click = [&](QPushButton* button) {
-    if (!repeated || !player_.NoteIsSounding()) button->click();
-  };
-  const auto control = [&](Control which) { click(controls_.at(static_cast<size_t>(which))); };
-  switch (key) {
-    case MelodyKey::EraseLeft: return click(cursorButtons_[0]);
-    case MelodyKey::Left: return click(cursorButtons_[1]);
-    case MelodyKey::Right: return click(cursorButtons_[2]);
-    case MelodyKey::EraseRight: return click(cursorButtons_[3]);
-    case MelodyKey::ToStart: return control(Control::StartOver);
-    case MelodyKey::ToEnd: return control(Control::ToEnd);
-    case MelodyKey::PlayOrStop:
-      if (!repeated) control(play_.IsPlaying() ? Control::Stop : Control::Play);
-      return;
+bool MelodyBox::TakeKey(const QKeyEvent& event) {
+  QPushButton* button = ButtonOfKey(event);
+  if (button == nullptr) return false;
+  if (!event.isAutoRepeat() || !composer_.Sounds()) button->click();
+  return true;
+}
+
+void MelodyBox::PlayOrStop() {
+  Button(play_.State() == PlayState::Stopped ? Control::Play : Control::Stop)->click();
+}
+
+QPushButton* MelodyBox::ButtonOfKey(const QKeyEvent& event) {
+  if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return nullptr;
+  switch (event.key()) {
+    case Qt::Key_Backspace: return cursorButtons_[0];
+    case Qt::Key_Left: return cursorButtons_[1];
+    case Qt::Key_Right: return cursorButtons_[2];
+    case Qt::Key_Delete: return cursorButtons_[3];
+    case Qt::Key_Home: return Button(Control::StartOver);
+    case Qt::Key_End: return Button(Control::ToEnd);
+    default: return nullptr;
   }
 }
 

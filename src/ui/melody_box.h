@@ -1,8 +1,9 @@
 // The middle of the window: the melody line, the buttons that move and erase at its cursor, and the six
-// play and list buttons.
+// play and list buttons; and the keys that stand for these buttons.
 #pragma once
 
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <array>
 
@@ -16,11 +17,16 @@ class MelodyBox : public QGroupBox {
   Q_OBJECT
 
  public:
-  MelodyBox(Composer& composer, PlayControls& play, const Player& player, QWidget* parent);
+  MelodyBox(Composer& composer, PlayControls& play, QWidget* parent);
 
   MelodyLine& Line() { return *line_; }
   /// Shows what is enabled and the Play button's caption.
   void ShowState();
+
+  /// Presses the button that the key stands for: the arrows move, Backspace and Delete erase, Home and End
+  /// go to the ends. False for any other key.
+  bool TakeKey(const QKeyEvent& event);
+  void PlayOrStop();
 
  signals:
   /// The melody is about to be cleared.
@@ -29,11 +35,11 @@ class MelodyBox : public QGroupBox {
  private:
   QLayout* NewCursorRow();
   QLayout* NewControlRow();
-  void Press(MelodyKey key, bool repeated);
+  QPushButton* Button(Control control) { return controls_.at(static_cast<size_t>(control)); }
+  QPushButton* ButtonOfKey(const QKeyEvent& event);
 
   Composer& composer_;
   PlayControls& play_;
-  const Player& player_;
   MelodyLine* line_;
   std::array<QPushButton*, 4> cursorButtons_{};
   std::array<QPushButton*, 6> controls_{};

@@ -4,12 +4,9 @@
 #include <QLineEdit>
 #include <QWidget>
 
-#include "composer/melody_text_view.h"
+#include "composer/melody_text.h"
 
 namespace trillomat {
-
-/// What a key pressed on the melody asks for.
-enum class MelodyKey { Left, Right, EraseLeft, EraseRight, PlayOrStop, ToStart, ToEnd };
 
 class MelodyLine : public QWidget {
   Q_OBJECT
@@ -17,14 +14,9 @@ class MelodyLine : public QWidget {
  public:
   explicit MelodyLine(QWidget* parent);
 
-  void ShowMelody(const MelodyViewText& text);
+  void ShowMelody(const MelodyText& text);
   /// Gives the melody the focus.
-  void TakeFocus() { txtRight_->setFocus(Qt::OtherFocusReason); }
-  QWidget* FirstInTabOrder() const { return txtLeft_; }
-
- signals:
-  /// A key was pressed while the melody had the focus. `repeated`: by holding it down.
-  void KeyPressed(MelodyKey key, bool repeated);
+  void TakeFocus() { right_->setFocus(Qt::OtherFocusReason); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -33,8 +25,8 @@ class MelodyLine : public QWidget {
  private:
   QLineEdit* NewHalf(const char* name, const char* spoken);
 
-  QLineEdit* txtLeft_;
-  QLineEdit* txtRight_;
+  QLineEdit* left_;
+  QLineEdit* right_;
 };
 
 }  // namespace trillomat

@@ -4,6 +4,7 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "core/number_text.h"
 #include "ui/controls.h"
@@ -15,15 +16,15 @@ NoteEntryBox::NoteEntryBox(Composer& composer, QWidget* parent)
     : QGroupBox(QStringLiteral("Current note"), parent),
       composer_(composer),
       piano_(new PianoKeyboard(this)),
-      SliderOctave_(new QSlider(Qt::Horizontal, this)) {
+      octave_(new QSlider(Qt::Horizontal, this)) {
   auto* upper = new QHBoxLayout;
   upper->addWidget(piano_, 1);
   upper->addLayout(NewButtonColumn());
   auto* column = new QVBoxLayout(this);
   column->addLayout(upper, 1);
   column->addLayout(NewOctaveRow());
-  connect(piano_, &PianoKeyboard::Pressed, this, [this](int tone) { composer_.cmdTone_Click(tone); });
-  setTabOrder(buttons_.back(), SliderOctave_);
+  connect(piano_, &PianoKeyboard::Pressed, this, [this](int tone) { composer_.EnterTone(tone); });
+  setTabOrder(buttons_.back(), octave_);
   AddLetterKeys();
 }
 
@@ -42,9 +43,9 @@ QLayout* NoteEntryBox::NewButtonColumn() {
                          QStringLiteral("Change the sharp or flat of the note at the cursor"),
                          QStringLiteral("Make the note at the cursor natural, sharp or flat, in turn")},
                         this)};
-  connect(buttons_[0], &QPushButton::clicked, this, [this] { composer_.cmdPause_Click(); });
-  connect(buttons_[1], &QPushButton::clicked, this, [this] { composer_.cmdDuration_Click(); });
-  connect(buttons_[2], &QPushButton::clicked, this, [this] { composer_.cmdLowHigh_Click(); });
+  connect(buttons_[0], &QPushButton::clicked, this, [this] { composer_.EnterPause(); });
+  connect(buttons_[1], &QPushButton::clicked, this, [this] { composer_.StepDuration(); });
+  connect(buttons_[2], &QPushButton::clicked, this, [this] { composer_.StepAccidental(); });
   auto* column = new QVBoxLayout;
   column->addWidget(buttons_[0]);
   column->addStretch();
@@ -55,27 +56,31 @@ QLayout* NoteEntryBox::NewButtonColumn() {
 
 QLayout* NoteEntryBox::NewOctaveRow() {
   NameControl(
-      *SliderOctave_, QStringLiteral("SliderOctave"),
+      *octave_, QStringLiteral("SliderOctave"),
       {{}, QStringLiteral("Active octave"), QStringLiteral("Octave of the notes that the keys insert")});
-  SliderOctave_->setRange(LimitsOf(FormatMode::IMelody).iOctaveMin, LimitsOf(FormatMode::IMelody).iOctaveMax);
-  SliderOctave_->setPageStep(1);
-  SliderOctave_->setTickPosition(QSlider::TicksBelow);
-  SliderOctave_->setTickInterval(1);
-  SliderOctave_->setMinimumWidth(120);
-  connect(SliderOctave_, &QSlider::valueChanged, this,
-          [this](int value) { composer_.SliderOctave_Change(value); });
-  lbl_ = {NewLabel(IndexedName("lbl", 0), QStringLiteral("Act&ive ocatave:"), SliderOctave_, this),
-          new QLabel(this), new QLabel(this)};
+  octave_->setRange(LimitsOf(FormatMode::IMelody).lowestOctave, LimitsOf(FormatMode::IMelody).highestOctave);
+  octave_->setPageStep(1);
+  octave_->setTickPosition(QSlider::TicksBelow);
+  octave_->setTickInterval(1);
+  octave_->setMinimumWidth(120);
+  connect(octave_, &QSlider::valueChanged, this, [this](int value) { composer_.SetOctave(value); });
+  labels_ = {NewLabel(IndexedName("lbl", 0), QStringLiteral("Act&ive ocatave:"), octave_, this),
+             new QLabel(this), new QLabel(this)};
   QFont bold = font();
   bold.setBold(true);
-  lbl_[1]->setFont(bold);
-  lbl_[1]->setObjectName(IndexedName("lbl", 1));
-  lbl_[2]->setObjectName(IndexedName("lbl", 2));
+  labels_[1]->setFont(bold);
+  labels_[1]->setObjectName(IndexedName("lbl", 1));
+  labels_[2]->setObjectName(IndexedName("lbl", 2));
+  // The slider keeps its width, whether a range note stands beside it or not.
+  for (const ModeLimits& limits : kModeLimits) {
+    const int noteWidth = labels_[2]->fontMetrics().horizontalAdvance(ToQString(limits.rangeNote));
+    labels_[2]->setMinimumWidth(std::max(labels_[2]->minimumWidth(), noteWidth));
+  }
   auto* row = new QHBoxLayout;
-  row->addWidget(lbl_[0]);
-  row->addWidget(lbl_[1]);
-  row->addWidget(SliderOctave_, 1);
-  row->addWidget(lbl_[2]);
+  row->addWidget(labels_[0]);
+  row->addWidget(labels_[1]);
+  row->addWidget(octave_, 1);
+  row->addWidget(labels_[2]);
   return row;
 }
 
@@ -85,18 +90,18 @@ void NoteEntryBox::AddLetterKeys() {
     const QString letter{QLatin1Char(kPianoLetters.at(static_cast<size_t>(tone)))};
     auto* key = new QShortcut(QKeySequence(letter), this);
     key->setAutoRepeat(false);
-    connect(key, &QShortcut::activated, this, [this, tone] { composer_.cmdTone_Click(tone); });
+    connect(key, &QShortcut::activated, this, [this, tone] { composer_.TypeTone(tone); });
   }
 }
 
 void NoteEntryBox::ShowState(std::string_view rangeNote) {
-  piano_->EnableKeys(composer_.CanEdit());
-  for (QPushButton* button : buttons_) button->setEnabled(composer_.CanEdit());
-  const int octave = composer_.State().octave;
-  const QSignalBlocker quiet(SliderOctave_);
-  SliderOctave_->setValue(octave);
-  lbl_[1]->setText(ToQString(DecimalText(octave)));
-  lbl_[2]->setText(ToQString(rangeNote));
+  piano_->EnableKeys(composer_.MayEdit());
+  for (QPushButton* button : buttons_) button->setEnabled(composer_.MayEdit());
+  const int chosen = composer_.State().octave;
+  const QSignalBlocker quiet(octave_);
+  octave_->setValue(chosen);
+  labels_[1]->setText(ToQString(DecimalText(chosen)));
+  labels_[2]->setText(ToQString(rangeNote));
 }
 
 }  // namespace trillomat

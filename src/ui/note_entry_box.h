@@ -30,8 +30,8 @@ class NoteEntryBox : public QGroupBox {
   Composer& composer_;
   PianoKeyboard* piano_;
   std::array<QPushButton*, 3> buttons_{};
-  QSlider* SliderOctave_;
-  std::array<QLabel*, 3> lbl_{};
+  QSlider* octave_;
+  std::array<QLabel*, 3> labels_{};
 };
 
 }  // namespace trillomat

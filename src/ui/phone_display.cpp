@@ -1,12 +1,13 @@
 #include "ui/phone_display.h"
 
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <chrono>
 #include <random>
 
-#include "playback/phone_lights.h"
-#include "playback/player_view.h"
 #include "ui/controls.h"
 #include "ui/qt_text.h"
 #include "ui/resources.h"
@@ -14,9 +15,10 @@
 namespace trillomat {
 namespace {
 
-constexpr QSize kPhone(96, 168);
-// The pictures jump within a square of this width.
-constexpr int kJitter = 81;
+// The size of the drawings, and the width of the square that they jump within, at their first size.
+constexpr QSizeF kPhone(96, 168);
+constexpr double kJitter = 81;
+constexpr std::chrono::milliseconds kJumpInterval(100);
 constexpr VibrationSpot kOrigin = RandomVibrationSpot(0, 0);
 
 constexpr std::array<const char*, 4> kSpoken{"Phone", "Phone with its backlight on", "Phone with its LED on",
@@ -29,52 +31,84 @@ void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
   picture_.paint(&painter, rect());
 }
 
-PhoneDisplay::PhoneDisplay(QWidget* parent)
-    : QGroupBox(QStringLiteral("Phone"), parent), area_(new QWidget(this)), lblFrequency_(new QLabel(this)) {
-  area_->setFixedSize(kPhone.width() + kJitter, kPhone.height() + kJitter);
-  for (int i = 0; i < static_cast<int>(imageMS_.size()); ++i) {
-    auto* picture = new PictureWidget(Picture(QStringLiteral("phone_%1").arg(i)), area_);
+PhonePictures::PhonePictures(QWidget* parent) : QWidget(parent) {
+  for (int i = 0; i < static_cast<int>(pictures_.size()); ++i) {
+    auto* picture = new PictureWidget(Picture(QStringLiteral("phone_%1").arg(i)), this);
     NameControl(*picture, IndexedName("ImageMS", i), {{}, QLatin1String(kSpoken.at(static_cast<size_t>(i)))});
-    picture->setGeometry(QRect(QPoint(kJitter / 2, kJitter / 2), kPhone));
-    imageMS_.at(static_cast<size_t>(i)) = picture;
+    pictures_.at(static_cast<size_t>(i)) = picture;
   }
-  auto* column = new QVBoxLayout(this);
-  column->addWidget(area_, 1, Qt::AlignCenter);
-  column->addLayout(NewFrequencyRow());
-  connect(&timer_, &QTimer::timeout, this, &PhoneDisplay::Vibrate);
-  ShowPicture(0);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  PutInTheMiddle();
 }
 
+QSize PhonePictures::sizeHint() const { return (kPhone + QSizeF(kJitter, kJitter)).toSize(); }
+
+void PhonePictures::Show(int picture) {
+  for (int i = 0; i < static_cast<int>(pictures_.size()); ++i) {
+    pictures_.at(static_cast<size_t>(i))->setVisible(i == picture);
+  }
+}
+
+void PhonePictures::PutAt(VibrationSpot spot) {
+  spot_ = QPointF(spot.left - kOrigin.left, spot.top - kOrigin.top);
+  Place();
+}
+
+void PhonePictures::PutInTheMiddle() {
+  spot_ = QPointF(kJitter / 2, kJitter / 2);
+  Place();
+}
+
+void PhonePictures::resizeEvent(QResizeEvent* /*event*/) { Place(); }
+
+void PhonePictures::Place() {
+  const QSizeF needed(sizeHint());
+  const double scale = std::min(width() / needed.width(), height() / needed.height());
+  const QSizeF margin = (QSizeF(size()) - needed * scale) / 2;
+  const QPointF corner = QPointF(margin.width(), margin.height()) + spot_ * scale;
+  for (PictureWidget* picture : pictures_) picture->setGeometry(QRectF(corner, kPhone * scale).toRect());
+}
+
+PhoneDisplay::PhoneDisplay(QWidget* parent)
+    : QGroupBox(QStringLiteral("Phone"), parent),
+      pictures_(new PhonePictures(this)),
+      lblFrequency_(new QLabel(this)) {
+  auto* column = new QVBoxLayout(this);
+  column->addWidget(pictures_, 1);
+  column->addLayout(NewFrequencyRow());
+  connect(&timer_, &QTimer::timeout, this, &PhoneDisplay::Jump);
+  ShowPicture(0);
+  ShowFrequency("0");
+}
+
+// The label is as wide as the longest frequency, so that showing one moves nothing.
 QLayout* PhoneDisplay::NewFrequencyRow() {
   NameControl(*lblFrequency_, QStringLiteral("lblFrequency"),
               {{}, QStringLiteral("Frequency of the tone in hertz")});
+  lblFrequency_->setTextFormat(Qt::PlainText);
+  lblFrequency_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  lblFrequency_->setMinimumWidth(QFontMetrics(font()).horizontalAdvance(QStringLiteral("00000")));
   auto* row = new QHBoxLayout;
   row->addStretch();
   row->addWidget(lblFrequency_);
   row->addWidget(new QLabel(QStringLiteral("Hz"), this));
   row->addStretch();
-  ShowFrequency("0");
   return row;
 }
 
 void PhoneDisplay::ShowFrequency(std::string_view text) { lblFrequency_->setText(ToQString(text)); }
 
-void PhoneDisplay::ShowPicture(int picture) {
-  for (int i = 0; i < static_cast<int>(imageMS_.size()); ++i) {
-    imageMS_.at(static_cast<size_t>(i))->setVisible(i == picture);
-  }
+void PhoneDisplay::Vibrate(bool on) {
+  if (on) return timer_.start(kJumpInterval);
+  timer_.stop();
+  pictures_->PutInTheMiddle();
 }
 
-void PhoneDisplay::StartVibration() { timer_.start(TimerInterval(kVibrationTimer)); }
-
-void PhoneDisplay::StopVibration() { timer_.stop(); }
-
-void PhoneDisplay::Vibrate() {
+void PhoneDisplay::Jump() {
   std::minstd_rand generator(std::random_device{}());
   std::uniform_real_distribution<double> random(0, 1);
   const double left = random(generator);
-  const VibrationSpot spot = RandomVibrationSpot(left, random(generator));
-  for (PictureWidget* picture : imageMS_) picture->move(spot.left - kOrigin.left, spot.top - kOrigin.top);
+  pictures_->PutAt(RandomVibrationSpot(left, random(generator)));
 }
 
 }  // namespace trillomat

@@ -11,6 +11,8 @@
 #include <string_view>
 #include <utility>
 
+#include "playback/player_view.h"
+
 namespace trillomat {
 
 /// One drawing that fills the widget.
@@ -25,6 +27,30 @@ class PictureWidget : public QWidget {
   QIcon picture_;
 };
 
+/// The pictures, as large as the widget lets them be, and the square that they jump in.
+class PhonePictures : public QWidget {
+ public:
+  explicit PhonePictures(QWidget* parent);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint() / 2; }
+
+  void Show(int picture);
+  /// Puts the pictures where vibration has them.
+  void PutAt(VibrationSpot spot);
+  /// Where the phone is while it does not vibrate.
+  void PutInTheMiddle();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void Place();
+
+  std::array<PictureWidget*, 4> pictures_{};
+  QPointF spot_;  ///< in the square, at the size of sizeHint
+};
+
 class PhoneDisplay : public QGroupBox {
   Q_OBJECT
 
@@ -33,16 +59,15 @@ class PhoneDisplay : public QGroupBox {
 
   void ShowFrequency(std::string_view text);
   /// Shows picture 0 (no light), 1 (backlight), 2 (LED) or 3 (both) alone.
-  void ShowPicture(int picture);
-  void StartVibration();
-  void StopVibration();
+  void ShowPicture(int picture) { pictures_->Show(picture); }
+  /// Shakes the phone, or puts it back to its place.
+  void Vibrate(bool on);
 
  private:
-  void Vibrate();
+  void Jump();
   QLayout* NewFrequencyRow();
 
-  QWidget* area_;
-  std::array<PictureWidget*, 4> imageMS_{};
+  PhonePictures* pictures_;
   QLabel* lblFrequency_;
   QTimer timer_;
 };

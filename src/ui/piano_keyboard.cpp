@@ -11,6 +11,7 @@ namespace trillomat {
 namespace {
 
 constexpr int kWhiteKeys = 7;
+constexpr int kWidestKey = 80;
 
 struct KeyPlace {
   const char* spoken;
@@ -122,6 +123,7 @@ void PianoKey::PaintLetters(QPainter& painter) const {
 
 PianoKeyboard::PianoKeyboard(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  setMaximumWidth(kWhiteKeys * kWidestKey);
   for (int tone = 0; tone < static_cast<int>(keys_.size()); ++tone) {
     auto* key = new PianoKey(tone, this);
     connect(key, &QAbstractButton::clicked, this, [this, tone] { emit Pressed(tone); });

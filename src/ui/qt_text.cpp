@@ -11,6 +11,10 @@ std::string FromQString(const QString& text) {
   return FromUtf8(text.toStdString()).value_or(std::string());
 }
 
+QString FromUtf8Bytes(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
 QString IndexedName(const char* group, int index) {
   return QString::fromLatin1(group) + QLatin1Char('(') + QString::number(index) + QLatin1Char(')');
 }

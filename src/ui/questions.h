@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <optional>
 
-#include "browser/browser_view.h"
+#include "files/files_host.h"
 
 namespace trillomat {
 
@@ -17,7 +17,7 @@ class Questions {
   Questions& operator=(const Questions&) = delete;
   virtual ~Questions() = default;
 
-  // As in BrowserView; the dialogs stand over `parent`.
+  // As in FilesHost; the dialogs stand over `parent`.
   virtual std::optional<std::filesystem::path> AskSavePath(QWidget* parent, const SaveDialog& dialog) = 0;
   virtual bool AskYesNo(QWidget* parent, const QString& title, const QString& question) = 0;
 };

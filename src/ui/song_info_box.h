@@ -30,9 +30,9 @@ class SongInfoBox : public QGroupBox {
   void ShowList(QComboBox& list, const SongInfoRow& row);
 
   Composer& composer_;
-  std::array<QLabel*, 7> lblSongInfo_{};
-  std::array<QLineEdit*, SongInfoPanel::kTextRows> txtSongInfo_{};
-  std::array<QComboBox*, 2> cboSongInfo_{};
+  std::array<QLabel*, 7> labels_{};
+  std::array<QLineEdit*, SongInfoPanel::kTextRows> texts_{};
+  std::array<QComboBox*, 2> lists_{};
   std::array<bool, SongInfoPanel::kTextRows> invalid_{};  ///< shown in red
 };
 

@@ -7,20 +7,20 @@
 
 namespace trillomat {
 
-class frmRename : public QDialog {
+class RenameWindow : public QDialog {
   Q_OBJECT
 
  public:
   /// `name` is the file's name without its extension.
-  explicit frmRename(const QString& name, QWidget* parent = nullptr);
+  explicit RenameWindow(const QString& name, QWidget* parent = nullptr);
 
   /// The name in the box, without an extension; it counts when the window was accepted.
-  QString NewName() const { return txtName_->text(); }
+  QString NewName() const { return name_->text(); }
 
  private:
   QLayout* NewButtonRow();
 
-  QLineEdit* txtName_;
+  QLineEdit* name_;
 };
 
 }  // namespace trillomat

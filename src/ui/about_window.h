@@ -5,12 +5,12 @@
 
 namespace trillomat {
 
-class frmAbout : public QDialog {
+class AboutWindow : public QDialog {
   Q_OBJECT
 
  public:
   /// `version` is "major.minor.revision".
-  explicit frmAbout(const QString& version, QWidget* parent = nullptr);
+  explicit AboutWindow(const QString& version, QWidget* parent = nullptr);
 };
 
 }  // namespace trillomat

@@ -1,4 +1,4 @@
-#include "ui/frm_rename.h"
+#include "ui/rename_window.h"
 
 #include <QFontMetrics>
 #include <QHBoxLayout>
@@ -7,34 +7,36 @@
 #include <QVBoxLayout>
 
 #include "ui/dialog_parts.h"
+#include "ui/text_line.h"
 
 namespace trillomat {
 
-frmRename::frmRename(const QString& name, QWidget* parent)
-    : QDialog(parent), txtName_(new QLineEdit(name, this)) {
+RenameWindow::RenameWindow(const QString& name, QWidget* parent)
+    : QDialog(parent), name_(new QLineEdit(name, this)) {
   constexpr int kCharacters = 36;
   SetUpDialog(*this, QStringLiteral("frmRename"), QStringLiteral("Trillomat - Rename"));
-  NameControl(*txtName_, QStringLiteral("txtName"),
+  NameControl(*name_, QStringLiteral("txtName"),
               {{}, QStringLiteral("New name of the file"), QStringLiteral("The name without its extension")});
-  txtName_->setMinimumWidth(QFontMetrics(txtName_->font()).averageCharWidth() * kCharacters);
-  txtName_->selectAll();
-  txtName_->setFocus();
+  name_->setMinimumWidth(QFontMetrics(name_->font()).averageCharWidth() * kCharacters);
+  SetUpTextLine(*name_, Characters::All);
+  name_->selectAll();
+  name_->setFocus();
   auto* layout = new QVBoxLayout(this);
-  layout->addWidget(NewLabel(QStringLiteral("lblName"), QStringLiteral("&New name:"), txtName_, this));
-  layout->addWidget(txtName_);
+  layout->addWidget(NewLabel(QStringLiteral("lblName"), QStringLiteral("&New name:"), name_, this));
+  layout->addWidget(name_);
   layout->addStretch();
   layout->addLayout(NewButtonRow());
 }
 
-QLayout* frmRename::NewButtonRow() {
+QLayout* RenameWindow::NewButtonRow() {
   auto* cmdOK = NewDialogButton(QStringLiteral("cmdOK"),
                                 {QStringLiteral("&OK"), QStringLiteral("Rename the file")}, this);
   cmdOK->setDefault(true);
   auto* cmdCancel =
       NewDialogButton(QStringLiteral("cmdCancel"),
                       {QStringLiteral("&Cancel"), QStringLiteral("Keep the name of the file")}, this);
-  connect(cmdOK, &QPushButton::clicked, this, &frmRename::accept);
-  connect(cmdCancel, &QPushButton::clicked, this, &frmRename::reject);
+  connect(cmdOK, &QPushButton::clicked, this, &RenameWindow::accept);
+  connect(cmdCancel, &QPushButton::clicked, this, &RenameWindow::reject);
   auto* row = new QHBoxLayout;
   row->addStretch();
   row->addWidget(cmdOK);

@@ -1,12 +1,15 @@
-#include "ui/frm_import.h"
+#include "ui/import_window.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "core/code_page.h"
+#include "playback/scoped_value.h"
 #include "ui/dialog_parts.h"
+#include "ui/qt_text.h"
 
 namespace trillomat {
 namespace {
@@ -32,32 +35,32 @@ QString ReplacedWords(qsizetype count) {
 
 }  // namespace
 
-frmImport::frmImport(Workspace& ws, QWidget* parent) : QDialog(parent), ws_(ws), dialog_(ws) {
+ImportWindow::ImportWindow(const ReadRecord& before, const Services& services, QWidget* parent)
+    : QDialog(parent), before_(before), services_(services) {
   SetUpDialog(*this, QStringLiteral("frmImport"), QStringLiteral("Trillomat - Import"));
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(NewFormatFrame());
   layout->addWidget(NewSourceFrame(), 1);
   layout->addLayout(NewButtonRow());
   resize(sizeHint() * kRoomToSpare);
-  txtSource_->setFocus();
-  dialog_.Load();
-  cmdImport_->setEnabled(dialog_.CanImport());
+  sourceBox_->setFocus();
+  UpdateImportButton();
 }
 
-QWidget* frmImport::NewFormatFrame() {
+QWidget* ImportWindow::NewFormatFrame() {
   auto* frame = new QGroupBox(QStringLiteral("Source &format"), this);
   auto* layout = new QHBoxLayout(frame);
-  for (size_t i = 0; i < optImport_.size(); ++i) {
+  for (size_t i = 0; i < options_.size(); ++i) {
     const FormatWords& words = kFormatWords.at(i);
     const QString caption = WithMnemonic(kImportOptions.at(i).caption, words.mnemonic);
     auto* option = new QRadioButton(caption, frame);
     NameControl(*option, IndexedName("optImport", static_cast<int>(i)), {caption, words.spoken, words.tip});
-    optImport_.at(i) = option;
+    options_.at(i) = option;
     layout->addWidget(option);
   }
   layout->addStretch();
-  optImport_.front()->setChecked(true);
-  for (const QRadioButton* option : optImport_) {
+  options_.front()->setChecked(true);
+  for (const QRadioButton* option : options_) {
     connect(option, &QRadioButton::toggled, this, [this](bool selected) {
       if (selected) UpdateImportButton();
     });
@@ -65,87 +68,89 @@ QWidget* frmImport::NewFormatFrame() {
   return frame;
 }
 
-QWidget* frmImport::NewSourceFrame() {
+QWidget* ImportWindow::NewSourceFrame() {
   auto* frame = new QGroupBox(QStringLiteral("&Source"), this);
-  txtSource_ = new QPlainTextEdit(frame);
-  NameControl(*txtSource_, QStringLiteral("txtSource"),
+  sourceBox_ = new QPlainTextEdit(frame);
+  NameControl(*sourceBox_, QStringLiteral("txtSource"),
               {{}, QStringLiteral("Melody text to import"), QStringLiteral("Paste the melody text here")});
-  SetUpTextBox(*txtSource_);
-  connect(txtSource_, &QPlainTextEdit::textChanged, this, &frmImport::txtSource_Change);
-  lblReplaced_ = NewLabel(QStringLiteral("lblReplaced"), {}, nullptr, frame);
-  lblReplaced_->setWordWrap(true);
-  lblReplaced_->hide();
+  SetUpTextBox(*sourceBox_);
+  connect(sourceBox_, &QPlainTextEdit::textChanged, this, &ImportWindow::TakeSource);
+  replaced_ = NewLabel(QStringLiteral("lblReplaced"), {}, nullptr, frame);
+  replaced_->setWordWrap(true);
+  replaced_->hide();
   auto* layout = new QVBoxLayout(frame);
-  layout->addWidget(txtSource_, 1);
-  layout->addWidget(lblReplaced_);
+  layout->addWidget(sourceBox_, 1);
+  layout->addWidget(replaced_);
   return frame;
 }
 
-QLayout* frmImport::NewButtonRow() {
+QLayout* ImportWindow::NewButtonRow() {
   const ControlText adapt{QStringLiteral("&Adapt for T68i"), QStringLiteral("Adapt the melody for the T68i"),
                           QStringLiteral("Moves the melody by whole octaves into those of the T68i")};
-  chkAdapt_ = new QCheckBox(adapt.caption, this);
-  NameControl(*chkAdapt_, QStringLiteral("chkAdapt"), adapt);
-  cmdImport_ = NewDialogButton(QStringLiteral("cmdImport"),
-                               {QStringLiteral("&Import"), QStringLiteral("Import the melody text"),
-                                QStringLiteral("Replaces the composed melody")},
-                               this);
-  cmdImport_->setDefault(true);
+  adapt_ = new QCheckBox(adapt.caption, this);
+  NameControl(*adapt_, QStringLiteral("chkAdapt"), adapt);
+  import_ = NewDialogButton(QStringLiteral("cmdImport"),
+                            {QStringLiteral("&Import"), QStringLiteral("Import the melody text"),
+                             QStringLiteral("Replaces the composed melody")},
+                            this);
+  import_->setDefault(true);
   auto* cmdCancel =
       NewDialogButton(QStringLiteral("cmdCancel"),
                       {QStringLiteral("&Cancel"), QStringLiteral("Close without importing")}, this);
-  connect(cmdImport_, &QPushButton::clicked, this, &frmImport::cmdImport_Click);
-  connect(cmdCancel, &QPushButton::clicked, this, &frmImport::reject);
+  connect(import_, &QPushButton::clicked, this, &ImportWindow::Import);
+  connect(cmdCancel, &QPushButton::clicked, this, &ImportWindow::reject);
   auto* row = new QHBoxLayout;
-  row->addWidget(chkAdapt_);
+  row->addWidget(adapt_);
   row->addStretch();
-  row->addWidget(cmdImport_);
+  row->addWidget(import_);
   row->addWidget(cmdCancel);
   return row;
 }
 
-std::array<bool, kImportOptions.size()> frmImport::Options() const {
+std::array<bool, kImportOptions.size()> ImportWindow::Options() const {
   std::array<bool, kImportOptions.size()> options{};
-  std::transform(optImport_.begin(), optImport_.end(), options.begin(),
+  std::transform(options_.begin(), options_.end(), options.begin(),
                  [](const QRadioButton* option) { return option->isChecked(); });
   return options;
 }
 
-void frmImport::txtSource_Change() {
-  const QString text = txtSource_->toPlainText();
+void ImportWindow::TakeSource() {
+  const QString text = sourceBox_->toPlainText();
   source_ = FromQString(text);
   const auto characters = text.toUcs4();
   const auto replaced = std::count_if(characters.begin(), characters.end(),
                                       [](char32_t character) { return !CodePageHas(character); });
-  lblReplaced_->setText(ReplacedWords(replaced));
-  lblReplaced_->setVisible(replaced != 0);
+  replaced_->setText(ReplacedWords(replaced));
+  replaced_->setVisible(replaced != 0);
   UpdateImportButton();
 }
 
-void frmImport::UpdateImportButton() {
-  dialog_.Update(Options(), source_);
-  cmdImport_->setEnabled(dialog_.CanImport());
+void ImportWindow::UpdateImportButton() {
+  choice_.Update(Options(), source_);
+  import_->setEnabled(choice_.CanImport());
 }
 
-void frmImport::cmdImport_Click() {
-  // Events run while the text is converted: the button can be pressed again and the text be changed.
-  if (importing_) return;
-  importing_ = true;
-  const SongHeader header = ws_.header;
-  const std::string source = source_;
-  dialog_.Import(Options(), source, chkAdapt_->isChecked());
-  importing_ = false;
-  if (!cancelled_) return accept();
-  ws_.header = header;
-  reject();
+// Events run while the text is converted: the button can be pressed again, and the text be changed.
+void ImportWindow::Import() {
+  if (running_ != nullptr) return;
+  const auto format = ImportChoice::Selected(Options()).format;
+  if (!format) return accept();
+  StoppablePump pump(services_.pump);
+  std::optional<Imported> imported;
+  {
+    const ScopedValue<StoppablePump*> running(running_, &pump);
+    const std::string source = source_;
+    imported = trillomat::Import(*format, source, adapt_->isChecked(), before_, {services_.log, pump});
+  }
+  if (cancelled_) return reject();
+  result_ = std::move(imported);
+  accept();
 }
 
-void frmImport::reject() {
-  // Closed at once, the main window would take clicks while its song information is being filled.
+// Closed at once, the main window would take clicks while the import goes on.
+void ImportWindow::reject() {
   cancelled_ = true;
-  if (importing_) return;
-  ws_.ImportMelody.clear();
-  ws_.refusal.clear();
+  if (running_ != nullptr) return running_->Stop();
   QDialog::reject();
 }
 

@@ -1,4 +1,4 @@
-#include "ui/frm_export.h"
+#include "ui/export_window.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -9,6 +9,7 @@
 #include <optional>
 #include <utility>
 
+#include "playback/scoped_value.h"
 #include "ui/dialog_parts.h"
 #include "ui/qt_text.h"
 
@@ -55,7 +56,8 @@ class ResultBox : public QPlainTextEdit {
 
 }  // namespace
 
-frmExport::frmExport(Workspace& ws, QWidget* parent) : QDialog(parent), ws_(ws) {
+ExportWindow::ExportWindow(Song song, const Services& services, QWidget* parent)
+    : QDialog(parent), song_(std::move(song)), services_(services) {
   SetUpDialog(*this, QStringLiteral("frmExport"), QStringLiteral("Trillomat - Export"));
   auto* frames = new QHBoxLayout;
   frames->addWidget(NewTargetFrame());
@@ -66,7 +68,7 @@ frmExport::frmExport(Workspace& ws, QWidget* parent) : QDialog(parent), ws_(ws) 
   resize(sizeHint() * kRoomToSpare);
 }
 
-QWidget* frmExport::NewTargetFrame() {
+QWidget* ExportWindow::NewTargetFrame() {
   auto* frame = new QGroupBox(QStringLiteral("&Export To"), this);
   auto* layout = new QVBoxLayout(frame);
   for (size_t i = 0; i < kExportButtons.size(); ++i) {
@@ -75,17 +77,17 @@ QWidget* frmExport::NewTargetFrame() {
     auto* button =
         NewDialogButton(IndexedName("cmdExport", static_cast<int>(i)),
                         {WithMnemonic(target.caption, words.mnemonic), words.spoken, words.tip}, frame);
-    connect(button, &QPushButton::clicked, this, [this, &target] { cmdExport_Click(target); });
+    connect(button, &QPushButton::clicked, this, [this, &target] { Press(target); });
     layout->addWidget(button);
   }
   layout->addStretch();
   return frame;
 }
 
-QWidget* frmExport::NewResultFrame() {
+QWidget* ExportWindow::NewResultFrame() {
   auto* frame = new QGroupBox(QStringLiteral("Res&ult"), this);
   auto* box = new ResultBox(frame);
-  txtResult_ = box;
+  resultBox_ = box;
   NameControl(
       *box, QStringLiteral("txtResult"),
       {{}, QStringLiteral("Result of the export"), CopyKey() + " copies all of it, or what is selected"});
@@ -93,64 +95,66 @@ QWidget* frmExport::NewResultFrame() {
   box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   auto* copy = new QShortcut(QKeySequence::Copy, this);
   connect(copy, &QShortcut::activated, box, &ResultBox::Copy);
-  lblStatus_ = NewLabel(QStringLiteral("lblStatus"), {}, nullptr, frame);
-  lblStatus_->setWordWrap(true);
+  status_ = NewLabel(QStringLiteral("lblStatus"), {}, nullptr, frame);
+  status_->setWordWrap(true);
   auto* layout = new QVBoxLayout(frame);
   layout->addWidget(box, 1);
-  layout->addWidget(lblStatus_);
+  layout->addWidget(status_);
   return frame;
 }
 
-QLayout* frmExport::NewButtonRow() {
-  cmdSaveToFile_ =
+QLayout* ExportWindow::NewButtonRow() {
+  saveToFile_ =
       NewDialogButton(QStringLiteral("cmdSaveToFile"),
                       {QStringLiteral("&Save To File"), QStringLiteral("Save to file, saves nothing"),
                        QStringLiteral("Saves nothing")},
                       this);
-  cmdSaveToFile_->setEnabled(false);
+  saveToFile_->setEnabled(false);
   auto* cmdAbort =
       NewDialogButton(QStringLiteral("cmdAbort"),
                       {QStringLiteral("&Close"), QStringLiteral("Close the export window")}, this);
-  connect(cmdAbort, &QPushButton::clicked, this, &frmExport::reject);
+  connect(cmdAbort, &QPushButton::clicked, this, &ExportWindow::reject);
   auto* row = new QHBoxLayout;
   row->addStretch();
-  row->addWidget(cmdSaveToFile_);
+  row->addWidget(saveToFile_);
   row->addWidget(cmdAbort);
   return row;
 }
 
-void frmExport::cmdExport_Click(const ExportButton& button) {
-  // Events run during an export, so a button can be pressed again.
-  if (exporting_) return;
-  cmdSaveToFile_->setEnabled(false);
-  ws_.ExportMelody = ws_.melody.Elements();
+// Events run during an export, so a button can be pressed again.
+void ExportWindow::Press(const ExportButton& button) {
+  if (running_ != nullptr) return;
+  saveToFile_->setEnabled(false);
   ShowResult({}, {});
   if (button.phone) MakeText(*button.phone);
-  if (button.enablesSaveToFile) cmdSaveToFile_->setEnabled(true);
+  if (button.enablesSaveToFile) saveToFile_->setEnabled(true);
 }
 
-void frmExport::MakeText(Phone phone) {
-  exporting_ = true;
-  std::optional<std::string> text = ExportText(phone, ws_);
-  exporting_ = false;
+void ExportWindow::MakeText(Phone phone) {
+  StoppablePump pump(services_.pump);
+  std::optional<trillomat::Result<std::string>> text;
+  {
+    const ScopedValue<StoppablePump*> running(running_, &pump);
+    text = Export(phone, song_, {services_.log, pump});
+  }
   if (closing_) return reject();
-  if (text) {
-    ShowResult(std::move(*text), CopyKey() + " copies the Result.");
+  if (*text) {
+    ShowResult(std::move(**text), CopyKey() + " copies the Result.");
   } else {
-    ShowResult({}, "No Result: " + ToQString(ws_.refusal) + '.');
+    ShowResult({}, "No Result: " + ToQString(text->Why().why) + '.');
   }
 }
 
-void frmExport::ShowResult(std::string result, const QString& status) {
+void ExportWindow::ShowResult(std::string result, const QString& status) {
   result_ = std::move(result);
-  txtResult_->setPlainText(ToQString(result_));
-  lblStatus_->setText(status);
+  resultBox_->setPlainText(ToQString(result_));
+  status_->setText(status);
 }
 
-void frmExport::reject() {
+void ExportWindow::reject() {
   closing_ = true;
-  ws_.ExportMelody.clear();  // ends an export that is running
-  if (!exporting_) QDialog::reject();
+  if (running_ != nullptr) return running_->Stop();
+  QDialog::reject();
 }
 
 }  // namespace trillomat

@@ -1,4 +1,4 @@
-#include "ui/frm_about.h"
+#include "ui/about_window.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -27,12 +27,12 @@ QLabel* NewTitle(QWidget* parent) {
 
 }  // namespace
 
-frmAbout::frmAbout(const QString& version, QWidget* parent) : QDialog(parent) {
+AboutWindow::AboutWindow(const QString& version, QWidget* parent) : QDialog(parent) {
   SetUpDialog(*this, QStringLiteral("frmAbout"), QStringLiteral("About Trillomat"));
   auto* cmdOK = NewDialogButton(QStringLiteral("cmdOK"),
                                 {QStringLiteral("&OK"), QStringLiteral("Close the About window")}, this);
   cmdOK->setDefault(true);
-  connect(cmdOK, &QPushButton::clicked, this, &frmAbout::accept);
+  connect(cmdOK, &QPushButton::clicked, this, &AboutWindow::accept);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(NewTitle(this));
   layout->addWidget(NewLine("lblVersion", "Version " + version, this));

@@ -1,12 +1,11 @@
-// The main window. It owns the composer, the player and the play controls, shows their state, and hands
-// them what the user does. See docs/reentrancy.md for what may run inside what.
+// The main window. It shows the document and what the composer, the player and the file commands say, and
+// hands them what the user does.
 #pragma once
 
 #include <QMainWindow>
 #include <filesystem>
 
 #include "composer/composer.h"
-#include "playback/play_controls.h"
 #include "settings/settings.h"
 #include "ui/all_notes_box.h"
 #include "ui/files_box.h"
@@ -16,14 +15,15 @@
 #include "ui/note_entry_box.h"
 #include "ui/option_box.h"
 #include "ui/phone_display.h"
-#include "ui/recovery_keeper.h"
 #include "ui/song_info_box.h"
 
 namespace trillomat {
 
-/// What the main window reaches the rest of the program through.
-struct MainSeams {
-  Workspace& workspace;
+/// What the main window works on and reaches the rest of the program through; all of it outlives it.
+struct WindowParts {
+  Document& document;
+  ReadRecord& record;
+  Services services;
   const Clock& clock;
   SoundDevice& sound;
   SettingsStore& settings;
@@ -32,16 +32,20 @@ struct MainSeams {
   std::filesystem::path stateFolder = {};  ///< where the recovery file is kept; empty for nowhere
 };
 
-class frmMain final : public QMainWindow, private ComposerView, private PlayerView {
+class MainWindow final : public QMainWindow,
+                         private ComposerView,
+                         private PlayerView,
+                         private DocumentObserver {
   Q_OBJECT
 
  public:
-  explicit frmMain(const MainSeams& seams);
+  explicit MainWindow(const WindowParts& parts);
+  ~MainWindow() override;
 
   /// The program's start: logs it and applies the settings. False when the program has to end at once.
   bool Load();
-  /// Offers the melody of a run that ended abnormally, if there is one.
-  void OfferRecovery() { recovery_->Offer(this, seams_.questions); }
+  /// Offers the song of a run that ended abnormally, if there is one.
+  void OfferRecovery() { files_->OfferRecovery(); }
   /// The program's end: saves the settings and logs it.
   void Unload();
 
@@ -56,33 +60,39 @@ class frmMain final : public QMainWindow, private ComposerView, private PlayerVi
   void Dropped(const QString& file);
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
  private:
+  QLayout* NewUpperRow();
+  QLayout* NewLowerRow();
   void LayOut();
   void Connect();
-  void GiveFocusBack();
+  void SetUpFocus();
   void ApplySettings(const Settings& settings);
   Settings CurrentSettings() const;
 
   // ComposerView
-  void ShowMelody(const MelodyViewText& text) override;
+  void ShowMelody(const MelodyText& text) override;
   void ShowComposer() override;
-  void UpdateListFiles() override;
+  void ShowFilesOfMode() override;
   // PlayerView
   void ShowFrequency(std::string_view text) override;
   void ShowPicture(int picture) override;
-  void EnableTimer(int timer) override;
-  void DisableTimer(int timer) override;
+  void Vibrate(bool on) override;
+  void PaintNow() override;
+  // DocumentObserver
+  void DocumentChanged(const ChangedRange& range) override;
 
-  MainSeams seams_;
-  Workspace& ws_;
+  WindowParts parts_;
   PlaySettings playSettings_;
   Player player_;
   Composer composer_;
   PlayControls play_;
+  bool melodyBehind_ = false;  ///< the text view shows an older document
 
   MainMenu* menu_;
   NoteEntryBox* noteEntry_;
@@ -94,7 +104,6 @@ class frmMain final : public QMainWindow, private ComposerView, private PlayerVi
   SongInfoBox* songInfo_;
   PhoneDisplay* phone_;
   FilesBox* files_;
-  RecoveryKeeper* recovery_;
 };
 
 }  // namespace trillomat

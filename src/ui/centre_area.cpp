@@ -1,0 +1,47 @@
+#include "ui/centre_area.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QResizeEvent>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace trillomat {
+namespace {
+
+constexpr int kTightSpacing = 2;
+constexpr int kTightMargin = 4;
+
+// Only heights: what stands side by side keeps its distance.
+void SetTightLayout(QLayout& layout, bool tight) {
+  const int spacing = tight ? kTightSpacing : -1;  // -1 is the style's own
+  if (auto* grid = qobject_cast<QGridLayout*>(&layout)) grid->setVerticalSpacing(spacing);
+  if (auto* column = qobject_cast<QVBoxLayout*>(&layout)) column->setSpacing(spacing);
+  const QWidget* owner = layout.parentWidget();
+  if (owner->layout() != &layout || qobject_cast<const QGroupBox*>(owner) == nullptr) return;
+  if (tight) layout.setContentsMargins(kTightMargin, kTightMargin, kTightMargin, kTightMargin);
+  if (!tight) layout.unsetContentsMargins();
+}
+
+}  // namespace
+
+CentreArea::CentreArea(QWidget* content, QWidget* parent) : QScrollArea(parent) {
+  setFrameShape(NoFrame);
+  setWidgetResizable(true);
+  setFocusPolicy(Qt::NoFocus);
+  setWidget(content);
+}
+
+void CentreArea::resizeEvent(QResizeEvent* event) {
+  if (!tight_) roomyHeight_ = std::max(roomyHeight_, widget()->minimumSizeHint().height());
+  SetTight(maximumViewportSize().height() < roomyHeight_);
+  QScrollArea::resizeEvent(event);
+}
+
+void CentreArea::SetTight(bool tight) {
+  if (tight == tight_) return;
+  tight_ = tight;
+  for (QLayout* layout : widget()->findChildren<QLayout*>()) SetTightLayout(*layout, tight);
+}
+
+}  // namespace trillomat

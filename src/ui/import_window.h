@@ -1,0 +1,58 @@
+// The window "Trillomat - Import": made anew for each import and shown modally. It changes nothing itself;
+// once it is closed, Result() tells what came of it.
+#pragma once
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <array>
+#include <optional>
+#include <string>
+
+#include "exchange/import.h"
+
+namespace trillomat {
+
+class ImportWindow : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// An import starts from `before`.
+  ImportWindow(const ReadRecord& before, const Services& services, QWidget* parent = nullptr);
+
+  /// What was imported or refused; nothing when no import ran to its end.
+  std::optional<Imported>& Result() { return result_; }
+
+  /// "Cancel", Escape and the window's own close button: nothing is imported. An import that runs ends as
+  /// soon as it can, and the window with it.
+  void reject() override;
+
+ private:
+  QWidget* NewFormatFrame();
+  QWidget* NewSourceFrame();
+  QLayout* NewButtonRow();
+
+  std::array<bool, kImportOptions.size()> Options() const;
+  void TakeSource();
+  void UpdateImportButton();
+  void Import();
+
+  const ReadRecord& before_;
+  Services services_;
+  ImportChoice choice_;
+  std::string source_;                ///< the text of the box, in Windows-1252
+  StoppablePump* running_ = nullptr;  ///< of the import that runs
+  bool cancelled_ = false;
+  std::optional<Imported> result_;
+
+  std::array<QRadioButton*, kImportOptions.size()> options_{};
+  QPlainTextEdit* sourceBox_;
+  QLabel* replaced_;
+  QCheckBox* adapt_;
+  QPushButton* import_;
+};
+
+}  // namespace trillomat

@@ -1,0 +1,268 @@
+#include "ui/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QHBoxLayout>
+#include <QMimeData>
+#include <QShortcut>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "playback/scoped_value.h"
+#include "ui/about_window.h"
+#include "ui/centre_area.h"
+#include "ui/qt_text.h"
+#include "ui/window_size.h"
+
+namespace trillomat {
+namespace {
+
+constexpr std::array<std::string_view, 6> kDurationTexts{"Full note", "1/&2 note",  "1/&4 note",
+                                                         "1/&8 note", "1/1&6 note", "1/&32 note"};
+constexpr std::array<std::string_view, 4> kExtraTexts{"Nothing", "Dotted note", "Double dotted note",
+                                                      "2/3 length"};
+
+}  // namespace
+
+MainWindow::MainWindow(const WindowParts& parts)
+    : parts_(parts),
+      player_(parts.document, {parts.services, parts.clock, parts.sound, *this}),
+      composer_(parts.document, parts.record, player_, play_, playSettings_, *this, parts.services),
+      play_(parts.document, player_, playSettings_, composer_, parts.services),
+      menu_(new MainMenu(*menuBar(), parts.document, composer_, playSettings_, player_)),
+      noteEntry_(new NoteEntryBox(composer_, this)),
+      durations_(new OptionBox(QStringLiteral("Duration"), "optDuration", kDurationTexts, this)),
+      extras_(new OptionBox(QStringLiteral("More..."), "optDurationExtra", kExtraTexts, this)),
+      allNotes_(new AllNotesBox(composer_, this)),
+      insert_(new InsertBox(composer_, this)),
+      melody_(new MelodyBox(composer_, play_, this)),
+      songInfo_(new SongInfoBox(composer_, this)),
+      phone_(new PhoneDisplay(this)),
+      files_(new FilesBox({parts.document, parts.record, parts.files, parts.questions, composer_, play_,
+                           playSettings_, parts.services, parts.stateFolder},
+                          this)) {
+  setObjectName(QStringLiteral("frmMain"));
+  setWindowTitle(QStringLiteral("Trillomat"));
+  setAcceptDrops(true);
+  LayOut();
+  Connect();
+  SetUpFocus();
+  parts_.document.AddObserver(*this);
+  ShowComposer();
+  melody_->Line().TakeFocus();
+}
+
+MainWindow::~MainWindow() { parts_.document.RemoveObserver(*this); }
+
+QLayout* MainWindow::NewUpperRow() {
+  auto* row = new QHBoxLayout;
+  row->addWidget(noteEntry_, 2);
+  row->addWidget(durations_);
+  auto* third = new QVBoxLayout;
+  third->addWidget(extras_, 1);
+  third->addWidget(allNotes_);
+  row->addLayout(third);
+  row->addWidget(insert_);
+  return row;
+}
+
+QLayout* MainWindow::NewLowerRow() {
+  auto* row = new QHBoxLayout;
+  row->addWidget(songInfo_, 3);
+  row->addWidget(phone_, 2);
+  row->addWidget(files_, 4);
+  return row;
+}
+
+void MainWindow::LayOut() {
+  auto* centre = new QWidget(this);
+  auto* column = new QVBoxLayout(centre);
+  column->addLayout(NewUpperRow());
+  column->addWidget(melody_);
+  column->addLayout(NewLowerRow(), 1);
+  setCentralWidget(new CentreArea(centre, this));
+  RestoreSize(*this, parts_.settings);
+  // The menu bar keeps its place while its menus are hidden, so that nothing jumps when a melody starts.
+  menuBar()->setMinimumHeight(menuBar()->heightForWidth(width()));
+}
+
+void MainWindow::Connect() {
+  connect(durations_, &OptionBox::Clicked, this, [this](int index) { composer_.SelectDuration(index); });
+  connect(extras_, &OptionBox::Clicked, this, [this](int index) { composer_.SelectDurationExtra(index); });
+  connect(menu_, &MainMenu::ExitRequested, this, &QWidget::close);
+  connect(menu_, &MainMenu::CleanUpRequested, this, [this] {
+    CleanUpSettings(parts_.settings, parts_.services.log);
+    ForgetSize(parts_.settings);
+  });
+  connect(menu_, &MainMenu::RecoverRequested, files_, [this] { files_->Browser().RecoverLast(); });
+  connect(menu_, &MainMenu::AboutRequested, this,
+          [this] { AboutWindow(QCoreApplication::applicationVersion(), this).exec(); });
+  connect(melody_, &MelodyBox::Clearing, files_, &FilesBox::KeepBeforeClearing);
+  connect(
+      this, &MainWindow::Dropped, this,
+      [this](const QString& file) {
+        if (composer_.MayEdit()) OpenFile(file.toStdWString());
+      },
+      Qt::QueuedConnection);
+}
+
+// Space plays and stops wherever it types nothing; a menu bar that has the focus keeps its keys. The other
+// keys of the melody work on its buttons too, and who has typed a text goes back to them with Enter or with
+// the next button.
+void MainWindow::SetUpFocus() {
+  auto* space = new QShortcut(Qt::Key_Space, this);
+  space->setAutoRepeat(false);
+  connect(space, &QShortcut::activated, melody_, &MelodyBox::PlayOrStop);
+  menuBar()->installEventFilter(this);
+  for (auto* box : findChildren<QLineEdit*>()) {
+    if (box->isReadOnly()) box->installEventFilter(this);
+    connect(box, &QLineEdit::returnPressed, this, [this] { melody_->Line().TakeFocus(); });
+  }
+  for (auto* button : findChildren<QAbstractButton*>()) {
+    if (!button->autoExclusive()) button->installEventFilter(this);
+    connect(button, &QAbstractButton::pressed, this, [this] {
+      if (qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr) melody_->Line().TakeFocus();
+    });
+  }
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == menuBar()) {
+    const bool keeps = event->type() == QEvent::ShortcutOverride && menuBar()->hasFocus();
+    if (keeps) event->accept();
+    return keeps;
+  }
+  if (event->type() != QEvent::KeyPress) return false;
+  const auto& press = static_cast<QKeyEvent&>(*event);
+  auto* button = qobject_cast<QAbstractButton*>(watched);
+  if (button != nullptr && (press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter)) {
+    if (!press.isAutoRepeat()) button->click();
+    return true;
+  }
+  return melody_->TakeKey(press);
+}
+
+// Whatever the control that has the focus has no use for.
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+  if (melody_->TakeKey(*event)) return;
+  if (event->key() == Qt::Key_Escape) return melody_->Line().TakeFocus();
+  QMainWindow::keyPressEvent(event);
+}
+
+bool MainWindow::Load() {
+  Log& log = parts_.services.log;
+  log.WriteLog("Application started", 1);
+  log.WriteLog("Version:" + FromQString(QCoreApplication::applicationVersion()), 1);
+  ApplySettings(LoadSettings(parts_.settings, log));
+  return files_->Start();
+}
+
+void MainWindow::Unload() {
+  files_->End();
+  SaveSettings(CurrentSettings(), parts_.settings);
+  SaveSize(*this, parts_.settings);
+  parts_.services.log.WriteLog("Application ended", 1);
+}
+
+// In the order in which the settings are listed, through the commands that the user's clicks run.
+void MainWindow::ApplySettings(const Settings& settings) {
+  composer_.SetOctave(settings.octave);
+  composer_.SetMode(settings.mode);
+  files_->Browser().SetFolder(settings.browseFolder);
+  playSettings_ = {.autoPlay = settings.autoPlay,
+                   .playComposing = settings.playComposing,
+                   .playMoving = settings.playMoving};
+  if (composer_.HasDuration(settings.duration)) composer_.SelectDuration(settings.duration);
+  if (composer_.HasDurationExtra(settings.durationExtra)) {
+    composer_.SelectDurationExtra(settings.durationExtra);
+  }
+  player_.outputType = static_cast<OutputType>(settings.output);
+  ShowComposer();
+}
+
+Settings MainWindow::CurrentSettings() const {
+  const ComposerState& state = composer_.State();
+  return {.octave = state.octave,
+          .mode = parts_.document.Mode(),
+          .browseFolder = files_->Browser().Folder(),
+          .autoPlay = playSettings_.autoPlay,
+          .playMoving = playSettings_.playMoving,
+          .playComposing = playSettings_.playComposing,
+          .duration = static_cast<int16_t>(state.duration),
+          .durationExtra = static_cast<int16_t>(state.durationExtra),
+          .output = static_cast<int16_t>(player_.outputType)};
+}
+
+void MainWindow::OpenFile(const std::filesystem::path& file, bool mayPlay) {
+  {
+    const ScopedValue autoPlay(playSettings_.autoPlay, playSettings_.autoPlay && mayPlay);
+    files_->Browser().OpenFile(file);
+  }
+  menu_->ShowState();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  phone_->Vibrate(false);
+  event->accept();
+  emit Closed();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  const bool oneFile = urls.size() == 1 && urls.front().isLocalFile();
+  if (oneFile && composer_.MayEdit()) event->acceptProposedAction();
+}
+
+// From the event loop, so that the program the file comes from need not wait until it has been played.
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QString file = event->mimeData()->urls().value(0).toLocalFile();
+  event->acceptProposedAction();
+  emit Dropped(file);
+}
+
+void MainWindow::ShowMelody(const MelodyText& text) {
+  melodyBehind_ = false;
+  melody_->Line().ShowMelody(text);
+}
+
+void MainWindow::ShowComposer() {
+  const QWidget* focus = focusWidget();
+  menu_->ShowState();
+  noteEntry_->ShowState(LimitsOf(parts_.document.Mode()).rangeNote);
+  durations_->ShowState(composer_.State().duration,
+                        [this](int index) { return composer_.HasDuration(index); });
+  extras_->ShowState(composer_.State().durationExtra,
+                     [this](int index) { return composer_.HasDurationExtra(index); });
+  allNotes_->ShowState();
+  insert_->ShowState();
+  melody_->ShowState();
+  songInfo_->ShowState();
+  files_->ShowState();
+  // A control that was disabled or hidden under the user's fingers hands the focus to the melody, not to
+  // whatever happens to come next.
+  if (focus != nullptr && (!focus->isEnabled() || focus->isHidden())) melody_->Line().TakeFocus();
+}
+
+void MainWindow::ShowFilesOfMode() { files_->Browser().Refresh(); }
+
+void MainWindow::ShowFrequency(std::string_view text) { phone_->ShowFrequency(text); }
+
+void MainWindow::ShowPicture(int picture) { phone_->ShowPicture(picture); }
+
+void MainWindow::Vibrate(bool on) { phone_->Vibrate(on); }
+
+// What changed the places of controls comes before what paints them. Both are done without the event queue.
+void MainWindow::PaintNow() {
+  if (melodyBehind_) composer_.RefreshMelodyView();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  QEvent update(QEvent::UpdateRequest);
+  QCoreApplication::sendEvent(this, &update);
+}
+
+void MainWindow::DocumentChanged(const ChangedRange& range) {
+  melodyBehind_ = melodyBehind_ || range.ElementsChanged() || range.cursor || range.mode;
+}
+
+}  // namespace trillomat

@@ -1,0 +1,21 @@
+// The size of the main window, which is kept from one run to the next in a section of its own:
+//
+//   [Window]  Width Height   in pixels, of the window that is not maximized
+//             Maximized      "True" or "False"
+#pragma once
+
+#include <QWidget>
+
+#include "settings/settings_store.h"
+
+namespace trillomat {
+
+/// Gives `window` the size that was kept, or its first one, but none that its screen has no room for: it is
+/// maximized then.
+void RestoreSize(QWidget& window, const SettingsStore& store);
+
+void SaveSize(const QWidget& window, SettingsStore& store);
+
+void ForgetSize(SettingsStore& store);
+
+}  // namespace trillomat
