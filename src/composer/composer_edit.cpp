@@ -50,7 +50,7 @@ std::optional<Accidentals> AccidentalsOf(std::string_view letter) {
 // Natural, sharp, flat, natural; what the letter cannot have is passed over.
 std::string NextSpelling(std::string_view note, Accidentals allowed) {
   const std::string whole(note);
-  const std::string rest(note.substr(std::min<size_t>(1, note.size())));
+  std::string rest(note.substr(std::min<size_t>(1, note.size())));
   if (note.starts_with('#')) return allowed.flat ? "&" + rest : rest;
   if (note.starts_with('&')) return rest;
   if (allowed.sharp) return "#" + whole;

@@ -112,30 +112,14 @@ TEST_F(ComposerTest, AccidentalsCycleAndSoundWhateverTheSettings) {
   EXPECT_THAT(log.lines, ElementsAre("1: Can not find the correct note-->"));
 }
 
-TEST_F(ComposerTest, TheScaleMovesAsOneChange) {
-  Compose("*7c2 r2 *7d2", 1);
-  composer.MoveScale(1);
-  EXPECT_EQ(Tokens(), "*8c2 r2| *8d2");
-  composer.MoveScale(1);
-  EXPECT_EQ(Tokens(), "*8c2 r2| *8d2");
-  EXPECT_EQ(log.lines.back(), "2: All notes must be within scale 0-8, currently note 1 is incorrect");
-  log.lines.clear();
-  Compose("", -1);
-  composer.MoveScale(1);
-  EXPECT_THAT(log.lines, IsEmpty());
-}
-
-// Every command, with the settings that make it sound.
-std::vector<std::function<void()>> Commands(Composer& composer) {
-  return {[&] { composer.EnterTone(3); },   [&] { composer.TypeTone(3); },
-          [&] { composer.EnterPause(); },   [&] { composer.EnterCommand(0, "", ""); },
-          [&] { composer.StepDuration(); }, [&] { composer.StepAccidental(); },
-          [&] { composer.MoveLeft(); },     [&] { composer.MoveRight(); },
-          [&] { composer.EraseLeft(); },    [&] { composer.EraseRight(); },
-          [&] { composer.MoveScale(1); }};
-}
-
 TEST_F(ComposerTest, NothingEditsWhileTheMelodyPlays) {
+  const std::vector<std::function<void()>> commands = {
+      [&] { composer.EnterTone(3); },   [&] { composer.TypeTone(3); },
+      [&] { composer.EnterPause(); },   [&] { composer.EnterCommand(0, "", ""); },
+      [&] { composer.StepDuration(); }, [&] { composer.StepAccidental(); },
+      [&] { composer.MoveLeft(); },     [&] { composer.MoveRight(); },
+      [&] { composer.EraseLeft(); },    [&] { composer.EraseRight(); },
+      [&] { composer.MoveScale(1); }};
   settings.playComposing = settings.playMoving = true;
   composer.SetMode(FormatMode::IMelody);
   for (const bool paused : {false, true}) {
@@ -145,7 +129,7 @@ TEST_F(ComposerTest, NothingEditsWhileTheMelodyPlays) {
       if (++events == 1 && paused) play.Press(Control::Pause);
       const std::string before = Tokens();
       EXPECT_FALSE(composer.MayEdit() || composer.CanInsertCommands());
-      for (const auto& command : Commands(composer)) command();
+      for (const auto& command : commands) command();
       EXPECT_EQ(Tokens(), before);
       if (events == 20) play.Press(Control::Stop);
     };
@@ -156,26 +140,6 @@ TEST_F(ComposerTest, NothingEditsWhileTheMelodyPlays) {
   EXPECT_TRUE(composer.MayEdit() && composer.CanInsertCommands());
   composer.SetMode(FormatMode::Rtttl);
   EXPECT_FALSE(composer.CanInsertCommands()) << "no more than the mode allows";
-}
-
-TEST_F(ComposerTest, AnythingMayHappenWhileEventsRun) {
-  settings.playComposing = settings.playMoving = true;
-  for (const auto output : {OutputType::Wave, OutputType::Beep}) {
-    player.outputType = output;
-    for (const auto& command : Commands(composer)) {
-      pump.onPump = nullptr;
-      Compose("*3a2 r3 *4c1", 1);
-      pump.onPump = [&](int) {
-        Compose("", -1);
-        play.Press(Control::Play);
-        pump.onPump = nullptr;
-        composer.EnterPause();
-      };
-      command();
-      EXPECT_LE(document.Cursor(), document.LastIndex());
-      EXPECT_FALSE(composer.Sounds());
-    }
-  }
 }
 
 }  // namespace

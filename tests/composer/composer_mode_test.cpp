@@ -1,4 +1,3 @@
-#include "composer/transpose.h"
 #include "support/composer_fixture.h"
 
 namespace trillomat {
@@ -72,36 +71,38 @@ TEST_F(ComposerTest, WhatARefusedReadLeftReachesTheSongOnlyWithTheNextMode) {
   EXPECT_EQ(composer.Panel().Rows().at(0).text, "Refused");
 }
 
-TEST(TransposeTest, MovesAllOrNothing) {
-  const std::string range = "2: All notes must be within scale ";
+TEST_F(ComposerTest, TheScaleMovesAllOrNothing) {
   struct Case {
     FormatMode mode;
     int16_t octaves;
-    ElementList before;
-    ElementList after;  // empty: refused
+    std::vector<int> before;
+    std::vector<int> after;
     std::string message;
   };
+  const std::string range = "2: All notes must be within scale ";
   const Case cases[] = {
-      {FormatMode::IMelody, 1, Tones({4, 4}), Tones({5, 5}), ""},
-      {FormatMode::IMelody, 1, Tones({7, 8}), {}, range + "0-8, currently note 2 is incorrect"},
-      {FormatMode::IMelody, -5, Tones({4}), {}, range + "0-8, currently note 1 is incorrect"},
+      {FormatMode::IMelody, 1, {7, 8}, {7, 8}, range + "0-8, currently note 2 is incorrect"},
+      {FormatMode::IMelody, -5, {4}, {4}, range + "0-8, currently note 1 is incorrect"},
       // A pause takes over the octave before it, and counts as octave 0 at the start.
-      {FormatMode::IMelody, -1, Tones({4, -1, 5, -1}), Tones({3, 3, 4, 4}), ""},
-      {FormatMode::IMelody, 1, Tones({-1, 4}), Tones({0, 5}), ""},
-      {FormatMode::EMelody, 1, Tones({5}), {}, range + "3-5, currently note 1 is incorrect"},
-      {FormatMode::EMelody, -1, Tones({-1, 4}), {}, range + "3-5, currently note 1 is incorrect"},
-      {FormatMode::Rtttl, 32767, Tones({32767}), {}, range + "3-6, currently note 1 is incorrect"},
-      {FormatMode::Melody, 1, Tones({3, 3}), Tones({4, 4}), ""},
-  };
+      {FormatMode::IMelody, -1, {4, -1, 5, -1}, {3, 3, 4, 4}, "1: Change Scale started"},
+      {FormatMode::IMelody, 1, {-1, 4}, {0, 5}, "1: Change Scale started"},
+      {FormatMode::EMelody, -1, {-1, 4}, {-1, 4}, range + "3-5, currently note 1 is incorrect"},
+      {FormatMode::Rtttl, 32767, {32767}, {32767}, range + "3-6, currently note 1 is incorrect"}};
   for (const Case& c : cases) {
-    FakeLog log;
-    const auto moved = Transposed(c.before, c.octaves, c.mode, log);
-    EXPECT_EQ(moved.value_or(ElementList()), c.after);
-    EXPECT_EQ(log.lines.front(), "1: Change Scale started");
-    EXPECT_EQ(log.lines.back(), moved ? log.lines.front() : c.message);
+    ElementList elements;
+    for (const int octave : c.before) elements.push_back(Note("c", octave));
+    composer.SetMode(c.mode);
+    document.Apply({.removed = document.Elements().size(), .inserted = elements, .cursor = 0});
+    composer.MoveScale(c.octaves);
+    std::vector<int> octaves;
+    for (const Element& element : document.Elements()) octaves.push_back(element.octave);
+    EXPECT_EQ(octaves, c.after);
+    EXPECT_EQ(document.Cursor(), 0);
+    EXPECT_EQ(log.lines.back(), c.message);
   }
-  FakeLog log;
-  EXPECT_EQ(Transposed({}, 1, FormatMode::IMelody, log), ElementList());
+  Compose("", -1);
+  log.lines.clear();
+  composer.MoveScale(1);
   EXPECT_TRUE(log.lines.empty());
 }
 

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "support/fakes.h"
 #include "support/sample_notes.h"
 
 namespace trillomat {
@@ -61,12 +60,6 @@ TEST(MelodyTextTest, RtttlDefaultsAreShownAndLeftOutOnDemand) {
   EXPECT_EQ(text.left, "   C   C");
   EXPECT_EQ(text.right, "   4C7");
   EXPECT_FALSE(TextOf({}, -1, FormatMode::Rtttl).defaults) << "the boxes keep what they show";
-}
-
-TEST(MelodyTextTest, LogsWhatHasNoProperToken) {
-  FakeLog log;
-  EXPECT_EQ(TextOf(Document({{Note("c", 4, 3.0F)}, {}}, FormatMode::IMelody), false, log).right, "   *4c");
-  EXPECT_EQ(log.lines, std::vector<std::string>{"1: Unknown duration-->3"});
 }
 
 }  // namespace

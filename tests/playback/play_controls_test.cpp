@@ -124,13 +124,6 @@ TEST(PlayControls, AnotherSongTakesOverWithAutoPlayUnlessStopped) {
   }
 }
 
-TEST(PlayControls, ASongThatShrinksEndsThePlaying) {
-  Playing p("( *3a2 r2 @0)");
-  AfterBeeps(p, 3, [&] { p.document.Apply({.removed = 4}); });
-  p.controls.Press(Control::Play);
-  EXPECT_EQ(p.sound.lines.size(), 3U);
-}
-
 TEST(PlayControls, EndsInTheMiddleOfAWaitWithTheProgramAndWithAFault) {
   Playing p("r0 *3a2 *3c2");
   p.pump.onPump = [&](int) { p.pump.ending = true; };
