@@ -62,26 +62,14 @@ TEST(Export, TableIsInTheOrderOfItsNumbers) {
   EXPECT_EQ(PhoneOfOption("t28"), std::nullopt);
 }
 
-TEST(Export, RtttlText) {
-  using Case = std::tuple<ElementList, int16_t, std::string>;
-  const std::vector<Case> cases{
-      {{Note("c"), Note("&b", 4, 0.5F), Rest(), Command("ledon"), Note("b", 4, 1.0F, 1.5F)},
-       0,
-       "Fourteen c:d=4,o=6,b=120:C,8A#,P,H."},
-      {{Command("("), Command("V3")}, 3, "Fourteen c:d=1,o=5,b=120,l=3"},
-      // Moved up without a line about it; the tie for the octave gives 5.
-      {Tones({2, 3}), 0, "Fourteen c:d=4,o=5,b=120:C,C6"},
-      {Tones({4, 5}), -2, "Fourteen c:d=4,o=5,b=120,l=2:C6,C7"},
-      {{Note("c", 3, 1.0F, 1.75F), Note("x", 3)}, 0, "Fourteen c:d=4,o=5,b=120"},
-  };
-  for (const auto& [elements, loop, text] : cases) {
-    FakeServices fake;
-    Song song{.elements = elements, .info = {}};
-    song.info.name = "Fourteen chars";
-    song.info.bpm = -120;
-    song.info.loop = loop;
-    EXPECT_EQ(*Export(Phone::Rtttl, song, fake.services), text);
-  }
+TEST(Export, RtttlTextMovesWithoutALineAboutIt) {
+  FakeServices fake;
+  Song song{.elements = Tones({2, 3}), .info = {}};
+  song.info.name = "Fourteen chars";
+  song.info.bpm = -120;
+  EXPECT_EQ(*Export(Phone::Rtttl, song, fake.services), "Fourteen c:d=4,o=5,b=120:C,C6");
+  song.elements = {Note("c", 3, 1.0F, 1.75F), Note("x", 3)};
+  EXPECT_EQ(*Export(Phone::Rtttl, song, fake.services), "Fourteen c:d=4,o=5,b=120") << "no notes";
 }
 
 TEST(Export, TellsAMisfitFromAnEmptyMelody) {

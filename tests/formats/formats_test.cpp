@@ -20,19 +20,11 @@ TEST(Formats, LinesEndAtAnyOfThreeEnds) {
   EXPECT_EQ(JoinLines(std::string_view("a\r\n\0b\n\xFF", 7)), std::string("a\0b\xFF", 4));
 }
 
-TEST(Formats, FaultsAreLoggedUnderTheRoutinesName) {
-  using Case = std::tuple<FormatMode, std::string, std::string>;
-  const std::vector<Case> cases{{FormatMode::IMelody, "", "IMelody"},
-                                {FormatMode::EMelody, "MELODY:END:EMELODY", "EMelody"},
-                                {FormatMode::Rtttl, "no colon", "RTTTL"},
-                                {FormatMode::Melody, "  ", "Melody"}};
-  for (const auto& [mode, text, name] : cases) {
-    FakeServices fake;
-    EXPECT_FALSE(Read(text, mode, {}, fake.services));
-    LogWriterFault(mode, fake.log);
-    EXPECT_THAT(fake.log.lines,
-                ElementsAre("1: Error in bReadFile_" + name, "1: Error in bSaveFile_" + name));
-  }
+TEST(Formats, WriterFaultsAreLoggedUnderTheRoutinesName) {
+  FakeLog log;
+  for (const ModeLimits& limits : kModeLimits) LogWriterFault(limits.mode, log);
+  EXPECT_THAT(log.lines, ElementsAre("1: Error in bSaveFile_IMelody", "1: Error in bSaveFile_EMelody",
+                                     "1: Error in bSaveFile_RTTTL", "1: Error in bSaveFile_Melody"));
 }
 
 TEST(Formats, TheEndOfTheProgramEndsThemWithoutATrace) {
@@ -60,14 +52,7 @@ TEST(Formats, AReadStartsFromTheRecordAndLeavesIt) {
     FakeServices fake;
     return Read(text, mode, before, fake.services).record;
   };
-  const SongInfo unknown{.name = "Unknown",
-                         .composer = "",
-                         .bpm = 200,
-                         .style = "",
-                         .volume = "",
-                         .version = "",
-                         .format = "",
-                         .loop = 3};
+  const SongInfo unknown{"Unknown", "", 200, "", "", "", "", 3};
   // Refused or not, what was read stays; what was not read keeps its value.
   for (const std::string text : {"NAME:x\nOops", "NAME:x"}) {
     ReadRecord named = before;
@@ -84,6 +69,15 @@ TEST(Formats, AReadStartsFromTheRecordAndLeavesIt) {
   EXPECT_EQ(tooLarge.info, before.info);
   EXPECT_EQ(tooLarge.rtttl.defaults.octave, 4);
   EXPECT_EQ(recordOf("x:s=N:c,", FormatMode::Rtttl).info.bpm, 77);
+}
+
+TEST(Formats, ARefusalShowsWhatStandsThereOnItsLine) {
+  FakeServices fake;
+  const auto textOf = [&fake](const std::string& notes) {
+    return Read(notes, FormatMode::Melody, {}, fake.services).refusal->text;
+  };
+  EXPECT_EQ(textOf("cd\n 7\t7\r\n7"), "7?7");
+  EXPECT_EQ(textOf("c\n" + std::string(61, '7')), std::string(60, '7'));
 }
 
 std::string Repeated(std::string_view part, size_t count) {

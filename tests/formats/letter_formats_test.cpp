@@ -10,36 +10,39 @@ std::string Song(const std::string& notes) {
   return "BEGIN:EMELODY\r\nVERSION:1.0\r\nMELODY:" + notes + "\r\nEND:EMELODY\r\n";
 }
 
+std::string NoLetter(const std::string& place, const std::string& rest) {
+  return place + " the notes end without a tone letter: \"" + rest + "\"";
+}
+
 TEST(EMelody, ReadsWhatStandsBetweenTheMarkers) {
-  const std::vector<ReadCase> cases{
-      {"tones", Song("+C.(b)d++#eF"), "4 c 4 1, 3 &d 0.5 1, 5 #e 0.5 1, 3 f 2 1"},
-      {"pauses and the German h", Song("pP.-hH"), "3 r 0.5 1, 3 r 4 1, 3 r 0.5 1, 3 b 0.5 1, 3 b 2 1"},
-      {"layout anywhere, over lines", Song("+ C\r\n.\t( b )\rd"), "4 c 4 1, 3 &d 0.5 1"},
-      {"a letter before a bracket ends no token", Song("c)d"), "3 c)d 0.5 1"},
-      {"signs between the letters end tokens", Song("^."), "3 ^ 4 1"},
-      {"a z ends none", Song("zczz"), "refused", {kCritical}},
-      {"digits alone", Song("12"), "refused", {kCritical}},
-      {"one dot belongs to a token", Song("c.."), "refused", {kCritical}},
-      {"nothing between", Song(" \t"), "refused", {"1: Error in bReadFile_EMelody"}},
-      {"no start", "cde", "refused"},
-      {"no end", "MELODY:cde\r\nEND:IMELODY", "refused"},
-      {"markers across lines", "MELO\r\nDY:c\nEND:EMEL\rODY", "3 c 0.5 1"},
-      {"one character", "c\r\n", "refused"},
-  };
-  for (const ReadCase& each : cases) CheckRead(FormatMode::EMelody, each);
+  CheckReads(
+      FormatMode::EMelody,
+      {{"tones", Song("+C.(b)d++#eF"), "4 c 4 1, 3 &d 0.5 1, 5 #e 0.5 1, 3 f 2 1"},
+       {"pauses and the German h", Song("pP.-hH"), "3 r 0.5 1, 3 r 4 1, 3 r 0.5 1, 3 b 0.5 1, 3 b 2 1"},
+       {"layout anywhere, over lines", Song("+ C\r\n.\t( b )\rd"), "4 c 4 1, 3 &d 0.5 1"},
+       {"a letter before a bracket ends no token", Song("c)d"), "3 c)d 0.5 1"},
+       {"signs between the letters end tokens", Song("^."), "3 ^ 4 1"},
+       {"a z ends none", Song("zczz"), NoLetter("3:10", "zz"), {kCritical}},
+       {"digits alone, over lines", Song("c2 1\n2"), NoLetter("3:9", "212"), {kCritical}},
+       {"one dot belongs to a token", Song("c.."), NoLetter("3:10", "."), {kCritical}},
+       {"nothing between", Song(" \t"), "3:8 the text holds no notes", {"1: Error in bReadFile_EMelody"}},
+       {"no start", "cde", "1:1 the file holds no \"MELODY:\""},
+       {"no end", "x\nMEL\nODY:cde\r\nEND:IMELODY", "2:1 no \"END:EMELODY\" follows \"MELODY:\""},
+       {"markers across lines", "MELO\r\nDY:c\nEND:EMEL\rODY", "3 c 0.5 1"},
+       {"one character", "c\r\n", "1:1 the file holds fewer than 2 characters"}});
 }
 
 TEST(Melody, ReadsTheWholeText) {
-  const std::vector<ReadCase> cases{
-      {"tones", "+C(b)d#e\r\nF\r\n", "4 C 1 1, 3 &d 0.5 1, 3 #e 0.5 1, 3 F 1 1"},
-      {"pauses and the German h", "pP-hH", "3 r 0.5 1, 3 R 1 1, 3 r 0.5 1, 3 b 0.5 1, 3 B 1 1"},
-      {"a dot stays with its letter", "c.d", "3 c. 0.5 1, 3 d 0.5 1"},
-      {"a rest without a letter", "cd7", "refused", {kCritical}},
-      {"blanks alone", "  \t", "refused", {"1: Error in bReadFile_Melody"}},
-      {"an empty line", "\r\n", "refused"},
-      {"one character", "c", "refused"},
-  };
-  for (const ReadCase& each : cases) CheckRead(FormatMode::Melody, each);
+  const std::string sixty(60, '7');
+  CheckReads(
+      FormatMode::Melody,
+      {{"tones", "+C(b)d#e\r\nF\r\n", "4 C 1 1, 3 &d 0.5 1, 3 #e 0.5 1, 3 F 1 1"},
+       {"pauses and the German h", "pP-hH", "3 r 0.5 1, 3 R 1 1, 3 r 0.5 1, 3 b 0.5 1, 3 B 1 1"},
+       {"a dot stays with its letter", "c.d", "3 c. 0.5 1, 3 d 0.5 1"},
+       {"a long rest without a letter", "c\n" + sixty + "8", NoLetter("2:1", sixty + "..."), {kCritical}},
+       {"blanks alone", "  \t", "1:1 the text holds no notes", {"1: Error in bReadFile_Melody"}},
+       {"an empty line", "\r\n", "1:1 the file holds fewer than 2 characters"},
+       {"one character", "c", "1:1 the file holds fewer than 2 characters"}});
 }
 
 TEST(LetterFormats, LeaveOutWhatTheyCannotHold) {

@@ -12,20 +12,27 @@
 
 namespace trillomat {
 
+/// The elements as Described tells them, or "LINE:COLUMN WHY" of a refusal.
+inline std::string OutcomeOf(const ReadResult& read) {
+  if (read) return Described(read.elements);
+  const Refusal& refusal = *read.refusal;
+  return std::to_string(refusal.line) + ":" + std::to_string(refusal.column) + " " + refusal.why;
+}
+
 struct ReadCase {
   const char* what;
   std::string text;
-  std::string elements;  ///< as Described tells them, or "refused"
+  std::string outcome;
   std::vector<std::string> log = {};
 };
 
-inline void CheckRead(FormatMode mode, const ReadCase& expected) {
-  SCOPED_TRACE(expected.what);
-  FakeServices fake;
-  const ReadResult read = Read(expected.text, mode, {}, fake.services);
-  EXPECT_EQ(read ? Described(read.elements) : "refused", expected.elements);
-  EXPECT_EQ(fake.log.lines, expected.log);
-  EXPECT_EQ(read.elements.empty(), !read || expected.elements.empty());
+inline void CheckReads(FormatMode mode, const std::vector<ReadCase>& cases) {
+  for (const ReadCase& each : cases) {
+    SCOPED_TRACE(each.what);
+    FakeServices fake;
+    EXPECT_EQ(OutcomeOf(Read(each.text, mode, {}, fake.services)), each.outcome);
+    EXPECT_EQ(fake.log.lines, each.log);
+  }
 }
 
 /// The bytes of a file with these elements.

@@ -8,45 +8,44 @@ constexpr const char* kFault = "1: Error in bReadFile_RTTTL";
 
 std::string LastNote(const std::string& token) { return "1: Last Note?\?-->" + token; }
 
+std::string OutOfRange(const std::string& place, const std::string& field) {
+  return place + " the header's \"" + field + "\" is out of range";
+}
+
 TEST(Rtttl, ReadsNotes) {
-  const std::vector<ReadCase> cases{
-      {"tones",
-       "t:d=4,o=5,b=100:8c#6.,P,16-,H",
-       "4 #c 0.5 1.5, -1 r 1 1, -1 r 0.25 1, 3 b 1 1",
-       {kAtTheEnd, LastNote("b")}},
-      {"a comma at the end", "t:b=100,d=8:c,\r\n", "4 c 0.5 1", {kAtTheEnd}},
-      {"layout anywhere, over lines", "a b:d = 8 ,\to=\n6,s=N:8\r\nc ,", "4 c 0.5 1"},
-      {"refused tokens leave no gap", "t:s=N:so,c,o,", "4 c 1 1"},
-      {"an empty token is an element", "t:s=N:c,,", "4 c 1 1, 4  1 1"},
-      {"no length", "t:s=N:3c,d=04", "4 c 0 1, 2 d=0 1 1", {"2: Unknown duration-->3", LastNote("d=04")}},
-      {"the header ends at the second colon", "t:s=N:c:8d,", "4 c:8d 1 1"},
-      {"a repeat", "t:l=3,s=N:c,", "(, 4 c 1 1, @3)", {"1: Adding the repeat....."}},
-      {"the last repeat with an end", "t:l=14,s=N:c,", "(, 4 c 1 1, @14)", {"1: Adding the repeat....."}},
-      {"no more with an end", "t:l=15,s=N:c,", "(, 4 c 1 1, @0)", {"1: Adding the repeat....."}},
-      {"a repeat without notes", "t:l=2,s=N:o", "(, @2)", {LastNote("o"), "1: Adding the repeat....."}},
-      {"no notes", "t:s=N:", "refused", {kFault}},
-      {"only refused notes", "t:s=N:o,s,", "refused", {kFault}},
-      {"one colon", "t:c,d,e", "refused", {kFault}},
-      {"four characters", "t::\r\nc", "refused"},
-      {"five characters with blanks", "t : : \n", "refused", {kFault}},
-      {"a beat that does not fit", "t:b=9999999999:c", "refused", {kAtTheEnd, kFault}},
-      {"a loop that does not fit", "t:l=40000,s=N:c", "refused", {kFault}},
-      {"an octave that does not fit", "t:o=32770,s=N:c", "refused", {kFault}},
-  };
-  for (const ReadCase& each : cases) CheckRead(FormatMode::Rtttl, each);
+  const std::string repeat = "1: Adding the repeat.....";
+  CheckReads(
+      FormatMode::Rtttl,
+      {{"tones",
+        "t:d=4,o=5,b=100:8c#6.,P,16-,H",
+        "4 #c 0.5 1.5, -1 r 1 1, -1 r 0.25 1, 3 b 1 1",
+        {kAtTheEnd, LastNote("b")}},
+       {"a comma at the end", "t:b=100,d=8:c,\r\n", "4 c 0.5 1", {kAtTheEnd}},
+       {"layout anywhere, over lines", "a b:d = 8 ,\to=\n6,s=N:8\r\nc ,", "4 c 0.5 1"},
+       {"refused tokens leave no gap", "t:s=N:so,c,o,", "4 c 1 1"},
+       {"an empty token is an element", "t:s=N:c,,", "4 c 1 1, 4  1 1"},
+       {"no length", "t:s=N:3c,d=04", "4 c 0 1, 2 d=0 1 1", {"2: Unknown duration-->3", LastNote("d=04")}},
+       {"the header ends at the second colon", "t:s=N:c:8d,", "4 c:8d 1 1"},
+       {"the last repeat with an end", "t:l=14,s=N:c,", "(, 4 c 1 1, @14)", {repeat}},
+       {"no more with an end", "t:l=15,s=N:c,", "(, 4 c 1 1, @0)", {repeat}},
+       {"a repeat without notes", "t:l=2,s=N:o", "(, @2)", {LastNote("o"), repeat}},
+       {"no notes", "t:s=N:", "1:7 the text holds no notes", {kFault}},
+       {"only refused notes", "t:s=N:o,s,", "1:7 the text holds no notes", {kFault}},
+       {"one colon", "t:c,d,e", "1:1 the text holds fewer than two \":\"", {kFault}},
+       {"four characters", "t::\r\nc", "1:1 the file holds fewer than 5 characters"},
+       {"five characters with blanks", "t : : \n", "1:6 the text holds no notes", {kFault}},
+       {"a beat that does not fit",
+        "t:\nb = 99999 99999:c",
+        OutOfRange("2:1", "b=9999999999"),
+        {kAtTheEnd, kFault}},
+       {"a loop that does not fit", "t:l=40000,s=N:c", OutOfRange("1:3", "l=40000"), {kFault}},
+       {"an octave that does not fit", "t:o=32770,s=N:c", OutOfRange("1:3", "o=32770"), {kFault}}});
 }
 
 TEST(Rtttl, TakesTheHeader) {
   FakeServices fake;
   const ReadResult first = Read("My Tune:d=8,o=4,b=140,s=NC,l=2:c", FormatMode::Rtttl, {}, fake.services);
-  SongInfo expected{.name = "MyTune",
-                    .composer = "",
-                    .bpm = 140,
-                    .style = "N",
-                    .volume = "V10",
-                    .version = "",
-                    .format = "",
-                    .loop = 2};
+  SongInfo expected{"MyTune", "", 140, "N", "V10", "", "", 2};
   EXPECT_EQ(first.record.info, expected);
   EXPECT_EQ(Described(first.elements), "(, 2 c 0.5 1, @2)");
 
