@@ -34,6 +34,7 @@ TEST(Import, TakesTextsThatAreNoWholeFiles) {
 
 TEST(Import, RefusesWithALogLineAndAPlace) {
   const std::string failed = "1: Failed to make the import";
+  const std::string cut = "1: Critical error when converting!!!!";
   const std::vector<std::string> rtttl{"1: Error in Convert_RTTTL", failed};
   const std::vector<std::string> eMelody{"1: Error in bConvert_EMelody", failed};
   CheckImports(PastedFormat::Rtttl,
@@ -43,13 +44,11 @@ TEST(Import, RefusesWithALogLineAndAPlace) {
   CheckImports(PastedFormat::EMelody,
                {{"nothing", "", "1:1 the text holds no notes", eMelody},
                 {"no end", "x\n MELODY:c", "2:2 there is no \"END:EMELODY\" behind \"MELODY:\"", eMelody},
-                {"no notes", "MELODY: END:EMELODY", "1:8 the text holds no notes", eMelody}});
+                {"no notes", "MELODY: END:EMELODY", "1:8 the text holds no notes", eMelody},
+                {"no letter", "c\n z", "2:2 the notes end without a tone letter: \"z\"", {cut, failed}}});
   CheckImports(PastedFormat::Melody,
                {{"blanks", " \r\n", "1:1 the text holds no notes", {"1: Error in bConvert_Melody", failed}},
-                {"no letter",
-                 "cd\n x)",
-                 "2:2 the notes end without a tone letter: \"x)\"",
-                 {"1: Critical error when converting!!!!", failed}}});
+                {"no letter", "cd\n x)", "2:2 the notes end without a tone letter: \"x)\"", {cut, failed}}});
 }
 
 TEST(Import, SetsTheSongInformation) {
