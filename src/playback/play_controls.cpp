@@ -35,7 +35,7 @@ void PlayControls::Press(Control control) {
 
 void PlayControls::SongReplaced() {
   stop_ = true;
-  restart_ = playing_ && settings_.autoPlay;
+  restart_ = settings_.autoPlay;
   SetPause(false);
 }
 

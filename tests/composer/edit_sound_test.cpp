@@ -91,6 +91,7 @@ TEST_P(EditSoundTest, FourteenLettersFasterThanTheirTonesAreAllEnteredAndNoneIsL
 }
 
 TEST_P(EditSoundTest, LettersKeepTheirOrderAmongOtherCommands) {
+  Compose("*3b3", -1);
   composer.SetOctave(3);
   queue.Add(0, [this] { composer.TypeTone(0); });
   queue.Add(0.1, [this] { composer.TypeTone(2); });
@@ -102,7 +103,7 @@ TEST_P(EditSoundTest, LettersKeepTheirOrderAmongOtherCommands) {
   queue.Add(0.1, [this] { composer.TypeTone(7); });
   queue.Add(0.1, [this] { composer.EraseLeft(); });  // what was to sound next is gone
   queue.Run();
-  EXPECT_EQ(Tokens(), "*3c3 *3d3 *3e3 *3f3| ");
+  EXPECT_EQ(Tokens(), "*3c3 *3d3 *3e3 *3f3| *3b3");
   EXPECT_THAT(phone.calls, ElementsAre("Hz 264"));
 }
 

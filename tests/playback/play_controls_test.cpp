@@ -63,7 +63,10 @@ TEST(PlayControls, ClearPutsThePhoneToRestButNotWhileAMelodyPlays) {
 TEST(PlayControls, StopEndsBetweenElementsAndIsNotLogged) {
   for (const auto button : {Control::Stop, Control::StartOver}) {
     Playing p("*3a2 *3c2 *3d2");
-    AfterBeeps(p, 2, [&] { p.controls.Press(button); });
+    AfterBeeps(p, 2, [&] {
+      p.controls.Press(button);
+      p.controls.Press(Control::Pause);  // too late to pause anything
+    });
     p.controls.Press(Control::Play);
     EXPECT_EQ(p.sound.lines.size(), 2U);
     EXPECT_EQ(p.document.Cursor(), button == Control::Stop ? 1 : -1);
