@@ -1,79 +1,59 @@
+#include <array>
+
 #include "files/files_fixture.h"
 
 namespace trillomat {
 namespace {
 
-using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
 TEST_F(FilesTest, ListsFoldersAndTheFilesOfTheMode) {
-  for (const char* name : {"Zeta.imy", "alpha.IMY", "b.emy", "c.rtx", "d.mel", "imy", "e.imy.txt"}) {
-    folder.Write(name, "");
-  }
-  for (const char* name : {"x", "Apart", "folder.imy", "x/Previous"}) folder.MakeFolder(name);
-  const std::vector<std::pair<FormatMode, std::string>> cases = {
-      {FormatMode::IMelody, "[Apart] [folder.imy] [x] alpha.IMY Zeta.imy "},
-      {FormatMode::EMelody, "[Apart] [folder.imy] [x] b.emy "},
-      {FormatMode::Rtttl, "[Apart] [folder.imy] [x] c.rtx "},
-      {FormatMode::Melody, "[Apart] [folder.imy] [x] d.mel "}};
-  for (const auto& [mode, rows] : cases) {
-    host.EnterMode(mode);
-    EXPECT_EQ(Rows(), rows);
+  for (const char* name : {"Zeta.imy", "alpha.IMY", "b.emy", "c.rtx", "d.mel", "imy"}) folder.Write(name, "");
+  for (const char* name : {"x", "folder.imy", "x/Previous"}) folder.MakeFolder(name);
+  const std::vector<std::string> rows{"alpha.IMY Zeta.imy ", "b.emy ", "c.rtx ", "d.mel "};
+  for (const ModeLimits& limits : kModeLimits) {
+    host.EnterMode(limits.mode);
+    EXPECT_EQ(Rows(), "[folder.imy] [x] " + rows[static_cast<size_t>(limits.mode)]);
   }
   browser.DoubleClick(RowOf("[x]"));
   EXPECT_EQ(browser.Folder(), "c:\\x\\");
   EXPECT_EQ(Rows(), "[Previous] [Previous] ");
   browser.DoubleClick(1);
   EXPECT_EQ(browser.Folder(), "c:\\x\\Previous\\");
-  browser.DoubleClick(0);
-  EXPECT_EQ(browser.Folder(), "c:\\x\\");
-  browser.DoubleClick(0);
-  EXPECT_EQ(browser.Folder(), "c:\\");
-  EXPECT_THAT(Logged(), IsEmpty());
+  for (const char* folder : {"c:\\x\\", "c:\\"}) {
+    browser.DoubleClick(0);
+    EXPECT_EQ(browser.Folder(), folder);
+  }
 }
 
-TEST_F(FilesTest, AGestureOpensAFileOnce) {
-  folder.Write("bad.imy", "no melody at all");
-  folder.MakeFolder("x");
+TEST_F(FilesTest, AGestureOpensAFileOnceAndARefusedOneChangesNothing) {
+  folder.Write("bad.imy", "NAME:Bad\r\nMELODY:zz\r\n");
+  folder.Write("nameless.imy", "MELODY:d2\r\nEND:IMELODY\r\n");
   FillWith({{"good.imy", "c2*5d3"}});
   host.meanwhile = [this] { browser.DoubleClick(RowOf("good.imy")); };
   Click("good.imy");
   EXPECT_EQ(host.opened, 1) << "its second press comes while it plays";
   host.meanwhile = nullptr;
-  EXPECT_EQ(Tokens(), "*4c2*5d3");
-  EXPECT_EQ(document.Cursor(), -1);
-  EXPECT_EQ(document.Info().name, "Tune");
-  EXPECT_EQ(document.File(), folder / "good.imy");
-  EXPECT_FALSE(document.IsChanged());
-  EXPECT_TRUE(browser.CanSave());
-  EXPECT_THAT(Logged(), IsEmpty());
-
-  Click("[x]");
-  EXPECT_FALSE(browser.CanSave());
-  Click("bad.imy");
-  browser.DoubleClick(RowOf("bad.imy"));
-  EXPECT_EQ(Tokens(), "*4c2*5d3");
-  EXPECT_THAT(Logged(), ElementsAre("1: Error when decoding file"));
+  Compose("e2");
+  Click("good.imy");
+  for (int press = 0; press < 2; ++press) {
+    EXPECT_EQ(Tokens(), "*4c2*5d3");
+    EXPECT_EQ(document.Cursor(), -1);
+    EXPECT_EQ(document.Info().name, "Tune");
+    EXPECT_EQ(document.File(), folder / "good.imy");
+    EXPECT_FALSE(document.IsChanged());
+    EXPECT_TRUE(browser.CanSave());
+    EXPECT_EQ(log.lines.empty(), press == 0);
+    if (press == 0) Click("bad.imy");
+    browser.DoubleClick(RowOf("bad.imy"));
+  }
+  EXPECT_THAT(log.lines, ElementsAre("1: Error in bReadFile_IMelody", "1: Error when decoding file"));
   EXPECT_THAT(host.notice, testing::StartsWith("Not opened: "));
-  EXPECT_EQ(host.opened, 1);
-  Click("good.imy");
+  Click("nameless.imy");
   EXPECT_EQ(host.notice, "");
-}
-
-TEST_F(FilesTest, WhatARefusedFileSetStaysForTheNextOne) {
-  folder.Write("bad.imy", "BEGIN:IMELODY\r\nNAME:Bad\r\nBEAT:77\r\nMELODY:zz\r\n");
-  FillWith({{"good.imy", "c2"}});
-  folder.Write("plain.imy", "MELODY:d2\r\nEND:IMELODY\r\n");
-  Fill();
-  Click("good.imy");
-  Click("bad.imy");
-  EXPECT_EQ(document.Info().name, "Tune");
-  EXPECT_EQ(record.info.name, "Bad");
-  Click("plain.imy");
-  EXPECT_EQ(document.Info().name, "Bad");
-  EXPECT_EQ(document.Info().bpm, 77);
+  EXPECT_EQ(document.Info().name, "Bad") << "the next read starts from what the refused one left";
 }
 
 TEST_F(FilesTest, AFolderWithoutABackslashIsMendedAndLogged) {
@@ -85,60 +65,37 @@ TEST_F(FilesTest, AFolderWithoutABackslashIsMendedAndLogged) {
   Click("");
   browser.DoubleClick(RowOf("a.imy"));
   EXPECT_EQ(Tokens(), "*4c2");
-  EXPECT_THAT(Logged(), ElementsAre("1: Found sBrowseFolder without \\", "1: sBrowseFolder without \\"));
+  EXPECT_THAT(log.lines, ElementsAre("1: Found sBrowseFolder without \\", "1: sBrowseFolder without \\"));
 }
 
-TEST_F(FilesTest, AClickWhileAToneSoundsWaitsForTheTimer) {
-  FillWith({{"a.imy", "c2"}, {"b.imy", "d2"}});
-  Click("a.imy");
-  host.toneSounds = true;
-  Click("b.imy");
-  browser.DoubleClick(RowOf("b.imy"));
-  EXPECT_FALSE(browser.CanSave());
-  browser.ClickTimerRan();
-  EXPECT_EQ(Tokens(), "*4c2");
-  EXPECT_THAT(host.calls, ElementsAre("timer on", "timer off", "stop", "timer on"));
-  host.toneSounds = false;
-  browser.ClickTimerRan();
-  EXPECT_EQ(Tokens(), "*4d2");
-  EXPECT_EQ(SelectedText(), "b.imy");
-  EXPECT_TRUE(browser.CanSave());
-  EXPECT_EQ(host.opened, 2);
-}
-
-// A click that waits for its tone never opens its file in the middle of something else.
-TEST_F(FilesTest, AClickThatWaitsStaysOutOfOtherOperations) {
-  struct Case {
-    std::string_view name;
-    std::function<void()> operation;
-    std::string tokens;  ///< once the timer has run again
-  };
+// It waits for the timer, and never opens its file in the middle of something else.
+TEST_F(FilesTest, AClickWhileAToneSoundsWaits) {
   ReadResult imported;
   imported.elements = ElementsOf("e2");
-  const Case cases[] = {
-      {"Save As", [this] { save.SaveAs(); }, "*4d2"},
-      {"Save As, cancelled", [this] { host.savePath.reset(), save.SaveAs(); }, "*4d2"},
-      {"Rename", [this] { browser.RenameSelected(); }, "*4d2"},
-      {"export", [this] { host.meanwhile(); }, "*4d2"},
-      {"import", [&] { host.meanwhile(), browser.TakeImported(ReadResult(imported)); }, "*4e2"}};
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    folder.Write("new.imy", "");
+  const std::pair<std::string, std::function<void()>> commands[] = {
+      {"nothing", [this] { host.meanwhile(); }},
+      {"Save As", [this] { save.SaveAs(); }},
+      {"Rename", [this] { browser.RenameSelected(); }},
+      {"import", [&] { host.meanwhile(), browser.TakeImported(ReadResult(imported)); }}};
+  for (const auto& [name, command] : commands) {
+    SCOPED_TRACE(name);
     FillWith({{"a.imy", "c2"}, {"b.imy", "d2"}});
     Click("a.imy");
     host.toneSounds = true;
     Click("b.imy");
+    browser.DoubleClick(RowOf("b.imy"));
+    browser.ClickTimerRan();
+    EXPECT_THAT(host.calls, ElementsAre("timer on", "timer off", "stop", "timer on"));
+    EXPECT_FALSE(browser.CanSave());
     host.toneSounds = false;
     host.savePath = folder / "new.imy";
     host.meanwhile = [this] {
-      auto own = operations.Begin();  // as the import and the export window have it
+      const auto own = operations.Begin();  // as the import and the export window have it
       host.calls.clear();
       browser.ClickTimerRan();
-      EXPECT_THAT(host.calls, ElementsAre("timer off", "timer on"));
-      EXPECT_EQ(Tokens(), "*4c2");
-      for (const auto& command :
+      for (const auto& other :
            {&FileBrowser::DeleteSelected, &FileBrowser::RenameSelected, &FileBrowser::RecoverLast}) {
-        (browser.*command)();
+        (browser.*other)();
       }
       save.Save();
       browser.ChooseDrive("Z:");
@@ -146,33 +103,26 @@ TEST_F(FilesTest, AClickThatWaitsStaysOutOfOtherOperations) {
       EXPECT_THAT(host.calls, ElementsAre("timer off", "timer on"));
       EXPECT_EQ(Tokens(), "*4c2");
     };
-    c.operation();
-    if (c.name == "Save As") {
-      EXPECT_THAT(folder.Read("new.imy"), HasSubstr("MELODY:c2\r\n"));
-    }
+    command();
     host.meanwhile = nullptr;
     browser.ClickTimerRan();
-    EXPECT_EQ(Tokens(), c.tokens);
+    EXPECT_EQ(Tokens(), name == "import" ? "*4e2" : "*4d2");
+    EXPECT_EQ(SelectedText(), name == "import" ? "" : "b.imy");
+    if (name != "Save As") continue;
+    EXPECT_THAT(folder.Read("new.imy"), HasSubstr("MELODY:c2\r\n"));
+    std::filesystem::remove(folder / "new.imy");
   }
 }
 
-TEST_F(FilesTest, AClickDuringAReadIsIgnored) {
+TEST_F(FilesTest, TheRightButtonSelectsAndClicksDuringAReadAreIgnored) {
   FillWith({{"a.imy", "c2"}, {"b.imy", "d2"}});
-  pump.onPump = [this](int pumps) {
-    if (pumps > 1) return;
+  pump.onPump = [this](int /*pumps*/) {
     Click("b.imy");
     browser.DoubleClick(RowOf("b.imy"));
     browser.OpenMenu(RowOf("b.imy"));
-    EXPECT_EQ(SelectedText(), "a.imy");
   };
   Click("a.imy");
   EXPECT_GT(pump.pumps, 0);
-  EXPECT_EQ(Tokens(), "*4c2");
-}
-
-TEST_F(FilesTest, TheRightButtonSelectsAndShowsTheMenu) {
-  FillWith({{"a.imy", "c2"}, {"b.imy", "d2"}});
-  Click("a.imy");
   host.meanwhile = [this] { browser.Click(browser.SelectedRow()); };
   browser.OpenMenu(FileBrowser::kNoRow);
   EXPECT_THAT(host.calls, IsEmpty());
@@ -220,41 +170,39 @@ TEST_F(FilesTest, TheSelectionSaysWhatSaveOverwrites) {
     EXPECT_EQ(SelectedText(), c.selected);
     EXPECT_EQ(browser.CanSave(), !c.selected.empty());
     EXPECT_EQ(host.opened, opened) << "nothing is read again";
-    // Ctrl+S writes over the selected file, and asks for another where none is selected.
-    if (document.IsEmpty()) Compose("c2");
+    // Ctrl+S writes over the selected file alone, and asks for another where none is selected.
     host.dialog.reset();
     host.savePath.reset();
     Compose("b2");
     save.SaveOrSaveAs();
     EXPECT_EQ(host.dialog.has_value(), c.selected.empty());
-    if (!c.selected.empty()) {
-      EXPECT_THAT(folder.Read(c.selected), HasSubstr("MELODY:b2\r\n"));
-    }
-    if (c.selected == "b.imy") {
-      EXPECT_EQ(folder.Read("a.imy"), TuneText("c2"));
-    }
     EXPECT_EQ(document.IsChanged(), c.selected.empty());
-    for (const char* name : {"b.imy", "c.imy"}) std::filesystem::remove(folder / name);
+    for (const char* name : {"a.imy", "b.imy", "c.imy"}) {
+      const bool written = folder.Read(name).find("MELODY:b2\r\n") != std::string::npos;
+      EXPECT_EQ(written, c.selected == name);
+      std::filesystem::remove(folder / name);
+    }
   }
 }
 
 TEST_F(FilesTest, DeletesTheSelectedFile) {
-  for (const char* name : {"a.imy", "b.imy", "[x]"}) folder.Write(name, TuneText("c2"));
   folder.MakeFolder("x");
-  Fill();
-  browser.OpenMenu(RowOf("[x]"));
-  browser.DeleteSelected();
+  folder.Write("[x]", "");
+  FillWith({{"a.imy", "c2"}, {"b.imy", "c2"}});
+  const auto remove = [this](const char* row) {
+    browser.OpenMenu(RowOf(row));
+    if (row == std::string("b.imy")) std::filesystem::remove(folder / row);
+    browser.DeleteSelected();
+  };
+  remove("[x]");
   EXPECT_THAT(folder.Names(), ElementsAre("[x]", "a.imy", "b.imy", "x"));
-  browser.OpenMenu(RowOf("a.imy"));
-  browser.DeleteSelected();
+  remove("a.imy");
   EXPECT_EQ(Rows(), "[x] b.imy ");
   EXPECT_EQ(browser.SelectedRow(), FileBrowser::kNoRow);
-  EXPECT_THAT(Logged(), IsEmpty());
-  browser.OpenMenu(RowOf("b.imy"));
-  std::filesystem::remove(folder / "b.imy");
-  browser.DeleteSelected();
+  EXPECT_THAT(log.lines, IsEmpty());
+  remove("b.imy");
   EXPECT_EQ(Rows(), "[x] ");
-  EXPECT_THAT(Logged(), ElementsAre("1: Could not find the file in bDeleteFile....->c:\\b.imy"));
+  EXPECT_THAT(log.lines, ElementsAre("1: Could not find the file in bDeleteFile....->c:\\b.imy"));
   EXPECT_THAT(host.notice, testing::StartsWith("Not deleted: "));
 }
 
@@ -303,8 +251,8 @@ TEST_F(FilesTest, AFolderThatVanishesIsLogged) {
     browser.SetFolder(browsed);
     log.lines.clear();
     browser.Refresh();
-    EXPECT_THAT(Logged(), ElementsAre("1: Could not list all folders in UpdateListFiles",
-                                      "1: Could not list all files in UpdateListFiles"));
+    EXPECT_THAT(log.lines, ElementsAre("1: Could not list all folders in UpdateListFiles",
+                                       "1: Could not list all files in UpdateListFiles"));
     browser.DoubleClick(0);
   }
 }
@@ -312,35 +260,25 @@ TEST_F(FilesTest, AFolderThatVanishesIsLogged) {
 TEST_F(FilesTest, AFileFromOutsideOpensAsIfClicked) {
   folder.MakeFolder("x");
   folder.Write("x/a.MEL", "+CdE");
-  folder.Write("x/b.txt", "+CdE");
   folder.Write("bad.emy", "no melody at all");
   EXPECT_TRUE(browser.OpenFile(folder / "x/a.MEL"));
-  EXPECT_EQ(document.Mode(), FormatMode::Melody);
   EXPECT_EQ(browser.Folder(), "C:\\x\\");
   EXPECT_EQ(SelectedText(), "a.MEL");
   EXPECT_TRUE(browser.CanSave());
-  EXPECT_EQ(document.Elements().size(), 3U);
-  EXPECT_THAT(Logged(), IsEmpty());
+  EXPECT_THAT(log.lines, IsEmpty());
 
-  struct Case {
-    std::string file;
-    std::string line;
-    std::string notice;
-  };
-  const Case cases[] = {
+  const std::string failure = "1: Error when decoding file";
+  const std::array<std::string, 3> refused[] = {
       {"x/b.txt", "2: Not a melody file (imy, emy, rtx, mel)->C:\\x\\b.txt", ""},
-      {"gone/a.MEL", "1: Error when decoding file", "Not opened: there is no file a.MEL"},
-      {"x", "2: Not a melody file (imy, emy, rtx, mel)->C:\\x", ""},
-      {"bad.emy", "1: Error when decoding file", "Not opened: the file holds no \"MELODY:\""}};
-  for (const Case& c : cases) {
+      {"gone/a.MEL", failure, "Not opened: there is no file a.MEL"},
+      {"bad.emy", failure, "Not opened: the file holds no \"MELODY:\""}};
+  for (const auto& [file, line, notice] : refused) {
     log.lines.clear();
-    host.notice.clear();
-    EXPECT_FALSE(browser.OpenFile(folder / c.file));
-    EXPECT_THAT(Logged(), ElementsAre(c.line));
-    EXPECT_EQ(host.notice, c.notice);
+    EXPECT_FALSE(browser.OpenFile(folder / file));
+    EXPECT_THAT(log.lines, ElementsAre(line));
+    EXPECT_EQ(host.notice, notice);
     EXPECT_EQ(document.Mode(), FormatMode::Melody);
     EXPECT_EQ(document.Elements().size(), 3U);
-    EXPECT_EQ(host.opened, 1);
   }
   EXPECT_EQ(browser.Folder(), "C:\\") << "that of the last file that is there";
   EXPECT_FALSE(browser.CanSave());

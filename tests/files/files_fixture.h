@@ -91,9 +91,7 @@ class FilesTest : public testing::Test, public FakeServices {
 
   /// An I-Melody file with these notes.
   static std::string TuneText(const std::string& notes) {
-    return "BEGIN:IMELODY\r\nVERSION:1.2\r\nFORMAT:CLASS1.0\r\nNAME:Tune\r\nCOMPOSER:Me\r\nBEAT:120\r\n"
-           "STYLE:S2\r\nVOLUME:V7\r\nMELODY:" +
-           notes + "\r\nEND:IMELODY\r\n";
+    return "NAME:Tune\r\nBEAT:120\r\nMELODY:" + notes + "\r\nEND:IMELODY\r\n";
   }
 
   /// Reads the list and forgets what was logged and called so far.
@@ -107,13 +105,6 @@ class FilesTest : public testing::Test, public FakeServices {
   void FillWith(const std::map<std::string, std::string>& tunes) {
     for (const auto& [name, notes] : tunes) folder.Write(name, TuneText(notes));
     Fill();
-  }
-
-  /// The log without what the I-Melody reader says of every file's first line.
-  std::vector<std::string> Logged() const {
-    std::vector<std::string> lines = log.lines;
-    std::erase(lines, "1: Found an other tag - unknown-->BEGIN");
-    return lines;
   }
 
   std::string Rows() const {
