@@ -11,14 +11,17 @@ namespace {
 
 constexpr int kTightSpacing = 2;
 constexpr int kTightMargin = 4;
+constexpr int kRowSpacing = 6;
 
 // Only heights: what stands side by side keeps its distance.
-void SetTightLayout(QLayout& layout, bool tight) {
+void SetTightSpacing(QLayout& layout, bool tight) {
   const int spacing = tight ? kTightSpacing : -1;  // -1 is the style's own
   if (auto* grid = qobject_cast<QGridLayout*>(&layout)) grid->setVerticalSpacing(spacing);
   if (auto* column = qobject_cast<QVBoxLayout*>(&layout)) column->setSpacing(spacing);
-  const QWidget* owner = layout.parentWidget();
-  if (owner->layout() != &layout || qobject_cast<const QGroupBox*>(owner) == nullptr) return;
+  if (auto* row = qobject_cast<QHBoxLayout*>(&layout)) row->setSpacing(tight ? kRowSpacing : -1);
+}
+
+void SetTightMargins(QLayout& layout, bool tight) {
   if (tight) layout.setContentsMargins(kTightMargin, kTightMargin, kTightMargin, kTightMargin);
   if (!tight) layout.unsetContentsMargins();
 }
@@ -27,6 +30,7 @@ void SetTightLayout(QLayout& layout, bool tight) {
 
 CentreArea::CentreArea(QWidget* content, QWidget* parent) : QScrollArea(parent) {
   setFrameShape(NoFrame);
+  setAlignment(Qt::AlignHCenter);
   setWidgetResizable(true);
   setFocusPolicy(Qt::NoFocus);
   setWidget(content);
@@ -41,7 +45,9 @@ void CentreArea::resizeEvent(QResizeEvent* event) {
 void CentreArea::SetTight(bool tight) {
   if (tight == tight_) return;
   tight_ = tight;
-  for (QLayout* layout : widget()->findChildren<QLayout*>()) SetTightLayout(*layout, tight);
+  for (QLayout* layout : widget()->findChildren<QLayout*>()) SetTightSpacing(*layout, tight);
+  for (const QGroupBox* box : widget()->findChildren<QGroupBox*>()) SetTightMargins(*box->layout(), tight);
+  SetTightMargins(*widget()->layout(), tight);
 }
 
 }  // namespace trillomat

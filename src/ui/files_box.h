@@ -51,6 +51,9 @@ class FilesBox : public QGroupBox, private FilesHost {
 
   void ShowState();
 
+  /// A notice of many lines takes its room from the list, not from the window.
+  bool hasHeightForWidth() const override { return false; }
+
  private:
   void NameControls();
   void LayOut();

@@ -24,6 +24,10 @@ constexpr std::array<std::string_view, 6> kDurationTexts{"Full note", "1/&2 note
 constexpr std::array<std::string_view, 4> kExtraTexts{"Nothing", "Dotted note", "Double dotted note",
                                                       "2/3 length"};
 
+// On a large screen controls are not drawn out farther than the eye and the hand like to go.
+constexpr int kWidestCentre = 1600;
+constexpr int kHighestUpperRow = 340;
+
 }  // namespace
 
 MainWindow::MainWindow(const WindowParts& parts)
@@ -56,32 +60,36 @@ MainWindow::MainWindow(const WindowParts& parts)
 
 MainWindow::~MainWindow() { parts_.document.RemoveObserver(*this); }
 
-QLayout* MainWindow::NewUpperRow() {
-  auto* row = new QHBoxLayout;
-  row->addWidget(noteEntry_, 2);
-  row->addWidget(durations_);
+QWidget* MainWindow::NewUpperRow() {
+  auto* upper = new QWidget(this);
+  upper->setMaximumHeight(kHighestUpperRow);
+  auto* row = new QHBoxLayout(upper);
+  row->setContentsMargins({});
+  row->addWidget(noteEntry_, 4);
+  row->addWidget(durations_, 1);
   auto* third = new QVBoxLayout;
   third->addWidget(extras_, 1);
   third->addWidget(allNotes_);
-  row->addLayout(third);
-  row->addWidget(insert_);
-  return row;
+  row->addLayout(third, 1);
+  row->addWidget(insert_, 2);
+  return upper;
 }
 
 QLayout* MainWindow::NewLowerRow() {
   auto* row = new QHBoxLayout;
   row->addWidget(songInfo_, 3);
-  row->addWidget(phone_, 2);
+  row->addWidget(phone_, 3);
   row->addWidget(files_, 4);
   return row;
 }
 
 void MainWindow::LayOut() {
   auto* centre = new QWidget(this);
+  centre->setMaximumWidth(kWidestCentre);
   auto* column = new QVBoxLayout(centre);
-  column->addLayout(NewUpperRow());
+  column->addWidget(NewUpperRow(), 2);
   column->addWidget(melody_);
-  column->addLayout(NewLowerRow(), 1);
+  column->addLayout(NewLowerRow(), 3);
   setCentralWidget(new CentreArea(centre, this));
   RestoreSize(*this, parts_.settings);
   // The menu bar keeps its place while its menus are hidden, so that nothing jumps when a melody starts.

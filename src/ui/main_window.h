@@ -67,7 +67,7 @@ class MainWindow final : public QMainWindow,
   void dropEvent(QDropEvent* event) override;
 
  private:
-  QLayout* NewUpperRow();
+  QWidget* NewUpperRow();
   QLayout* NewLowerRow();
   void LayOut();
   void Connect();

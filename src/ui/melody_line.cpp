@@ -23,7 +23,6 @@ MelodyLine::MelodyLine(QWidget* parent)
   left_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-  row->setSpacing(kCursorWidth + 2);
   row->addWidget(left_);
   row->addWidget(right_);
 }
@@ -64,7 +63,8 @@ void MelodyLine::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(QPen(focused ? accent : palette().color(QPalette::Mid), focused ? 2 : 1));
   painter.setBrush(palette().color(QPalette::Base));
   painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), kMargin, kMargin);
-  const QRectF cursor(left_->geometry().right() + 2, left_->geometry().top(), kCursorWidth,
+  const double gap = (left_->geometry().right() + right_->geometry().left() + 1) / 2.0;
+  const QRectF cursor(gap - kCursorWidth / 2.0, left_->geometry().top(), kCursorWidth,
                       left_->geometry().height());
   painter.fillRect(cursor, accent);
 }

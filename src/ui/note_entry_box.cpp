@@ -11,12 +11,19 @@
 #include "ui/qt_text.h"
 
 namespace trillomat {
+namespace {
+
+// The widest piano, and its buttons.
+constexpr int kWidest = 720;
+
+}  // namespace
 
 NoteEntryBox::NoteEntryBox(Composer& composer, QWidget* parent)
     : QGroupBox(QStringLiteral("Current note"), parent),
       composer_(composer),
       piano_(new PianoKeyboard(this)),
       octave_(new QSlider(Qt::Horizontal, this)) {
+  setMaximumWidth(kWidest);
   auto* upper = new QHBoxLayout;
   upper->addWidget(piano_, 1);
   upper->addLayout(NewButtonColumn());

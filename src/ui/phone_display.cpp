@@ -72,7 +72,7 @@ void PhonePictures::Place() {
 PhoneDisplay::PhoneDisplay(QWidget* parent)
     : QGroupBox(QStringLiteral("Phone"), parent),
       pictures_(new PhonePictures(this)),
-      lblFrequency_(new QLabel(this)) {
+      frequency_(new QLabel(this)) {
   auto* column = new QVBoxLayout(this);
   column->addWidget(pictures_, 1);
   column->addLayout(NewFrequencyRow());
@@ -81,22 +81,24 @@ PhoneDisplay::PhoneDisplay(QWidget* parent)
   ShowFrequency("0");
 }
 
-// The label is as wide as the longest frequency, so that showing one moves nothing.
+// Both labels are as wide as the longest frequency, so that showing one moves nothing.
 QLayout* PhoneDisplay::NewFrequencyRow() {
-  NameControl(*lblFrequency_, QStringLiteral("lblFrequency"),
+  NameControl(*frequency_, QStringLiteral("lblFrequency"),
               {{}, QStringLiteral("Frequency of the tone in hertz")});
-  lblFrequency_->setTextFormat(Qt::PlainText);
-  lblFrequency_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  lblFrequency_->setMinimumWidth(QFontMetrics(font()).horizontalAdvance(QStringLiteral("00000")));
+  frequency_->setTextFormat(Qt::PlainText);
+  frequency_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  auto* unit = new QLabel(QStringLiteral("Hz"), this);
   auto* row = new QHBoxLayout;
   row->addStretch();
-  row->addWidget(lblFrequency_);
-  row->addWidget(new QLabel(QStringLiteral("Hz"), this));
+  for (QLabel* label : {frequency_, unit}) {
+    label->setMinimumWidth(QFontMetrics(font()).horizontalAdvance(QStringLiteral("00000")));
+    row->addWidget(label);
+  }
   row->addStretch();
   return row;
 }
 
-void PhoneDisplay::ShowFrequency(std::string_view text) { lblFrequency_->setText(ToQString(text)); }
+void PhoneDisplay::ShowFrequency(std::string_view text) { frequency_->setText(ToQString(text)); }
 
 void PhoneDisplay::Vibrate(bool on) {
   if (on) return timer_.start(kJumpInterval);

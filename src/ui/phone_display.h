@@ -68,7 +68,7 @@ class PhoneDisplay : public QGroupBox {
   QLayout* NewFrequencyRow();
 
   PhonePictures* pictures_;
-  QLabel* lblFrequency_;
+  QLabel* frequency_;
   QTimer timer_;
 };
 

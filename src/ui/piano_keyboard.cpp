@@ -11,7 +11,7 @@ namespace trillomat {
 namespace {
 
 constexpr int kWhiteKeys = 7;
-constexpr int kWidestKey = 80;
+constexpr int kWidestKey = 84;
 
 struct KeyPlace {
   const char* spoken;
