@@ -17,14 +17,14 @@ namespace trillomat {
 
 /// The control or menu item of that object name; throws when the window has none.
 template <class W>
-W& Control(const QWidget& window, const QString& name) {
+W& Find(const QWidget& window, const QString& name) {
   auto* control = window.findChild<W*>(name);
   if (control == nullptr) throw std::logic_error("no control " + name.toStdString());
   return *control;
 }
 
 inline void Click(const QWidget& window, const QString& name) {
-  QTest::mouseClick(&Control<QAbstractButton>(window, name), Qt::LeftButton);
+  QTest::mouseClick(&Find<QAbstractButton>(window, name), Qt::LeftButton);
 }
 
 /// Escape and the window's own close button.

@@ -1,14 +1,14 @@
-// Runs the tests of the windows inside one application, without a screen unless one is asked for.
+// Runs the tests of the windows inside the program's own application, without a screen unless one is asked
+// for.
 #include <gtest/gtest.h>
 
-#include <QApplication>
-
+#include "app/trillomat_application.h"
 #include "ui/resources.h"
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleTest(&argc, argv);
-  const QApplication app(argc, argv);
+  const trillomat::TrillomatApplication app(argc, argv);
   QApplication::setApplicationVersion(QStringLiteral("4.7.11"));
   // The tests close window after window.
   QApplication::setQuitOnLastWindowClosed(false);

@@ -1,8 +1,9 @@
 // The main window by keyboard, its names for screen readers, and where the focus goes.
 #include <QAccessible>
+#include <QMenuBar>
 #include <QSet>
 
-#include "ui/main_window.h"
+#include "ui/main_window_fixture.h"
 #include "ui/piano_keyboard.h"
 
 namespace trillomat {
@@ -12,64 +13,77 @@ using testing::SizeIs;
 
 class MainWindowKeys : public MainWindowTest {
  protected:
-  MainWindowKeys() {
-    Press("optDuration(2)");
-    window.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-  }
-  void PressKey(Qt::Key key) { QTest::keyClick(window.focusWidget(), key); }
+  MainWindowKeys() { Press("optDuration(2)"); }
 };
 
 TEST_F(MainWindowKeys, TheMelodyHasTheFocusAndItsKeysEditIt) {
   for (const char letter : kPianoLetters) QTest::keyClick(window.focusWidget(), letter);
-  ASSERT_THAT(ws.melody.Elements(), SizeIs(12));
-  for (size_t i = 0; i < 12; ++i) EXPECT_EQ(ws.melody.Elements()[i].Note, kToneKeys[i]);
-  Press("cmdControl(0)");
-  Enter("cCb");
+  EXPECT_EQ(TokensOf(document.Elements(), " "),
+            "*4c2 *4#c2 *4d2 *4#d2 *4e2 *4f2 *4#f2 *4g2 *4#g2 *4a2 *4#a2 *4b2");
   using Step = std::tuple<Qt::Key, const char*>;
-  for (const auto& [key, shown] :
-       {Step{Qt::Key_Left, "*4c2 *4#c2|*4b2"}, Step{Qt::Key_Backspace, "*4c2|*4b2"},
-        Step{Qt::Key_Delete, "*4c2|"}, Step{Qt::Key_Home, "|*4c2"}, Step{Qt::Key_Right, "*4c2|"},
-        Step{Qt::Key_Home, "|*4c2"}, Step{Qt::Key_End, "*4c2|"}}) {
-    PressKey(key);
-    EXPECT_EQ(Shown(), shown);
+  for (const char* focus : {"txtRight", "cmdPause", "cmdTone(1)"}) {
+    Press("cmdControl(0)");
+    Enter("cCb");
+    Get<QWidget>(focus).setFocus();
+    for (const auto& [key, shown] :
+         {Step{Qt::Key_Left, "*4c2 *4#c2|*4b2"}, Step{Qt::Key_Backspace, "*4c2|*4b2"},
+          Step{Qt::Key_Delete, "*4c2|"}, Step{Qt::Key_Home, "|*4c2"}, Step{Qt::Key_Right, "*4c2|"},
+          Step{Qt::Key_Home, "|*4c2"}, Step{Qt::Key_End, "*4c2|"}}) {
+      PressKey(key);
+      EXPECT_EQ(Shown(), shown) << focus;
+    }
   }
 }
 
-TEST_F(MainWindowKeys, LettersTypeWhereTextIsTypedAndPlayEverywhereElse) {
+// Letters insert notes and Space plays wherever they are not typed.
+TEST_F(MainWindowKeys, LettersAndSpaceWorkEverywhereButWhereTextIsTyped) {
   using Case = std::tuple<const char*, bool>;
-  Press("cmdInsert(8)");
+  folder.Write("a.imy", Tune("c2"));
+  SetMode(FormatMode::IMelody);
+  SetToggle("mnuSettingAutoPlay", false);
   for (const auto& [control, plays] :
        {Case{"txtSongInfo(2)", false}, Case{"txtRepeat", false}, Case{"cboVolume", false},
         Case{"txtRight", true}, Case{"cmdTone(3)", true}, Case{"SliderOctave", true}, Case{"ListFiles", true},
-        Case{"cboSongInfo(0)", true}, Case{"optDuration(2)", true}, Case{"cmdControl(4)", true}}) {
-    const int32_t before = ws.melody.UpperBound();
+        Case{"cboSongInfo(0)", true}, Case{"cboDrives", true}, Case{"optDuration(2)", true},
+        Case{"cmdPause", true}, Case{"cmdControl(4)", true}}) {
+    Press("cmdControl(0)");
+    Enter("a");
+    Press("cmdInsert(8)");
+    ClickRow("a.imy");
     Get<QWidget>(control).setFocus();
     PressKey(Qt::Key_X);
-    EXPECT_EQ(ws.melody.UpperBound() - before, plays ? 1 : 0) << control;
+    EXPECT_EQ(Shown(), plays ? "*4d2|*4c2" : "|*4c2") << control;
+    sound.beeps.clear();
+    PressKey(Qt::Key_Space);
+    EXPECT_THAT(sound.beeps, SizeIs(plays ? 2 : 0)) << control;
+    EXPECT_EQ(document.Elements().size(), plays ? 2U : 1U) << control << " was pressed";
   }
-  EXPECT_EQ(Text("txtSongInfo(2)"), "x");
+  EXPECT_EQ(Text("txtSongInfo(2)"), "Tune");
+  EXPECT_EQ(Text("txtRepeat"), "x ");
 }
 
-TEST_F(MainWindowKeys, SpacePlaysAndStopsAndNeverPressesTheLastButton) {
-  QTest::mouseClick(&Get<QWidget>("cmdTone(9)"), Qt::LeftButton);
-  QTest::mouseClick(&Get<QWidget>("cmdPause"), Qt::LeftButton);
-  QTest::mouseClick(&Get<QWidget>("optDuration(3)"), Qt::LeftButton);
-  sound.beeps.clear();
-  PressKey(Qt::Key_Space);
-  EXPECT_THAT(sound.beeps, SizeIs(1));
-  EXPECT_THAT(ws.melody.Elements(), SizeIs(2));
-  sound.onBeep = [this] {
-    QTest::mouseClick(&Get<QWidget>("cmdControl(4)"), Qt::LeftButton);
-    PressKey(Qt::Key_Space);
-  };
+TEST_F(MainWindowKeys, SpaceStopsNeverPressesTheLastButtonAndLeavesAnOpenMenuAlone) {
+  for (const char* button : {"cmdTone(9)", "cmdPause", "optDuration(3)"}) {
+    QTest::mouseClick(&Get<QWidget>(button), Qt::LeftButton);
+  }
+  EXPECT_THAT(document.Elements(), SizeIs(2));
   Enter("aa");
   sound.beeps.clear();
+  sound.onBeep = [this] { PressKey(Qt::Key_Space); };
   PressKey(Qt::Key_Space);
   EXPECT_THAT(sound.beeps, SizeIs(1));
+  window.menuBar()->setFocus();
+  QTest::keyClick(window.menuBar(), Qt::Key_Space);
+  QTest::keyClick(window.menuBar(), Qt::Key_Z);
+  EXPECT_THAT(sound.beeps, SizeIs(1));
+  EXPECT_THAT(document.Elements(), SizeIs(4));
+  window.menuBar()->clearFocus();
+  Get<QWidget>("cmdPause").setFocus();
+  PressKey(Qt::Key_Return);
+  EXPECT_THAT(document.Elements(), SizeIs(5)) << "Enter presses a button";
 }
 
-TEST_F(MainWindowKeys, TypedTextHandsTheFocusBackOnEnterAndOnTheNextButton) {
+TEST_F(MainWindowKeys, TheFocusGoesBackToTheMelody) {
   for (const bool enter : {true, false}) {
     Get<QWidget>("txtSongInfo(2)").setFocus();
     PressKey(Qt::Key_X);
@@ -77,12 +91,9 @@ TEST_F(MainWindowKeys, TypedTextHandsTheFocusBackOnEnterAndOnTheNextButton) {
     if (!enter) QTest::mouseClick(&Get<QWidget>("cmdPause"), Qt::LeftButton);
     EXPECT_EQ(window.focusWidget(), &Get<QWidget>("txtRight"));
   }
-}
-
-TEST_F(MainWindowKeys, AFocusThatIsLockedAwayGoesToTheMelody) {
   Enter("a");
   Get<QWidget>("cmdEraseLeft").setFocus();
-  Press("cmdControl(4)");
+  Press("cmdControl(4)");  // which locks the button that has the focus
   EXPECT_EQ(window.focusWidget(), &Get<QWidget>("txtRight"));
 }
 
@@ -133,6 +144,7 @@ TEST_F(MainWindowKeys, MnemonicsDoNotCollideNorChangeACaption) {
       EXPECT_EQ(Get<QAbstractButton>(IndexedName(group, i)).text().remove('&'), captions.at(i));
     }
   }
+  EXPECT_EQ(Get<QAbstractButton>("cmdTone(9)").text(), "\r\n\r\n\r\nA");
 }
 
 }  // namespace

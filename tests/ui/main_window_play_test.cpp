@@ -1,19 +1,23 @@
-// The play controls, the phone, and what is locked while a melody plays.
+// The play controls, the phone, what is locked while a melody plays, and what is seen while a tone sounds.
+#include <QBackingStore>
 #include <QElapsedTimer>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QSet>
 #include <QTimer>
+#include <QUrl>
+#include <stdexcept>
 
+#include "app/trillomat_application.h"
 #include "platform/clock_std.h"
 #include "platform/pump_qt.h"
-#include "ui/main_window.h"
+#include "ui/main_window_fixture.h"
 
 namespace trillomat {
 namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::Not;
 using testing::SizeIs;
 
@@ -40,6 +44,16 @@ class MainWindowPlay : public MainWindowTest {
     }
     return shown;
   }
+  QRect Phone() { return Get<QWidget>("ImageMS(0)").geometry(); }
+  /// True when what the window system was given of a control is what the control would draw now.
+  bool IsPainted(const char* name) {
+    const auto& control = Get<QWidget>(name);
+    const QRect place(control.mapTo(&window, QPoint()), control.size());
+    const auto& painted = dynamic_cast<const QImage&>(*window.backingStore()->paintDevice());
+    const QImage now = window.grab(place).toImage();
+    return painted.copy(place).convertToFormat(QImage::Format_RGB32) ==
+           now.convertToFormat(QImage::Format_RGB32);
+  }
 };
 
 TEST_F(MainWindowPlay, PlayWalksTheMelodyLockedAndUnlocksAtTheEnd) {
@@ -55,7 +69,6 @@ TEST_F(MainWindowPlay, PlayWalksTheMelodyLockedAndUnlocksAtTheEnd) {
   };
   Press("cmdControl(4)");
   EXPECT_THAT(shown, ElementsAre("*4a2|*4b2 *4a2", "*4a2 *4b2|*4a2", "*4a2 *4b2 *4a2|"));
-  EXPECT_THAT(sound.beeps, SizeIs(3));
   EXPECT_EQ(Get<QLabel>("lblFrequency").text().toInt(), sound.beeps.back());
   EXPECT_EQ(PlayCaption(), "Play");
   for (const char* name : kLocked) EXPECT_TRUE(Get<QWidget>(name).isEnabled()) << name;
@@ -63,62 +76,132 @@ TEST_F(MainWindowPlay, PlayWalksTheMelodyLockedAndUnlocksAtTheEnd) {
   EXPECT_THAT(log.lines, ElementsAre("1: Done Playing"));
 }
 
-TEST_F(MainWindowPlay, StopPauseAndTheOtherButtons) {
-  Enter("abab");
-  Press("cmdControl(1)");
-  EXPECT_EQ(Shown(), "|*4a2 *4b2 *4a2 *4b2");
-  Press("cmdControl(5)");
-  EXPECT_EQ(Shown(), "*4a2 *4b2 *4a2 *4b2|");
-  // Paused behind the second tone, resumed by Play from inside the pause, and stopped behind the third.
-  sound.onBeep = [this] {
-    if (sound.beeps.size() == 2) Press("cmdControl(2)");
-    if (sound.beeps.size() == 3) Press("cmdControl(3)");
-  };
-  int pumps = 0;
-  pump.onPump = [&](int) {
-    if (sound.beeps.size() == 2 && ++pumps == 50) Press("cmdControl(4)");
+TEST_F(MainWindowPlay, NothingEditsAMelodyThatPlays) {
+  Enter("aba");
+  folder.Write("other.imy", Tune("c2"));
+  QMimeData file;
+  file.setUrls({QUrl::fromLocalFile(QString::fromStdString((folder / "other.imy").string()))});
+  const ElementList before = document.Elements();
+  sound.onBeep = [&] {
+    for (const Qt::Key key : {Qt::Key_Z, Qt::Key_X, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Left}) {
+      PressKey(key);
+    }
+    PressKey(Qt::Key_S, Qt::ControlModifier);
+    for (const char* item : {"mnuFileRecover", "mnuSettingFormatType(2)"}) Trigger(item);
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &enter);
+    EXPECT_FALSE(enter.isAccepted());
+    QDropEvent drop({5, 5}, Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &drop);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(document.Elements(), before);
   };
   Press("cmdControl(4)");
   EXPECT_THAT(sound.beeps, SizeIs(3));
-  EXPECT_GE(pumps, 50);
-  EXPECT_THAT(log.lines, IsEmpty());
+  EXPECT_EQ(questions.saveDialogs, 0);
+  EXPECT_EQ(document.Mode(), FormatMode::IMelody);
 }
 
-TEST_F(MainWindowPlay, LightCommandsChangeThePicture) {
-  EXPECT_EQ(Picture(), 0);
-  for (const auto& [command, picture] : {std::pair{0, 2}, {4, 3}, {1, 1}, {5, 0}}) {
-    Press("cmdControl(0)");
+TEST_F(MainWindowPlay, WhatChangedIsPaintedBeforeAToneThatLetsNoEventsRun) {
+  SetToggle("mnuSettingPlayComposing", true);
+  window.setWindowState(Qt::WindowNoState);
+  window.resize(1024, 720);
+  QTest::qWait(50);
+  int tones = 0;
+  sound.onBeep = [&] {
+    ++tones;
+    for (const char* name : {"txtLeft", "txtRight", "lblFrequency", "ImageMS(0)", "ImageMS(3)"}) {
+      if (!Get<QWidget>(name).isVisible()) continue;
+      EXPECT_TRUE(IsPainted(name)) << name << " at tone " << tones;
+    }
+  };
+  Enter("ab");
+  for (const char* command : {"cmdInsert(0)", "cmdInsert(4)"}) Press(command);
+  Enter("c");
+  for (const char* move : {"cmdLeft", "cmdLeft", "cmdLeft", "cmdRight"}) Press(move);
+  Press("cmdControl(4)");
+  EXPECT_EQ(tones, 7);
+  EXPECT_EQ(Picture(), 3);
+}
+
+TEST_F(MainWindowPlay, ATypedLetterIsNeverDroppedWhileAToneSounds) {
+  SetToggle("mnuSettingPlayComposing", true);
+  SetOutput(OutputType::Wave);
+  bool typed = false;
+  pump.onPump = [&](int) {
+    if (std::exchange(typed, true)) return;
+    for (const Qt::Key key : {Qt::Key_X, Qt::Key_C, Qt::Key_V}) PressKey(key);
+    Press("cmdTone(11)");  // but a piano button is
+  };
+  PressKey(Qt::Key_Z);
+  EXPECT_EQ(Shown(), "*4c2 *4d2 *4e2 *4f2|");
+}
+
+TEST_F(MainWindowPlay, AnExceptionInsideAToneLeavesNothingLocked) {
+  SetToggle("mnuSettingPlayComposing", true);
+  int faults = 0;
+  static_cast<TrillomatApplication*>(qApp)->onFault = [&faults](std::string_view) { ++faults; };
+  sound.onBeep = [] { throw std::runtime_error("the device is gone"); };
+  for (const char* button : {"cmdTone(0)", "cmdControl(4)", "cmdLeft"}) {
+    QTest::mouseClick(&Get<QWidget>(button), Qt::LeftButton);
+  }
+  static_cast<TrillomatApplication*>(qApp)->onFault = nullptr;
+  EXPECT_EQ(faults, 3);
+  sound.onBeep = nullptr;
+  sound.beeps.clear();
+  EXPECT_EQ(PlayCaption(), "Play");
+  Enter("a");
+  EXPECT_THAT(sound.beeps, SizeIs(1));
+  folder.Write("a.imy", Tune("c2"));
+  SetMode(FormatMode::IMelody);
+  ClickRow("a.imy");  // at once, as no tone sounds
+  EXPECT_EQ(SelectedRow(), "a.imy");
+  EXPECT_EQ(Get<QLabel>("lblFolder").text(), "c:\\");
+  EXPECT_EQ(document.Elements().size(), 1U);
+}
+
+TEST_F(MainWindowPlay, LightsAndVibrationShowAndClearPutsThePhoneToRest) {
+  const QRect rest = Phone();
+  for (const auto& [command, picture] : {std::pair{0, 2}, {4, 3}, {1, 1}, {5, 0}, {0, 2}}) {
     Press(IndexedName("cmdInsert", command));
     Press("cmdControl(4)");
     EXPECT_EQ(Picture(), picture) << command;
   }
-}
-
-TEST_F(MainWindowPlay, VibrationMovesThePicturesTogetherInsideTheirSquare) {
   Press("cmdInsert(2)");
+  Enter("a");
   Press("cmdControl(4)");
   QSet<QPair<int, int>> spots;
-  const QPoint area = Get<QWidget>("ImageMS(0)").parentWidget()->rect().topLeft();
+  const QRect area = Get<QWidget>("ImageMS(0)").parentWidget()->rect();
   for (int i = 0; i < 12; ++i) {
     QTest::qWait(60);
-    const QPoint spot = Get<QWidget>("ImageMS(0)").pos() - area;
+    const QRect spot = Phone();
     spots.insert({spot.x(), spot.y()});
-    for (int k = 1; k < 4; ++k) EXPECT_EQ(Get<QWidget>(IndexedName("ImageMS", k)).pos() - area, spot);
-    EXPECT_TRUE(QRect(0, 0, 81, 81).contains(spot)) << spot.x() << "," << spot.y();
+    for (int k = 1; k < 4; ++k) EXPECT_EQ(Get<QWidget>(IndexedName("ImageMS", k)).geometry(), spot);
+    EXPECT_TRUE(area.contains(spot)) << spot.x() << "," << spot.y();
+    EXPECT_EQ(spot.size(), rest.size());
   }
   EXPECT_GT(spots.size(), 3);
   Press("cmdControl(0)");
-  Press("cmdInsert(3)");
-  Press("cmdControl(4)");
-  const QPoint still = Get<QWidget>("ImageMS(0)").pos();
   QTest::qWait(250);
-  EXPECT_EQ(Get<QWidget>("ImageMS(0)").pos(), still);
+  EXPECT_EQ(Phone(), rest);
+  EXPECT_EQ(Picture(), 0);
+  EXPECT_EQ(Get<QLabel>("lblFrequency").text(), "0");
+  Press("cmdInsert(2)");
+  Press("cmdInsert(4)");
+  Press("cmdControl(4)");
+  EXPECT_EQ(Picture(), 1) << "the lights were put out as well";
+  folder.Write("a.imy", Tune("c2"));
+  SetToggle("mnuSettingAutoPlay", false);
+  window.OpenFile(folder / "a.imy");
+  QTest::qWait(250);
+  EXPECT_EQ(Phone(), rest);
+  EXPECT_EQ(Picture(), 0);
 }
 
 TEST_F(MainWindowPlay, TheOutputMenuMovesItsCheckMark) {
   Enter("a");
   for (int i : {0, 2, 1}) {
-    Trigger(IndexedName("mnuSettingOutputType", i));
+    SetOutput(static_cast<OutputType>(i));
     for (int k = 0; k < 3; ++k) EXPECT_EQ(Action(IndexedName("mnuSettingOutputType", k)).isChecked(), k == i);
     sound.beeps.clear();
     sound.lines.clear();
@@ -129,39 +212,33 @@ TEST_F(MainWindowPlay, TheOutputMenuMovesItsCheckMark) {
 }
 
 // The same window over the real event pump and the real time.
-class MainWindowClosing : public testing::Test, public MainWindowParts {
- protected:
-  MainWindowClosing() { window.Load(); }
-
-  QtPump qtPump;
-  Workspace workspace{log, qtPump};
-  StdClock realClock;
-  frmMain window{{workspace, realClock, sound, settings, files, questions}};
-};
-
-TEST_F(MainWindowClosing, ClosingEndsPlayPauseAndEveryWait) {
-  QObject::connect(&window, &frmMain::Closed, &window, [this] { qtPump.End(); });
+TEST(MainWindowClosing, ClosingEndsPlayPauseAndEveryWait) {
+  Parts parts;
+  QtPump pump;
+  const StdClock clock;
+  MainWindow window({parts.document,
+                     parts.record,
+                     {parts.log, pump},
+                     clock,
+                     parts.sound,
+                     parts.settings,
+                     parts.files,
+                     parts.questions});
+  window.Load();
+  QObject::connect(&window, &MainWindow::Closed, &window, [&pump] { pump.End(); });
   window.show();
-  MelodyNote pause;
-  pause.Note = "r";
-  pause.Duration = 4;
-  pause.DurationExtra = 1;
-  workspace.melody.Assign(MelodyList(1000, pause));
+  parts.document.Apply({.inserted = ElementList(1000, Rest(4))});
   QElapsedTimer time;
   time.start();
   // Each element waits for 2.4 seconds. Inside its wait Pause is pressed, then the window closed.
-  QTimer pauses;
-  QObject::connect(&pauses, &QTimer::timeout, &window, [this] { Click(window, "cmdControl(2)"); });
-  pauses.start(50);
-  QTimer closes;
-  QObject::connect(&closes, &QTimer::timeout, &window, [this] { window.close(); });
-  closes.start(120);
+  QTimer::singleShot(50, &window, [&window] { Click(window, "cmdControl(2)"); });
+  QTimer::singleShot(120, &window, [&window] { window.close(); });
   Click(window, "cmdControl(4)");
   EXPECT_LT(time.elapsed(), 1000);
-  EXPECT_FALSE(qtPump.PumpEvents());
+  EXPECT_FALSE(pump.PumpEvents());
   window.Unload();
-  EXPECT_EQ(log.lines.back(), "1: Application ended");
-  EXPECT_THAT(log.lines, Not(Contains("1: Done Playing")));
+  EXPECT_EQ(parts.log.lines.back(), "1: Application ended");
+  EXPECT_THAT(parts.log.lines, Not(Contains("1: Done Playing")));
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ std::vector<W*> Monkey::Usable(const QWidget& window) const {
   return usable;
 }
 
-void Monkey::Act(frmMain& window, const TempFolder& folder) {
+void Monkey::Act(MainWindow& window, const TempFolder& folder) {
   ++events;
   largestDepth = std::max(largestDepth, ++depth);
   QWidget* popup = QApplication::activePopupWidget();
@@ -84,7 +84,7 @@ void Monkey::TypeText(QWidget& window) {
 
 void Monkey::TriggerItem(QWidget& window) {
   std::vector<QAction*> items;
-  for (QAction* menu : static_cast<frmMain&>(window).menuBar()->actions()) {
+  for (QAction* menu : static_cast<MainWindow&>(window).menuBar()->actions()) {
     if (!menu->isVisible()) continue;
     if (menu->menu() == nullptr) items.push_back(menu);
     for (QAction* item :
@@ -98,7 +98,7 @@ void Monkey::TriggerItem(QWidget& window) {
 }
 
 void Monkey::UseList(QWidget& window) {
-  auto& list = Control<QListWidget>(window, "ListFiles");
+  auto& list = Find<QListWidget>(window, "ListFiles");
   if (list.count() == 0) return;
   const QPoint place = list.visualItemRect(list.item(Number(list.count()))).center();
   switch (Number(4)) {
@@ -109,7 +109,7 @@ void Monkey::UseList(QWidget& window) {
 }
 
 void Monkey::MoveSlider(QWidget& window) {
-  if (Number(2) == 0) return Control<QSlider>(window, "SliderOctave").setValue(Number(9));
+  if (Number(2) == 0) return Find<QSlider>(window, "SliderOctave").setValue(Number(9));
   QComboBox& list = AnyOf(Usable<QComboBox>(window));
   list.setFocus();
   QTest::keyClick(&list, Number(2) == 0 ? Qt::Key_Up : Qt::Key_Down);

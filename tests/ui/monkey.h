@@ -7,7 +7,7 @@
 #include <QPlainTextEdit>
 #include <random>
 
-#include "ui/main_window.h"
+#include "ui/main_window_fixture.h"
 
 namespace trillomat {
 
@@ -16,7 +16,7 @@ class Monkey {
   explicit Monkey(unsigned seed) : random_(seed) {}
 
   /// Does one thing to the modal window or menu in front, or else to `window`.
-  void Act(frmMain& window, const TempFolder& folder);
+  void Act(MainWindow& window, const TempFolder& folder);
 
   int Number(int below) { return std::uniform_int_distribution<int>(0, below - 1)(random_); }
   bool mayClose = true;

@@ -4,8 +4,11 @@
 
 #include <QTimerEvent>
 
+#include "composer/song_info.h"
+#include "formats/formats.h"
 #include "platform/clock_std.h"
 #include "platform/pump_qt.h"
+#include "support/silent_services.h"
 #include "ui/message_box_qt.h"
 #include "ui/monkey.h"
 
@@ -21,7 +24,7 @@ int FromEnvironment(const char* name, int fallback) {
 class CagedFiles : public FolderStore {
  public:
   using FolderStore::FolderStore;
-  uint32_t GetLogicalDrives() override { return FolderStore::GetLogicalDrives() & 1U << ('C' - 'A'); }
+  uint32_t Drives() override { return FolderStore::Drives() & 1U << ('C' - 'A'); }
   std::filesystem::path NativePath(std::string_view given) const override {
     return given.starts_with("c:") || given.starts_with("C:") ? FolderStore::NativePath(given)
                                                               : std::filesystem::path();
@@ -79,40 +82,32 @@ class Ticker : public QObject {
 class MonkeyTest : public testing::Test {
  protected:
   MonkeyTest() {
-    for (const char* name : {"a.imy", "b.imy"}) {
-      folder.Write(
-          name,
-          "BEGIN:IMELODY\r\nNAME:Tune\r\nBEAT:900\r\nMELODY:(ledonc2d3r4vibeon@2)&e5\r\nEND:IMELODY\r\n");
-    }
-    folder.Write("broken.imy", "no melody");
+    for (const char* name : {"a.imy", "b.imy"}) folder.Write(name, Tune("(ledonc2d3r4vibeon@2)&e5"));
+    folder.Write("broken.imy", kRefusedTune);
     folder.Write("c.rtx", "tune:d=4,o=5,b=900:c,p,b,8d#6,32e.");
     folder.Write("d.mel", "c+dp(b)e");
     folder.Write("e.emy", "BEGIN:EMELODY\r\nMELODY:cDe.p\r\nEND:EMELODY\r\n");
     folder.MakeFolder("sub");
   }
 
-  void Open(Workspace& ws, const Clock& clock) {
-    window = std::make_unique<frmMain>(MainSeams{ws, clock, sound, settings, files, questions});
+  void Open(EventPump& pump, const Clock& clock) {
+    window.reset();
+    document = std::make_unique<Document>();
+    window = std::make_unique<MainWindow>(
+        WindowParts{*document, record, {log, pump}, clock, sound, settings, files, questions});
     ASSERT_TRUE(window->Load());
     window->show();
   }
 
   /// What must hold whenever no operation runs.
-  void Check(Workspace& ws) {
-    ASSERT_GE(ws.melody.lCurrentIndex, -1);
-    ASSERT_LE(ws.melody.lCurrentIndex, std::max(ws.melody.UpperBound(), 0));
-    ASSERT_EQ(Control<QPushButton>(*window, "cmdControl(4)").text(), "&Play");
-    ASSERT_TRUE(Control<QWidget>(*window, "cmdPause").isEnabled());
-    // The one menu item that changes what the view will show without showing it.
-    const bool useDefault = window->findChild<QAction*>("mnuRTTTLUseDefault")->isChecked();
-    if (useDefault != std::exchange(usedDefault_, useDefault))
-      Control<QPushButton>(*window, "cmdControl(5)").click();
-    MelodyTextView view(ws);
-    view.bRTTTLUseDefault = useDefault;
-    const auto text = view.RefreshMelodyView();
-    ASSERT_TRUE(text);
-    ASSERT_EQ(Control<QLineEdit>(*window, "txtLeft").text(), ToQString(text->txtLeft));
-    ASSERT_EQ(Control<QLineEdit>(*window, "txtRight").text(), ToQString(text->txtRight));
+  void Check() {
+    ASSERT_GE(document->Cursor(), -1);
+    ASSERT_LE(document->Cursor(), std::max(document->LastIndex(), 0));
+    ASSERT_EQ(Find<QPushButton>(*window, "cmdControl(4)").text(), "&Play");
+    ASSERT_TRUE(Find<QWidget>(*window, "cmdPause").isEnabled());
+    CheckMelody();
+    CheckPanel();
+    if (++checks_ % 10 == 0) CheckSaving();
   }
 
   Monkey monkey{static_cast<unsigned>(FromEnvironment("TRILLOMAT_MONKEY_SEED", 2002))};
@@ -122,21 +117,62 @@ class MonkeyTest : public testing::Test {
   CagedFiles files{folder.Path()};
   FakeQuestions questions;
   BoxLog log;
-  std::unique_ptr<frmMain> window;
+  ReadRecord record;
+  std::unique_ptr<Document> document;
+  std::unique_ptr<MainWindow> window;
 
  private:
+  void CheckMelody() {
+    // The one menu item that changes what the view will show without showing it.
+    const bool useDefault = window->findChild<QAction*>("mnuRTTTLUseDefault")->isChecked();
+    if (useDefault != std::exchange(usedDefault_, useDefault)) Click(*window, "cmdControl(5)");
+    const MelodyText text = TextOf(*document, useDefault, silent_.log);
+    ASSERT_EQ(Find<QLineEdit>(*window, "txtLeft").text(), ToQString(text.left));
+    ASSERT_EQ(Find<QLineEdit>(*window, "txtRight").text(), ToQString(text.right));
+  }
+
+  /// Each row of the panel, but for those whose text is red, shows the song's own information.
+  void CheckPanel() {
+    const SongInfo& info = document->Info();
+    const bool rtttl = document->Mode() == FormatMode::Rtttl;
+    if (!rtttl && document->Mode() != FormatMode::IMelody) return;
+    const auto row = [this](int index, const std::string& text) {
+      const auto& box = Find<QLineEdit>(*window, IndexedName("txtSongInfo", index));
+      const bool red = box.palette().color(QPalette::Text) == QColor(255, 0, 0);
+      EXPECT_TRUE(red || box.text() == ToQString(text)) << text << ", " << box.text().toStdString();
+    };
+    row(rtttl ? 0 : 2, info.name);
+    row(rtttl ? 1 : 4, std::to_string(info.bpm));
+    row(rtttl ? 2 : 3, rtttl ? std::to_string(info.loop) : info.composer);
+    EXPECT_EQ(Find<QComboBox>(*window, "cboSongInfo(0)").currentText(), ToQString(StyleText(info.style)));
+    const QString volume = Find<QComboBox>(*window, "cboSongInfo(1)").currentText();
+    EXPECT_TRUE(rtttl || volume == ToQString(info.volume));
+    ASSERT_FALSE(HasFailure());
+  }
+
+  /// Save As can be pressed, which it cannot while a file operation runs, and writes the document's song.
+  void CheckSaving() {
+    if (document->IsEmpty()) return;
+    const std::string name = "saved." + std::string(LimitsOf(document->Mode()).extension);
+    questions.savePath = folder / name;
+    questions.yes = true;
+    Click(*window, "cmdSaveAs");
+    ASSERT_EQ(folder.Read(name), *Write(document->CurrentSong(), document->Mode(), silent_.services));
+    ASSERT_FALSE(document->IsChanged());
+  }
+
+  SilentServices silent_;
   bool usedDefault_ = false;
+  int checks_ = 0;
 };
 
 TEST_F(MonkeyTest, NothingBreaksWhateverRunsInsideWhatever) {
-  const int wanted = FromEnvironment("TRILLOMAT_MONKEY_EVENTS", 10000);
+  const int wanted = FromEnvironment("TRILLOMAT_MONKEY_EVENTS", 6000);
   MonkeyPump pump(monkey);
-  int closings = 0;
   while (monkey.events < wanted) {
     pump.ending = false;
-    Workspace ws(log, pump);
-    Open(ws, pump.clock);
-    QObject::connect(window.get(), &frmMain::Closed, window.get(), [&] { pump.ending = true; });
+    Open(pump, pump.clock);
+    QObject::connect(window.get(), &MainWindow::Closed, window.get(), [&] { pump.ending = true; });
     pump.onEvent = [&] {
       questions.savePath = folder / ("s" + std::to_string(monkey.Number(3)));
       questions.yes = monkey.Number(2) == 0;
@@ -151,29 +187,25 @@ TEST_F(MonkeyTest, NothingBreaksWhateverRunsInsideWhatever) {
       QCoreApplication::processEvents();
       if (pump.ending) break;
       const auto acting = std::exchange(pump.onEvent, nullptr);
-      ASSERT_NO_FATAL_FAILURE(Check(ws)) << "after event " << monkey.events;
+      ASSERT_NO_FATAL_FAILURE(Check()) << "after event " << monkey.events;
       pump.onEvent = acting;
     }
-    closings += pump.ending ? 1 : 0;
     pump.onEvent = nullptr;
     pump.ending = true;
     window->Unload();
-    window.reset();
   }
   EXPECT_GT(monkey.largestDepth, 2) << "events did not run inside events";
-  RecordProperty("closings", closings);
 }
 
 // The same over the real pump and the real time, for a while.
 TEST_F(MonkeyTest, NothingBreaksInRealTime) {
   QtPump pump;
-  Workspace ws(log, pump);
   const StdClock clock;
-  Open(ws, clock);
+  Open(pump, clock);
   monkey.mayClose = false;
-  const int wanted = FromEnvironment("TRILLOMAT_MONKEY_EVENTS", 10000) / 10;
+  const int wanted = FromEnvironment("TRILLOMAT_MONKEY_EVENTS", 6000) / 10;
   bool ended = false;
-  QObject::connect(window.get(), &frmMain::Closed, window.get(), [&] {
+  QObject::connect(window.get(), &MainWindow::Closed, window.get(), [&] {
     ended = true;
     pump.End();
   });

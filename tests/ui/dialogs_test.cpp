@@ -1,0 +1,277 @@
+// The modal windows, driven through their controls.
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <QFontMetrics>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "support/fakes.h"
+#include "support/sample_notes.h"
+#include "ui/about_window.h"
+#include "ui/dialog_probe.h"
+#include "ui/export_window.h"
+#include "ui/import_window.h"
+#include "ui/qt_text.h"
+#include "ui/rename_window.h"
+
+namespace trillomat {
+namespace {
+
+using testing::StartsWith;
+
+void PressOk(QDialog& dialog) { Click(dialog, "cmdOK"); }
+void PressReturn(QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); }
+
+TEST(AboutWindow, ShowsTheVersionAndClosesOnOkAndEscape) {
+  AboutWindow window("4.7.11");
+  ExpectUsable(window, "frmAbout", "About Trillomat");
+  EXPECT_EQ(Find<QLabel>(window, "lblVersion").text(), "Version 4.7.11");
+  EXPECT_FALSE(Find<QLabel>(window, "lblCredit").text().isEmpty());
+  for (void (*leave)(QDialog&) : {&PressOk, &PressReturn, &PressEscape}) {
+    window.show();
+    leave(window);
+    EXPECT_FALSE(window.isVisible());
+  }
+}
+
+TEST(RenameWindow, TypingReplacesTheNameWhichCountsOnlyOnOkAndHoldsOneLine) {
+  void (*const ways[])(QDialog&) = {&PressOk, &PressReturn, &CloseFrame, &PressEscape,
+                                    [](QDialog& w) { Click(w, "cmdCancel"); }};
+  for (const auto& leave : ways) {
+    RenameWindow window(QStringLiteral("Für Elise"));
+    window.show();
+    ExpectUsable(window, "frmRename", "Trillomat - Rename");
+    auto& name = Find<QLineEdit>(window, "txtName");
+    EXPECT_EQ(window.focusWidget(), &name);
+    EXPECT_EQ(name.selectedText(), QStringLiteral("Für Elise"));
+    QTest::keyClicks(&name, "a.b");
+    QApplication::clipboard()->setText(QStringLiteral("\n☺"));
+    name.paste();
+    EXPECT_EQ(window.NewName(), QStringLiteral("a.b ☺"));
+    leave(window);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(window.result() == QDialog::Accepted, leave == &PressOk || leave == &PressReturn);
+  }
+}
+
+constexpr const char* kTune = "test:d=4,o=5,b=100:c,p,h";
+
+class ImportWindowTest : public testing::Test, public FakeServices {
+ protected:
+  ImportWindowTest() { window.show(); }
+
+  ReadRecord before;
+  ImportWindow window{before, services};
+  QPlainTextEdit& source = Find<QPlainTextEdit>(window, "txtSource");
+  QPushButton& import = Find<QPushButton>(window, "cmdImport");
+};
+
+TEST_F(ImportWindowTest, OpensEmptyOnNokiaAndNamesItsControls) {
+  EXPECT_FALSE(import.isEnabled());
+  EXPECT_EQ(window.focusWidget(), &source);
+  EXPECT_TRUE(Find<QRadioButton>(window, "optImport(0)").isChecked());
+  EXPECT_FALSE(Find<QCheckBox>(window, "chkAdapt").isChecked());
+  ExpectUsable(window, "frmImport", "Trillomat - Import");
+  for (const auto& [text, possible] : {std::pair{"a:b", false}, {"a:b,", true}}) {
+    source.setPlainText(text);
+    EXPECT_EQ(import.isEnabled(), possible) << text;
+  }
+}
+
+TEST_F(ImportWindowTest, ImportsEachFormatAndCloses) {
+  struct Case {
+    int option;
+    const char* text;
+    const char* imported;
+    bool adapt = false;
+  };
+  for (const Case& c : {Case{0, kTune, "*3c2 r2 *3b2"}, Case{0, "a:b,c", "refused"},
+                        Case{0, "t:d=4,o=4,b=100:c,d5", "*4c2 *5d2", true}, Case{1, "c\nd P", "*3c3 *3d3 r1"},
+                        Case{2, "+c#d", "*4c3 *3#d3"}, Case{3, "cd", ""}, Case{4, "cd", ""}}) {
+    SCOPED_TRACE(c.text);
+    ImportWindow w(before, services);
+    w.show();
+    Find<QPlainTextEdit>(w, "txtSource").setPlainText(c.text);
+    Click(w, "optImport(1)");  // enables the button, which most formats then leave so
+    Click(w, IndexedName("optImport", c.option));
+    Find<QCheckBox>(w, "chkAdapt").setChecked(c.adapt);
+    Click(w, "cmdImport");
+    EXPECT_FALSE(w.isVisible());
+    if (!w.Result()) {
+      EXPECT_STREQ(c.imported, "");
+    } else {
+      EXPECT_EQ(w.Result()->read ? TokensOf(w.Result()->read.elements, " ") : "refused", c.imported);
+    }
+  }
+}
+
+TEST_F(ImportWindowTest, EveryWayOutImportsNothing) {
+  source.setPlainText(kTune);
+  for (void (*leave)(QDialog&) : {+[](QDialog& w) { Click(w, "cmdCancel"); }, &PressEscape, &CloseFrame}) {
+    window.show();
+    leave(window);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(window.result(), QDialog::Rejected);
+    EXPECT_FALSE(window.Result());
+  }
+}
+
+TEST_F(ImportWindowTest, IgnoresPressesAndTypingWhileItImportsAndIsCancelledInTheMiddle) {
+  source.setPlainText(kTune);
+  pump.onPump = [&](int) {
+    source.setPlainText("other:d=4:e,e,e,e,e");
+    import.click();
+  };
+  import.click();
+  ASSERT_TRUE(window.Result());
+  EXPECT_EQ(window.Result()->read.elements.size(), 3U);
+  ImportWindow next(before, services);
+  next.show();
+  Find<QPlainTextEdit>(next, "txtSource").setPlainText(QString("t:d=4:c") + QString(",c").repeated(1000));
+  pump.pumps = 0;
+  pump.onPump = [&](int) {
+    next.close();
+    EXPECT_TRUE(next.isVisible()) << "the main window would take clicks now";
+  };
+  Click(next, "cmdImport");
+  EXPECT_LT(pump.pumps, 5);
+  EXPECT_FALSE(next.isVisible());
+  EXPECT_EQ(next.result(), QDialog::Rejected);
+  EXPECT_FALSE(next.Result());
+}
+
+TEST_F(ImportWindowTest, TakesAMegabyteInOneLine) {
+  QString text = "long:d=4,o=5,b=100:c";
+  while (text.size() < 1'000'000) text += ",16c#6";
+  QApplication::clipboard()->setText(text);
+  QElapsedTimer clock;
+  clock.start();
+  QTest::keySequence(&source, QKeySequence::Paste);
+  window.grab();
+  EXPECT_LT(clock.elapsed(), 8000) << "ms; broken between words it takes half a minute";
+  import.click();
+  EXPECT_EQ(window.Result()->read.elements.size(), static_cast<size_t>(text.count(',')) - 1);
+}
+
+TEST_F(ImportWindowTest, TellsHowManyCharactersItReplaces) {
+  const auto& label = Find<QLabel>(window, "lblReplaced");
+  source.setPlainText("na\xC3\xAFve \xE2\x82\xAC:,");
+  EXPECT_FALSE(label.isVisible());
+  source.setPlainText("\xE2\x86\x92 \xF0\x9D\x84\x9E\xE2\x99\xAF:d=4:c,d");
+  EXPECT_TRUE(label.isVisible());
+  EXPECT_TRUE(label.text().startsWith("3 characters ")) << label.text().toStdString();
+  import.click();
+  EXPECT_EQ(window.Result()->read.record.info.name, "???");
+}
+
+constexpr const char* kNokiaKeys = "0--> Press: 1\r\n1--> Press: 2 8\r\n";
+
+class ExportWindowTest : public testing::Test, public FakeServices {
+ protected:
+  ExportWindowTest() { window.show(); }
+
+  void Export(int index) { Click(window, IndexedName("cmdExport", index)); }
+  static QString Shown(const std::string& text) { return ToQString(text).replace("\r\n", "\n"); }
+  static QString Clipboard() { return QApplication::clipboard()->text().remove('\r'); }
+
+  ExportWindow window{{{Note("c", 4), Note("d", 4, 0.5F)}, {.name = "Caf\xE9"}}, services};
+  QPlainTextEdit& result = Find<QPlainTextEdit>(window, "txtResult");
+  QPushButton& save = Find<QPushButton>(window, "cmdSaveToFile");
+  QLabel& status = Find<QLabel>(window, "lblStatus");
+};
+
+TEST_F(ExportWindowTest, OpensEmptyAndNamesItsControls) {
+  EXPECT_FALSE(save.isEnabled());
+  EXPECT_EQ(result.toPlainText(), "");
+  EXPECT_TRUE(result.isReadOnly());
+  const QFontMetrics font(result.font());
+  EXPECT_EQ(font.horizontalAdvance("iiii"), font.horizontalAdvance("WWWW"));
+  ExpectUsable(window, "frmExport", "Trillomat - Export");
+}
+
+TEST_F(ExportWindowTest, EachButtonMakesItsText) {
+  struct Case {
+    const char* caption;
+    const char* start;
+    bool saves;
+  };
+  const Case cases[] = {{"T68i KeyPress", "0--> Press: 1\r\n1--> Press: 28\r\n", false},
+                        {"T39 KeyPress", "0--> Hold: 1 until lowercase", false},
+                        {"Nokia Composer", kNokiaKeys, false},
+                        {"RTTTL", "Caf\xE9:d=4,o=6,b=100:C,8D", false},
+                        {"Nokia Composer", "", false},
+                        {"MIDI", "", true},
+                        {"WAVE", "", true},
+                        {"R320 / T28", "0--> Hold: 1 until uppercase", false}};
+  // Twice, so that each button also finds what another one left.
+  for (int i = 0; i < 16; ++i) {
+    const Case& c = cases[i % 8];
+    SCOPED_TRACE(c.caption);
+    Export(i % 8);
+    save.click();  // does nothing
+    EXPECT_EQ(Find<QPushButton>(window, IndexedName("cmdExport", i % 8)).text().remove('&'), c.caption);
+    EXPECT_THAT(window.Result(), StartsWith(c.start));
+    EXPECT_EQ(window.Result().empty(), *c.start == '\0');
+    EXPECT_EQ(result.toPlainText(), Shown(window.Result()));
+    EXPECT_EQ(save.isEnabled(), c.saves);
+    EXPECT_EQ(status.text().isEmpty(), *c.start == '\0');
+  }
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(ExportWindowTest, SaysWhyAMelodyDoesNotFitAndLeavesTheResultEmpty) {
+  ExportWindow wide({Tones({3, 5}), {}}, services);
+  Click(wide, "cmdExport(7)");
+  EXPECT_EQ(wide.Result(), "");
+  const QString why = Find<QLabel>(wide, "lblStatus").text();
+  EXPECT_TRUE(why.contains("the R320 and T28")) << why.toStdString();
+}
+
+TEST_F(ExportWindowTest, CopiesAllOrTheSelectionAndEnterPressesNoButton) {
+  Export(2);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  // From the button that has the focus, then from the box, then with a line selected there.
+  Find<QPushButton>(window, "cmdExport(2)").setFocus();
+  for (QWidget* focus : {static_cast<QWidget*>(&window), static_cast<QWidget*>(&result)}) {
+    QApplication::clipboard()->clear();
+    result.moveCursor(QTextCursor::Start);
+    QTest::keySequence(focus, QKeySequence::Copy);
+    EXPECT_EQ(Clipboard(), Shown(kNokiaKeys));
+  }
+  result.moveCursor(QTextCursor::Start);
+  result.moveCursor(QTextCursor::EndOfLine, QTextCursor::KeepAnchor);
+  QTest::keySequence(&result, QKeySequence::Copy);
+  EXPECT_EQ(Clipboard(), "0--> Press: 1");
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) QTest::keyClick(&result, key);
+  EXPECT_EQ(window.Result(), kNokiaKeys);
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(ExportWindowTest, IgnoresPressesWhileItExportsAndEveryWayOutEndsThat) {
+  pump.onPump = [this](int) {
+    Export(3);
+    Export(6);
+  };
+  Export(2);
+  EXPECT_EQ(window.Result(), kNokiaKeys);
+  EXPECT_FALSE(save.isEnabled());
+  for (void (*leave)(QDialog&) : {+[](QDialog& w) { Click(w, "cmdAbort"); }, &PressEscape, &CloseFrame}) {
+    ExportWindow w({ElementList(1000, Note("c")), {}}, services);
+    w.show();
+    pump.pumps = 0;
+    pump.onPump = [&](int) {
+      leave(w);
+      EXPECT_TRUE(w.isVisible());
+    };
+    Click(w, "cmdExport(2)");
+    EXPECT_LT(pump.pumps, 5);
+    EXPECT_FALSE(w.isVisible());
+  }
+}
+
+}  // namespace
+}  // namespace trillomat

@@ -1,0 +1,147 @@
+// The real main window over fakes: sound that takes no time, settings in memory, and a folder of its own
+// for the melody files.
+#pragma once
+
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "support/fake_sound.h"
+#include "support/folder_store.h"
+#include "support/memory_store.h"
+#include "support/sample_notes.h"
+#include "support/temp_folder.h"
+#include "ui/dialog_probe.h"
+#include "ui/main_window.h"
+#include "ui/qt_text.h"
+
+namespace trillomat {
+
+/// Gives the answers that a test sets.
+class FakeQuestions : public Questions {
+ public:
+  std::optional<std::filesystem::path> AskSavePath(QWidget* /*parent*/,
+                                                   const SaveDialog& /*dialog*/) override {
+    ++saveDialogs;
+    if (whileAsking) whileAsking();
+    return savePath;
+  }
+  bool AskYesNo(QWidget* /*parent*/, const QString& /*title*/, const QString& /*question*/) override {
+    return yes;
+  }
+
+  int saveDialogs = 0;
+  std::function<void()> whileAsking;
+  std::optional<std::filesystem::path> savePath;
+  bool yes = true;
+};
+
+/// An I-Melody file with these notes, and a bad one.
+inline std::string Tune(const std::string& notes) {
+  return "BEGIN:IMELODY\r\nNAME:Tune\r\nBEAT:120\r\nSTYLE:S2\r\nMELODY:" + notes + "\r\nEND:IMELODY\r\n";
+}
+constexpr const char* kRefusedTune = "NAME:Refused\r\nBEAT:300\r\nSTYLE:S1\r\nno colon\r\n";
+
+/// What the program is made of, apart from the window.
+struct Parts : FakeServices {
+  WindowParts ForWindow(const std::filesystem::path& stateFolder = {}) {
+    return {document, record, services, clock, sound, settings, files, questions, stateFolder};
+  }
+
+  Document document;
+  ReadRecord record;
+  FakeSound sound;
+  MemoryStore settings;
+  TempFolder folder;  ///< drive C:
+  FolderStore files{folder.Path()};
+  FakeQuestions questions;
+};
+
+/// Both halves of the melody, without the separators' extra blanks, the cursor as "|".
+inline std::string ShownIn(const MainWindow& window) {
+  const auto half = [&window](const char* name) { return Find<QLineEdit>(window, name).text().simplified(); };
+  return (half("txtLeft") + "|" + half("txtRight")).toStdString();
+}
+
+class MainWindowTest : public testing::Test, public Parts {
+ protected:
+  /// A window that was loaded and shown, and played nothing yet.
+  MainWindowTest() {
+    EXPECT_TRUE(window.Load());
+    window.show();
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    sound.beeps.clear();
+    log.lines.clear();
+  }
+
+  template <class W>
+  W& Get(const QString& name) const {
+    return Find<W>(window, name);
+  }
+  void Press(const QString& name) { Get<QAbstractButton>(name).click(); }
+  void Trigger(const QString& name) { Action(name).trigger(); }
+  QAction& Action(const QString& name) { return Find<QAction>(window, name); }
+  void SetMode(FormatMode mode) { Trigger(IndexedName("mnuSettingFormatType", static_cast<int>(mode))); }
+  void SetOutput(OutputType output) {
+    Trigger(IndexedName("mnuSettingOutputType", static_cast<int>(output)));
+  }
+  /// Turns one of the three settings off or on.
+  void SetToggle(const QString& name, bool on) {
+    if (Action(name).isChecked() != on) Trigger(name);
+  }
+  void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(window.focusWidget(), key, modifiers);
+  }
+  QString Text(const QString& name) const { return Get<QLineEdit>(name).text(); }
+  std::string Shown() const { return ShownIn(window); }
+  QString NoticeText() const {
+    return Get<QLabel>("lblNotice").isHidden() ? QString() : Get<QLabel>("lblNotice").text();
+  }
+  /// Enters tones by their keys ("c#d"), "-" for a pause.
+  void Enter(const std::string& keys) {
+    const std::string letters = "cCdDefFgGaAb";
+    for (const char key : keys) {
+      if (key == '-') Press("cmdPause");
+      if (key != '-') Press(IndexedName("cmdTone", static_cast<int>(letters.find(key))));
+    }
+  }
+
+  // The file list.
+  QListWidget& List() const { return Get<QListWidget>("ListFiles"); }
+  std::string Rows() const {
+    QStringList rows;
+    for (int i = 0; i < List().count(); ++i) rows << List().item(i)->text();
+    return rows.join(' ').toStdString();
+  }
+  /// The selected row, "" for none.
+  std::string SelectedRow() const {
+    const auto selected = List().selectedItems();
+    return selected.isEmpty() ? "" : selected.front()->text().toStdString();
+  }
+  QPoint PlaceOf(const QString& row) const {
+    return List().visualItemRect(List().findItems(row, Qt::MatchExactly).value(0)).center();
+  }
+  void ClickRow(const QString& row, Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mouseClick(List().viewport(), button, {}, PlaceOf(row));
+  }
+  /// As the window system sends a double click: the press of a click comes first.
+  void DoubleClickRow(const QString& row) {
+    const QPoint place = PlaceOf(row);
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(List().viewport(), Qt::LeftButton, {}, place);
+  }
+
+  MainWindow window{ForWindow()};
+};
+
+}  // namespace trillomat
