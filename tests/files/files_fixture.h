@@ -142,8 +142,9 @@ class FilesTest : public testing::Test, public FakeServices {
   ReadRecord record;
   FileOperations operations;
   FakeFilesHost host{document};
-  Recovery noRecovery{document, store, {}, log};
-  FileParts parts{document, record, store, operations, noRecovery, host, services};
+  /// Keeps nothing until it is started.
+  std::optional<Recovery> recovery{std::in_place, document, store, folder / "state", log};
+  FileParts parts{document, record, store, operations, *recovery, host, services};
   FileBrowser browser{parts};
   SaveCommands save{parts, browser};
 };

@@ -22,11 +22,10 @@ TEST_F(FilesTest, AKilledProgramLosesOnlyTheLastEdits) {
     std::filesystem::remove_all(folder / "state");
     folder.Write("ticked", "0");
     ChildProcess child([&] {
-      Recovery recovery(document, store, folder / "state", log);
-      recovery.Start();
+      recovery->Start();
       for (int ticks = 1;; ++ticks) {
         document.Apply({.inserted = {Note("c")}});
-        recovery.Tick();
+        recovery->Tick();
         truncate((folder / "ticked").c_str(), ticks);
       }
       return 0;

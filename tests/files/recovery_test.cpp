@@ -1,4 +1,3 @@
-#include <functional>
 #include <memory>
 
 #include "files/files_fixture.h"
@@ -44,26 +43,15 @@ TEST(RecoveryText, RefusesDamage) {
   }
 }
 
-// A recovery that can be ended as a crash does, over the temporary folder.
 class RecoveryTest : public FilesTest {
  protected:
-  std::filesystem::path State() const { return folder / "state/trillomat"; }
   RecoveredSong Composed() const { return {document.Mode(), document.CurrentSong()}; }
 
-  /// Ends the recovery that runs as a crash does (the lock goes, the files stay), and starts the next.
+  /// Ends the recovery as a crash does (the lock goes, the files stay), and starts the next.
   void Restart(bool offered, const std::string& last) {
-    recovery.reset();
-    recovery = std::make_unique<Recovery>(document, store, State(), log);
+    recovery.emplace(document, store, folder / "state", log);
     EXPECT_EQ(recovery->Start(), offered);
     EXPECT_EQ(LastTokens(*recovery), last);
-  }
-
-  /// Runs `body` with a browser over that recovery.
-  void WithRecovery(const std::function<void(FileBrowser&)>& body) {
-    FileBrowser own({document, record, store, operations, *recovery, host, services});
-    host.browser = &own;
-    body(own);
-    host.browser = &browser;
   }
 
   void Edit(const std::string& tokens) {
@@ -75,8 +63,6 @@ class RecoveryTest : public FilesTest {
     const auto last = recovery.LastSong();
     return last ? TokensOf(last->song.elements) : "none";
   }
-
-  std::unique_ptr<Recovery> recovery;
 };
 
 TEST_F(RecoveryTest, AnAbnormalEndIsNoticedAndTheSongKept) {
@@ -85,10 +71,9 @@ TEST_F(RecoveryTest, AnAbnormalEndIsNoticedAndTheSongKept) {
   Compose("");
   recovery->Tick();  // clearing all is no song to keep
   Restart(true, "*4c2");
-  const int opened = host.opened;
-  WithRecovery([this](FileBrowser& own) { own.RecoverLast(); });
+  browser.RecoverLast();
   EXPECT_EQ(Tokens(), "*4c2");
-  EXPECT_EQ(host.opened, opened) << "it is not played";
+  EXPECT_EQ(host.opened, 0) << "it is not played";
   recovery->Tick();
   Restart(true, "*4c2");  // once more, before any edit
   Edit("d2");
@@ -101,23 +86,19 @@ TEST_F(RecoveryTest, AnAbnormalEndIsNoticedAndTheSongKept) {
 TEST_F(RecoveryTest, OpeningAFileKeepsTheComposedSong) {
   FillWith({{"a.imy", "a2"}, {"b.imy", "b2"}});
   Restart(false, "none");
-  document.SetMode(FormatMode::IMelody);
   Compose("c2");
   const RecoveredSong composed = Composed();
-  WithRecovery([&](FileBrowser& own) {
-    own.Refresh();
-    for (const char* file : {"a.imy", "b.imy", "a.imy"}) {
-      EXPECT_TRUE(own.OpenFile(folder / file));
-      recovery->Tick();
-      EXPECT_EQ(recovery->LastSong(), composed);
-    }
-    ReadResult imported;
-    imported.elements = ElementsOf("e2");
-    own.TakeImported(std::move(imported));
+  for (const char* file : {"a.imy", "b.imy", "a.imy"}) {
+    Click(file);
+    recovery->Tick();
     EXPECT_EQ(recovery->LastSong(), composed);
-    own.RecoverLast();
-    EXPECT_EQ(own.SelectedRow(), FileBrowser::kNoRow);
-  });
+  }
+  ReadResult imported;
+  imported.elements = ElementsOf("e2");
+  browser.TakeImported(std::move(imported));
+  EXPECT_EQ(recovery->LastSong(), composed);
+  host.EnterMode(FormatMode::Rtttl);
+  browser.RecoverLast();
   EXPECT_EQ(Composed(), composed);
   EXPECT_EQ(document.Cursor(), -1);
   EXPECT_TRUE(document.File().empty());
@@ -126,14 +107,14 @@ TEST_F(RecoveryTest, OpeningAFileKeepsTheComposedSong) {
 
 TEST_F(RecoveryTest, ProgramsAtTheSameTimeKeepTheirOwnSongs) {
   Document others;
-  auto second = std::make_unique<Recovery>(others, store, State(), log);
+  auto second = std::make_unique<Recovery>(others, store, folder / "state", log);
   Restart(false, "none");
   EXPECT_FALSE(second->Start());
   Edit("c2");
   others.Apply({.inserted = ElementsOf("d2")});
   second->Tick();
   second.reset();  // as a crash does
-  Recovery third(others, store, State(), log);
+  Recovery third(others, store, folder / "state", log);
   EXPECT_TRUE(third.Start());
   EXPECT_EQ(LastTokens(third), "*4d2");
   third.End();
@@ -142,25 +123,25 @@ TEST_F(RecoveryTest, ProgramsAtTheSameTimeKeepTheirOwnSongs) {
 }
 
 TEST_F(RecoveryTest, DamagedFilesAndAFolderThatCannotBeWrittenAreSurvived) {
-  folder.MakeFolder("state/trillomat");
-  folder.Write("state/trillomat/running-1", "");
-  folder.Write("state/trillomat/recovery-1.txt", std::string(1000, '\0'));
-  folder.Write("state/trillomat/last-1.txt", "trillomat-recovery 1\nnote");
+  folder.MakeFolder("state");
+  folder.Write("state/running-1", "");
+  folder.Write("state/recovery-1.txt", std::string(1000, '\0'));
+  folder.Write("state/last-1.txt", "trillomat-recovery 1\nnote");
   Restart(false, "none");
-  WithRecovery([](FileBrowser& own) { own.RecoverLast(); });
+  browser.RecoverLast();
   EXPECT_THAT(log.lines, ElementsAre("2: There is no melody to recover"));
   log.lines.clear();
-  std::filesystem::remove(State() / "recovery-1.txt");
-  std::filesystem::create_directory(State() / "recovery-1.txt");
+  std::filesystem::remove(folder / "state/recovery-1.txt");
+  std::filesystem::create_directory(folder / "state/recovery-1.txt");
   Edit("c2");
   Edit("d2");
   EXPECT_THAT(log.lines, ElementsAre("1: Could not write the recovery file"));
-  std::filesystem::remove(State() / "recovery-1.txt");
+  std::filesystem::remove(folder / "state/recovery-1.txt");
   recovery->Tick();
-  EXPECT_TRUE(std::filesystem::exists(State() / "recovery-1.txt")) << "a failed write is tried again";
+  EXPECT_TRUE(std::filesystem::exists(folder / "state/recovery-1.txt")) << "a failed write is tried again";
 
   folder.Write("file", "");
-  Recovery homeless(document, store, folder / "file/trillomat", log);
+  Recovery homeless(document, store, folder / "file/state", log);
   EXPECT_FALSE(homeless.Start());
   homeless.KeepBeforeReplacing();
   homeless.End();
