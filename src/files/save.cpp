@@ -44,8 +44,7 @@ SaveResult WriteSong(const TargetFile& file, FileStore& store, Document& documen
   std::optional<Refusal> refusal;
   const Replacement replacement = ReplaceFile(file.path, store, [&](std::ostream& stream) {
     onMade();
-    const Song song = document.CurrentSong();
-    const auto bytes = Write(song, mode, services);
+    const auto bytes = Write(Song(document.CurrentSong()), mode, services);
     if (bytes) stream << *bytes;
     if (bytes) return;
     refusal = bytes.Why();
