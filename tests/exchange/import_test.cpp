@@ -55,10 +55,10 @@ TEST(Import, SetsTheSongInformation) {
   FakeServices fake;
   ReadRecord record;
   record.info = {"", "Ada", 100, "S0", "V3", "1.2", "F", 3};
-  record = Import(PastedFormat::Melody, "c", false, record, fake.services).read.record;
-  EXPECT_EQ(record.info, (SongInfo{"Unknown", "", 200, "", "", "", "", 3}));
   record = Import(PastedFormat::Rtttl, "t:s=C,l=2:c", false, record, fake.services).read.record;
-  EXPECT_EQ(record.info, (SongInfo{"t", "", 63, "C", "", "", "", 2}));
+  EXPECT_EQ(record.info, (SongInfo{"t", "", 63, "C", "V3", "", "", 2}));
+  record = Import(PastedFormat::Melody, "c", false, record, fake.services).read.record;
+  EXPECT_EQ(record.info, (SongInfo{"Unknown", "", 200, "", "", "", "", 2}));
 }
 
 TEST(Import, AdaptsForTheT68i) {
