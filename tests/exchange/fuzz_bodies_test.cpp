@@ -42,7 +42,7 @@ std::string Mutated(std::string text, const std::vector<std::string>& others, st
 class FuzzBodies : public testing::TestWithParam<FuzzBody> {};
 
 TEST_P(FuzzBodies, HoldForSeedsDataAndMutations) {
-  constexpr int kMutations = 200;
+  constexpr int kMutations = 60;
   std::vector<std::string> texts;
   AddFilesOf(std::string(FUZZ_CORPUS_DIR "/") + std::string(GetParam().name), texts);
   ASSERT_FALSE(texts.empty());
