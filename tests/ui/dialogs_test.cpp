@@ -30,7 +30,6 @@ TEST(AboutWindow, ShowsTheVersionAndClosesOnOkAndEscape) {
   AboutWindow window("4.7.11");
   ExpectUsable(window, "frmAbout", "About Trillomat");
   EXPECT_EQ(Find<QLabel>(window, "lblVersion").text(), "Version 4.7.11");
-  EXPECT_FALSE(Find<QLabel>(window, "lblCredit").text().isEmpty());
   for (void (*leave)(QDialog&) : {&PressOk, &PressReturn, &PressEscape}) {
     window.show();
     leave(window);
@@ -109,18 +108,7 @@ TEST_F(ImportWindowTest, ImportsEachFormatAndCloses) {
   }
 }
 
-TEST_F(ImportWindowTest, EveryWayOutImportsNothing) {
-  source.setPlainText(kTune);
-  for (void (*leave)(QDialog&) : {+[](QDialog& w) { Click(w, "cmdCancel"); }, &PressEscape, &CloseFrame}) {
-    window.show();
-    leave(window);
-    EXPECT_FALSE(window.isVisible());
-    EXPECT_EQ(window.result(), QDialog::Rejected);
-    EXPECT_FALSE(window.Result());
-  }
-}
-
-TEST_F(ImportWindowTest, IgnoresPressesAndTypingWhileItImportsAndIsCancelledInTheMiddle) {
+TEST_F(ImportWindowTest, IgnoresPressesAndTypingWhileItImportsAndEveryWayOutImportsNothing) {
   source.setPlainText(kTune);
   pump.onPump = [&](int) {
     source.setPlainText("other:d=4:e,e,e,e,e");
@@ -129,19 +117,24 @@ TEST_F(ImportWindowTest, IgnoresPressesAndTypingWhileItImportsAndIsCancelledInTh
   import.click();
   ASSERT_TRUE(window.Result());
   EXPECT_EQ(window.Result()->read.elements.size(), 3U);
-  ImportWindow next(before, services);
-  next.show();
-  Find<QPlainTextEdit>(next, "txtSource").setPlainText(QString("t:d=4:c") + QString(",c").repeated(1000));
-  pump.pumps = 0;
-  pump.onPump = [&](int) {
-    next.close();
-    EXPECT_TRUE(next.isVisible()) << "the main window would take clicks now";
-  };
-  Click(next, "cmdImport");
-  EXPECT_LT(pump.pumps, 5);
-  EXPECT_FALSE(next.isVisible());
-  EXPECT_EQ(next.result(), QDialog::Rejected);
-  EXPECT_FALSE(next.Result());
+  for (void (*leave)(QDialog&) : {+[](QDialog& w) { Click(w, "cmdCancel"); }, &PressEscape, &CloseFrame}) {
+    for (const bool running : {false, true}) {
+      ImportWindow w(before, services);
+      w.show();
+      Find<QPlainTextEdit>(w, "txtSource").setPlainText("t:d=4:c" + QString(",c").repeated(1000));
+      pump.pumps = 0;
+      pump.onPump = [&](int) {
+        leave(w);
+        EXPECT_TRUE(w.isVisible()) << "the main window would take clicks now";
+      };
+      if (running) Click(w, "cmdImport");
+      if (!running) leave(w);
+      EXPECT_LT(pump.pumps, 5);
+      EXPECT_FALSE(w.isVisible());
+      EXPECT_EQ(w.result(), QDialog::Rejected);
+      EXPECT_FALSE(w.Result());
+    }
+  }
 }
 
 TEST_F(ImportWindowTest, TakesAMegabyteInOneLine) {
@@ -184,15 +177,6 @@ class ExportWindowTest : public testing::Test, public FakeServices {
   QLabel& status = Find<QLabel>(window, "lblStatus");
 };
 
-TEST_F(ExportWindowTest, OpensEmptyAndNamesItsControls) {
-  EXPECT_FALSE(save.isEnabled());
-  EXPECT_EQ(result.toPlainText(), "");
-  EXPECT_TRUE(result.isReadOnly());
-  const QFontMetrics font(result.font());
-  EXPECT_EQ(font.horizontalAdvance("iiii"), font.horizontalAdvance("WWWW"));
-  ExpectUsable(window, "frmExport", "Trillomat - Export");
-}
-
 TEST_F(ExportWindowTest, EachButtonMakesItsText) {
   struct Case {
     const char* caption;
@@ -207,6 +191,8 @@ TEST_F(ExportWindowTest, EachButtonMakesItsText) {
                         {"MIDI", "", true},
                         {"WAVE", "", true},
                         {"R320 / T28", "0--> Hold: 1 until uppercase", false}};
+  ExpectUsable(window, "frmExport", "Trillomat - Export");
+  EXPECT_FALSE(save.isEnabled());
   // Twice, so that each button also finds what another one left.
   for (int i = 0; i < 16; ++i) {
     const Case& c = cases[i % 8];

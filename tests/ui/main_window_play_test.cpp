@@ -198,19 +198,6 @@ TEST_F(MainWindowPlay, LightsAndVibrationShowAndClearPutsThePhoneToRest) {
   EXPECT_EQ(Picture(), 0);
 }
 
-TEST_F(MainWindowPlay, TheOutputMenuMovesItsCheckMark) {
-  Enter("a");
-  for (int i : {0, 2, 1}) {
-    SetOutput(static_cast<OutputType>(i));
-    for (int k = 0; k < 3; ++k) EXPECT_EQ(Action(IndexedName("mnuSettingOutputType", k)).isChecked(), k == i);
-    sound.beeps.clear();
-    sound.lines.clear();
-    Press("cmdControl(4)");
-    EXPECT_EQ(sound.beeps.size(), i == 1 ? 1U : 0U);
-    EXPECT_EQ(sound.lines.empty(), i == 2);
-  }
-}
-
 // The same window over the real event pump and the real time.
 TEST(MainWindowClosing, ClosingEndsPlayPauseAndEveryWait) {
   Parts parts;
