@@ -103,7 +103,7 @@ class Program {
   }
 
   int TakeScreenshot() {
-    const bool saved = window_.grab().save(options_.screenshot);
+    const bool saved = window_.TakePicture().save(options_.screenshot);
     if (!saved) messages_->ShowMessage("the picture cannot be written", false);
     window_.close();
     return saved ? 0 : 1;

@@ -4,7 +4,6 @@
 #include <QGroupBox>
 #include <QResizeEvent>
 #include <QVBoxLayout>
-#include <algorithm>
 
 namespace trillomat {
 namespace {
@@ -37,8 +36,8 @@ CentreArea::CentreArea(QWidget* content, QWidget* parent) : QScrollArea(parent) 
 }
 
 void CentreArea::resizeEvent(QResizeEvent* event) {
-  if (!tight_) roomyHeight_ = std::max(roomyHeight_, widget()->minimumSizeHint().height());
-  SetTight(maximumViewportSize().height() < roomyHeight_);
+  if (!tight_) roomy_ = roomy_.expandedTo(widget()->minimumSizeHint());
+  SetTight(roomy_.boundedTo(maximumViewportSize()) != roomy_);
   QScrollArea::resizeEvent(event);
 }
 

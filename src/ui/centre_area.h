@@ -18,7 +18,7 @@ class CentreArea : public QScrollArea {
   void SetTight(bool tight);
 
   bool tight_ = false;
-  int roomyHeight_ = 0;  ///< that the content needs at least while it is not tight
+  QSize roomy_;  ///< what the content needs at least while it is not tight
 };
 
 }  // namespace trillomat

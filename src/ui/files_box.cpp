@@ -84,14 +84,17 @@ void FilesBox::LayOut() {
   auto* drive = new QHBoxLayout;
   drive->addWidget(NewLabel(QStringLiteral("lblDrive"), QStringLiteral("Select drive:"), drives_, this));
   drive->addWidget(drives_, 1);
+  // Under the list alone, so that no button moves when a notice comes.
+  auto* listed = new QVBoxLayout;
+  listed->addWidget(list_, 1);
+  listed->addWidget(notice_);
   auto* lower = new QHBoxLayout;
-  lower->addWidget(list_, 1);
+  lower->addLayout(listed, 1);
   lower->addLayout(NewButtonColumn());
   auto* column = new QVBoxLayout(this);
   column->addLayout(drive);
   column->addWidget(folder_);
   column->addLayout(lower, 1);
-  column->addWidget(notice_);
 }
 
 QLayout* FilesBox::NewButtonColumn() {

@@ -58,6 +58,7 @@ void InsertBox::AddVolume(QGridLayout& grid) {
   NameControl(*volume_, QStringLiteral("cboVolume"),
               {{}, QStringLiteral("Volume to set"), QStringLiteral("Volume that \"Set Volume\" inserts")});
   volume_->setEditable(true);
+  volume_->setFocusPolicy(Qt::StrongFocus);  // the wheel alone must not take the letter keys
   volume_->setInsertPolicy(QComboBox::NoInsert);
   volume_->setMinimumContentsLength(2);
   volume_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);

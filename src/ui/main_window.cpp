@@ -12,7 +12,6 @@
 
 #include "playback/scoped_value.h"
 #include "ui/about_window.h"
-#include "ui/centre_area.h"
 #include "ui/qt_text.h"
 #include "ui/window_size.h"
 
@@ -90,7 +89,8 @@ void MainWindow::LayOut() {
   column->addWidget(NewUpperRow(), 2);
   column->addWidget(melody_);
   column->addLayout(NewLowerRow(), 3);
-  setCentralWidget(new CentreArea(centre, this));
+  centre_ = new CentreArea(centre, this);
+  setCentralWidget(centre_);
   RestoreSize(*this, parts_.settings);
   // The menu bar keeps its place while its menus are hidden, so that nothing jumps when a melody starts.
   menuBar()->setMinimumHeight(menuBar()->heightForWidth(width()));
@@ -209,6 +209,14 @@ void MainWindow::OpenFile(const std::filesystem::path& file, bool mayPlay) {
     files_->Browser().OpenFile(file);
   }
   menu_->ShowState();
+}
+
+QPixmap MainWindow::TakePicture() {
+  const QSize missing = centre_->widget()->size() - centre_->maximumViewportSize();
+  setWindowState(Qt::WindowNoState);
+  resize(size() + missing.expandedTo({0, 0}));
+  QCoreApplication::sendPostedEvents();
+  return grab();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -8,6 +8,7 @@
 #include "composer/composer.h"
 #include "settings/settings.h"
 #include "ui/all_notes_box.h"
+#include "ui/centre_area.h"
 #include "ui/files_box.h"
 #include "ui/insert_box.h"
 #include "ui/main_menu.h"
@@ -52,6 +53,9 @@ class MainWindow final : public QMainWindow,
   /// Opens a melody file as a click in the file list would; its mode follows its extension, the browse
   /// folder its folder. With "AutoPlay" on it is played to its end, unless `mayPlay` is false.
   void OpenFile(const std::filesystem::path& file, bool mayPlay = true);
+
+  /// A picture of all of the window, on a screen that it has to be scrolled on, too.
+  QPixmap TakePicture();
 
  signals:
   /// The window was closed: the program is to end.
@@ -104,6 +108,7 @@ class MainWindow final : public QMainWindow,
   SongInfoBox* songInfo_;
   PhoneDisplay* phone_;
   FilesBox* files_;
+  CentreArea* centre_ = nullptr;
 };
 
 }  // namespace trillomat
