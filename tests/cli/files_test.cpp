@@ -56,25 +56,6 @@ TEST_F(FilesTest, AnExistingFileIsReplacedOnlyOnRequestAndOnlyBySuccess) {
   EXPECT_THAT(folder_.Names(), ElementsAre("bad.rtx", "bad.txt", "high.rtx", "old.imy", "tune.rtx"));
 }
 
-// What leads to the file stays, and a pipe takes the bytes itself.
-TEST_F(FilesTest, OnlyPlainFilesAreReplaced) {
-  std::filesystem::create_symlink("tune.rtx", "link.rtx");
-  std::filesystem::create_symlink("new.rtx", "dangling.rtx");
-  ASSERT_EQ(mkfifo("pipe.rtx", 0600), 0);
-  const std::string higher = "Fr\xE8re:d=4,o=6,b=120:C,D,8E.,2P\r\n";
-  for (const std::string out : {"dangling.rtx", "link.rtx"}) {
-    EXPECT_EQ(Run("transpose --octaves 1 tune.rtx " + out).status, 0);
-    EXPECT_TRUE(std::filesystem::is_symlink(out));
-  }
-  EXPECT_EQ(folder_.Read("new.rtx"), higher);
-  EXPECT_EQ(folder_.Read("tune.rtx"), higher);
-  EXPECT_EQ(Run("convert --force tune.rtx pipe.rtx; wait", "", "cat pipe.rtx >piped &").status, 0);
-  EXPECT_EQ(folder_.Read("piped"), higher);
-  EXPECT_TRUE(std::filesystem::is_fifo("pipe.rtx"));
-  EXPECT_THAT(folder_.Names(),
-              ElementsAre("dangling.rtx", "link.rtx", "new.rtx", "pipe.rtx", "piped", "tune.rtx"));
-}
-
 TEST_F(FilesTest, ImportTakesUtf8AndWindows1252) {
   ExpectEach({
       {"import --from rtttl --mode rtttl - -", 0, Eq(kTune), IsEmpty(),

@@ -53,38 +53,6 @@ TEST_F(ProgramTest, OutputThatCannotBeWrittenIsNoticed) {
   });
 }
 
-// Files as they are found, with their usual slips: some are taken, some are refused with a line.
-TEST_F(ProgramTest, FilesOfTheWildAreTakenOrRefusedWithALine) {
-  const std::pair<std::string, std::string> taken[] = {{"plain.imy", "Elements  4\n"},
-                                                       {"line_feeds.imy", "Elements  4\n"},
-                                                       {"no_final_line_end.imy", "Elements  4\n"},
-                                                       {"folded.imy", "Elements  4\n"},
-                                                       {"lower_case_tags.imy", "Elements  0\n"},
-                                                       {"markers.emy", "Elements  5\n"},
-                                                       {"blanks.mel", "Elements  7\n"},
-                                                       {"dot_before_octave.rtx", "8G5.\n"},
-                                                       {"underscore_sharp.rtx", "Elements  9\n"},
-                                                       {"trailing_comma.rtx", "Elements  4\n"},
-                                                       {"blank_header.rtx", "Joytoall\n"},
-                                                       {"upper_case.rtx", "4C#6.\n"},
-                                                       {"latin1_name.rtx", "Frère\n"},
-                                                       {"no_line_end.rtx", "Elements  4\n"},
-                                                       {"two_lines.rtx", "Elements  8\n"}};
-  const std::pair<std::string, std::string> refused[] = {{"blank_line_at_end.imy", "line 7 has no \":\""},
-                                                         {"no_colon.imy", "line 1 has no \":\""},
-                                                         {"no_end.imy", "no END line"},
-                                                         {"no_length.imy", "length digit"},
-                                                         {"empty_file.imy", "empty"},
-                                                         {"no_end.emy", "END:EMELODY"},
-                                                         {"digits_only.mel", "\"123\""},
-                                                         {"one_colon.rtx", "fewer than two \":\""}};
-  std::vector<Case> cases;
-  const auto data = [](const std::string& name) { return "'" TEST_DATA_DIR "/" + name + "'"; };
-  for (const auto& [name, shown] : taken) cases.push_back({data(name), 0, HasSubstr(shown), IsEmpty()});
-  for (const auto& [name, why] : refused) cases.push_back({data(name), 1, IsEmpty(), HasSubstr(why)});
-  ExpectEach(cases, "show ");
-}
-
 TEST_F(ProgramTest, JsonHoldsEveryFieldAndEscapesText) {
   folder_.Write(
       "a.imy",

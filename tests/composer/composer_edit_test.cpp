@@ -27,21 +27,6 @@ TEST_F(ComposerTest, ElementsAreInsertedRightOfTheCursor) {
   EXPECT_EQ(view.melody.right, "   *5#f3.   r3.");
 }
 
-TEST_F(ComposerTest, InsertButtonsMakeTheirCommands) {
-  for (int i = 0; i < 12; ++i) {
-    composer.EnterCommand(i, "3", "7");
-    EXPECT_EQ(composer.State().repeatBox, i == kRepeatStart);
-  }
-  composer.EnterCommand(kRepeatStop, "", "");
-  std::string commands;
-  for (const Element& element : document.Elements()) {
-    commands += std::string(element.Command()) + std::string(element.Note()) + " ";
-    EXPECT_EQ(element.octave, kNoOctave);
-    EXPECT_EQ(element.duration, 1.0F);
-  }
-  EXPECT_EQ(commands, "ledon ledoff vibeon vibeoff backon backoff V+ V- ( @3) V7  @) ");
-}
-
 TEST_F(ComposerTest, ErasingOnBothSidesOfTheCursor) {
   Compose("c2 d2 e2 f2", 1);
   composer.EraseRight();

@@ -45,16 +45,6 @@ TEST_F(ComposerTest, WhatIsTakenInReplacesTheSongAndPutsThePhoneToRest) {
   EXPECT_THAT(phone.calls, testing::ElementsAre("still", "picture 0", "Hz 0"));
 }
 
-TEST_F(ComposerTest, WhatIsTakenInWhilePlayingEndsThePlayLoop) {
-  Compose("*3a2 *3c2 *3d2", -1);
-  pump.onPump = [&](int) {
-    if (sound.beeps.size() == 1) composer.TakeIn(ElementsOf("*5e2 *5e2 *5e2 *5e2"), record);
-  };
-  play.Press(Control::Play);
-  EXPECT_EQ(sound.beeps.size(), 1U);
-  EXPECT_EQ(document.Cursor(), -1);
-}
-
 TEST_F(ComposerTest, WhatARefusedReadLeftReachesTheSongOnlyWithTheNextMode) {
   composer.EditSongText(2, "Mine");
   record.info.name = "Refused";

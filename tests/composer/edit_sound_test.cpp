@@ -121,15 +121,6 @@ TEST_P(EditSoundTest, PianoButtonsAreDroppedWhileAnEnteredToneSoundsAndHeldKeysC
   EXPECT_EQ(Tokens(), "*3c3 *3d3 *4a3| *4c3");
 }
 
-TEST_P(EditSoundTest, NothingSoundsOrWaitsWhereTheUserDoesNotWantIt) {
-  settings.playComposing = false;
-  for (int i = 0; i < 14; ++i) queue.Add(i * 0.2, [this] { composer.TypeTone(0); });
-  queue.Run();
-  EXPECT_EQ(document.Elements().size(), 14U);
-  EXPECT_THAT(sound.lines, IsEmpty());
-  EXPECT_NEAR(clock.seconds, 13 * 0.2, 1e-6);
-}
-
 TEST_P(EditSoundTest, PlayingEndsWhatEditingLeftToSound) {
   queue.Add(0, [this] { composer.TypeTone(0); });
   queue.Add(0.0001, [this] { composer.TypeTone(2); });

@@ -34,14 +34,6 @@ TEST(MelodyTextTest, ShowsAWindowAroundTheCursor) {
   }
 }
 
-TEST(MelodyTextTest, ElementsWithoutTextTakeAPlaceInTheCount) {
-  ElementList elements(22, Command("V+"));
-  elements.front() = elements.back() = Note("c");
-  const MelodyText text = TextOf(elements, -1, FormatMode::EMelody);
-  EXPECT_EQ(text.left, "");
-  EXPECT_EQ(text.right, "   +c.");
-}
-
 TEST(MelodyTextTest, OrderRunsFromLeftToRightAndMarksWhatTheModeLacks) {
   const MelodyText text = TextOf(Tones({3, 9, 5}), 1, FormatMode::IMelody);
   EXPECT_EQ(text.left, "   *3c2   [*4c2]");

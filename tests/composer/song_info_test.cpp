@@ -112,19 +112,5 @@ TEST_F(SongInfoPanelTest, TextsAndListsGoFromTheirRowsIntoTheSongAndTheRecord) {
   EXPECT_EQ(document_.Info().composer, "Anon");
 }
 
-TEST_F(SongInfoPanelTest, TempoAndRepeatTakeDigitsAlone) {
-  const auto accepted = [this](FormatMode mode, int row) {
-    document_.SetMode(mode);
-    std::string keys;
-    for (const char key : {'7', '\b', 'x', '-'}) keys += panel_.AcceptsKey(row, key) ? '1' : '0';
-    return keys;
-  };
-  EXPECT_EQ(accepted(FormatMode::IMelody, 4), "1100");
-  EXPECT_EQ(accepted(FormatMode::Rtttl, 1), "1100");
-  EXPECT_EQ(accepted(FormatMode::Rtttl, 2), "1100");
-  EXPECT_EQ(accepted(FormatMode::IMelody, 2), "1111");
-  EXPECT_EQ(accepted(FormatMode::Rtttl, 0), "1111");
-}
-
 }  // namespace
 }  // namespace trillomat

@@ -79,30 +79,5 @@ TEST_F(GammuTest, ReadsTunes) {
   EXPECT_EQ(count, 6);
 }
 
-TEST_F(GammuTest, ReadsRandomMelodies) {
-  constexpr size_t kMostNotes = 255;
-  std::mt19937 engine(1);
-  const auto below = [&engine](size_t bound) {
-    return std::uniform_int_distribution<size_t>(0, bound - 1)(engine);
-  };
-  for (int round = 0; round < 100; ++round) {
-    Song song{.elements = ElementList(1 + below(kMostNotes)), .info = {}};
-    for (Element& element : song.elements) {
-      const float duration = kDurations.at(below(kDurations.size()));
-      element = below(8) == 0
-                    ? Rest(duration)
-                    : Note(kTones.at(below(kTones.size())), 3 + static_cast<int>(below(3)), duration);
-    }
-    const int16_t octave = DefaultsCount(song.elements).CommonestForHeader().octave;
-    for (Element& element : song.elements) {
-      if ((IsPause(element) || element.octave == octave) && below(4) == 0) element.extra = 1.5F;
-    }
-    song.info.name = "Dice";  // libgammu refuses a tune without a name
-    song.info.bpm = 63 + static_cast<int>(below(100));
-    ExpectGammuReads(song);
-    if (HasFailure()) break;
-  }
-}
-
 }  // namespace
 }  // namespace trillomat

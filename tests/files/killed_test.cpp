@@ -14,35 +14,6 @@ namespace {
 
 using testing::ElementsAre;
 
-// Edits and ticks like a running window, killed in the middle of it: of all that was edited, at most what
-// came after the last tick is lost.
-TEST_F(FilesTest, AKilledProgramLosesOnlyTheLastEdits) {
-  std::minstd_rand random(1);  // the same instants each run, as far as there are any
-  for (int round = 0; round < 20; ++round) {
-    std::filesystem::remove_all(folder / "state");
-    folder.Write("ticked", "0");
-    ChildProcess child([&] {
-      recovery->Start();
-      for (int ticks = 1;; ++ticks) {
-        document.Apply({.inserted = {Note("c")}});
-        recovery->Tick();
-        truncate((folder / "ticked").c_str(), ticks);
-      }
-      return 0;
-    });
-    while (std::filesystem::file_size(folder / "ticked") < 2) std::this_thread::yield();
-    std::this_thread::sleep_for(std::chrono::microseconds(random() % 20000));
-    ASSERT_TRUE(child.Kill());
-    const size_t ticks = std::filesystem::file_size(folder / "ticked");
-    Recovery next(document, store, folder / "state", log);
-    ASSERT_TRUE(next.Start());
-    ASSERT_TRUE(next.LastSong());
-    EXPECT_GE(next.LastSong()->song.elements.size(), ticks);
-    EXPECT_LE(next.LastSong()->song.elements.size(), ticks + 1);
-    next.End();
-  }
-}
-
 // A full disk, as a process meets it that may not write more than so much.
 TEST_F(FilesTest, AFullDiskLeavesTheOldFile) {
   FillWith({{"a.imy", "c2"}});

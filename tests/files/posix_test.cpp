@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <chrono>
 
 #include "files/files_fixture.h"
 #include "files/replace_file.h"
@@ -58,20 +57,6 @@ TEST_F(FilesTest, NamesOfAnyBytesAreListedOrLeftOut) {
   browser.DoubleClick(0);
   EXPECT_EQ(Rows(), "[Previous] ");
   EXPECT_THAT(log.lines, Contains("1: Left out of the list->y:z"));
-}
-
-// Not for Windows: there the tests run under Wine, which makes them slowly, for it searches a folder for
-// every new name in any case.
-TEST_F(FilesTest, ListsTwentyThousandFilesWithoutAStall) {
-  constexpr int kFiles = 20000;
-  for (int i = 0; i < kFiles; ++i)
-    folder.Write((i % 2 == 0 ? "TUNE" : "tune") + std::to_string(i) + ".imy", "");
-  const auto start = std::chrono::steady_clock::now();
-  browser.Refresh();
-  const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
-  EXPECT_EQ(browser.Rows().size(), static_cast<size_t>(kFiles));
-  EXPECT_EQ(browser.Rows()[1].name, "tune1.imy");
-  EXPECT_LT(time.count(), 1.0);
 }
 
 // Save and Save As, and the same of the command line: only a plain file is replaced, whatever leads to it.

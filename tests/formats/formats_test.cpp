@@ -1,8 +1,6 @@
 // What holds for all four formats.
 #include "formats/formats.h"
 
-#include <chrono>
-
 #include "formats/reading.h"
 #include "read_case.h"
 
@@ -18,13 +16,6 @@ TEST(Formats, LinesEndAtAnyOfThreeEnds) {
   EXPECT_THAT(SplitLines("\n\r\n\r\r"), ElementsAre("", "", "", ""));
   EXPECT_THAT(SplitLines(""), ElementsAre());
   EXPECT_EQ(JoinLines(std::string_view("a\r\n\0b\n\xFF", 7)), std::string("a\0b\xFF", 4));
-}
-
-TEST(Formats, WriterFaultsAreLoggedUnderTheRoutinesName) {
-  FakeLog log;
-  for (const ModeLimits& limits : kModeLimits) LogWriterFault(limits.mode, log);
-  EXPECT_THAT(log.lines, ElementsAre("1: Error in bSaveFile_IMelody", "1: Error in bSaveFile_EMelody",
-                                     "1: Error in bSaveFile_RTTTL", "1: Error in bSaveFile_Melody"));
 }
 
 TEST(Formats, TheEndOfTheProgramEndsThemWithoutATrace) {
@@ -78,35 +69,6 @@ TEST(Formats, ARefusalShowsWhatStandsThereOnItsLine) {
   };
   EXPECT_EQ(textOf("cd\n 7\t7\r\n7"), "7?7");
   EXPECT_EQ(textOf("c\n" + std::string(61, '7')), std::string(60, '7'));
-}
-
-std::string Repeated(std::string_view part, size_t count) {
-  std::string text;
-  while (count-- > 0) text += part;
-  return text;
-}
-
-TEST(Formats, DamagedTextsTakeTimeInProportionToTheirSize) {
-  constexpr size_t kMany = 300000;
-  const std::vector<std::pair<FormatMode, std::string>> cases{
-      {FormatMode::IMelody, "MELODY:" + Repeated("c2\n", kMany) + "END:"},
-      {FormatMode::IMelody, "MELODY:" + Repeated("c", kMany) + "\nEND:"},
-      {FormatMode::IMelody, "MELODY:" + Repeated("@", kMany) + ")@\nEND:"},
-      {FormatMode::IMelody, Repeated("MELODY:\n", kMany)},
-      {FormatMode::EMelody, "MELODY:" + Repeated("(b)c", kMany) + "END:EMELODY"},
-      {FormatMode::EMelody, Repeated("MELODY:", kMany)},
-      {FormatMode::Melody, Repeated("c)", kMany)},
-      {FormatMode::Rtttl, "x::" + Repeated("c,", kMany)},
-      {FormatMode::Rtttl, "x:" + Repeated("b=1", kMany) + ":c"},
-      {FormatMode::Rtttl, "x:b=" + Repeated("1", kMany) + ":c"},
-      {FormatMode::Rtttl, "x::" + Repeated("7", kMany)}};
-  for (const auto& [mode, text] : cases) {
-    FakeServices fake;
-    const auto start = std::chrono::steady_clock::now();
-    Read(text, mode, {}, fake.services);
-    // Quadratic work would take minutes.
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10)) << text.substr(0, 40);
-  }
 }
 
 }  // namespace

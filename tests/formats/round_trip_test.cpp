@@ -57,12 +57,5 @@ TEST(RoundTrip, KeepsEveryElementThatAFormatCanHold) {
   }
 }
 
-TEST(RoundTrip, KeepsTheSongInformationThatAFormatHolds) {
-  FakeServices fake;
-  const SongInfo info{"A:name", "Me", 77, "S2", "V3", "1.2", "CLASS1.0", 0};
-  const std::string text = Written(FormatMode::IMelody, {Note("c")}, info);
-  EXPECT_EQ(Read(text, FormatMode::IMelody, {}, fake.services).record.info, info);
-}
-
 }  // namespace
 }  // namespace trillomat

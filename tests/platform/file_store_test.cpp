@@ -66,17 +66,6 @@ TEST_F(FileStoreTest, CopiesDeletesAndCreatesWithoutHarm) {
   EXPECT_EQ(folder.Read("a"), "");
 }
 
-TEST_F(FileStoreTest, FlushesAndReplaces) {
-  folder.Write("a", "old");
-  folder.Write("b", "new");
-  EXPECT_TRUE(store->Flush(folder / "b"));
-  EXPECT_TRUE(store->Move(folder / "b", folder / "a"));
-  EXPECT_EQ(folder.Read("a"), "new");
-  EXPECT_TRUE(store->FlushFolder(folder.Path()));
-  EXPECT_FALSE(store->Flush(folder / "b"));
-  EXPECT_FALSE(store->Move(folder / "b", folder / "a"));
-}
-
 TEST_F(FileStoreTest, ALockEndsWithItsHolder) {
   auto lock = store->TryLock(folder / "lock");
   ASSERT_TRUE(lock);

@@ -167,16 +167,5 @@ TEST(SdlSound, WithoutADeviceTheMelodyKeepsItsTime) {
   }
 }
 
-TEST(SdlSound, RefusesWhatIsNoWaveImage) {
-  const Variable driver("SDL_AUDIODRIVER", "dummy");
-  FakeLog log;
-  SdlSound sound(log);
-  const std::vector<uint8_t> image = ToneImage(440);
-  EXPECT_TRUE(sound.StartWave(image));
-  EXPECT_FALSE(sound.StartWave({}));
-  EXPECT_FALSE(sound.StartWave(std::span(image).first(20)));
-  EXPECT_FALSE(sound.StartWave(ToneImage(440, {.sampleRate = 8000, .bits = 8, .channels = 2})));
-}
-
 }  // namespace
 }  // namespace trillomat

@@ -135,16 +135,6 @@ TEST(ToneMixer, ALagIsTakenOutOfASilenceAlone) {
   EXPECT_EQ(runs[3].second, 20000);
 }
 
-TEST(ToneMixer, AfterALongSilenceTheLatencyIsAsAtFirst) {
-  Card card({{3000, 9000}, {200000, 206000, kLow}});
-  card.AskRegularly(0, 6000);
-  card.AskRegularly(12000, 230000);  // a lag too small to be taken out at once
-  const auto runs = card.Runs();
-  ASSERT_EQ(runs.size(), 5U);
-  const int64_t asked = runs[0].second + runs[1].second + runs[2].second;
-  EXPECT_NEAR(static_cast<double>(asked), 200000 + kLatency - (12000 - 6 * kBuffer), kBuffer);
-}
-
 TEST(ToneMixer, EqualTonesInARowAreSeparatedWithoutAClick) {
   Card card({{3000, 9000}, {9000, 15000}});
   card.AskRegularly(0, 30000);
@@ -154,36 +144,6 @@ TEST(ToneMixer, EqualTonesInARowAreSeparatedWithoutAClick) {
   EXPECT_EQ(*(border - ToneMixer::kRamp - 1), kHigh);
   EXPECT_EQ(*(border + ToneMixer::kRamp), kHigh);
   for (size_t i = 1; i < card.out.size(); ++i) EXPECT_LE(std::abs(card.out[i] - card.out[i - 1]), 8) << i;
-}
-
-TEST(ToneMixer, AStopThatComesLateStillEndsInARamp) {
-  Card card({{3000, 7200}, {9000, 15000, kLow}});
-  card.AskRegularly(0, 6000);
-  for (const int64_t now : {6000, 7000, 7100, 7300, 8300}) card.Ask(now);
-  card.AskRegularly(9400, 30000);
-  for (size_t i = 1; i < card.out.size(); ++i) EXPECT_LE(std::abs(card.out[i] - card.out[i - 1]), 16) << i;
-  EXPECT_GT(card.Runs().at(1).second, 4200);
-  EXPECT_LE(card.Runs().at(1).second, 4200 + kBuffer + ToneMixer::kRamp);
-}
-
-TEST(ToneMixer, SurvivesOddOrders) {
-  ToneMixer mixer(kLatency);
-  std::vector<int16_t> out(kBuffer);
-  mixer.Stop(0);
-  mixer.Start({}, 0);
-  EXPECT_TRUE(mixer.IsDrained());
-  mixer.Start({kHigh}, 5);
-  mixer.Stop(5);
-  EXPECT_TRUE(mixer.IsDrained());  // a tone of no length is none
-  mixer.Start({kHigh}, 10);
-  mixer.Start({kLow}, 500);  // takes the place of the first
-  mixer.Stop(900);
-  for (int64_t now = 0; now < 8; ++now) mixer.Render(out, now * kBuffer);
-  EXPECT_TRUE(mixer.IsDrained());
-  for (int64_t at = 0; at < 100000; ++at) mixer.Start({kHigh}, 10000 + at);  // the card is dead
-  mixer.Stop(200000);
-  for (int64_t now = 0; now < 200; ++now) mixer.Render(out, 200000 + now * kBuffer);
-  EXPECT_TRUE(mixer.IsDrained());
 }
 
 }  // namespace

@@ -67,20 +67,6 @@ TEST(PlayTrace, RepeatEndsWithoutAStartCostNoMoreThanOthers) {
   EXPECT_EQ(p.log.lines.front(), "2: Can not find the start of the Repeat");
 }
 
-TEST(PlayTrace, EndsAtACountBeyondTheCounterWithItsSinkAndWithTheProgram) {
-  Playing p("( *3a2 @40000)");
-  int steps = 0;
-  EXPECT_TRUE(TraceMelody(p.document, 1, p.services, Steps{&steps}));
-  EXPECT_EQ(steps, 1 + 2 * (32768 + 1));
-  p.Load("( *3a2 @0)");
-  steps = 0;
-  EXPECT_FALSE(TraceMelody(p.document, 100, p.services, Steps{&steps, 5}));
-  EXPECT_EQ(steps, 5);
-  p.pump.ending = true;
-  EXPECT_FALSE(TraceMelody(p.document, 100, p.services, Steps{&steps}));
-  EXPECT_EQ(steps, 5);
-}
-
 TEST(PlayTrace, MatchesThePlayLoop) {
   Playing p("@2) *3a2 ( *4c3 ledon *4d3. @3) r2 ( *3b2 @2) ( *3b2 @-1) *3h2 *5e5;");
   std::vector<std::string> traced;

@@ -21,17 +21,6 @@ TEST(BeatLength, RoundsHalfToEvenAndTakesZeroFor100) {
   for (const auto& [tempo, beat] : cases) EXPECT_EQ(BeatLength(tempo), beat) << tempo;
 }
 
-TEST(ToneTable, DoublesTheRoundedBase) {
-  EXPECT_EQ(ToneFrequency(*BaseFrequency("b"), 3), 496);
-  EXPECT_EQ(ToneFrequency(*BaseFrequency("#F"), 0), 46);
-  EXPECT_EQ(ToneFrequency(*BaseFrequency("&g"), -1), 46);
-  EXPECT_EQ(ToneFrequency(62, 25), 2080374784);
-  EXPECT_EQ(ToneFrequency(62, 26), std::nullopt);
-  EXPECT_EQ(ToneFrequency(0, 32767), 0);
-  for (const char* unknown : {"", "h", "#e", "&c", "cc", "r"})
-    EXPECT_FALSE(BaseFrequency(unknown)) << unknown;
-}
-
 TEST(Player, SoundsTonesAndWaitsOutPauses) {
   Playing p("*3a2. *4a3; *3C2 r2. *0c5 *8b0");
   p.PlayAll();
@@ -140,15 +129,6 @@ TEST(Player, CutShortEndsTheWaitThatRunsAndNoOther) {
   EXPECT_NEAR(p.clock.seconds, 0.7, 0.001);
   p.PlayAll();
   EXPECT_NEAR(p.clock.seconds, 0.7 + 2.4 + 0.6, 0.001);
-}
-
-TEST(Player, ABeepIsPaintedFirst) {
-  Playing p("*3a2");
-  std::string order;
-  p.view.onPaint = [&] { order += "paint after " + p.view.calls.back() + ", "; };
-  p.sound.onBeep = [&] { order += p.player.NoteIsSounding() ? "beep" : ""; };
-  p.PlayAll();
-  EXPECT_EQ(order, "paint after Hz 440, beep");
 }
 
 TEST(Player, AFaultInATonePassesOnAndLeavesNothingSounding) {
