@@ -187,26 +187,6 @@ TEST_F(MainWindowFiles, AClickDuringAToneWaitsForItAndForTheOperationThatRuns) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return Shown() == "|*4e2"; }, 2000)) << Shown();
 }
 
-TEST_F(MainWindowFiles, WhileAFileIsReadNoOtherFileOperationStarts) {
-  Enter("c");
-  int opened = 0;  // windows that open all the same
-  QTimer closes;
-  QObject::connect(&closes, &QTimer::timeout, &window, [&opened] {
-    if (QApplication::activeModalWidget() != nullptr) opened += QApplication::activeModalWidget()->close();
-  });
-  closes.start(0);
-  bool acted = false;
-  pump.onPump = [&](int) {
-    if (std::exchange(acted, true)) return;
-    for (const char* button : {"cmdSaveAs", "cmdImport", "cmdExport"}) Press(button);
-    for (const char* item : {"mnuFileRecover", "mnuDelete", "mnuRename"}) Trigger(item);
-    ClickRow("b.imy");
-  };
-  ClickRow("a.imy");
-  EXPECT_EQ(questions.saveDialogs + opened, 0);
-  EXPECT_EQ(Shown(), "|*4c2 *4d2");
-}
-
 TEST_F(MainWindowFiles, WhatIsSavedIsWhatThePanelShowsWhateverWasRefusedOrCancelled) {
   Enter("c");
   Get<QLineEdit>("txtSongInfo(2)").setText("Mine");

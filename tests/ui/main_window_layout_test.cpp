@@ -65,6 +65,11 @@ TEST_F(MainWindowLayout, ControlsGrowWithTheWindowAsFarAsTheyShould) {
   folder.Write("a.imy", Tune("c2"));
   SetMode(FormatMode::IMelody);
   EXPECT_GE(List().visualItemRect(List().item(0)).height(), 20);
+  const int slider = Get<QWidget>("SliderOctave").width();
+  SetMode(FormatMode::Rtttl);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Get<QLabel>("lbl(2)").text(), "Only octave 3-6 supported");
+  EXPECT_EQ(Get<QWidget>("SliderOctave").width(), slider);
 }
 
 TEST_F(MainWindowLayout, TheSizeIsKeptButNeverLargerThanTheScreen) {

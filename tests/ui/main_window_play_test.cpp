@@ -6,9 +6,7 @@
 #include <QSet>
 #include <QTimer>
 #include <QUrl>
-#include <stdexcept>
 
-#include "app/trillomat_application.h"
 #include "platform/clock_std.h"
 #include "platform/pump_qt.h"
 #include "ui/main_window_fixture.h"
@@ -21,14 +19,12 @@ using testing::ElementsAre;
 using testing::Not;
 using testing::SizeIs;
 
-const char* const kLocked[] = {"cmdSaveAs",     "cmdImport",     "cmdExport",    "cmdLowHigh",
-                               "cmdDuration",   "cmdScaleDown",  "cmdScaleUP",   "cmdControl(0)",
-                               "cmdControl(1)", "cmdControl(5)", "cmdLeft",      "cmdRight",
-                               "cmdEraseLeft",  "cmdEraseRight", "cmdTone(0)",   "cmdTone(11)",
-                               "cmdPause",      "cmdInsert(0)",  "cmdInsert(10)"};
-const char* const kFree[] = {"cmdControl(2)",  "cmdControl(3)",  "cmdControl(4)",
-                             "SliderOctave",   "optDuration(3)", "cboVolume",
-                             "txtSongInfo(2)", "ListFiles",      "cboDrives"};
+const char* const kLocked =
+    "cmdControl(0) cmdControl(1) cmdControl(5) cmdDuration cmdEraseLeft cmdEraseRight cmdExport cmdImport "
+    "cmdInsert(0) cmdInsert(1) cmdInsert(10) cmdInsert(2) cmdInsert(3) cmdInsert(4) cmdInsert(5) "
+    "cmdInsert(6) cmdInsert(7) cmdInsert(8) cmdInsert(9) cmdLeft cmdLowHigh cmdPause cmdRight cmdSave "
+    "cmdSaveAs cmdScaleDown cmdScaleUP cmdTone(0) cmdTone(1) cmdTone(10) cmdTone(11) cmdTone(2) cmdTone(3) "
+    "cmdTone(4) cmdTone(5) cmdTone(6) cmdTone(7) cmdTone(8) cmdTone(9)";
 
 class MainWindowPlay : public MainWindowTest {
  protected:
@@ -43,6 +39,16 @@ class MainWindowPlay : public MainWindowTest {
       if (Get<QWidget>(IndexedName("ImageMS", i)).isVisible()) shown = shown < 0 ? i : 99;
     }
     return shown;
+  }
+  /// The buttons, options, lists and text boxes that are locked.
+  std::string Disabled() {
+    QStringList names;
+    for (const auto* control :
+         window.findChildren<QWidget*>(QRegularExpression("^(cmd|opt|cbo|txt[LR]|List)"))) {
+      if (!control->isEnabled()) names << control->objectName();
+    }
+    names.sort();
+    return names.join(' ').toStdString();
   }
   QRect Phone() { return Get<QWidget>("ImageMS(0)").geometry(); }
   /// True when what the window system was given of a control is what the control would draw now.
@@ -62,8 +68,7 @@ TEST_F(MainWindowPlay, PlayWalksTheMelodyLockedAndUnlocksAtTheEnd) {
   sound.onBeep = [&] {
     shown.push_back(Shown());
     EXPECT_EQ(PlayCaption(), "Playing");
-    for (const char* name : kLocked) EXPECT_FALSE(Get<QWidget>(name).isEnabled()) << name;
-    for (const char* name : kFree) EXPECT_TRUE(Get<QWidget>(name).isEnabled()) << name;
+    EXPECT_EQ(Disabled(), kLocked);
     for (QAction* menu : window.menuBar()->actions()) EXPECT_FALSE(menu->isVisible());
     Press("cmdControl(4)");  // ignored: it plays already
   };
@@ -71,7 +76,7 @@ TEST_F(MainWindowPlay, PlayWalksTheMelodyLockedAndUnlocksAtTheEnd) {
   EXPECT_THAT(shown, ElementsAre("*4a2|*4b2 *4a2", "*4a2 *4b2|*4a2", "*4a2 *4b2 *4a2|"));
   EXPECT_EQ(Get<QLabel>("lblFrequency").text().toInt(), sound.beeps.back());
   EXPECT_EQ(PlayCaption(), "Play");
-  for (const char* name : kLocked) EXPECT_TRUE(Get<QWidget>(name).isEnabled()) << name;
+  EXPECT_EQ(Disabled(), "cmdSave");
   for (QAction* menu : window.menuBar()->actions()) EXPECT_TRUE(menu->isVisible());
   EXPECT_THAT(log.lines, ElementsAre("1: Done Playing"));
 }
@@ -137,39 +142,13 @@ TEST_F(MainWindowPlay, ATypedLetterIsNeverDroppedWhileAToneSounds) {
   EXPECT_EQ(Shown(), "*4c2 *4d2 *4e2 *4f2|");
 }
 
-TEST_F(MainWindowPlay, AnExceptionInsideAToneLeavesNothingLocked) {
-  SetToggle("mnuSettingPlayComposing", true);
-  int faults = 0;
-  static_cast<TrillomatApplication*>(qApp)->onFault = [&faults](std::string_view) { ++faults; };
-  sound.onBeep = [] { throw std::runtime_error("the device is gone"); };
-  for (const char* button : {"cmdTone(0)", "cmdControl(4)", "cmdLeft"}) {
-    QTest::mouseClick(&Get<QWidget>(button), Qt::LeftButton);
-  }
-  static_cast<TrillomatApplication*>(qApp)->onFault = nullptr;
-  EXPECT_EQ(faults, 3);
-  sound.onBeep = nullptr;
-  sound.beeps.clear();
-  EXPECT_EQ(PlayCaption(), "Play");
-  Enter("a");
-  EXPECT_THAT(sound.beeps, SizeIs(1));
-  folder.Write("a.imy", Tune("c2"));
-  SetMode(FormatMode::IMelody);
-  ClickRow("a.imy");  // at once, as no tone sounds
-  EXPECT_EQ(SelectedRow(), "a.imy");
-  EXPECT_EQ(Get<QLabel>("lblFolder").text(), "c:\\");
-  EXPECT_EQ(document.Elements().size(), 1U);
-}
-
 TEST_F(MainWindowPlay, LightsAndVibrationShowAndClearPutsThePhoneToRest) {
   const QRect rest = Phone();
-  for (const auto& [command, picture] : {std::pair{0, 2}, {4, 3}, {1, 1}, {5, 0}, {0, 2}}) {
+  for (const auto& [command, picture] : {std::pair{0, 2}, {4, 3}, {1, 1}, {5, 0}, {0, 2}, {2, 2}}) {
     Press(IndexedName("cmdInsert", command));
     Press("cmdControl(4)");
     EXPECT_EQ(Picture(), picture) << command;
   }
-  Press("cmdInsert(2)");
-  Enter("a");
-  Press("cmdControl(4)");
   QSet<QPair<int, int>> spots;
   const QRect area = Get<QWidget>("ImageMS(0)").parentWidget()->rect();
   for (int i = 0; i < 12; ++i) {
@@ -178,7 +157,6 @@ TEST_F(MainWindowPlay, LightsAndVibrationShowAndClearPutsThePhoneToRest) {
     spots.insert({spot.x(), spot.y()});
     for (int k = 1; k < 4; ++k) EXPECT_EQ(Get<QWidget>(IndexedName("ImageMS", k)).geometry(), spot);
     EXPECT_TRUE(area.contains(spot)) << spot.x() << "," << spot.y();
-    EXPECT_EQ(spot.size(), rest.size());
   }
   EXPECT_GT(spots.size(), 3);
   Press("cmdControl(0)");
@@ -186,9 +164,7 @@ TEST_F(MainWindowPlay, LightsAndVibrationShowAndClearPutsThePhoneToRest) {
   EXPECT_EQ(Phone(), rest);
   EXPECT_EQ(Picture(), 0);
   EXPECT_EQ(Get<QLabel>("lblFrequency").text(), "0");
-  Press("cmdInsert(2)");
-  Press("cmdInsert(4)");
-  Press("cmdControl(4)");
+  for (const char* button : {"cmdInsert(2)", "cmdInsert(4)", "cmdControl(4)"}) Press(button);
   EXPECT_EQ(Picture(), 1) << "the lights were put out as well";
   folder.Write("a.imy", Tune("c2"));
   SetToggle("mnuSettingAutoPlay", false);
