@@ -31,9 +31,9 @@ void Document::SetMode(FormatMode mode) {
   Tell({.mode = true});
 }
 
-void Document::SetFile(std::filesystem::path file) {
+void Document::SetFile(std::filesystem::path file, bool changed) {
   file_ = std::move(file);
-  changed_ = false;
+  changed_ = changed;
 }
 
 // A new song takes the place of the old one as a whole; what goes and what comes are moved, not copied.

@@ -86,8 +86,9 @@ class Document {
   Change Apply(Change change);
   /// The elements are not converted: what the mode cannot express stays.
   void SetMode(FormatMode mode);
-  /// The song is what `file` holds, or (empty) belongs to no file; in either case it counts as unchanged.
-  void SetFile(std::filesystem::path file);
+  /// The song belongs to `file`, or (empty) to none. It counts as unchanged, unless it was `changed` while
+  /// that file was written.
+  void SetFile(std::filesystem::path file, bool changed = false);
 
   /// `observer` has to outlive the document or be removed.
   void AddObserver(DocumentObserver& observer) { observers_.push_back(&observer); }

@@ -41,10 +41,12 @@ std::string WhyNotWritten(const Replacement& replacement) {
 SaveResult WriteSong(const TargetFile& file, FileStore& store, Document& document, const Services& services,
                      const std::function<void()>& onMade) {
   const FormatMode mode = document.Mode();
+  Song written;
   std::optional<Refusal> refusal;
   const Replacement replacement = ReplaceFile(file.path, store, [&](std::ostream& stream) {
     onMade();
-    const auto bytes = Write(Song(document.CurrentSong()), mode, services);
+    written = document.CurrentSong();
+    const auto bytes = Write(written, mode, services);
     if (bytes) stream << *bytes;
     if (bytes) return;
     refusal = bytes.Why();
@@ -52,7 +54,7 @@ SaveResult WriteSong(const TargetFile& file, FileStore& store, Document& documen
   });
   LogReplacement(replacement, file, services.log);
   if (replacement) {
-    document.SetFile(std::filesystem::absolute(file.path));
+    document.SetFile(std::filesystem::absolute(file.path), document.CurrentSong() != written);
     return {};
   }
   if (refusal) return {Outcome::NotWritten, refusal->why};

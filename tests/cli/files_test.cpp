@@ -87,15 +87,5 @@ TEST_F(FilesTest, ExportPrintsTheResultByteForByte) {
   });
 }
 
-TEST_F(FilesTest, TransposeMovesWithinTheRangeOfTheInput) {
-  ExpectEach({
-      {"transpose --octaves 3 tune.rtx --mode rtttl -", 0, "Fr\xE8re:d=4,o=8,b=120:C,D,8E.,2P\r\n",
-       IsEmpty()},
-      {"transpose --octaves -1 tune.rtx --mode imelody -", 1, IsEmpty(), HasSubstr("scale 3-6")},
-      {"transpose --octaves=-1 - --mode imelody -", 0, HasSubstr("MELODY:*3c2\r\n"), IsEmpty(),
-       "MELODY:c2\r\nEND:IMELODY\r\n"},
-  });
-}
-
 }  // namespace
 }  // namespace trillomat

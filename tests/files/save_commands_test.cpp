@@ -27,6 +27,7 @@ TEST_F(FilesTest, SaveWritesOverTheSelectedFileAndIsNotDisturbed) {
   EXPECT_THAT(bytes, testing::HasSubstr("*5d3"));
   EXPECT_THAT(folder.Names(), ElementsAre("a.imy"));
   EXPECT_TRUE(browser.CanSave());
+  EXPECT_TRUE(document.IsChanged()) << "while it was written";
 }
 
 TEST_F(FilesTest, SaveWithoutASongOrAFileChangesNothing) {

@@ -15,21 +15,6 @@ class FileStoreTest : public testing::Test {
   std::unique_ptr<FileStore> store = SystemFileStore();
 };
 
-TEST_F(FileStoreTest, ListsByKindAndPattern) {
-  constexpr const char* kForeign = "\xe5\xa4\x9c\xe6\x9b\xb2.imy";  // no code page has both this and Latin
-  for (const char* name : {"b.imy", "A.IMY", "z.imy", "a.imy.bak", ".imy", kForeign}) folder.Write(name, "");
-  folder.MakeFolder("folder.imy");
-  const FolderListing files = store->ListFiles(folder.Path(), "*.imy");
-  EXPECT_TRUE(files.complete);
-  EXPECT_THAT(files.names, ElementsAre(".imy", "A.IMY", "b.imy", "z.imy", kForeign));
-  EXPECT_THAT(files.leftOut, testing::IsEmpty());
-  EXPECT_THAT(store->ListFolders(folder.Path()).names, ElementsAre("folder.imy"));
-  for (const auto& wrong : {std::filesystem::path(), folder / "none", folder / "z.imy"}) {
-    EXPECT_FALSE(store->ListFiles(wrong, "*.imy").complete);
-    EXPECT_FALSE(store->ListFolders(wrong).complete);
-  }
-}
-
 TEST_F(FileStoreTest, APathSurvivesTheRoundTripThroughTheGivenForm) {
   for (const char* name : {"a.imy", "two words.imy", "\xe5\xa4\x9c\xe6\x9b\xb2.imy"}) {
     const auto given = store->GivenPath(folder / name);
