@@ -42,21 +42,6 @@ TEST_F(ComposerTest, ErasingOnBothSidesOfTheCursor) {
   EXPECT_EQ(Tokens(), "*4c2 *4d2| ");
 }
 
-TEST_F(ComposerTest, ArrowsMoveAndSoundWhatTheyPass) {
-  settings.playMoving = true;
-  Compose("*3a2 *4a2", 1);
-  composer.MoveRight();                             // already on the last element
-  for (int i = 0; i < 3; ++i) composer.MoveLeft();  // stays before the first
-  EXPECT_EQ(document.Cursor(), -1);
-  composer.MoveRight();
-  EXPECT_EQ(document.Cursor(), 0);
-  EXPECT_THAT(sound.beeps, ElementsAre(880, 880, 440, 440, 440));
-  Compose("", -1);
-  composer.MoveLeft();
-  composer.MoveRight();
-  EXPECT_EQ(sound.beeps.size(), 5U);
-}
-
 TEST_F(ComposerTest, DurationStepsThroughWhatTheModeAllows) {
   using Case = std::tuple<FormatMode, std::string, std::string>;
   const Case cases[] = {{FormatMode::IMelody, "c2.", "*4c3.| "}, {FormatMode::IMelody, "c5", "*4c0| "},

@@ -32,13 +32,6 @@ class FileLogTest : public testing::Test {
   FakeMessages messages_;
 };
 
-TEST_F(FileLogTest, LinesAreAppendedInOrder) {
-  FileLog(file_, clock_, messages_).WriteLog("Application started", 1);
-  FileLog(file_, clock_, messages_).WriteLog("Application ended", 1);
-  EXPECT_EQ(folder_.Read("log.txt"), "12:34:56\t\tApplication started\r\n12:34:56\t\tApplication ended\r\n");
-  EXPECT_THAT(messages_.shown, IsEmpty());
-}
-
 TEST_F(FileLogTest, LevelTwoIsWrittenBeforeItIsShown) {
   FileLog log(file_, clock_, messages_);
   std::string fileWhenShown;

@@ -56,18 +56,6 @@ TEST_F(FilesTest, AGestureOpensAFileOnceAndARefusedOneChangesNothing) {
   EXPECT_EQ(document.Info().name, "Bad") << "the next read starts from what the refused one left";
 }
 
-TEST_F(FilesTest, AFolderWithoutABackslashIsMendedAndLogged) {
-  folder.MakeFolder("x");
-  folder.Write("x/a.imy", TuneText("c2"));
-  browser.SetFolder("c:\\x");
-  Fill();
-  Click("a.imy");
-  Click("");
-  browser.DoubleClick(RowOf("a.imy"));
-  EXPECT_EQ(Tokens(), "*4c2");
-  EXPECT_THAT(log.lines, ElementsAre("1: Found sBrowseFolder without \\", "1: sBrowseFolder without \\"));
-}
-
 // It waits for the timer, and never opens its file in the middle of something else.
 TEST_F(FilesTest, AClickWhileAToneSoundsWaits) {
   ReadResult imported;

@@ -123,18 +123,6 @@ TEST(ToneMixer, AToneGoesOnWhenTheCardRunsAheadAndTheRestMoves) {
   EXPECT_EQ(runs[5].second, 500);
 }
 
-TEST(ToneMixer, ALagIsTakenOutOfASilenceAlone) {
-  const std::vector<Event> events{{3000, 23000}, {63000, 83000, kLow}};
-  Card card(events);
-  card.AskRegularly(0, 6000);
-  card.AskRegularly(36000, 140000);  // the card stood still for 30000 samples
-  const auto runs = card.Runs();
-  ASSERT_EQ(runs.size(), 5U);
-  EXPECT_EQ(runs[1].second, 20000);
-  EXPECT_NEAR(static_cast<double>(runs[2].second), 10000, 2 * kBuffer);
-  EXPECT_EQ(runs[3].second, 20000);
-}
-
 TEST(ToneMixer, EqualTonesInARowAreSeparatedWithoutAClick) {
   Card card({{3000, 9000}, {9000, 15000}});
   card.AskRegularly(0, 30000);

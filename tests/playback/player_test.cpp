@@ -78,18 +78,6 @@ TEST(Player, PerformsCommandsInIMelodyAlone) {
   EXPECT_EQ(p.clock.seconds, 0);
 }
 
-TEST(Player, WaitsSleepThroughThePump) {
-  Playing p;
-  p.player.PlayElement(Rest(0), 0);
-  EXPECT_EQ(p.pump.pumps, 0);
-  p.player.PlayElement(Rest(0.5F), 0);
-  EXPECT_NEAR(p.clock.seconds, 0.3, 0.001);
-  EXPECT_LE(p.pump.pumps, 3);
-  p.SetTempo(-60);
-  p.player.PlayElement(Rest(), 0);
-  EXPECT_NEAR(p.clock.seconds, 0.3, 0.001);
-}
-
 TEST(Player, AWaitAcrossMidnightLastsUntilTheStartComesAgain) {
   Playing p;
   p.clock.seconds = 86399;

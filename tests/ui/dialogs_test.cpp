@@ -1,13 +1,10 @@
 // The modal windows, driven through their controls.
 #include <QApplication>
-#include <QCheckBox>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QFontMetrics>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QRadioButton>
 
 #include "support/fakes.h"
 #include "support/sample_notes.h"
@@ -57,35 +54,6 @@ class ImportWindowTest : public testing::Test, public FakeServices {
   QPushButton& import = Find<QPushButton>(window, "cmdImport");
 };
 
-TEST_F(ImportWindowTest, OpensOnNokiaAndEachFormatIsImported) {
-  ExpectUsable(window, "frmImport", "Trillomat - Import");
-  EXPECT_FALSE(import.isEnabled());
-  EXPECT_EQ(window.focusWidget(), &source);
-  struct Case {
-    int option;
-    const char* text;
-    const char* imported;
-    bool adapt = false;
-  };
-  for (const Case& c :
-       {Case{0, kTune, "*3c2 r2 *3b2"}, Case{0, "a:b,c", "refused"}, Case{0, "t:d=4,o=8,b=100:c", "*6c2"},
-        Case{0, "t:d=4,o=3,b=100:c", "*4c2", true}, Case{1, "c\nd P", "*3c3 *3d3 r1"},
-        Case{2, "+c#d", "*4c3 *3#d3"}, Case{3, "cd", ""}}) {
-    ImportWindow w(before, services);
-    w.show();
-    EXPECT_TRUE(Find<QRadioButton>(w, "optImport(0)").isChecked());
-    Find<QPlainTextEdit>(w, "txtSource").setPlainText(c.text);
-    Click(w, "optImport(1)");  // enables the button, which most formats then leave so
-    Click(w, IndexedName("optImport", c.option));
-    Find<QCheckBox>(w, "chkAdapt").setChecked(c.adapt);
-    Click(w, "cmdImport");
-    EXPECT_FALSE(w.isVisible());
-    const auto& result = w.Result();
-    const std::string refused = result ? "refused" : "";
-    EXPECT_EQ(result && result->read ? TokensOf(result->read.elements, " ") : refused, c.imported) << c.text;
-  }
-}
-
 TEST_F(ImportWindowTest, IgnoresPressesAndTypingWhileItImportsAndEveryWayOutImportsNothing) {
   source.setPlainText(kTune);
   pump.onPump = [&](int) {
@@ -113,30 +81,6 @@ TEST_F(ImportWindowTest, IgnoresPressesAndTypingWhileItImportsAndEveryWayOutImpo
       EXPECT_FALSE(w.Result());
     }
   }
-}
-
-TEST_F(ImportWindowTest, TakesAMegabyteInOneLine) {
-  QString text = "long:d=4,o=5,b=100:c";
-  while (text.size() < 1'000'000) text += ",16c#6";
-  QApplication::clipboard()->setText(text);
-  QElapsedTimer clock;
-  clock.start();
-  QTest::keySequence(&source, QKeySequence::Paste);
-  window.grab();
-  EXPECT_LT(clock.elapsed(), 8000) << "ms; broken between words it takes half a minute";
-  import.click();
-  EXPECT_EQ(window.Result()->read.elements.size(), static_cast<size_t>(text.count(',')) - 1);
-}
-
-TEST_F(ImportWindowTest, TellsHowManyCharactersItReplaces) {
-  const auto& label = Find<QLabel>(window, "lblReplaced");
-  source.setPlainText("na\xC3\xAFve \xE2\x82\xAC:,");
-  EXPECT_FALSE(label.isVisible());
-  source.setPlainText("\xE2\x86\x92 \xF0\x9D\x84\x9E\xE2\x99\xAF:d=4:c,d");
-  EXPECT_TRUE(label.isVisible());
-  EXPECT_TRUE(label.text().startsWith("3 characters ")) << label.text().toStdString();
-  import.click();
-  EXPECT_EQ(window.Result()->read.record.info.name, "???");
 }
 
 constexpr const char* kNokiaKeys = "0--> Press: 1\r\n1--> Press: 2 8\r\n";

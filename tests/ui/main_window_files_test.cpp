@@ -21,7 +21,7 @@ std::string Unchecked(const MainWindow& window, const std::vector<const char*>& 
   return unchecked;
 }
 
-TEST(MainWindowStart, TakesTheDefaultsFirstAndThenWhatWasChosenAsFarAsTheModeHasIt) {
+TEST(MainWindowStart, TakesTheDefaultsFirstAndThenWhatWasChosen) {
   Parts parts;
   {
     MainWindow first(parts.ForWindow());
@@ -50,12 +50,6 @@ TEST(MainWindowStart, TakesTheDefaultsFirstAndThenWhatWasChosenAsFarAsTheModeHas
                              "mnuSettingPlayComposing", "mnuSettingPlayMoving", "optDuration(3)",
                              "optDurationExtra(1)"}),
             "mnuSettingAutoPlay mnuSettingPlayMoving ");
-  parts.settings.values["Settings/Mode"] = "3";
-  parts.settings.values["Settings/Duration"] = "5";
-  MainWindow lacking(parts.ForWindow());
-  lacking.Load();
-  EXPECT_EQ(Unchecked(lacking, {"optDuration(3)", "optDurationExtra(0)"}), "");
-  EXPECT_EQ(Find<QSlider>(lacking, "SliderOctave").value(), 4);
 }
 
 class MainWindowFiles : public MainWindowTest {
