@@ -61,12 +61,14 @@ void PhonePictures::PutInTheMiddle() {
 
 void PhonePictures::resizeEvent(QResizeEvent* /*event*/) { Place(); }
 
+// The size is rounded by itself, so that no jump changes it.
 void PhonePictures::Place() {
   const QSizeF needed(sizeHint());
   const double scale = std::min(width() / needed.width(), height() / needed.height());
   const QSizeF margin = (QSizeF(size()) - needed * scale) / 2;
   const QPointF corner = QPointF(margin.width(), margin.height()) + spot_ * scale;
-  for (PictureWidget* picture : pictures_) picture->setGeometry(QRectF(corner, kPhone * scale).toRect());
+  const QSize phone(static_cast<int>(kPhone.width() * scale), static_cast<int>(kPhone.height() * scale));
+  for (PictureWidget* picture : pictures_) picture->setGeometry(QRect(corner.toPoint(), phone));
 }
 
 PhoneDisplay::PhoneDisplay(QWidget* parent)

@@ -54,7 +54,7 @@ class MainWindowPlay : public MainWindowTest {
   /// True when what the window system was given of a control is what the control would draw now.
   bool IsPainted(const char* name) {
     const auto& control = Get<QWidget>(name);
-    const QRect place(control.mapTo(&window, QPoint()), control.size());
+    const QRect place = QRect(control.mapTo(&window, QPoint()), control.size()) & window.rect();
     const auto& painted = dynamic_cast<const QImage&>(*window.backingStore()->paintDevice());
     const QImage now = window.grab(place).toImage();
     return painted.copy(place).convertToFormat(QImage::Format_RGB32) ==
@@ -157,6 +157,7 @@ TEST_F(MainWindowPlay, LightsAndVibrationShowAndClearPutsThePhoneToRest) {
     spots.insert({spot.x(), spot.y()});
     for (int k = 1; k < 4; ++k) EXPECT_EQ(Get<QWidget>(IndexedName("ImageMS", k)).geometry(), spot);
     EXPECT_TRUE(area.contains(spot)) << spot.x() << "," << spot.y();
+    EXPECT_EQ(spot.size(), rest.size());
   }
   EXPECT_GT(spots.size(), 3);
   Press("cmdControl(0)");
