@@ -55,6 +55,8 @@ TEST(MainWindowStart, TakesTheDefaultsFirstAndThenWhatWasChosen) {
 class MainWindowFiles : public MainWindowTest {
  protected:
   MainWindowFiles() {
+    answers_.setSingleShot(true);
+    QObject::connect(&answers_, &QTimer::timeout, &window, [this] { answer_(); });
     SetToggle("mnuSettingAutoPlay", false);
     folder.Write("a.imy", Tune("c2d2"));
     folder.Write("b.imy", Tune("e2"));
@@ -67,12 +69,13 @@ class MainWindowFiles : public MainWindowTest {
   /// Fills in a text of the modal window that comes next, and presses a button of it.
   template <class Box>
   void Answer(const char* box, const QString& text, const char* button) {
-    QTimer::singleShot(0, &window, [=] {
+    answer_ = [=] {
       const QWidget& dialog = *QApplication::activeModalWidget();
       Find<Box>(dialog, box).setProperty("plainText", text);
       Find<Box>(dialog, box).setProperty("text", text);
       Find<QPushButton>(dialog, button).click();
-    });
+    };
+    answers_.start(0);
   }
   void Import(const QString& text) {
     Answer<QPlainTextEdit>("txtSource", text, "cmdImport");
@@ -83,6 +86,10 @@ class MainWindowFiles : public MainWindowTest {
     Press("cmdSaveAs");
     return folder.Read(name);
   }
+
+ private:
+  QTimer answers_;
+  std::function<void()> answer_;
 };
 
 TEST_F(MainWindowFiles, AFileOpensByClickOrKeyAndSaveWritesOverIt) {

@@ -264,12 +264,14 @@ TEST_F(MonkeyTest, NothingBreaksWhateverRunsInsideWhatever) {
       questions.yes = monkey.Number(2) == 0;
       monkey.Act(*window, folder);
     };
-    // Dialogs and message boxes run event loops of their own, also inside each other.
-    const std::function<void()> inFront = [&] {
-      QTimer::singleShot(0, window.get(), inFront);
+    // Dialogs and message boxes run event loops of their own, also inside each other. A timer that is being
+    // handled fires again only when it is started anew.
+    QTimer inFront;
+    QObject::connect(&inFront, &QTimer::timeout, window.get(), [&] {
+      inFront.start(0);
       if (QApplication::activeModalWidget() != nullptr && pump.onEvent) pump.onEvent();
-    };
-    QTimer::singleShot(0, window.get(), inFront);
+    });
+    inFront.start(0);
     while (monkey.events < wanted && !pump.ending) {
       pump.onEvent();
       QCoreApplication::processEvents();
