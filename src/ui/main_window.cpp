@@ -25,7 +25,7 @@ constexpr std::array<std::string_view, 4> kExtraTexts{"Nothing", "Dotted note", 
 
 // On a large screen controls are not drawn out farther than the eye and the hand like to go.
 constexpr int kWidestCentre = 1600;
-constexpr int kHighestUpperRow = 340;
+constexpr int kHighestUpperRow = 420;  // what large letters need, too
 
 }  // namespace
 
