@@ -9,7 +9,6 @@ namespace trillomat {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 // A window system's queue: events wait for their time, and for a loop that lets them run.
 class EventQueue : public EventPump {

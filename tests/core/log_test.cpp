@@ -10,7 +10,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 class FakeMessages : public MessageBox {
  public:

@@ -8,7 +8,6 @@
 namespace trillomat {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 struct MoveCase {
