@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "playback/scoped_value.h"
+#include "core/scoped_value.h"
 
 namespace trillomat {
 

@@ -1,9 +1,9 @@
 #include "files/file_browser.h"
 
 #include <algorithm>
-#include <memory>
 
 #include "core/ascii.h"
+#include "core/scoped_value.h"
 #include "files/path_text.h"
 #include "files/replace_file.h"
 
@@ -21,11 +21,6 @@ void LogLeftOut(const std::vector<std::string>& names, Log& log) {
   if (names.size() <= kMostNamed) return;
   log.WriteLog("Left out of the list: " + std::to_string(names.size() - kMostNamed) + " more", 1);
 }
-
-// Lowers a flag when its scope ends.
-struct Lower {
-  void operator()(bool* flag) const { *flag = false; }
-};
 
 bool IsSameFolder(const std::filesystem::path& a, const std::filesystem::path& b) {
   std::error_code unreadable;
@@ -198,7 +193,7 @@ void FileBrowser::EnterPrevious() {
 
 void FileBrowser::OpenMenu(int row) {
   if (parts_.operations.Runs() || row <= kNoRow || static_cast<size_t>(row) >= rows_.size()) return;
-  const std::unique_ptr<bool, Lower> down(&(rightButtonDown_ = true));
+  const ScopedValue down(rightButtonDown_, true);
   if (row != selected_) Select(row, row == DocumentRow());
   parts_.host.ShowSelectedFile();
   parts_.host.PopUpFileMenu();

@@ -6,7 +6,7 @@
 #include "core/ascii.h"
 #include "core/codec.h"
 #include "core/number_text.h"
-#include "playback/scoped_value.h"
+#include "core/scoped_value.h"
 #include "playback/tone_table.h"
 #include "playback/wave_synthesis.h"
 

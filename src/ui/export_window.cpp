@@ -9,7 +9,7 @@
 #include <optional>
 #include <utility>
 
-#include "playback/scoped_value.h"
+#include "core/scoped_value.h"
 #include "ui/dialog_parts.h"
 #include "ui/qt_text.h"
 

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "core/code_page.h"
-#include "playback/scoped_value.h"
+#include "core/scoped_value.h"
 #include "ui/dialog_parts.h"
 #include "ui/qt_text.h"
 

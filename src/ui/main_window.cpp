@@ -10,7 +10,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
-#include "playback/scoped_value.h"
+#include "core/scoped_value.h"
 #include "ui/about_window.h"
 #include "ui/qt_text.h"
 #include "ui/window_size.h"
