@@ -29,10 +29,10 @@ QLabel* NewTitle(QWidget* parent) {
 
 AboutWindow::AboutWindow(const QString& version, QWidget* parent) : QDialog(parent) {
   SetUpDialog(*this, QStringLiteral("frmAbout"), QStringLiteral("About Trillomat"));
-  auto* cmdOK = NewDialogButton(QStringLiteral("cmdOK"),
-                                {QStringLiteral("&OK"), QStringLiteral("Close the About window")}, this);
-  cmdOK->setDefault(true);
-  connect(cmdOK, &QPushButton::clicked, this, &AboutWindow::accept);
+  auto* ok = NewDialogButton(QStringLiteral("cmdOK"),
+                             {QStringLiteral("&OK"), QStringLiteral("Close the About window")}, this);
+  ok->setDefault(true);
+  connect(ok, &QPushButton::clicked, this, &AboutWindow::accept);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(NewTitle(this));
   layout->addWidget(NewLine("lblVersion", "Version " + version, this));
@@ -40,7 +40,7 @@ AboutWindow::AboutWindow(const QString& version, QWidget* parent) : QDialog(pare
       "lblCredit", QStringLiteral("A composer for mobile phone ringtone melodies, by the Trillomat authors"),
       this));
   layout->addStretch();
-  layout->addWidget(cmdOK, 0, Qt::AlignHCenter);
+  layout->addWidget(ok, 0, Qt::AlignHCenter);
 }
 
 }  // namespace trillomat

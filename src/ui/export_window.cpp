@@ -110,14 +110,13 @@ QLayout* ExportWindow::NewButtonRow() {
                        QStringLiteral("Saves nothing")},
                       this);
   saveToFile_->setEnabled(false);
-  auto* cmdAbort =
-      NewDialogButton(QStringLiteral("cmdAbort"),
-                      {QStringLiteral("&Close"), QStringLiteral("Close the export window")}, this);
-  connect(cmdAbort, &QPushButton::clicked, this, &ExportWindow::reject);
+  auto* close = NewDialogButton(QStringLiteral("cmdAbort"),
+                                {QStringLiteral("&Close"), QStringLiteral("Close the export window")}, this);
+  connect(close, &QPushButton::clicked, this, &ExportWindow::reject);
   auto* row = new QHBoxLayout;
   row->addStretch();
   row->addWidget(saveToFile_);
-  row->addWidget(cmdAbort);
+  row->addWidget(close);
   return row;
 }
 

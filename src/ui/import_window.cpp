@@ -94,16 +94,16 @@ QLayout* ImportWindow::NewButtonRow() {
                              QStringLiteral("Replaces the composed melody")},
                             this);
   import_->setDefault(true);
-  auto* cmdCancel =
+  auto* cancel =
       NewDialogButton(QStringLiteral("cmdCancel"),
                       {QStringLiteral("&Cancel"), QStringLiteral("Close without importing")}, this);
   connect(import_, &QPushButton::clicked, this, &ImportWindow::Import);
-  connect(cmdCancel, &QPushButton::clicked, this, &ImportWindow::reject);
+  connect(cancel, &QPushButton::clicked, this, &ImportWindow::reject);
   auto* row = new QHBoxLayout;
   row->addWidget(adapt_);
   row->addStretch();
   row->addWidget(import_);
-  row->addWidget(cmdCancel);
+  row->addWidget(cancel);
   return row;
 }
 

@@ -29,18 +29,18 @@ RenameWindow::RenameWindow(const QString& name, QWidget* parent)
 }
 
 QLayout* RenameWindow::NewButtonRow() {
-  auto* cmdOK = NewDialogButton(QStringLiteral("cmdOK"),
-                                {QStringLiteral("&OK"), QStringLiteral("Rename the file")}, this);
-  cmdOK->setDefault(true);
-  auto* cmdCancel =
+  auto* ok = NewDialogButton(QStringLiteral("cmdOK"),
+                             {QStringLiteral("&OK"), QStringLiteral("Rename the file")}, this);
+  ok->setDefault(true);
+  auto* cancel =
       NewDialogButton(QStringLiteral("cmdCancel"),
                       {QStringLiteral("&Cancel"), QStringLiteral("Keep the name of the file")}, this);
-  connect(cmdOK, &QPushButton::clicked, this, &RenameWindow::accept);
-  connect(cmdCancel, &QPushButton::clicked, this, &RenameWindow::reject);
+  connect(ok, &QPushButton::clicked, this, &RenameWindow::accept);
+  connect(cancel, &QPushButton::clicked, this, &RenameWindow::reject);
   auto* row = new QHBoxLayout;
   row->addStretch();
-  row->addWidget(cmdOK);
-  row->addWidget(cmdCancel);
+  row->addWidget(ok);
+  row->addWidget(cancel);
   return row;
 }
 
