@@ -51,22 +51,6 @@ std::optional<Sequence> SequenceOf(unsigned char lead) {
   return std::nullopt;
 }
 
-// Takes the character at the front of `text`; nothing when the bytes there are not UTF-8.
-std::optional<char32_t> TakeCharacter(std::string_view& text) {
-  const auto sequence = SequenceOf(static_cast<unsigned char>(text.front()));
-  if (!sequence || text.size() < sequence->length) return std::nullopt;
-  char32_t codePoint = sequence->bits;
-  for (const char c : text.substr(1, sequence->length - 1)) {
-    const auto byte = static_cast<unsigned char>(c);
-    if ((byte & 0xC0U) != 0x80U) return std::nullopt;
-    codePoint = (codePoint << 6U) | (byte & 0x3FU);
-  }
-  const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
-  if (codePoint < sequence->lowest || codePoint > 0x10FFFF || surrogate) return std::nullopt;
-  text.remove_prefix(sequence->length);
-  return codePoint;
-}
-
 }  // namespace
 
 std::string ToUtf8(std::string_view codePageText) {
@@ -85,6 +69,21 @@ std::optional<std::string> FromUtf8(std::string_view utf8) {
     result += ByteOf(*codePoint).value_or('?');
   }
   return result;
+}
+
+std::optional<char32_t> TakeCharacter(std::string_view& text) {
+  const auto sequence = SequenceOf(static_cast<unsigned char>(text.front()));
+  if (!sequence || text.size() < sequence->length) return std::nullopt;
+  char32_t codePoint = sequence->bits;
+  for (const char c : text.substr(1, sequence->length - 1)) {
+    const auto byte = static_cast<unsigned char>(c);
+    if ((byte & 0xC0U) != 0x80U) return std::nullopt;
+    codePoint = (codePoint << 6U) | (byte & 0x3FU);
+  }
+  const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
+  if (codePoint < sequence->lowest || codePoint > 0x10FFFF || surrogate) return std::nullopt;
+  text.remove_prefix(sequence->length);
+  return codePoint;
 }
 
 bool CodePageHas(char32_t codePoint) { return ByteOf(codePoint).has_value(); }

@@ -15,6 +15,10 @@ std::string ToUtf8(std::string_view codePageText);
 /// not valid UTF-8.
 std::optional<std::string> FromUtf8(std::string_view utf8);
 
+/// Takes the character at the front of `utf8` (not empty). Nothing, and nothing taken, when the bytes there
+/// are not UTF-8.
+std::optional<char32_t> TakeCharacter(std::string_view& utf8);
+
 /// True when Windows-1252 has the Unicode character `codePoint`.
 bool CodePageHas(char32_t codePoint);
 

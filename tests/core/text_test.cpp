@@ -6,6 +6,7 @@
 
 #include "core/code_page.h"
 #include "core/number_text.h"
+#include "core/terminal_text.h"
 
 namespace trillomat {
 namespace {
@@ -73,6 +74,22 @@ TEST(CodePageTest, WhatIsNoUtf8IsRefused) {
                                "\x80",     "\xF4\x90\x80\x80", "\xF0\x9F\x8E"};
   for (const std::string& text : cases)
     EXPECT_EQ(FromUtf8(text), std::nullopt) << testing::PrintToString(text);
+}
+
+TEST(TerminalTextTest, NothingIsLeftThatATerminalObeys) {
+  const std::map<std::string, std::string> cases = {{"\x1B[2J\x07\x7F", "\\x1B[2J\\x07\\x7F"},
+                                                    {"a\tb\r\nc\n", "a\tb\r\nc\n"},
+                                                    {"over\rwritten\r", "over\\x0Dwritten\\x0D"},
+                                                    {"\xC2\x9B"
+                                                     "31m",
+                                                     "\\u009B31m"},
+                                                    {"\x9B"
+                                                     "31m \xC3",
+                                                     "\\x9B31m \\xC3"},
+                                                    {"gpj\u202E.imy", "gpj\\u202E.imy"},
+                                                    {"Frère € \U0001F3B5", "Frère € \U0001F3B5"},
+                                                    {std::string("\0", 1), "\\x00"}};
+  for (const auto& [text, shown] : cases) EXPECT_EQ(EscapedForTerminal(text), shown);
 }
 
 }  // namespace
