@@ -1,7 +1,7 @@
 #include "fuzz/bodies.h"
 
 #include <algorithm>
-#include <stdexcept>
+#include <array>
 
 #include "core/codec.h"
 #include "exchange/export.h"
@@ -11,10 +11,6 @@
 
 namespace trillomat {
 namespace {
-
-void Require(bool holds, const char* what) {
-  if (!holds) throw std::logic_error(what);
-}
 
 void CheckTokens(const ElementList& elements, const TokenDefaults& defaults, Log& log) {
   for (const ModeLimits& limits : kModeLimits) {
@@ -154,16 +150,20 @@ void FuzzCodec(std::string_view input) {
   CheckWriting({.elements = elements, .info = {}}, fuzz.services);
 }
 
+constexpr auto kBodies = std::to_array<FuzzBody>({
+    {"codec", FuzzCodec},
+    {"imelody", FuzzReader<FormatMode::IMelody>},
+    {"emelody", FuzzReader<FormatMode::EMelody>},
+    {"rtttl", FuzzReader<FormatMode::Rtttl>},
+    {"melody", FuzzReader<FormatMode::Melody>},
+    {"import_rtttl", FuzzImport<PastedFormat::Rtttl>},
+    {"import_emelody", FuzzImport<PastedFormat::EMelody>},
+    {"import_melody", FuzzImport<PastedFormat::Melody>},
+    {"export_keys", FuzzExports},
+});
+
 }  // namespace
 
-const std::array<FuzzBody, 9> kFuzzBodies{{{"codec", FuzzCodec},
-                                           {"imelody", FuzzReader<FormatMode::IMelody>},
-                                           {"emelody", FuzzReader<FormatMode::EMelody>},
-                                           {"rtttl", FuzzReader<FormatMode::Rtttl>},
-                                           {"melody", FuzzReader<FormatMode::Melody>},
-                                           {"import_rtttl", FuzzImport<PastedFormat::Rtttl>},
-                                           {"import_emelody", FuzzImport<PastedFormat::EMelody>},
-                                           {"import_melody", FuzzImport<PastedFormat::Melody>},
-                                           {"export_keys", FuzzExports}}};
+constinit const std::span<const FuzzBody> kTextBodies{kBodies};
 
 }  // namespace trillomat

@@ -1,8 +1,9 @@
-// What must hold for any input: one body for each way into the program's texts. The fuzz programs run one
-// body each over what libFuzzer invents, the tests run all of them over their data and mutations of it.
+// What must hold for any input: one body for each way into the program. The fuzz programs run one body each
+// over what libFuzzer invents; the tests run those over texts over their data and mutations of it.
 #pragma once
 
-#include <array>
+#include <span>
+#include <stdexcept>
 #include <string_view>
 
 namespace trillomat {
@@ -12,6 +13,12 @@ struct FuzzBody {
   void (*run)(std::string_view input);  ///< throws std::logic_error when something does not hold
 };
 
-extern const std::array<FuzzBody, 9> kFuzzBodies;
+/// Throws std::logic_error of `what` unless it holds.
+inline void Require(bool holds, const char* what) {
+  if (!holds) throw std::logic_error(what);
+}
+
+// A table for each file of bodies, which links no more of the program than these need.
+extern const std::span<const FuzzBody> kTextBodies;  ///< bodies.cpp: formats/ and exchange/
 
 }  // namespace trillomat

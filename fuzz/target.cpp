@@ -1,4 +1,4 @@
-// One fuzz program: the body that is named FUZZ_BODY.
+// One fuzz program: the body that is named FUZZ_BODY in the table FUZZ_TABLE.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -8,8 +8,8 @@
 // NOLINTNEXTLINE(readability-identifier-naming): libFuzzer looks for this name.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   using namespace trillomat;
-  const auto* const body = std::find_if(kFuzzBodies.begin(), kFuzzBodies.end(),
-                                        [](const FuzzBody& each) { return each.name == FUZZ_BODY; });
+  const auto body = std::find_if(FUZZ_TABLE.begin(), FUZZ_TABLE.end(),
+                                 [](const FuzzBody& each) { return each.name == FUZZ_BODY; });
   body->run({reinterpret_cast<const char*>(data), size});
   return 0;
 }

@@ -57,7 +57,7 @@ TEST_P(FuzzBodies, HoldForSeedsDataAndMutations) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, FuzzBodies, testing::ValuesIn(kFuzzBodies),
+INSTANTIATE_TEST_SUITE_P(All, FuzzBodies, testing::ValuesIn(kTextBodies),
                          [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
