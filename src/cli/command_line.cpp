@@ -40,6 +40,7 @@ class CommandLine {
   void AddMode(CLI::App* command);
   void AddIn(CLI::App* command, std::string name = "FILE");
   void AddOut(CLI::App* command, std::string name = "OUT");
+  void AddForce(CLI::App* command, std::string description = "Replace OUT when it exists");
   void AddEndless(CLI::App* command);
   void AddFileCommands();
   void AddPlayCommands();
@@ -90,6 +91,10 @@ void CommandLine::AddOut(CLI::App* command, std::string name) {
   command->add_option_function<std::string>(std::move(name), take, "The file to write")->required();
 }
 
+void CommandLine::AddForce(CLI::App* command, std::string description) {
+  command->add_flag("--force", call_.force, std::move(description));
+}
+
 void CommandLine::AddEndless(CLI::App* command) {
   command->add_option("--endless", call_.endless, "How often a block that repeats without end is played")
       ->check(CLI::Range(1, 1'000'000));
@@ -102,7 +107,7 @@ void CommandLine::AddFileCommands() {
   AddIn(show);
 
   CLI::App* convert = AddCommand("convert", "Read one melody file and write another", ConvertCommand);
-  convert->add_flag("--force", call_.force, "Replace OUT when it exists");
+  AddForce(convert);
   AddMode(convert);
   AddIn(convert, "IN");
   AddOut(convert);
@@ -112,6 +117,7 @@ void CommandLine::AddFileCommands() {
       ->required()
       ->check(CLI::IsMember(std::vector<std::string>{"rtttl", "emelody", "melody"}));
   import->add_flag("--adapt-t68i", call_.adaptT68i, "Move the melody into the octaves of the T68i");
+  AddForce(import);
   AddMode(import);
   AddIn(import, "TEXTFILE");
   AddOut(import);
@@ -126,6 +132,7 @@ void CommandLine::AddFileCommands() {
 
   CLI::App* transpose = AddCommand("transpose", "Move every tone by octaves", TransposeCommand);
   transpose->add_option("--octaves", call_.octaves, "Octaves up, or down when negative")->required();
+  AddForce(transpose);
   AddMode(transpose);
   AddIn(transpose, "IN");
   AddOut(transpose);
@@ -142,6 +149,7 @@ void CommandLine::AddPlayCommands() {
   AddIn(play);
 
   CLI::App* render = AddCommand("render", "Write the sound of the melody as a WAV file", RenderCommand);
+  AddForce(render, "Replace OUT.wav when it exists, and write more than an hour of sound");
   AddEndless(render);
   AddMode(render);
   AddIn(render);
