@@ -38,9 +38,9 @@ TEST(RoundTrip, KeepsEveryElementThatAFormatCanHold) {
   };
   constexpr size_t kTonesEach = kTones.size();
   constexpr size_t kSharps = 12;
-  const std::vector<Held> cases{{FormatMode::IMelody, kTonesEach * 9 * 6 * 4 + 6 * 4 + 12},
+  const std::vector<Held> cases{{FormatMode::IMelody, kTonesEach * 9 * 6 * 4 + 36},
                                 {FormatMode::EMelody, kTonesEach * 3 * 4 + 2},
-                                {FormatMode::Rtttl, kSharps * 4 * 6 * 2 + 6 * 2},
+                                {FormatMode::Rtttl, kSharps * 4 * 6 * 2 + 12},
                                 {FormatMode::Melody, kTonesEach * 2 * 2 + 1}};
   for (const auto& [mode, count] : cases) {
     SCOPED_TRACE(LimitsOf(mode).caption);
