@@ -22,6 +22,7 @@ Change Document::Apply(Change change) {
   const int32_t cursor = std::clamp(change.cursor.value_or(cursor_), -1, std::max(LastIndex(), -1));
   range.cursor = std::exchange(cursor_, cursor) != cursor;
   changed_ = changed_ || range.SongChanged();
+  if (range.ElementsChanged()) ++revision_;
   Tell(range);
   return back;
 }

@@ -73,6 +73,8 @@ class Document {
   /// Index of the element directly left of the insertion point; -1 is before the first element.
   int32_t Cursor() const { return cursor_; }
   FormatMode Mode() const { return mode_; }
+  /// Another number after each change of the elements, for those who remember something about them.
+  uint64_t Revision() const { return revision_; }
   /// The commonest octave and duration of the elements; costs the same however many there are.
   TokenDefaults CommonestDefaults() const { return count_.Commonest(); }
 
@@ -100,6 +102,7 @@ class Document {
 
   Song song_;
   DefaultsCount count_;
+  uint64_t revision_ = 0;
   int32_t cursor_ = 0;
   FormatMode mode_ = FormatMode::IMelody;
   std::filesystem::path file_;

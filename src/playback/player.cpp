@@ -86,7 +86,7 @@ int32_t Player::PlayRepeatEnd(std::string_view command, int32_t index) {
   last_.kind = ElementKind::Repeat;
   if (!LimitsOf(document_.Mode()).commands) return 0;
   const Services& services = seams_.services;
-  const int32_t back = repeat.End(command, index, document_.Elements(), services.log, services.pump);
+  const int32_t back = repeat.End(command, index, document_, services);
   if (back > 0) {
     // A block that takes no time would keep the processor busy for as long as it repeats.
     if (!timePassed_) services.pump.WaitForEvents(1);

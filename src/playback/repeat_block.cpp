@@ -12,21 +12,21 @@ void RepeatBlock::Start() {
   jumps_.clear();  // no later jump reaches back over a "(", so none of these can come again
 }
 
-int32_t RepeatBlock::End(std::string_view command, int32_t index, const ElementList& elements, Log& log,
-                         EventPump& pump) {
+int32_t RepeatBlock::End(std::string_view command, int32_t index, const Document& document,
+                         const Services& services) {
   const auto count = RoundToInt32(LeadingNumber(command.substr(std::min<size_t>(1, command.size()))));
   if (!count) {
-    log.WriteLog("Error in PlayElement", 1);
+    services.log.WriteLog("Error in PlayElement", 1);
     return 0;
   }
   if (BlockIsDone(*count)) {
     counter_ = 0;
     return 0;
   }
-  const std::optional<int32_t> distance = DistanceToStart(index, elements, pump);
-  if (!distance) return 0;
-  if (*distance < 0) {
-    if (index != 0) log.WriteLog("Can not find the start of the Repeat", 2);
+  const std::optional<int32_t> start = FindStart(index, document, services.pump);
+  if (!start) return 0;
+  if (*start < 0) {
+    if (index != 0) services.log.WriteLog("Can not find the start of the Repeat", 2);
     return 0;
   }
   if (leaveCycles && ClosesCycle(index)) {
@@ -34,20 +34,24 @@ int32_t RepeatBlock::End(std::string_view command, int32_t index, const ElementL
     return 0;
   }
   if (counter_ < std::numeric_limits<int16_t>::max()) ++counter_;
-  return *distance;
+  return index - *start;
 }
 
-// The distance back to the nearest "(" at or before `index`, -1 when there is none; nothing when the
-// program is ending.
-std::optional<int32_t> RepeatBlock::DistanceToStart(int32_t index, const ElementList& elements,
-                                                    EventPump& pump) {
-  for (int32_t at = index; at >= searchFrom_; --at) {
-    const auto position = static_cast<size_t>(at);
-    if (position < elements.size() && elements[position].Command() == "(") return index - at;
+// The index of the nearest "(" at or before `index`, -1 when there is none; nothing when the program is
+// ending. Events run, and another song may be there afterwards: the search goes on in that one.
+std::optional<int32_t> RepeatBlock::FindStart(int32_t index, const Document& document, EventPump& pump) {
+  const uint64_t revision = document.Revision();
+  int32_t at = index;
+  for (; at >= 0; --at) {
+    if (searched_.Holds(document.Revision(), at)) {
+      at = searched_.start;
+      break;
+    }
+    if (document.HasElement(at) && document.At(at).Command() == "(") break;
     if (!pump.PumpEvents()) return std::nullopt;
   }
-  if (leaveCycles) searchFrom_ = index;
-  return -1;
+  if (document.Revision() == revision) searched_ = {revision, at, index};
+  return at;
 }
 
 bool RepeatBlock::BlockIsDone(int32_t count) const {
@@ -56,6 +60,9 @@ bool RepeatBlock::BlockIsDone(int32_t count) const {
 }
 
 // The state of a walk is its position and the counter: the same jump again means the same for ever.
-bool RepeatBlock::ClosesCycle(int32_t index) { return !jumps_.emplace(index, counter_).second; }
+bool RepeatBlock::ClosesCycle(int32_t index) {
+  constexpr int64_t kCounts = int64_t{std::numeric_limits<int16_t>::max()} + 1;
+  return !jumps_.insert(index * kCounts + counter_).second;
+}
 
 }  // namespace trillomat

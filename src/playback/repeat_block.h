@@ -3,13 +3,11 @@
 
 #include <cstdint>
 #include <optional>
-#include <set>
 #include <string_view>
-#include <utility>
+#include <unordered_set>
 
-#include "core/element.h"
-#include "core/event_pump.h"
-#include "core/log.h"
+#include "core/services.h"
+#include "document/document.h"
 
 namespace trillomat {
 
@@ -20,27 +18,36 @@ class RepeatBlock {
   int32_t endlessRounds = 0;
   /// For a walk that must end, over a melody that nothing changes meanwhile. Blocks that share the
   /// counter can send each other back for ever, though each has a finite count: a repeat end that would
-  /// jump a second time from the same count is passed then. And where no start lies before a repeat end,
-  /// later ones look no further back than to it.
+  /// jump a second time from the same count is passed then.
   bool leaveCycles = false;
 
   int16_t Counter() const { return counter_; }
 
   /// A "(" is performed.
   void Start();
-  /// The repeat end `command` at `index` is performed: the number of elements to go back, 0 to go on.
-  /// Lets events run while it looks for the start. Logs a missing start and a count without an end.
-  int32_t End(std::string_view command, int32_t index, const ElementList& elements, Log& log,
-              EventPump& pump);
+  /// The repeat end `command` at `index` of the song is performed: the number of elements to go back, 0 to
+  /// go on. Lets events run while it looks for the start. Logs a missing start and a count without an end.
+  int32_t End(std::string_view command, int32_t index, const Document& document, const Services& services);
 
  private:
+  /// What is known of the song at `revision`: from the "(" at `start` (-1 for the beginning without one) up
+  /// to `last` comes no other. So whoever goes through a song looks at each element once.
+  struct Searched {
+    bool Holds(uint64_t now, int32_t index) const {
+      return now == revision && index >= start && index <= last;
+    }
+    uint64_t revision = 0;
+    int32_t start = -1;
+    int32_t last = -1;
+  };
+
   bool BlockIsDone(int32_t count) const;
   bool ClosesCycle(int32_t index);
-  std::optional<int32_t> DistanceToStart(int32_t index, const ElementList& elements, EventPump& pump);
+  std::optional<int32_t> FindStart(int32_t index, const Document& document, EventPump& pump);
 
   int16_t counter_ = 0;
-  int32_t searchFrom_ = 0;                       ///< no start lies before this index
-  std::set<std::pair<int32_t, int16_t>> jumps_;  ///< index and counter of the jumps since the last "("
+  Searched searched_;
+  std::unordered_set<int64_t> jumps_;  ///< index and counter of the jumps since the last "("
 };
 
 }  // namespace trillomat

@@ -57,14 +57,18 @@ TEST(PlayTrace, FollowsRepeats) {
   EXPECT_EQ(Order("( ( *3a2 @2) @2) *3c2"), "01232342345");
 }
 
-TEST(PlayTrace, RepeatEndsWithoutAStartCostNoMoreThanOthers) {
-  constexpr int kCount = 20000;
-  Playing p;
-  p.Load(ElementList(kCount, Command("@2)")));
-  EXPECT_TRUE(TraceMelody(p.document, 1, p.services, [](const TraceStep&) { return true; }));
-  EXPECT_LE(p.pump.pumps, 4 * kCount);
-  EXPECT_EQ(p.log.lines.size(), kCount - 1U) << "the first element is none that could have a start";
-  EXPECT_EQ(p.log.lines.front(), "2: Can not find the start of the Repeat");
+TEST(PlayTrace, RepeatEndsCostNoMoreThanOthers) {
+  for (const std::string start : {"", "( *3a2"}) {  // without a start, and each with the same
+    Playing p(start);
+    const size_t ends = start.empty() ? 20000 : 300;
+    p.document.Apply({.at = 2, .inserted = ElementList(ends, Command("@2)"))});
+    int steps = 0;
+    EXPECT_TRUE(TraceMelody(p.document, 1, p.services, [&steps](const TraceStep&) { return ++steps > 0; }));
+    EXPECT_LE(p.pump.pumps, 3 * steps) << start;
+    // The first element is none that could have a start.
+    EXPECT_THAT(p.log.lines, testing::SizeIs(start.empty() ? ends - 1 : 0));
+    EXPECT_THAT(p.log.lines, testing::Each("2: Can not find the start of the Repeat"));
+  }
 }
 
 TEST(PlayTrace, MatchesThePlayLoop) {

@@ -63,6 +63,30 @@ TEST(Player, ReportsWhatItCannotPlay) {
   EXPECT_THAT(p.view.calls, ElementsAre("Hz 0")) << "shown, though not sounded";
 }
 
+TEST(Player, JumpsToTheNearestStartOfTheSongAsItIs) {
+  struct Step {
+    Change change;
+    int32_t index;
+    int32_t back;
+  };
+  Playing p("( *3a2 @0) *3c2 @0)");
+  for (const Step& step :
+       {Step{{}, 4, 4}, Step{{}, 2, 2}, Step{{}, 4, 4}, Step{{.at = 3, .removed = 1}, 3, 3},
+        Step{{.at = 1, .inserted = {Command("(")}}, 4, 3}, Step{{}, 3, 2}, Step{{.removed = 2}, 2, 0},
+        Step{{.inserted = {Command("(")}}, 2, 2}}) {
+    p.document.Apply(step.change);
+    EXPECT_EQ(p.player.PlayElement(p.document.At(step.index), step.index), step.back);
+  }
+  EXPECT_THAT(p.log.lines, ElementsAre("2: Can not find the start of the Repeat"));
+  // Another song comes while the start is looked for: that one is searched from there on.
+  p.Load("( *3a2 *3a2 *3a2 @0)");
+  p.pump.onPump = [&](int) {
+    if (p.document.At(0).Command() == "(") p.Load("*3a2 ( *3a2 *3a2 @0)");
+  };
+  EXPECT_EQ(p.player.PlayElement(p.document.At(4), 4), 3);
+  EXPECT_EQ(p.player.PlayElement(p.document.At(4), 4), 3);
+}
+
 TEST(Player, PerformsCommandsInIMelodyAlone) {
   Playing p("ledon backon backoff ledoff backon V10 V+ vibeon vibeoff thereupon");
   p.PlayAll();
