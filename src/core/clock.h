@@ -12,10 +12,12 @@ class Clock {
   Clock& operator=(const Clock&) = delete;
   virtual ~Clock() = default;
 
-  /// Local time of day in seconds with fractions, 0 at midnight.
+  /// Local time of day in seconds with fractions, 0 at midnight. Goes on steadily, also when somebody puts
+  /// the system's clock forward or back.
   virtual double SecondsSinceMidnight() const = 0;
-  /// Today's date and the time of day in the system's short formats (Windows-1252).
+  /// Today's date in the system's short format, for the name of a file: UTF-8, in the locale's own digits.
   virtual std::string DateText() const = 0;
+  /// The time of day in the system's format, for a text: Windows-1252.
   virtual std::string TimeText() const = 0;
 };
 

@@ -42,7 +42,7 @@ void FileLog::Show(std::string_view message) {
 }
 
 std::filesystem::path LogFilePath(const std::filesystem::path& folder, std::string_view dateText) {
-  const std::string name = ToUtf8(ReplaceAll(ReplaceAll(dateText, "/", "-"), ".", "-") + ".txt");
+  const std::string name = ReplaceAll(ReplaceAll(dateText, "/", "-"), ".", "-") + ".txt";
   return folder / std::u8string(name.begin(), name.end());
 }
 

@@ -81,7 +81,7 @@ class FileLog : public Log {
   bool failureShown_ = false;
 };
 
-/// The day's log file in `folder`: the date text with every "/" and "." turned into "-", and ".txt".
+/// The day's log file in `folder`: the date text (UTF-8) with every "/" and "." turned into "-", and ".txt".
 std::filesystem::path LogFilePath(const std::filesystem::path& folder, std::string_view dateText);
 
 }  // namespace trillomat

@@ -1,16 +1,18 @@
 #include "platform/clock_std.h"
 
-#include <chrono>
+#include <cmath>
 #include <ctime>
 #include <iomanip>
 #include <sstream>
 #include <stdexcept>
+#include <utility>
 
 #include "core/code_page.h"
 
 namespace trillomat {
 namespace {
 
+using std::chrono::steady_clock;
 using std::chrono::system_clock;
 
 std::tm LocalTime(system_clock::time_point time) {
@@ -24,6 +26,13 @@ std::tm LocalTime(system_clock::time_point time) {
   return local;
 }
 
+double TimeOfDay(system_clock::time_point time) {
+  const auto second = std::chrono::floor<std::chrono::seconds>(time);
+  const std::tm local = LocalTime(second);
+  const std::chrono::duration<double> fraction = time - second;
+  return local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec + fraction.count();
+}
+
 std::locale UserLocale() {
   try {
     return std::locale("");
@@ -32,28 +41,38 @@ std::locale UserLocale() {
   }
 }
 
-}  // namespace
-
-StdClock::StdClock() : locale_(UserLocale()) {}
-
-double StdClock::SecondsSinceMidnight() const {
-  const auto now = system_clock::now();
-  const std::tm local = LocalTime(std::chrono::floor<std::chrono::seconds>(now));
-  const std::chrono::duration<double> fraction = now - std::chrono::floor<std::chrono::seconds>(now);
-  return local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec + fraction.count();
-}
-
-std::string StdClock::DateText() const { return NowAs("%x"); }
-
-std::string StdClock::TimeText() const { return NowAs("%X"); }
-
-std::string StdClock::NowAs(const char* format) const {
+std::string NowAs(const char* format, const std::locale& locale) {
   const std::tm local = LocalTime(system_clock::now());
   std::ostringstream text;
-  text.imbue(locale_);
+  text.imbue(locale);
   text << std::put_time(&local, format);
-  // Most locales write UTF-8; the bytes of any other stay as they are.
-  return FromUtf8(text.str()).value_or(text.str());
+  return text.str();
+}
+
+}  // namespace
+
+StdClock::StdClock() : StdClock(UserLocale(), system_clock::now()) {}
+
+StdClock::StdClock(std::locale locale, system_clock::time_point start)
+    : locale_(std::move(locale)), start_(TimeOfDay(start)) {}
+
+double StdClock::SecondsSinceMidnight() const {
+  const std::chrono::duration<double> since = steady_clock::now() - begin_;
+  return std::fmod(start_ + since.count(), 24 * 3600);
+}
+
+// Most locales write UTF-8; the bytes of any other count as Windows-1252.
+std::string StdClock::DateText() const {
+  const std::string text = NowAs("%x", locale_);
+  return FromUtf8(text) ? text : ToUtf8(text);
+}
+
+std::string StdClock::TimeText() const { return TimeInCodePage(NowAs("%X", locale_)); }
+
+std::string StdClock::TimeInCodePage(const std::string& utf8) {
+  const std::string text = FromUtf8(utf8).value_or(utf8);
+  const bool whole = text == utf8 || ToUtf8(text) == utf8;
+  return whole ? text : NowAs("%H:%M:%S", std::locale::classic());
 }
 
 }  // namespace trillomat

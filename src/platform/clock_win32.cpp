@@ -1,9 +1,7 @@
 #include "platform/clock_win32.h"
 
-#include <algorithm>
 #include <array>
 
-#include "core/code_page.h"
 #include "platform/win32.h"
 
 namespace trillomat {
@@ -12,14 +10,9 @@ namespace {
 constexpr size_t kLongest = 128;
 using Buffer = std::array<wchar_t, kLongest>;
 
-// Letters that the code page lacks are left out: "?", which stands for them elsewhere, cannot be in the
-// name of the log file.
-std::string CodePageText(const Buffer& text, int length) {
-  if (length <= 1) return {};
-  const auto utf8 = Utf8OfWide({text.data(), static_cast<size_t>(length - 1)});
-  std::string known = FromUtf8(utf8.value_or("")).value_or("");
-  std::erase(known, '?');
-  return known;
+// `length` counts the zero at the end; it is 0 when the system has no text.
+std::string Utf8Of(const Buffer& text, int length) {
+  return length <= 1 ? "" : Utf8OfWide({text.data(), static_cast<size_t>(length - 1)}).value_or("");
 }
 
 }  // namespace
@@ -28,14 +21,14 @@ std::string Win32Clock::DateText() const {
   Buffer text{};
   const int length = GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, nullptr, nullptr, text.data(),
                                      static_cast<int>(text.size()), nullptr);
-  return CodePageText(text, length);
+  return Utf8Of(text, length);
 }
 
 std::string Win32Clock::TimeText() const {
   Buffer text{};
   const int length = GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, 0, nullptr, nullptr, text.data(),
                                      static_cast<int>(text.size()));
-  return CodePageText(text, length);
+  return TimeInCodePage(Utf8Of(text, length));
 }
 
 }  // namespace trillomat

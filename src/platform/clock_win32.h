@@ -9,6 +9,8 @@ namespace trillomat {
 
 class Win32Clock : public StdClock {
  public:
+  using StdClock::StdClock;
+
   std::string DateText() const override;
   std::string TimeText() const override;
 };

@@ -1,6 +1,9 @@
 #include "core/log.h"
 
 #include <gmock/gmock.h>
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
 
 #include "support/fakes.h"
 #include "support/temp_folder.h"
@@ -60,15 +63,35 @@ TEST_F(FileLogTest, OneOperationCanBeSilencedFromItsSecondMessageOn) {
 }
 
 TEST_F(FileLogTest, AFileThatCannotBeWrittenIsSaidOnce) {
-  FileLog log(file_ / "no" / "folder.txt", clock_, messages_);
-  log.WriteLog("first", 1);
-  log.WriteLog("second", 1);
-  EXPECT_THAT(messages_.shown, ElementsAre(HasSubstr("cannot be written")));
+  folder_.MakeFolder("folder.txt");
+  std::vector<std::filesystem::path> files = {file_ / "no" / "folder.txt", folder_ / "folder.txt"};
+#ifndef _WIN32
+  files.push_back(folder_ / "pipe \xFF");
+  ASSERT_EQ(mkfifo(files.back().c_str(), 0600), 0);
+#endif
+  for (const std::filesystem::path& file : files) {
+    messages_.shown.clear();
+    FileLog log(file, clock_, messages_);
+    log.WriteLog("first", 1);
+    log.WriteLog("second", 1);
+    EXPECT_THAT(messages_.shown, ElementsAre(HasSubstr("cannot be written: " + folder_.Path().string())));
+  }
 }
+
+#ifndef _WIN32
+TEST_F(FileLogTest, OnlyTheUserCanReadIt) {
+  FileLog(file_, clock_, messages_).WriteLog("first", 1);
+  using std::filesystem::perms;
+  EXPECT_EQ(std::filesystem::status(file_).permissions() & (perms::group_all | perms::others_all),
+            perms::none);
+}
+#endif
 
 TEST(LogFilePathTest, DateTextMakesAFileName) {
   EXPECT_EQ(LogFilePath("logs", "14.05.2002"), std::filesystem::path("logs") / "14-05-2002.txt");
   EXPECT_EQ(LogFilePath("logs", "5/14/2002"), std::filesystem::path("logs") / "5-14-2002.txt");
+  EXPECT_EQ(LogFilePath("logs", "\u06f2\u06f6/\u06f1\u06f1"),
+            std::filesystem::path("logs") / u8"\u06f2\u06f6-\u06f1\u06f1.txt");
 }
 
 }  // namespace
