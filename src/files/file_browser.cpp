@@ -5,7 +5,6 @@
 #include "core/ascii.h"
 #include "core/scoped_value.h"
 #include "files/path_text.h"
-#include "files/replace_file.h"
 
 namespace trillomat {
 namespace {
@@ -63,7 +62,7 @@ TargetFile FileBrowser::SelectedFile() const {
 
 void FileBrowser::Refresh() {
   const auto folder = parts_.store.NativePath(folder_);
-  SweepLeftovers(folder, parts_.store);
+  parts_.store.Sweep(folder);
   const auto folders = parts_.store.ListFolders(folder);
   const std::string_view extension = LimitsOf(parts_.document.Mode()).extension;
   const auto files = parts_.store.ListFiles(folder, "*." + std::string(extension));

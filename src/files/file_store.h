@@ -4,6 +4,7 @@
 // each system maps its drives as its users expect, and tests can make every step fail.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -28,6 +29,44 @@ class FileLock {
   FileLock(const FileLock&) = delete;
   FileLock& operator=(const FileLock&) = delete;
   virtual ~FileLock() = default;
+};
+
+/// Takes bytes; closed when it goes.
+class OutputFile {
+ public:
+  OutputFile() = default;
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
+  virtual ~OutputFile() = default;
+
+  /// False when not all of them were taken.
+  virtual bool Write(std::string_view bytes) = 0;
+};
+
+/// A file that is to take the place of another. Until it has, nobody sees it by that one's name, and
+/// nothing of it is left when it goes, or when the program is killed, as far as the medium allows.
+class NewFile : public OutputFile {
+ public:
+  /// True once the bytes are on the medium.
+  virtual bool Flush() = 0;
+  /// What had the name is replaced in the same instant.
+  virtual bool TakePlace() = 0;
+};
+
+/// What is there under a name, with links followed.
+enum class FileKind {
+  None,
+  Plain,
+  Folder,
+  Stream,  ///< a device, a pipe or a socket, or one of the process's own open files (/dev/stdout)
+};
+
+/// The content of a file, or why there is none.
+struct FileBytes {
+  enum class Fault { None, NotOpened, NotRead, NotPlain, TooLarge };
+
+  Fault fault = Fault::None;
+  std::string bytes = {};
 };
 
 class FileStore {
@@ -55,23 +94,39 @@ class FileStore {
   // Of what fails from here on, the system's last error (errno) says why, as far as it says anything.
   /// True for an entry of any kind, a link that leads nowhere included.
   virtual bool Exists(const std::filesystem::path& file) const = 0;
+  virtual FileKind Kind(const std::filesystem::path& file) const = 0;
+  /// What a symbolic link leads to, whether that is there or not; any other path as it is. Nothing where
+  /// links lead in a circle.
+  virtual std::optional<std::filesystem::path> Resolved(const std::filesystem::path& file) const = 0;
+  /// Reads a plain file, or the nameless pipe that a shell hands over (/dev/stdin), of at most `limit` bytes.
+  /// Never waits for somebody to write to what has a name.
+  virtual FileBytes Read(const std::filesystem::path& file, size_t limit) const = 0;
   /// Deletes a file, never a folder.
   virtual bool Delete(const std::filesystem::path& file) = 0;
   /// Copies a file and flushes the copy. False when `to` exists, or when the copy fails, which leaves
   /// nothing of it.
   virtual bool Copy(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
 
-  /// Makes an empty file; false when the name is taken.
-  virtual bool Create(const std::filesystem::path& file) = 0;
-  /// Gives `to` the owner and the access rights of `from`, as far as the system allows.
-  virtual void KeepRights(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
-  /// True once the file's bytes are on the medium.
-  virtual bool Flush(const std::filesystem::path& file) = 0;
+  /// A file to take the place of `target`, which may exist but is no link, in the same folder. From its first
+  /// byte on it has the rights of what it replaces, its owner and extended attributes as far as the system
+  /// allows; or, with `userAlone`, nobody but the user may read it. Nothing when it cannot be made.
+  virtual std::unique_ptr<NewFile> Make(const std::filesystem::path& target, bool userAlone) = 0;
+  /// Opens what is a FileKind::Stream. Without `wait`, what nobody reads from is not opened, and what takes
+  /// no more bytes at once fails.
+  virtual std::unique_ptr<OutputFile> OpenStream(const std::filesystem::path& file, bool wait) = 0;
+  /// Deletes the new files that this store made and that have not taken their place; none does any more. To
+  /// be called, from any thread, when the process ends in the middle of its work.
+  virtual void DeleteUnfinished() = 0;
+  /// Deletes what killed programs left in `folder` of new files: those alone that carry the mark of having
+  /// been made there, and that nobody works on.
+  virtual void Sweep(const std::filesystem::path& folder) = 0;
   /// True once the names in the folder are on the medium, and where the medium cannot be asked for it.
   virtual bool FlushFolder(const std::filesystem::path& folder) = 0;
-  /// Whether another file can take the place of `file`: false for a folder, and for what nobody but its
-  /// owner, or its present user, may remove.
+  /// Whether another file can take the place of `file`, links followed: false for a folder, for what nobody
+  /// but its owner may remove, and for what is marked read-only.
   virtual bool CanRemove(const std::filesystem::path& file) const = 0;
+  /// Whether the file, links followed, is marked as one that the user may not write.
+  virtual bool IsReadOnly(const std::filesystem::path& file) const = 0;
   /// Renames a file within its folder; what was named `to` is replaced in the same instant.
   virtual bool Move(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
 

@@ -13,19 +13,20 @@ namespace {
 namespace fs = std::filesystem;
 
 // What is no plain file (a pipe, a device) could be read without end. Empty for what is one.
-std::string WhyNoFile(const fs::path& file) {
-  std::error_code unreadable;
-  const fs::file_status found = fs::status(file, unreadable);
+std::string WhyNoFile(const fs::path& file, const FileStore& store) {
   const std::string name = Utf8OfPath(file.filename());
-  if (fs::is_regular_file(found)) return {};
-  return fs::exists(found) ? name + " is no plain file" : "there is no file " + name;
+  switch (store.Kind(file)) {
+    case FileKind::Plain: return {};
+    case FileKind::None: return "there is no file " + name;
+    default: return name + " is no plain file";
+  }
 }
 
 }  // namespace
 
 bool Opener::Open(const fs::path& file, FormatMode mode) {
-  if (const std::string why = WhyNoFile(file); !why.empty()) return Refuse(why);
-  const auto bytes = ReadFile(file);
+  if (const std::string why = WhyNoFile(file, parts_.store); !why.empty()) return Refuse(why);
+  const auto bytes = ReadFile(file, parts_.store);
   if (!bytes) {
     LogReaderFault(mode, parts_.services.log);
     return Refuse(ToUtf8(bytes.Why().why));

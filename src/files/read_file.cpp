@@ -1,9 +1,10 @@
 #include "files/read_file.h"
 
-#include <array>
 #include <cerrno>
-#include <fstream>
 #include <system_error>
+#include <utility>
+
+#include "core/limits.h"
 
 namespace trillomat {
 namespace {
@@ -16,17 +17,19 @@ Refusal Refused(const std::string& what) {
 
 }  // namespace
 
-Result<std::string> ReadFile(const std::filesystem::path& file) {
+Result<std::string> ReadFile(const std::filesystem::path& file, const FileStore& store) {
   errno = 0;
-  std::ifstream in(file, std::ios::binary);
-  if (!in) return Refused("the file cannot be opened");
-  std::string bytes;
-  std::array<char, 65536> block{};
-  while (in.read(block.data(), block.size()) || in.gcount() > 0) {
-    bytes.append(block.data(), static_cast<size_t>(in.gcount()));
+  FileBytes read = store.Read(file, kLargestInput);
+  switch (read.fault) {
+    case FileBytes::Fault::None: return std::move(read.bytes);
+    case FileBytes::Fault::NotOpened: return Refused("the file cannot be opened");
+    case FileBytes::Fault::NotRead: return Refused("the file cannot be read");
+    case FileBytes::Fault::NotPlain: return Refusal{.why = "it is no plain file"};
+    case FileBytes::Fault::TooLarge: return Refusal{.why = "the file is " + TooLargeText()};
   }
-  if (in.bad()) return Refused("the file cannot be read");
-  return bytes;
+  return Refusal{};
 }
+
+std::string TooLargeText() { return "larger than " + std::to_string(kLargestInput >> 20) + " MiB"; }
 
 }  // namespace trillomat

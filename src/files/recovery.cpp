@@ -42,13 +42,15 @@ bool Recovery::FindSlot(bool abandoned) {
 bool Recovery::Start() {
   if (folder_.empty()) return false;
   std::error_code exists;
-  std::filesystem::create_directories(folder_, exists);
+  if (std::filesystem::create_directories(folder_, exists)) {
+    std::filesystem::permissions(folder_, std::filesystem::perms::owner_all, exists);
+  }
   const bool abnormal = FindSlot(true);
   if (!abnormal && !FindSlot(false)) {
     log_.WriteLog("No recovery file can be kept", 1);
     return false;
   }
-  SweepLeftovers(folder_, store_);
+  store_.Sweep(folder_);
   const bool left = Recorded("recovery-").has_value();
   if (left) store_.Move(File("recovery-"), File("last-"));
   return abnormal && left;
@@ -87,13 +89,13 @@ void Recovery::SongReplaced() {
 
 std::optional<RecoveredSong> Recovery::Recorded(std::string_view kind) const {
   if (slot_ == 0 || !store_.Exists(File(kind))) return std::nullopt;
-  const auto text = ReadFile(File(kind));
+  const auto text = ReadFile(File(kind), store_);
   if (!text) return std::nullopt;
   return ReadRecovery(*text);
 }
 
 bool Recovery::Write(std::string_view kind, std::string_view text) {
-  if (ReplaceFile(File(kind), store_, text)) return true;
+  if (ReplacePrivateFile(File(kind), store_, text)) return true;
   if (!failureLogged_) log_.WriteLog("Could not write the recovery file", 1);
   failureLogged_ = true;
   return false;

@@ -1,7 +1,6 @@
 // Replacing a file so that at every instant, a power cut included, its old or its new content is on the
 // medium under its name, whole: it is written beside, flushed, renamed over the old one, and the folder is
-// flushed. While that lasts the new content of tune.imy is ".saving-0.trillomat" in the same folder, locked
-// by who writes it.
+// flushed.
 #pragma once
 
 #include <filesystem>
@@ -19,29 +18,40 @@ struct Replacement {
   enum class Outcome {
     Replaced,           ///< or, where the file is no plain one, written into
     ReplacedUnflushed,  ///< the folder could not be flushed, so that a power cut may undo it
-    NotMade,            ///< no new file could be made beside it
+    NotMade,            ///< no new file could be made beside it, or it is one that is not replaced
     NotWritten,         ///< nor with a device or pipe, which may have taken part of it
     NotFlushed,
     NotMoved,  ///< the new file could not take its place
   };
 
   Outcome outcome = Outcome::Replaced;
-  std::string reason = {};  ///< the system's words ("No space left on device"), as far as it has any
+  std::string reason = {};  ///< why not, in words ("No space left on device"), as far as the system has any
 
   explicit operator bool() const {
     return outcome == Outcome::Replaced || outcome == Outcome::ReplacedUnflushed;
   }
 };
 
+/// Why a file is not replaced that is marked so.
+inline constexpr std::string_view kMarkedReadOnly = "the file is marked read-only";
+
+/// What is done with a device, a pipe or a socket: it is written into, and waited for where nobody reads, or
+/// not; or it is refused.
+enum class Streams { Wait, AtOnce, Refuse };
+
 using WriteContent = std::function<void(std::ostream&)>;
 
-/// Puts what `write` writes in the place of `file`, which need not exist. A symbolic link is followed and
-/// what it leads to replaced; rights and owner of an old file stay; a device, a pipe or a socket is written
-/// into. An exception of `write` passes through, with the old file as it was.
-Replacement ReplaceFile(const std::filesystem::path& file, FileStore& store, const WriteContent& write);
-Replacement ReplaceFile(const std::filesystem::path& file, FileStore& store, std::string_view bytes);
+/// Writes these bytes, which outlive it.
+WriteContent WriteBytes(std::string_view bytes);
 
-/// Clears away what replacements that were killed left in `folder`.
-void SweepLeftovers(const std::filesystem::path& folder, FileStore& store);
+/// Puts what `write` writes in the place of `file`, which need not exist. A symbolic link is followed and
+/// what it leads to replaced; rights, owner and extended attributes of an old file stay, as far as the system
+/// lets them; one that is marked read-only is not replaced. An exception of `write` passes through, with the
+/// old file as it was.
+Replacement ReplaceFile(const std::filesystem::path& file, FileStore& store, const WriteContent& write,
+                        Streams streams = Streams::Wait);
+
+/// The same for a file that the program keeps for itself: a plain one, that the user alone can read.
+Replacement ReplacePrivateFile(const std::filesystem::path& file, FileStore& store, std::string_view bytes);
 
 }  // namespace trillomat

@@ -43,15 +43,18 @@ SaveResult WriteSong(const TargetFile& file, FileStore& store, Document& documen
   const FormatMode mode = document.Mode();
   Song written;
   std::optional<Refusal> refusal;
-  const Replacement replacement = ReplaceFile(file.path, store, [&](std::ostream& stream) {
-    onMade();
-    written = document.CurrentSong();
-    const auto bytes = Write(written, mode, services);
-    if (bytes) stream << *bytes;
-    if (bytes) return;
-    refusal = bytes.Why();
-    stream.setstate(std::ios::badbit);
-  });
+  const Replacement replacement = ReplaceFile(
+      file.path, store,
+      [&](std::ostream& stream) {
+        onMade();
+        written = document.CurrentSong();
+        const auto bytes = Write(written, mode, services);
+        if (bytes) stream << *bytes;
+        if (bytes) return;
+        refusal = bytes.Why();
+        stream.setstate(std::ios::badbit);
+      },
+      Streams::AtOnce);
   LogReplacement(replacement, file, services.log);
   if (replacement) {
     document.SetFile(std::filesystem::absolute(file.path), document.CurrentSong() != written);
@@ -72,7 +75,8 @@ SaveResult SaveOver(const TargetFile& file, FileStore& store, Document& document
   }
   if (!store.CanRemove(file.path)) {
     LogOf(file, "Failed to remove the file in bDeleteFile->", services.log);
-    return {Outcome::NotRemoved, "the old file cannot be replaced"};
+    const bool marked = store.IsReadOnly(file.path);
+    return {Outcome::NotRemoved, std::string(marked ? kMarkedReadOnly : "the old file cannot be replaced")};
   }
   return WriteSong(file, store, document, services, onRemoved);
 }

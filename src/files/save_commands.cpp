@@ -6,7 +6,6 @@
 #include "core/ascii.h"
 #include "core/code_page.h"
 #include "files/path_text.h"
-#include "files/replace_file.h"
 
 namespace trillomat {
 
@@ -75,7 +74,7 @@ void SaveCommands::AskAndWrite() {
   const auto file = AskFile();
   if (!file) return log.WriteLog("Abort Save As file", 1);
   // In a folder that the list does not show, nobody else has looked for what a killed program left.
-  SweepLeftovers(file->parent_path(), parts_.store);
+  parts_.store.Sweep(file->parent_path());
   const bool exists = parts_.store.Exists(*file);
   if (exists && !parts_.host.AskYesNo("File Exist", "File Already exist! Remove?")) return;
   const TargetFile target{*file, LogText(*file, parts_.store)};

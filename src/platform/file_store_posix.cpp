@@ -1,14 +1,15 @@
 #include "platform/file_store_posix.h"
 
 #include <dirent.h>
-#include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <unistd.h>
+#include <sys/vfs.h>
 
 #include <array>
 #include <cerrno>
 
+#include "platform/descriptor_posix.h"
 #include "platform/file_names.h"
 
 namespace trillomat {
@@ -16,27 +17,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// An open file, closed when it goes.
-class Descriptor {
- public:
-  Descriptor(const fs::path& file, int flags, mode_t rights = 0)
-      : number_(open(file.c_str(), flags | O_CLOEXEC, rights)) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() {
-    if (number_ >= 0) close(number_);
-  }
-  explicit operator bool() const { return number_ >= 0; }
-  int operator*() const { return number_; }
-  bool Flush() const { return number_ >= 0 && fsync(number_) == 0; }
-
- private:
-  int number_;
-};
-
 class PosixLock : public FileLock {
  public:
-  explicit PosixLock(const fs::path& file) : file_(file, O_RDWR | O_CREAT, 0600) {
+  explicit PosixLock(const fs::path& file) : file_(file, O_RDWR | O_CREAT | O_NONBLOCK, 0600) {
     held_ = file_ && flock(*file_, LOCK_EX | LOCK_NB) == 0;
   }
   bool Held() const { return held_; }
@@ -75,25 +58,41 @@ FolderListing List(const fs::path& folder, mode_t kind, std::string_view ending)
   return listing;
 }
 
-// write(2) may take less than all of it.
-bool WriteAll(int file, const char* bytes, size_t count) {
-  while (count > 0) {
-    const ssize_t written = write(file, bytes, count);
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return false;
-    bytes += written;
-    count -= static_cast<size_t>(written);
-  }
-  return true;
+class PosixStream : public OutputFile {
+ public:
+  explicit PosixStream(Descriptor file) : file_(std::move(file)) {}
+  bool Write(std::string_view bytes) override { return WriteAll(*file_, bytes); }
+
+ private:
+  Descriptor file_;
+};
+
+// The process's own open file that the path stands for (/proc/self/fd/1, what /dev/stdout is a link to).
+// Opened anew such a file would be written from its beginning.
+std::optional<int> OwnDescriptor(const fs::path& file) {
+  const std::string name = file.filename().native();
+  std::error_code none;
+  const bool own = fs::equivalent(file.parent_path(), "/proc/self/fd", none);
+  const bool number = !name.empty() && name.size() < 9 && name.find_first_not_of("0123456789") == name.npos;
+  if (!own || !number || fcntl(std::stoi(name), F_GETFD) < 0) return std::nullopt;
+  return std::stoi(name);
 }
 
-bool CopyBytes(int from, int to) {
+// A pipe without a name has somebody at its other end.
+bool IsNamelessPipe(int file) {
+  struct statfs system {};
+  return fstatfs(file, &system) == 0 && system.f_type == PIPEFS_MAGIC;
+}
+
+FileBytes ReadAll(int file, size_t limit) {
+  FileBytes read;
   std::array<char, 65536> block{};
   while (true) {
-    const ssize_t count = read(from, block.data(), block.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return count == 0;
-    if (!WriteAll(to, block.data(), static_cast<size_t>(count))) return false;
+    const ssize_t count = Uninterrupted([&] { return ::read(file, block.data(), block.size()); });
+    if (count < 0) return {FileBytes::Fault::NotRead};
+    if (count == 0) return read;
+    if (static_cast<size_t>(count) > limit - read.bytes.size()) return {FileBytes::Fault::TooLarge};
+    read.bytes.append(block.data(), static_cast<size_t>(count));
   }
 }
 
@@ -111,35 +110,62 @@ bool PosixFileStore::Exists(const fs::path& file) const {
   return lstat(file.c_str(), &found) == 0;
 }
 
+FileKind PosixFileStore::Kind(const fs::path& file) const {
+  const auto target = Resolved(file);
+  struct stat found {};
+  if (!target) return FileKind::None;
+  if (OwnDescriptor(*target)) return FileKind::Stream;
+  if (stat(target->c_str(), &found) != 0) return FileKind::None;
+  if (S_ISREG(found.st_mode)) return FileKind::Plain;
+  return S_ISDIR(found.st_mode) ? FileKind::Folder : FileKind::Stream;
+}
+
+std::optional<fs::path> PosixFileStore::Resolved(const fs::path& file) const {
+  constexpr int kMostLinks = 40;
+  fs::path target = file;
+  std::error_code unreadable;
+  for (int i = 0; i < kMostLinks; ++i) {
+    if (OwnDescriptor(target) || !fs::is_symlink(target, unreadable)) return target;
+    target = target.parent_path() / fs::read_symlink(target, unreadable);
+  }
+  errno = ELOOP;
+  return std::nullopt;
+}
+
+FileBytes PosixFileStore::Read(const fs::path& file, size_t limit) const {
+  const Descriptor in(file, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+  struct stat found {};
+  if (!in || fstat(*in, &found) != 0) return {FileBytes::Fault::NotOpened};
+  errno = 0;
+  if (!S_ISREG(found.st_mode) && !(S_ISFIFO(found.st_mode) && IsNamelessPipe(*in)))
+    return {FileBytes::Fault::NotPlain};
+  if (S_ISREG(found.st_mode) && static_cast<uint64_t>(found.st_size) > limit)
+    return {FileBytes::Fault::TooLarge};
+  fcntl(*in, F_SETFL, 0);
+  return ReadAll(*in, limit);
+}
+
 bool PosixFileStore::Delete(const fs::path& file) { return unlink(file.c_str()) == 0; }
 
 bool PosixFileStore::Copy(const fs::path& from, const fs::path& to) {
   const Descriptor source(from, O_RDONLY);
   struct stat found {};
   if (!source || fstat(*source, &found) != 0 || !S_ISREG(found.st_mode)) return false;
-  const Descriptor copy(to, O_WRONLY | O_CREAT | O_EXCL, found.st_mode & 0777U);
+  const Descriptor copy(to, O_WRONLY | O_CREAT | O_EXCL, 0600);
   if (!copy) return false;
+  KeepRights(from, *copy);
   if (CopyBytes(*source, *copy) && copy.Flush() && FlushFolder(to.parent_path())) return true;
   Delete(to);
   return false;
 }
 
-bool PosixFileStore::Create(const fs::path& file) {
-  return static_cast<bool>(Descriptor(file, O_WRONLY | O_CREAT | O_EXCL, 0666));
+std::unique_ptr<OutputFile> PosixFileStore::OpenStream(const fs::path& file, bool wait) {
+  const auto own = OwnDescriptor(file);
+  Descriptor stream = own ? Descriptor(fcntl(*own, F_DUPFD_CLOEXEC, 0))
+                          : Descriptor(file, O_WRONLY | O_NOCTTY | (wait ? 0 : O_NONBLOCK));
+  if (!stream) return nullptr;
+  return std::make_unique<PosixStream>(std::move(stream));
 }
-
-// The owner first, as a change of owner takes rights away. The group may be given where the owner may not.
-void PosixFileStore::KeepRights(const fs::path& from, const fs::path& to) {
-  struct stat found {};
-  if (stat(from.c_str(), &found) != 0 || !S_ISREG(found.st_mode)) return;
-  constexpr uid_t kUnchanged = static_cast<uid_t>(-1);
-  const bool owned =
-      chown(to.c_str(), found.st_uid, found.st_gid) == 0 || chown(to.c_str(), kUnchanged, found.st_gid) == 0;
-  // Rights of a group that it could not be given are not those of the group that it has.
-  chmod(to.c_str(), found.st_mode & (owned ? 0777U : 0707U));
-}
-
-bool PosixFileStore::Flush(const fs::path& file) { return Descriptor(file, O_RDONLY).Flush(); }
 
 bool PosixFileStore::FlushFolder(const fs::path& folder) {
   return Descriptor(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY).Flush() || errno == EINVAL;
@@ -147,18 +173,28 @@ bool PosixFileStore::FlushFolder(const fs::path& folder) {
 
 // In a folder like /tmp everybody may write, but remove only what is one's own.
 bool PosixFileStore::CanRemove(const fs::path& file) const {
+  const auto target = Resolved(file);
   struct stat found {};
   struct stat folder {};
-  if (lstat(file.c_str(), &found) != 0 || S_ISDIR(found.st_mode)) return false;
-  const fs::path parent = file.parent_path();
+  if (!target || IsReadOnly(*target)) return false;
+  if (lstat(target->c_str(), &found) != 0) return true;
+  if (S_ISDIR(found.st_mode)) return false;
+  const fs::path parent = target->parent_path();
   if (stat(parent.empty() ? "." : parent.c_str(), &folder) != 0 || (folder.st_mode & S_ISVTX) == 0)
     return true;
   const uid_t user = geteuid();
   return user == 0 || user == found.st_uid || user == folder.st_uid;
 }
 
+// The mark binds the superuser too, whom the system lets write anything.
+bool PosixFileStore::IsReadOnly(const fs::path& file) const {
+  struct stat found {};
+  if (stat(file.c_str(), &found) != 0 || !S_ISREG(found.st_mode)) return false;
+  return (found.st_mode & 0222U) == 0 || faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS) != 0;
+}
+
 bool PosixFileStore::Move(const fs::path& from, const fs::path& to) {
-  return rename(from.c_str(), to.c_str()) == 0;
+  return Uninterrupted([&] { return rename(from.c_str(), to.c_str()); }) == 0;
 }
 
 std::unique_ptr<FileLock> PosixFileStore::TryLock(const fs::path& file) {

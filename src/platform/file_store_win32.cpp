@@ -6,9 +6,7 @@
 
 #include "core/ascii.h"
 #include "platform/file_names.h"
-#include "platform/win32.h"
-// after windows.h
-#include <aclapi.h>
+#include "platform/new_file_win32.h"
 
 namespace trillomat {
 namespace {
@@ -21,14 +19,16 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 class File {
  public:
   File(const fs::path& file, DWORD access, DWORD sharing, DWORD disposition)
-      : handle_(CreateFileW(file.c_str(), access, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
-                            nullptr)) {}
+      : handle_(CreateFileW(file.c_str(), access, sharing, nullptr, disposition, kFlags, nullptr)) {
+    if (!*this) KeepLastError();
+  }
   File(const File&) = delete;
   File& operator=(const File&) = delete;
   ~File() {
     if (*this) CloseHandle(handle_);
   }
   explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
+  HANDLE operator*() const { return handle_; }
   bool Flush() const { return *this && FlushFileBuffers(handle_) != FALSE; }
   /// Locks one byte that lies behind the end of every file, so that all of them stay readable and writable.
   bool TryLock() const {
@@ -39,7 +39,20 @@ class File {
   }
 
  private:
+  // So that folders can be opened too.
+  static constexpr DWORD kFlags = FILE_ATTRIBUTE_NORMAL | FILE_FLAG_BACKUP_SEMANTICS;
+
   HANDLE handle_;
+};
+
+class Win32Stream : public OutputFile {
+ public:
+  explicit Win32Stream(const fs::path& file) : file_(file, GENERIC_WRITE, kShareAll, OPEN_EXISTING) {}
+  explicit operator bool() const { return static_cast<bool>(file_); }
+  bool Write(std::string_view bytes) override { return WriteAll(*file_, bytes); }
+
+ private:
+  File file_;
 };
 
 class Win32Lock : public FileLock {
@@ -141,6 +154,29 @@ std::wstring FullPath(const fs::path& path) {
   return full;
 }
 
+// What has this name is asked for by name alone: to open it would take it away from somebody else.
+bool IsPipeName(const fs::path& file) { return file.native().starts_with(L"\\\\.\\"); }
+
+FileBytes ReadAll(HANDLE file, size_t limit) {
+  FileBytes read;
+  std::array<char, 65536> block{};
+  while (true) {
+    DWORD count = 0;
+    if (ReadFile(file, block.data(), block.size(), &count, nullptr) == FALSE) {
+      KeepLastError();
+      return {FileBytes::Fault::NotRead};
+    }
+    if (count == 0) return read;
+    if (count > limit - read.bytes.size()) return {FileBytes::Fault::TooLarge};
+    read.bytes.append(block.data(), count);
+  }
+}
+
+bool IsFolder(const fs::path& file) {
+  const DWORD attributes = GetFileAttributesW(file.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
 }  // namespace
 
 uint32_t Win32FileStore::Drives() { return ::GetLogicalDrives(); }
@@ -183,53 +219,68 @@ bool Win32FileStore::Exists(const fs::path& file) const {
   return GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
+FileKind Win32FileStore::Kind(const fs::path& file) const {
+  if (IsPipeName(file)) return FileKind::Stream;
+  const File opened(file, 0, kShareAll, OPEN_EXISTING);
+  if (!opened) return Exists(file) ? FileKind::Plain : FileKind::None;
+  if (GetFileType(*opened) != FILE_TYPE_DISK) return FileKind::Stream;
+  return IsFolder(file) ? FileKind::Folder : FileKind::Plain;
+}
+
+std::optional<fs::path> Win32FileStore::Resolved(const fs::path& file) const {
+  const DWORD attributes = GetFileAttributesW(file.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return file;
+  const File opened(file, 0, kShareAll, OPEN_EXISTING);
+  if (!opened) return std::nullopt;
+  std::wstring target(GetFinalPathNameByHandleW(*opened, nullptr, 0, FILE_NAME_NORMALIZED), L'\0');
+  target.resize(GetFinalPathNameByHandleW(*opened, target.data(), static_cast<DWORD>(target.size()),
+                                          FILE_NAME_NORMALIZED));
+  if (target.empty()) return file;
+  return target;
+}
+
+FileBytes Win32FileStore::Read(const fs::path& file, size_t limit) const {
+  if (Kind(file) == FileKind::Stream || IsFolder(file)) return {FileBytes::Fault::NotPlain};
+  const File opened(file, GENERIC_READ, kShareAll, OPEN_EXISTING);
+  if (!opened) return {FileBytes::Fault::NotOpened};
+  LARGE_INTEGER size{};
+  if (GetFileSizeEx(*opened, &size) != FALSE && static_cast<uint64_t>(size.QuadPart) > limit)
+    return {FileBytes::Fault::TooLarge};
+  return ReadAll(*opened, limit);
+}
+
 bool Win32FileStore::Delete(const fs::path& file) { return DeleteFileW(file.c_str()) != FALSE; }
 
 bool Win32FileStore::Copy(const fs::path& from, const fs::path& to) {
   if (CopyFileW(from.c_str(), to.c_str(), TRUE) == FALSE) return false;
   const Unprotected copy(to);
-  if (Flush(to)) return true;
+  if (File(to, GENERIC_WRITE, kShareAll, OPEN_EXISTING).Flush()) return true;
   Delete(to);
   return false;
 }
 
-bool Win32FileStore::Create(const fs::path& file) {
-  return static_cast<bool>(File(file, GENERIC_WRITE, kShareAll, CREATE_NEW));
+std::unique_ptr<NewFile> Win32FileStore::Make(const fs::path& target, bool userAlone) {
+  return MakeNewFile(target, userAlone);
 }
 
-// The access list; what it inherits stays inherited. And whether the file is shown.
-void Win32FileStore::KeepRights(const fs::path& from, const fs::path& to) {
-  PACL list = nullptr;
-  PSECURITY_DESCRIPTOR descriptor = nullptr;
-  if (GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &list,
-                            nullptr, &descriptor) == ERROR_SUCCESS) {
-    SECURITY_DESCRIPTOR_CONTROL control = 0;
-    DWORD revision = 0;
-    GetSecurityDescriptorControl(descriptor, &control, &revision);
-    const SECURITY_INFORMATION inheritance = (control & SE_DACL_PROTECTED) != 0
-                                                 ? PROTECTED_DACL_SECURITY_INFORMATION
-                                                 : UNPROTECTED_DACL_SECURITY_INFORMATION;
-    std::wstring name = to.native();
-    SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inheritance, nullptr,
-                          nullptr, list, nullptr);
-    LocalFree(descriptor);
-  }
-  constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
-  const DWORD attributes = GetFileAttributesW(from.c_str());
-  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & kKept) != 0)
-    SetFileAttributesW(to.c_str(), (attributes & kKept) | FILE_ATTRIBUTE_ARCHIVE);
-}
-
-bool Win32FileStore::Flush(const fs::path& file) {
-  return File(file, GENERIC_WRITE, kShareAll, OPEN_EXISTING).Flush();
+std::unique_ptr<OutputFile> Win32FileStore::OpenStream(const fs::path& file, bool /*wait*/) {
+  auto stream = std::make_unique<Win32Stream>(file);
+  if (!*stream) return nullptr;
+  return stream;
 }
 
 // The medium's journal has the names by the end of the move, which waits for it.
 bool Win32FileStore::FlushFolder(const fs::path& /*folder*/) { return true; }
 
-// Opening it to be deleted asks those who have it open, and fails for a folder.
+// Opening it to be deleted asks those who have it open.
 bool Win32FileStore::CanRemove(const fs::path& file) const {
+  if (IsFolder(file) || IsReadOnly(file)) return false;
   return static_cast<bool>(File(file, DELETE, kShareAll, OPEN_EXISTING));
+}
+
+bool Win32FileStore::IsReadOnly(const fs::path& file) const {
+  const DWORD attributes = GetFileAttributesW(file.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
 bool Win32FileStore::Move(const fs::path& from, const fs::path& to) {

@@ -18,13 +18,19 @@ class Win32FileStore : public FileStore {
   FolderListing ListFiles(const std::filesystem::path& folder, std::string_view pattern) override;
 
   bool Exists(const std::filesystem::path& file) const override;
+  FileKind Kind(const std::filesystem::path& file) const override;
+  std::optional<std::filesystem::path> Resolved(const std::filesystem::path& file) const override;
+  FileBytes Read(const std::filesystem::path& file, size_t limit) const override;
   bool Delete(const std::filesystem::path& file) override;
   bool Copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
-  bool Create(const std::filesystem::path& file) override;
-  void KeepRights(const std::filesystem::path& from, const std::filesystem::path& to) override;
-  bool Flush(const std::filesystem::path& file) override;
+  std::unique_ptr<NewFile> Make(const std::filesystem::path& target, bool userAlone) override;
+  std::unique_ptr<OutputFile> OpenStream(const std::filesystem::path& file, bool wait) override;
+  /// The system does it.
+  void DeleteUnfinished() override {}
+  void Sweep(const std::filesystem::path& /*folder*/) override {}
   bool FlushFolder(const std::filesystem::path& folder) override;
   bool CanRemove(const std::filesystem::path& file) const override;
+  bool IsReadOnly(const std::filesystem::path& file) const override;
   bool Move(const std::filesystem::path& from, const std::filesystem::path& to) override;
   std::unique_ptr<FileLock> TryLock(const std::filesystem::path& file) override;
 };

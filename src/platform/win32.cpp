@@ -1,5 +1,7 @@
 #include "platform/win32.h"
 
+#include <cerrno>
+
 namespace trillomat {
 
 std::optional<std::string> Utf8OfWide(std::wstring_view text) {
@@ -25,6 +27,27 @@ std::optional<std::wstring> WideOfUtf8(std::string_view text) {
   if (wide.empty()) return std::nullopt;
   convert(wide.data(), static_cast<int>(wide.size()));
   return wide;
+}
+
+bool KeepLastError() {
+  switch (GetLastError()) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME: errno = ENOENT; break;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_WRITE_PROTECT: errno = EACCES; break;
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION: errno = EBUSY; break;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL: errno = ENOSPC; break;
+    case ERROR_FILE_EXISTS:
+    case ERROR_ALREADY_EXISTS: errno = EEXIST; break;
+    case ERROR_FILENAME_EXCED_RANGE: errno = ENAMETOOLONG; break;
+    case ERROR_BROKEN_PIPE:
+    case ERROR_NO_DATA: errno = EPIPE; break;
+    default: errno = 0;
+  }
+  return false;
 }
 
 }  // namespace trillomat

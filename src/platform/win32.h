@@ -19,4 +19,8 @@ std::optional<std::string> Utf8OfWide(std::wstring_view text);
 /// The other way round; nothing when it is not valid UTF-8.
 std::optional<std::wstring> WideOfUtf8(std::string_view text);
 
+/// Sets errno to what GetLastError says, as far as there is such a code; to 0 where there is none. Returns
+/// false, so that what failed can return it.
+bool KeepLastError();
+
 }  // namespace trillomat

@@ -1,12 +1,15 @@
 // What only POSIX has: names of any bytes, drives laid over one tree, links, pipes, owners, very many files.
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <array>
 
 #include "files/files_fixture.h"
+#include "files/read_file.h"
 #include "files/replace_file.h"
+#include "files/system_faults.h"
 
 namespace trillomat {
 namespace {
@@ -88,7 +91,7 @@ TEST_F(FilesTest, OnlyPlainFilesAreReplaced) {
   }
   std::filesystem::create_symlink("circle.imy", folder / "circle.imy");
   save.SaveAs();
-  EXPECT_FALSE(ReplaceFile(folder / "circle.imy", store, "new"));
+  EXPECT_FALSE(ReplaceFile(folder / "circle.imy", store, WriteBytes("new")));
   EXPECT_TRUE(std::filesystem::is_symlink(folder / "circle.imy"));
 }
 
@@ -106,6 +109,33 @@ TEST_F(FilesTest, APipeIsWrittenInto) {
   EXPECT_EQ(std::string(bytes.data(), static_cast<size_t>(std::max<ssize_t>(count, 0))), FileBytes());
   close(reader);
   EXPECT_THAT(folder.Names(), ElementsAre("pipe.imy"));
+  save.SaveAs();
+  EXPECT_EQ(host.notice, "Not saved: the file cannot be written (No such device or address)");
+  EXPECT_FALSE(ReplacePrivateFile(pipe, store, "secret"));
+  EXPECT_EQ(ReadFile(pipe, store).Why().why, "it is no plain file");
+}
+
+// What killed programs left is known by more than its name.
+TEST_F(FilesTest, OnlyWhatIsMarkedAsAbandonedIsSwept) {
+  Faults().medium = Medium::NoNamelessFiles;
+  auto made = store.Make(folder / "a.imy", false);
+  ASSERT_TRUE(made);
+  const std::string name = folder.Names().at(0);
+  std::filesystem::copy(folder / name, folder / "copy");
+  std::filesystem::create_hard_link(folder / name, folder / "same");
+  store.Sweep(folder.Path());
+  EXPECT_THAT(folder.Names(), ElementsAre(name, "copy", "same")) << "somebody works on it";
+  made.reset();
+  std::filesystem::rename(folder / "copy", folder / name);
+  store.Sweep(folder.Path());
+  EXPECT_THAT(folder.Names(), ElementsAre(name, "same")) << "it is another's";
+  std::filesystem::rename(folder / "same", folder / name);
+  made = store.Make(folder / "a.imy", false);
+  store.DeleteUnfinished();
+  EXPECT_FALSE(made->TakePlace());
+  store.Sweep(folder.Path());
+  EXPECT_THAT(folder.Names(), ElementsAre());
+  Faults() = {};
 }
 
 TEST_F(FilesTest, AReplacedFileKeepsItsOwnerAndRights) {
@@ -116,16 +146,24 @@ TEST_F(FilesTest, AReplacedFileKeepsItsOwnerAndRights) {
     ASSERT_EQ(chown(file.c_str(), 65534, 65534), 0);
   }
   ASSERT_EQ(chmod(file.c_str(), 0640), 0);
+  const bool attributes = setxattr(file.c_str(), "user.tune", "x", 1, 0) == 0;
   struct stat before {};
   struct stat after {};
   ASSERT_EQ(stat(file.c_str(), &before), 0);
-  EXPECT_TRUE(ReplaceFile(file, store, "new"));
+  EXPECT_TRUE(ReplaceFile(file, store, [&](std::ostream& stream) {
+    stream << "new" << std::flush;
+    EXPECT_THAT(folder.Names(), ElementsAre(name)) << "the new file has no name yet";
+  }));
   ASSERT_EQ(stat(file.c_str(), &after), 0);
   EXPECT_EQ(folder.Read(name), "new");
   EXPECT_NE(before.st_ino, after.st_ino);
   EXPECT_EQ(before.st_mode, after.st_mode);
   EXPECT_EQ(before.st_uid, after.st_uid);
   EXPECT_EQ(before.st_gid, after.st_gid);
+  EXPECT_EQ(getxattr(file.c_str(), "user.tune", nullptr, 0), attributes ? 1 : -1);
+  EXPECT_TRUE(ReplacePrivateFile(file, store, "secret"));
+  ASSERT_EQ(stat(file.c_str(), &after), 0);
+  EXPECT_EQ(after.st_mode & 0777U, 0600U);
 }
 
 }  // namespace

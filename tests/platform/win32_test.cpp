@@ -25,9 +25,18 @@ TEST(Win32FileStore, CopiesAndReplacesWithTheirAttributes) {
     SetFileAttributesW((folder / name).c_str(), FILE_ATTRIBUTE_NORMAL);
   }
   SetFileAttributesW((folder / "a").c_str(), FILE_ATTRIBUTE_HIDDEN);
-  store.KeepRights(folder / "a", folder / "copy");
-  EXPECT_EQ(GetFileAttributesW((folder / "copy").c_str()) & FILE_ATTRIBUTE_HIDDEN,
-            DWORD{FILE_ATTRIBUTE_HIDDEN});
+  auto made = store.Make(folder / "a", false);
+  ASSERT_TRUE(made);
+  EXPECT_TRUE(made->Write("new") && made->Flush() && made->TakePlace());
+  EXPECT_EQ(folder.Read("a"), "new");
+  EXPECT_EQ(GetFileAttributesW((folder / "a").c_str()) & FILE_ATTRIBUTE_HIDDEN, DWORD{FILE_ATTRIBUTE_HIDDEN});
+  made = store.Make(folder / "a", false);
+  ASSERT_TRUE(made && made->Write("half"));
+  EXPECT_EQ(folder.Names().size(), 3U);
+  made.reset();
+  EXPECT_THAT(folder.Names(), testing::ElementsAre("a", "copy"));
+  EXPECT_EQ(store.Kind("NUL"), FileKind::Stream);
+  EXPECT_EQ(store.Read("NUL", 1).fault, FileBytes::Fault::NotPlain);
 }
 
 TEST(Win32FileStore, GivesPathsOfDrivesAlone) {

@@ -1,0 +1,26 @@
+// New files that take the place of others, over Windows.
+//
+// A new file is called ".saving-PROCESS-N.trillomat" in the same folder. It is marked to be deleted when it
+// is closed, until the instant before it is renamed, so whatever ends the program, the system deletes it.
+// Nobody else can open it meanwhile.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "files/file_store.h"
+#include "platform/win32.h"
+
+namespace trillomat {
+
+/// As FileStore::Make.
+std::unique_ptr<NewFile> MakeNewFile(const std::filesystem::path& target, bool userAlone);
+
+/// Gives the open file `to` the access list of `from`, what it inherits staying inherited, and whether it is
+/// shown.
+void KeepRights(const std::filesystem::path& from, HANDLE to);
+
+/// Writes all of it.
+bool WriteAll(HANDLE file, std::string_view bytes);
+
+}  // namespace trillomat
