@@ -12,14 +12,25 @@ namespace trillomat {
 FileLog::FileLog(std::filesystem::path file, const Clock& clock, MessageBox& messages)
     : file_(std::move(file)), clock_(clock), messages_(messages) {}
 
-void FileLog::WriteLog(std::string_view message, int16_t level) {
+// A pipe in the log's place would wait for a reader, a device take anything.
+bool FileLog::Append(std::string_view message) const {
+  namespace fs = std::filesystem;
+  std::error_code unknown;
+  const fs::file_status found = fs::status(file_, unknown);
+  if (fs::exists(found) && !fs::is_regular_file(found)) return false;
   std::ofstream out(file_, std::ios::binary | std::ios::app);
+  if (!fs::exists(found)) fs::permissions(file_, fs::perms::owner_read | fs::perms::owner_write, unknown);
   out << clock_.TimeText() << "\t\t" << message << "\r\n";
   out.close();
-  if (out.fail() && !failureShown_) {
+  return !out.fail();
+}
+
+void FileLog::WriteLog(std::string_view message, int16_t level) {
+  if (!Append(message) && !failureShown_) {
     failureShown_ = true;
-    const std::u8string name = file_.u8string();
-    Show("The log file cannot be written: " + FromUtf8(std::string(name.begin(), name.end())).value_or(""));
+    const std::u8string utf8 = file_.u8string();
+    const std::string name(utf8.begin(), utf8.end());
+    Show("The log file cannot be written: " + FromUtf8(name).value_or(name));
   }
   if (level == 2) Show(message);
 }

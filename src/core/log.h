@@ -58,18 +58,19 @@ class MessageBox {
   virtual bool ShowMessage(std::string_view message, bool offerSilence) = 0;
 };
 
-/// The log as a text file, opened and closed again for every line.
+/// The log as a text file that the user alone can read, opened and closed again for every line.
 class FileLog : public Log {
  public:
   FileLog(std::filesystem::path file, const Clock& clock, MessageBox& messages);
 
   /// Appends the time, two tabs, the message, CR and LF; then shows a level-2 message. A line that
-  /// cannot be written is shown to the user instead, once a run.
+  /// cannot be written, where the file is no plain one too, is shown to the user instead, once a run.
   void WriteLog(std::string_view message, int16_t level) override;
   void BeginOperation() override;
   void EndOperation() override;
 
  private:
+  bool Append(std::string_view message) const;
   void Show(std::string_view message);
 
   std::filesystem::path file_;
