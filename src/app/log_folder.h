@@ -4,14 +4,13 @@
 #include <filesystem>
 #include <optional>
 
+#include "files/file_store.h"
+
 namespace trillomat {
 
-/// `programFolder` when a file can be made there, else the user's folder for state that programs keep
-/// ($XDG_STATE_HOME/trillomat, %LOCALAPPDATA%\Trillomat), made when missing; nothing when neither can be
-/// written.
-std::optional<std::filesystem::path> LogFolder(const std::filesystem::path& programFolder);
-
-/// The user's folder for state, whether it exists or not.
-std::filesystem::path StateFolder();
+/// The first of the two folders in which a file can be made, made itself when missing; nothing when neither
+/// can be written.
+std::optional<std::filesystem::path> LogFolder(const std::filesystem::path& programFolder,
+                                               const std::filesystem::path& stateFolder, FileStore& files);
 
 }  // namespace trillomat

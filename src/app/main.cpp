@@ -1,81 +1,84 @@
 // The window program: makes the parts, wires them together, and runs the event loop.
-#include <QCommandLineParser>
+#include <QBuffer>
 #include <QMessageBox>
+#include <QPixmap>
 #include <QTimer>
-#include <cstdio>
+#include <exception>
+#include <fstream>
 #include <memory>
 
+#include "app/ini_settings.h"
 #include "app/log_folder.h"
+#include "app/options.h"
 #include "app/trillomat_application.h"
 #include "core/code_page.h"
 #include "core/log.h"
 #include "document/document.h"
+#include "files/path_text.h"
 #include "platform/pump_qt.h"
-#include "platform/settings_qt.h"
 #include "platform/system_parts.h"
+#include "platform/user_folders.h"
 #include "ui/main_window.h"
 #include "ui/message_box_qt.h"
+#include "ui/qt_text.h"
 #include "ui/questions.h"
 #include "ui/resources.h"
+#ifdef _WIN32
+#include "platform/settings_qt.h"
+#endif
 
 namespace trillomat {
 namespace {
-
-struct Options {
-  QString file;
-  QString screenshot;
-};
-
-Options ParseArguments(const QApplication& app) {
-  QCommandLineParser parser;
-  parser.setApplicationDescription(QStringLiteral("Composes ringtone melodies for mobile phones."));
-  parser.addHelpOption();
-  parser.addVersionOption();
-  parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Melody file to open."),
-                               QStringLiteral("[FILE]"));
-  const QCommandLineOption screenshot(QStringLiteral("screenshot"),
-                                      QStringLiteral("Save a picture of the window and end."),
-                                      QStringLiteral("PNG"));
-  parser.addOption(screenshot);
-  parser.process(app);
-  if (parser.positionalArguments().size() > 1) {
-    std::fputs("trillomat: more than one FILE\n", stderr);
-    parser.showHelp(2);
-  }
-  return {parser.positionalArguments().value(0), parser.value(screenshot)};
-}
-
-std::filesystem::path NativePath(const QString& path) { return path.toStdWString(); }
 
 // Level-2 messages of a program that no one sits in front of.
 class StandardErrorMessages : public MessageBox {
  public:
   bool ShowMessage(std::string_view message, bool /*offerSilence*/) override {
-    std::fprintf(stderr, "trillomat: %s\n", ToUtf8(message).c_str());
+    SayError("trillomat: " + ToUtf8(message));
     return false;
   }
 };
 
 std::unique_ptr<MessageBox> MessagesFor(const Options& options) {
-  if (options.screenshot.isEmpty()) return std::make_unique<QtMessageBox>();
+  if (options.screenshot.empty()) return std::make_unique<QtMessageBox>();
   return std::make_unique<StandardErrorMessages>();
+}
+
+std::unique_ptr<SettingsStore> UserSettings([[maybe_unused]] FileStore& files) {
+#ifdef _WIN32
+  return std::make_unique<RegistrySettingsStore>();
+#else
+  return std::make_unique<IniSettingsStore>(SettingsFolder() / "trillomat.ini", files);
+#endif
+}
+
+// In the format that the name's ending tells.
+bool SavePicture(const QPixmap& picture, const std::filesystem::path& file) {
+  const std::string format = Utf8OfPath(file.extension());
+  QBuffer bytes;
+  if (format.empty() || !picture.save(&bytes, format.c_str() + 1)) return false;
+  std::ofstream out(file, std::ios::binary);
+  out.write(bytes.data().constData(), bytes.size());
+  out.close();
+  return !out.fail();
 }
 
 // The parts of the program that the main window needs, in the order in which they need each other.
 class Program {
  public:
-  Program(const Options& options, const std::filesystem::path& logFolder)
+  Program(const Options& options, const std::filesystem::path& logFolder, FileStore& files)
       : options_(options),
         messages_(MessagesFor(options)),
         log_(LogFilePath(logFolder, clock_->DateText()), *clock_, *messages_),
         sound_(SystemSound(log_)),
+        settings_(UserSettings(files)),
         window_({document_,
                  record_,
                  {log_, pump_},
                  *clock_,
                  *sound_,
-                 settings_,
-                 *files_,
+                 *settings_,
+                 files,
                  questions_,
                  StateFolder()}) {
     QObject::connect(&window_, &MainWindow::Closed, &window_, [this] { pump_.End(); });
@@ -96,14 +99,14 @@ class Program {
 
  private:
   int Start() {
-    const bool screenshot = !options_.screenshot.isEmpty();
+    const bool screenshot = !options_.screenshot.empty();
     if (!screenshot) window_.OfferRecovery();
-    if (!options_.file.isEmpty()) window_.OpenFile(NativePath(options_.file), !screenshot);
+    if (!options_.file.empty()) window_.OpenFile(options_.file, !screenshot);
     return screenshot ? TakeScreenshot() : 0;
   }
 
   int TakeScreenshot() {
-    const bool saved = window_.TakePicture().save(options_.screenshot);
+    const bool saved = SavePicture(window_.TakePicture(), options_.screenshot);
     if (!saved) messages_->ShowMessage("the picture cannot be written", false);
     window_.close();
     return saved ? 0 : 1;
@@ -117,30 +120,37 @@ class Program {
   Document document_;
   ReadRecord record_;
   std::unique_ptr<SoundDevice> sound_;
-  QtSettingsStore settings_;
-  std::unique_ptr<FileStore> files_ = SystemFileStore();
+  std::unique_ptr<SettingsStore> settings_;
   QtQuestions questions_;
   MainWindow window_;
 };
 
-int Main(int argc, char** argv) {
+void SayNoLog() {
+  QMessageBox box(QMessageBox::Critical, QStringLiteral("Trillomat"),
+                  QStringLiteral("The log file cannot be written, neither beside the program nor in ") +
+                      FromUtf8Bytes(Utf8OfPath(StateFolder())));
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+}
+
+int Run(int argc, char** argv) {
   TrillomatApplication app(argc, argv);
   LoadResources();
   QApplication::setWindowIcon(Picture(QStringLiteral("trillomat")));
-  const Options options = ParseArguments(app);
-  const auto logFolder = LogFolder(NativePath(QApplication::applicationDirPath()));
+  int status = 1;
+  const auto options = ParseOptions(app, argc, argv, status);
+  if (!options) return status;
+  const auto files = SystemFileStore();
+  const auto logFolder = LogFolder(ProgramFolder(), StateFolder(), *files);
   if (!logFolder) {
-    QMessageBox::critical(
-        nullptr, QStringLiteral("Trillomat"),
-        QStringLiteral("The log file cannot be written, neither beside the program nor in ") +
-            QString::fromStdWString(StateFolder().wstring()));
+    SayNoLog();
     return 1;
   }
-  Program program(options, *logFolder);
+  Program program(*options, *logFolder, *files);
   app.onFault = [&program](std::string_view what) {
     program.ProgramLog().WriteLog("Error in an event handler: " + std::string(what), 2);
   };
-  const int status = program.Run();
+  status = program.Run();
   app.onFault = nullptr;
   return status;
 }
@@ -148,4 +158,13 @@ int Main(int argc, char** argv) {
 }  // namespace
 }  // namespace trillomat
 
-int main(int argc, char** argv) { return trillomat::Main(argc, argv); }
+int main(int argc, char** argv) {
+  try {
+    return trillomat::Run(argc, argv);
+  } catch (const std::exception& fault) {
+    trillomat::SayError(std::string("trillomat: ") + fault.what());
+  } catch (...) {
+    trillomat::SayError("trillomat: unknown fault");
+  }
+  return 1;
+}

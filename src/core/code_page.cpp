@@ -24,19 +24,6 @@ std::optional<char> ByteOf(char32_t codePoint) {
   return static_cast<char>(0x80 + (found - kHighControls.begin()));
 }
 
-void AppendUtf8(std::string& out, char32_t codePoint) {
-  if (codePoint < 0x80) {
-    out += static_cast<char>(codePoint);
-  } else if (codePoint < 0x800) {
-    out += static_cast<char>(0xC0 | (codePoint >> 6U));
-    out += static_cast<char>(0x80 | (codePoint & 0x3FU));
-  } else {
-    out += static_cast<char>(0xE0 | (codePoint >> 12U));
-    out += static_cast<char>(0x80 | ((codePoint >> 6U) & 0x3FU));
-    out += static_cast<char>(0x80 | (codePoint & 0x3FU));
-  }
-}
-
 struct Sequence {
   size_t length;
   char32_t lowest;  // anything below is an overlong form
@@ -69,6 +56,19 @@ std::optional<std::string> FromUtf8(std::string_view utf8) {
     result += ByteOf(*codePoint).value_or('?');
   }
   return result;
+}
+
+void AppendUtf8(std::string& out, char32_t codePoint) {
+  if (codePoint < 0x80) {
+    out += static_cast<char>(codePoint);
+  } else if (codePoint < 0x800) {
+    out += static_cast<char>(0xC0 | (codePoint >> 6U));
+    out += static_cast<char>(0x80 | (codePoint & 0x3FU));
+  } else {
+    out += static_cast<char>(0xE0 | (codePoint >> 12U));
+    out += static_cast<char>(0x80 | ((codePoint >> 6U) & 0x3FU));
+    out += static_cast<char>(0x80 | (codePoint & 0x3FU));
+  }
 }
 
 std::optional<char32_t> TakeCharacter(std::string_view& text) {

@@ -15,6 +15,9 @@ std::string ToUtf8(std::string_view codePageText);
 /// not valid UTF-8.
 std::optional<std::string> FromUtf8(std::string_view utf8);
 
+/// Appends the UTF-8 of a character up to U+FFFF.
+void AppendUtf8(std::string& out, char32_t codePoint);
+
 /// Takes the character at the front of `utf8` (not empty). Nothing, and nothing taken, when the bytes there
 /// are not UTF-8.
 std::optional<char32_t> TakeCharacter(std::string_view& utf8);

@@ -1,6 +1,6 @@
 #include "platform/settings_qt.h"
 
-#include <QStandardPaths>
+#include <QString>
 
 namespace trillomat {
 namespace {
@@ -13,36 +13,27 @@ QString KeyPath(std::string_view section, std::string_view key) {
   return Text(section) + QLatin1Char('/') + Text(key);
 }
 
-#ifdef Q_OS_WIN
-constexpr QSettings::Format kFormat = QSettings::NativeFormat;
-
-QString UserStore() {
-  return QStringLiteral("HKEY_CURRENT_USER\\Software\\VB and VBA Program Settings\\Trillomat");
-}
-#else
-constexpr QSettings::Format kFormat = QSettings::IniFormat;
-
-QString UserStore() {
-  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-         QStringLiteral("/trillomat/trillomat.ini");
-}
-#endif
-
 }  // namespace
 
-QtSettingsStore::QtSettingsStore() : settings_(UserStore(), kFormat) {}
+RegistrySettingsStore::RegistrySettingsStore()
+    : settings_(QStringLiteral("HKEY_CURRENT_USER\\Software\\VB and VBA Program Settings\\Trillomat"),
+                QSettings::NativeFormat) {}
 
-QtSettingsStore::QtSettingsStore(const QString& file) : settings_(file, QSettings::IniFormat) {}
-
-std::string QtSettingsStore::Get(std::string_view section, std::string_view key,
-                                 std::string_view fallback) const {
-  return settings_.value(KeyPath(section, key), Text(fallback)).toString().toStdString();
+std::optional<std::string> RegistrySettingsStore::Get(std::string_view section, std::string_view key) const {
+  const QString path = KeyPath(section, key);
+  if (!settings_.contains(path)) return std::nullopt;
+  return settings_.value(path).toString().toStdString();
 }
 
-void QtSettingsStore::Set(std::string_view section, std::string_view key, std::string_view value) {
-  settings_.setValue(KeyPath(section, key), Text(value));
+std::optional<Refusal> RegistrySettingsStore::Write(const SettingsChanges& changes) {
+  for (const std::string& section : changes.deletedSections) settings_.remove(Text(section));
+  for (const auto& [section, key, text, onlyIfMissing] : changes.values) {
+    const QString path = KeyPath(section, key);
+    if (!onlyIfMissing || !settings_.contains(path)) settings_.setValue(path, Text(text));
+  }
+  settings_.sync();
+  if (settings_.status() == QSettings::NoError) return std::nullopt;
+  return Refusal{"the registry cannot be written"};
 }
-
-void QtSettingsStore::DeleteSection(std::string_view section) { settings_.remove(Text(section)); }
 
 }  // namespace trillomat

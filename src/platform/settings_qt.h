@@ -1,25 +1,19 @@
-// The settings store over QSettings: the registry on Windows, a file of the user's elsewhere.
+// The settings store of Windows: the registry, over QSettings.
 #pragma once
 
 #include <QSettings>
-#include <QString>
 
 #include "settings/settings_store.h"
 
 namespace trillomat {
 
-/// Texts are UTF-8.
-class QtSettingsStore : public SettingsStore {
+/// The per-user area in which Visual Basic programs keep theirs. Texts are UTF-8.
+class RegistrySettingsStore : public SettingsStore {
  public:
-  /// The user's own store: $XDG_CONFIG_HOME/trillomat/trillomat.ini, or in the registry the per-user area
-  /// in which Visual Basic programs keep theirs.
-  QtSettingsStore();
-  /// The ini file `file`.
-  explicit QtSettingsStore(const QString& file);
+  RegistrySettingsStore();
 
-  std::string Get(std::string_view section, std::string_view key, std::string_view fallback) const override;
-  void Set(std::string_view section, std::string_view key, std::string_view value) override;
-  void DeleteSection(std::string_view section) override;
+  std::optional<std::string> Get(std::string_view section, std::string_view key) const override;
+  std::optional<Refusal> Write(const SettingsChanges& changes) override;
 
  private:
   QSettings settings_;

@@ -25,11 +25,11 @@ std::optional<int32_t> WholeNumber(std::string_view text) {
 
 class Loader {
  public:
-  Loader(const SettingsStore& store, Log& log) : store_(store), log_(log) {}
+  Loader(SettingsSession& session, Log& log) : session_(session), log_(log) {}
 
   int32_t Number(std::string_view section, std::string_view key, int32_t fallback, int32_t lowest,
                  int32_t highest) const {
-    const std::string text = store_.Get(section, key, std::to_string(fallback));
+    const std::string text = session_.Get(section, key, std::to_string(fallback));
     const auto value = WholeNumber(text);
     if (value && *value >= lowest && *value <= highest) return *value;
     Refuse(key, text);
@@ -41,7 +41,7 @@ class Loader {
   }
 
   bool Boolean(std::string_view key, bool fallback) const {
-    const std::string text = store_.Get(kSettings, key, fallback ? "True" : "False");
+    const std::string text = session_.Get(kSettings, key, fallback ? "True" : "False");
     if (EqualNoCase(text, "True")) return true;
     if (EqualNoCase(text, "False")) return false;
     Refuse(key, text);
@@ -49,7 +49,7 @@ class Loader {
   }
 
   std::string Text(std::string_view section, std::string_view key, std::string_view fallback) const {
-    return store_.Get(section, key, fallback);
+    return session_.Get(section, key, fallback);
   }
 
  private:
@@ -57,15 +57,20 @@ class Loader {
     log_.WriteLog("The setting " + std::string(key) + " has an unknown value-->" + std::string(text), 1);
   }
 
-  const SettingsStore& store_;
+  SettingsSession& session_;
   Log& log_;
 };
 
 }  // namespace
 
-Settings LoadSettings(SettingsStore& store, Log& log) {
-  const Loader loader(store, log);
-  if (loader.Number(kVersion, "Counter", 0, 0, INT32_MAX) < kLayoutCounter) CleanUpSettings(store, log);
+Settings LoadSettings(SettingsSession& session, Log& log) {
+  const Loader loader(session, log);
+  if (const auto fault = session.Fault()) {
+    log.WriteLog("Could not read the settings: " + fault->why, 1);
+  } else if (loader.Number(kVersion, "Counter", 0, 0, INT32_MAX) < kLayoutCounter) {
+    CleanUpSettings(session, log);
+    Save(session, log);
+  }
   const Settings first;
   return {.octave = loader.Number(kSettings, "Scale", first.octave, INT32_MIN, INT32_MAX),
           .mode = static_cast<FormatMode>(
@@ -79,15 +84,15 @@ Settings LoadSettings(SettingsStore& store, Log& log) {
           .output = loader.Index("OutPut", first.output, static_cast<size_t>(kLastOutputType) + 1)};
 }
 
-void SaveSettings(const Settings& settings, SettingsStore& store) {
-  const auto number = [&store](std::string_view key, int32_t value) {
-    store.Set(kSettings, key, std::to_string(value));
+void PutSettings(const Settings& settings, SettingsSession& session) {
+  const auto number = [&session](std::string_view key, int32_t value) {
+    session.Set(kSettings, key, std::to_string(value));
   };
-  const auto boolean = [&store](std::string_view key, bool value) {
-    store.Set(kSettings, key, value ? "True" : "False");
+  const auto boolean = [&session](std::string_view key, bool value) {
+    session.Set(kSettings, key, value ? "True" : "False");
   };
-  store.Set(kVersion, "Counter", std::to_string(kLayoutCounter));
-  store.Set(kPath, "BrowseFolder", settings.browseFolder);
+  session.SetAlways(kVersion, "Counter", std::to_string(kLayoutCounter));
+  session.Set(kPath, "BrowseFolder", settings.browseFolder);
   boolean("AutoPlay", settings.autoPlay);
   number("Mode", static_cast<int32_t>(settings.mode));
   number("Scale", settings.octave);
@@ -98,10 +103,14 @@ void SaveSettings(const Settings& settings, SettingsStore& store) {
   number("DurationExtra", settings.durationExtra);
 }
 
-void CleanUpSettings(SettingsStore& store, Log& log) {
+void Save(SettingsSession& session, Log& log) {
+  if (const auto fault = session.Save()) log.WriteLog("Could not save the settings: " + fault->why, 1);
+}
+
+void CleanUpSettings(SettingsSession& session, Log& log) {
   log.WriteLog("#############Cleaning up registry##############", 1);
-  store.DeleteSection(kPath);
-  store.DeleteSection(kSettings);
+  session.DeleteSection(kPath);
+  session.DeleteSection(kSettings);
 }
 
 }  // namespace trillomat

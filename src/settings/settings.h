@@ -12,14 +12,14 @@
 
 #include "core/format_mode.h"
 #include "core/log.h"
-#include "settings/settings_store.h"
+#include "settings/settings_session.h"
 
 namespace trillomat {
 
 struct Settings {
   int32_t octave = 4;  ///< place of the octave slider
   FormatMode mode = FormatMode::IMelody;
-  std::string browseFolder = "c:\\";  ///< Windows-1252, ends in a backslash
+  std::string browseFolder = "c:\\";  ///< in the system's bytes, ends in a backslash
   bool autoPlay = true;
   bool playMoving = true;
   bool playComposing = true;
@@ -31,12 +31,17 @@ struct Settings {
 };
 
 /// Reads all settings; settings of an older layout are cleaned up first. A stored value that is not a
-/// number, or not one that the program knows, is logged and its default used.
-Settings LoadSettings(SettingsStore& store, Log& log);
+/// number, or not one that the program knows, is logged and its default used; so are all defaults when
+/// nothing can be read.
+Settings LoadSettings(SettingsSession& session, Log& log);
 
-void SaveSettings(const Settings& settings, SettingsStore& store);
+/// What `session` is to write when it is saved.
+void PutSettings(const Settings& settings, SettingsSession& session);
 
-/// Deletes everything that is kept but the layout number.
-void CleanUpSettings(SettingsStore& store, Log& log);
+/// Writes what was put into `session`. A failure is logged, and what is stored stays as it was.
+void Save(SettingsSession& session, Log& log);
+
+/// Deletes everything that is kept but the layout number, once `session` is saved.
+void CleanUpSettings(SettingsSession& session, Log& log);
 
 }  // namespace trillomat

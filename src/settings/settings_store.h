@@ -1,11 +1,28 @@
-// The per-user settings store: text values by section and key. Abstract so that each system keeps
-// them where its users expect them, and tests in memory.
+// Where the settings are kept between two runs: text values by section and key. Abstract so that each
+// system keeps them where its users expect them, and tests in memory.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "core/refusal.h"
 
 namespace trillomat {
+
+/// What one run changes: the sections go first.
+struct SettingsChanges {
+  struct Value {
+    std::string section;
+    std::string key;
+    std::string text;
+    bool onlyIfMissing = false;  ///< what is stored by now stays
+  };
+
+  std::vector<std::string> deletedSections = {};
+  std::vector<Value> values = {};
+};
 
 class SettingsStore {
  public:
@@ -14,12 +31,13 @@ class SettingsStore {
   SettingsStore& operator=(const SettingsStore&) = delete;
   virtual ~SettingsStore() = default;
 
-  /// The stored text, `fallback` when there is none.
-  virtual std::string Get(std::string_view section, std::string_view key,
-                          std::string_view fallback) const = 0;
-  virtual void Set(std::string_view section, std::string_view key, std::string_view value) = 0;
-  /// Deletes a whole section; one that does not exist is no error.
-  virtual void DeleteSection(std::string_view section) = 0;
+  /// Why nothing can be read from it; nothing when it can.
+  virtual std::optional<Refusal> Fault() const { return std::nullopt; }
+  /// The stored text, as it was when the program started or last wrote; nothing when there is none.
+  virtual std::optional<std::string> Get(std::string_view section, std::string_view key) const = 0;
+  /// Makes the changes to what is stored by now, also by others; what they do not name stays. Why it could
+  /// not, with everything as it was.
+  virtual std::optional<Refusal> Write(const SettingsChanges& changes) = 0;
 };
 
 }  // namespace trillomat

@@ -31,6 +31,7 @@ constexpr int kHighestUpperRow = 420;  // what large letters need, too
 
 MainWindow::MainWindow(const WindowParts& parts)
     : parts_(parts),
+      settings_(parts.settings),
       player_(parts.document, {parts.services, parts.clock, parts.sound, *this}),
       composer_(parts.document, parts.record, player_, play_, playSettings_, *this, parts.services),
       play_(parts.document, player_, playSettings_, composer_, parts.services),
@@ -91,7 +92,7 @@ void MainWindow::LayOut() {
   column->addLayout(NewLowerRow(), 3);
   centre_ = new CentreArea(centre, this);
   setCentralWidget(centre_);
-  RestoreSize(*this, parts_.settings);
+  RestoreSize(*this, settings_);
   // The menu bar keeps its place while its menus are hidden, so that nothing jumps when a melody starts.
   menuBar()->setMinimumHeight(menuBar()->heightForWidth(width()));
 }
@@ -101,8 +102,9 @@ void MainWindow::Connect() {
   connect(extras_, &OptionBox::Clicked, this, [this](int index) { composer_.SelectDurationExtra(index); });
   connect(menu_, &MainMenu::ExitRequested, this, &QWidget::close);
   connect(menu_, &MainMenu::CleanUpRequested, this, [this] {
-    CleanUpSettings(parts_.settings, parts_.services.log);
-    ForgetSize(parts_.settings);
+    CleanUpSettings(settings_, parts_.services.log);
+    ForgetSize(settings_);
+    Save(settings_, parts_.services.log);
   });
   connect(menu_, &MainMenu::RecoverRequested, files_, [this] { files_->Browser().RecoverLast(); });
   connect(menu_, &MainMenu::AboutRequested, this,
@@ -163,14 +165,15 @@ bool MainWindow::Load() {
   Log& log = parts_.services.log;
   log.WriteLog("Application started", 1);
   log.WriteLog("Version:" + FromQString(QCoreApplication::applicationVersion()), 1);
-  ApplySettings(LoadSettings(parts_.settings, log));
+  ApplySettings(LoadSettings(settings_, log));
   return files_->Start();
 }
 
 void MainWindow::Unload() {
   files_->End();
-  SaveSettings(CurrentSettings(), parts_.settings);
-  SaveSize(*this, parts_.settings);
+  PutSettings(CurrentSettings(), settings_);
+  PutSize(*this, settings_);
+  Save(settings_, parts_.services.log);
   parts_.services.log.WriteLog("Application ended", 1);
 }
 

@@ -92,6 +92,7 @@ class MainWindow final : public QMainWindow,
   void DocumentChanged(const ChangedRange& range) override;
 
   WindowParts parts_;
+  SettingsSession settings_;
   PlaySettings playSettings_;
   Player player_;
   Composer composer_;

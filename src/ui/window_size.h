@@ -6,16 +6,18 @@
 
 #include <QWidget>
 
-#include "settings/settings_store.h"
+#include "settings/settings_session.h"
 
 namespace trillomat {
 
 /// Gives `window` the size that was kept, or its first one, but none that its screen has no room for: it is
 /// maximized then.
-void RestoreSize(QWidget& window, const SettingsStore& store);
+void RestoreSize(QWidget& window, SettingsSession& session);
 
-void SaveSize(const QWidget& window, SettingsStore& store);
+/// What `session` is to write when it is saved.
+void PutSize(const QWidget& window, SettingsSession& session);
 
-void ForgetSize(SettingsStore& store);
+/// Deletes what is kept, once `session` is saved.
+void ForgetSize(SettingsSession& session);
 
 }  // namespace trillomat

@@ -13,10 +13,22 @@ using testing::IsEmpty;
 
 const std::string kCleaning = "1: #############Cleaning up registry##############";
 
+Settings Loaded(SettingsStore& store, Log& log) {
+  SettingsSession session(store);
+  return LoadSettings(session, log);
+}
+
+void SaveIn(SettingsStore& store, const Settings& settings) {
+  SilentLog log;
+  SettingsSession session(store);
+  PutSettings(settings, session);
+  Save(session, log);
+}
+
 TEST(SettingsTest, FirstStartCleansUpAndTakesEveryDefault) {
   MemoryStore store;
   FakeLog log;
-  EXPECT_EQ(LoadSettings(store, log), Settings());
+  EXPECT_EQ(Loaded(store, log), Settings());
   EXPECT_THAT(log.lines, ElementsAre(kCleaning));
 }
 
@@ -24,14 +36,14 @@ TEST(SettingsTest, WhatWasSavedComesBack) {
   MemoryStore store;
   FakeLog log;
   const Settings settings{6, FormatMode::Rtttl, "z:\\tunes\\", false, false, true, 3, 1, 0};
-  SaveSettings(settings, store);
+  SaveIn(store, settings);
   EXPECT_EQ(store.values["Version/Counter"], "2");
   EXPECT_EQ(store.values["Settings/AutoPlay"], "False");
   EXPECT_EQ(store.values["Settings/Mode"], "2");
-  EXPECT_EQ(LoadSettings(store, log), settings);
+  EXPECT_EQ(Loaded(store, log), settings);
   EXPECT_THAT(log.lines, IsEmpty());
   store.values["Version/Counter"] = "1";  // an older layout is wiped, but for its counter
-  EXPECT_EQ(LoadSettings(store, log), Settings());
+  EXPECT_EQ(Loaded(store, log), Settings());
   EXPECT_THAT(log.lines, ElementsAre(kCleaning));
   EXPECT_EQ(store.values.size(), 1U);
 }
@@ -48,11 +60,57 @@ TEST(SettingsTest, ValuesThatMakeNoSenseAreLoggedAndReplaced) {
   for (const Case& c : cases) {
     MemoryStore store;
     FakeLog log;
-    SaveSettings(Settings(), store);
+    SaveIn(store, Settings());
     store.values["Settings/" + c.key] = c.value;
-    EXPECT_EQ(LoadSettings(store, log), Settings()) << c.key << "=" << c.value;
+    EXPECT_EQ(Loaded(store, log), Settings()) << c.key << "=" << c.value;
     EXPECT_THAT(log.lines, ElementsAre("1: The setting " + c.key + " has an unknown value-->" + c.value));
   }
+}
+
+// Two windows at once: what one did not change stays as the other left it.
+TEST(SettingsTest, OnlyWhatWasChangedIsWritten) {
+  MemoryStore store;
+  FakeLog log;
+  SaveIn(store, Settings());
+  SettingsSession first(store);
+  SettingsSession second(store);
+  Settings ofFirst = LoadSettings(first, log);
+  Settings ofSecond = LoadSettings(second, log);
+  ofFirst.autoPlay = false;
+  ofSecond.octave = 6;
+  PutSettings(ofFirst, first);
+  Save(first, log);
+  store.values.erase("Settings/Mode");
+  store.values["Version/Counter"] = "1";
+  PutSettings(ofSecond, second);
+  Save(second, log);
+  ofSecond.autoPlay = false;
+  EXPECT_EQ(Loaded(store, log), ofSecond);
+  EXPECT_TRUE(store.values.contains("Settings/Mode"));
+}
+
+class FaultyStore : public MemoryStore {
+ public:
+  std::optional<Refusal> Fault() const override { return unreadable ? Write({}) : std::nullopt; }
+  std::optional<Refusal> Write(const SettingsChanges& /*changes*/) const { return Refusal{"it is broken"}; }
+  std::optional<Refusal> Write(const SettingsChanges& changes) override {
+    return std::as_const(*this).Write(changes);
+  }
+  bool unreadable = true;
+};
+
+TEST(SettingsTest, FaultsOfTheStoreAreLoggedAndDefaultsUsed) {
+  FaultyStore store;
+  FakeLog log;
+  store.values = {{"Version/Counter", "1"}, {"Settings/Scale", "6"}};
+  store.unreadable = false;
+  EXPECT_EQ(Loaded(store, log), Settings());
+  EXPECT_THAT(log.lines, ElementsAre(kCleaning, "1: Could not save the settings: it is broken"));
+  store.unreadable = true;
+  store.values.clear();
+  log.lines.clear();
+  EXPECT_EQ(Loaded(store, log), Settings());
+  EXPECT_THAT(log.lines, ElementsAre("1: Could not read the settings: it is broken"));
 }
 
 }  // namespace

@@ -11,16 +11,18 @@ namespace trillomat {
 /// The values by "Section/Key".
 class MemoryStore : public SettingsStore {
  public:
-  std::string Get(std::string_view section, std::string_view key, std::string_view fallback) const override {
+  std::optional<std::string> Get(std::string_view section, std::string_view key) const override {
     const auto found = values.find(std::string(section) + "/" + std::string(key));
-    return found == values.end() ? std::string(fallback) : found->second;
+    return found == values.end() ? std::nullopt : std::optional(found->second);
   }
-  void Set(std::string_view section, std::string_view key, std::string_view value) override {
-    values[std::string(section) + "/" + std::string(key)] = value;
-  }
-  void DeleteSection(std::string_view section) override {
-    std::erase_if(values,
-                  [&](const auto& entry) { return entry.first.starts_with(std::string(section) + "/"); });
+  std::optional<Refusal> Write(const SettingsChanges& changes) override {
+    for (const std::string& section : changes.deletedSections) {
+      std::erase_if(values, [&](const auto& entry) { return entry.first.starts_with(section + "/"); });
+    }
+    for (const auto& [section, key, text, onlyIfMissing] : changes.values) {
+      if (!onlyIfMissing || !Get(section, key)) values[section + "/" + key] = text;
+    }
+    return std::nullopt;
   }
 
   std::map<std::string, std::string> values;

@@ -1,0 +1,20 @@
+// Where the program lies, and where it keeps what is the user's. Paths are the system's own: names in them
+// need not be text.
+#pragma once
+
+#include <filesystem>
+
+namespace trillomat {
+
+/// The folder of the running program; empty when it cannot be told.
+std::filesystem::path ProgramFolder();
+
+/// The user's folder for state that programs keep ($XDG_STATE_HOME/trillomat, %LOCALAPPDATA%\Trillomat),
+/// whether it exists or not.
+std::filesystem::path StateFolder();
+
+/// The user's folder for settings ($XDG_CONFIG_HOME/trillomat, %LOCALAPPDATA%\Trillomat), whether it exists
+/// or not.
+std::filesystem::path SettingsFolder();
+
+}  // namespace trillomat
