@@ -1,42 +1,50 @@
 #include "cli/byte_files.h"
 
+#include <array>
 #include <iostream>
-#include <iterator>
 
 #include "cli/failure.h"
+#include "core/limits.h"
 #include "files/path_text.h"
 #include "files/read_file.h"
-#include "platform/system_parts.h"
 
 namespace trillomat {
 namespace {
 
 namespace fs = std::filesystem;
 
-void WriteToStandardOutput(const WriteContent& write) {
-  write(std::cout);
-  std::cout.flush();
-  if (!std::cout) throw Refused("cannot write to standard output");
+std::string ReadStandardInput() {
+  std::string bytes;
+  std::array<char, 65536> block{};
+  while (std::cin.read(block.data(), block.size()) || std::cin.gcount() > 0) {
+    bytes.append(block.data(), static_cast<size_t>(std::cin.gcount()));
+    if (bytes.size() > kLargestInput) throw Refused("standard input is " + TooLargeText());
+  }
+  if (std::cin.bad()) throw Refused("cannot read standard input");
+  return bytes;
 }
 
 }  // namespace
 
 bool IsStandardStream(const fs::path& file) { return file == "-"; }
 
-std::string ReadInput(const fs::path& file) {
-  if (!IsStandardStream(file)) {
-    auto bytes = ReadFile(file);
-    if (!bytes) throw Refused(Utf8OfPath(file) + ": " + bytes.Why().why);
-    return *std::move(bytes);
-  }
-  std::string bytes{std::istreambuf_iterator<char>(std::cin), {}};
-  if (std::cin.bad()) throw Refused("cannot read standard input");
-  return bytes;
+std::string ReadInput(const fs::path& file, const FileStore& store) {
+  if (IsStandardStream(file)) return ReadStandardInput();
+  auto bytes = ReadFile(file, store);
+  if (!bytes) throw Refused(Utf8OfPath(file) + ": " + bytes.Why().why);
+  return *std::move(bytes);
 }
 
-void WriteOutput(const fs::path& file, const WriteContent& write) {
-  if (IsStandardStream(file)) return WriteToStandardOutput(write);
-  const Replacement replacement = ReplaceFile(file, *SystemFileStore(), write);
+void FlushStandardOutput() {
+  if (!std::cout.flush()) throw Refused("cannot write to standard output");
+}
+
+void WriteOutput(const fs::path& file, FileStore& store, const WriteContent& write) {
+  if (IsStandardStream(file)) {
+    write(std::cout);
+    return FlushStandardOutput();
+  }
+  const Replacement replacement = ReplaceFile(file, store, write);
   const std::string reason = replacement.reason.empty() ? "" : ": " + replacement.reason;
   if (!replacement) throw Refused("cannot write " + Utf8OfPath(file) + reason);
   if (replacement.outcome == Replacement::Outcome::ReplacedUnflushed) {
@@ -45,10 +53,8 @@ void WriteOutput(const fs::path& file, const WriteContent& write) {
   }
 }
 
-void WriteOutput(const fs::path& file, std::string_view bytes) {
-  WriteOutput(file, [bytes](std::ostream& stream) {
-    stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  });
+void WriteOutput(const fs::path& file, FileStore& store, std::string_view bytes) {
+  WriteOutput(file, store, WriteBytes(bytes));
 }
 
 }  // namespace trillomat

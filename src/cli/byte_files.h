@@ -11,11 +11,14 @@ namespace trillomat {
 
 bool IsStandardStream(const std::filesystem::path& file);
 
-/// All bytes of `file`. Throws Refused when it cannot be read.
-std::string ReadInput(const std::filesystem::path& file);
+/// All bytes of `file`. Throws Refused when it cannot be read, or is larger than kLargestInput.
+std::string ReadInput(const std::filesystem::path& file, const FileStore& store);
 
 /// Writes the whole content of `file` with `write`, as ReplaceFile does. Throws Refused when that failed.
-void WriteOutput(const std::filesystem::path& file, const WriteContent& write);
-void WriteOutput(const std::filesystem::path& file, std::string_view bytes);
+void WriteOutput(const std::filesystem::path& file, FileStore& store, const WriteContent& write);
+void WriteOutput(const std::filesystem::path& file, FileStore& store, std::string_view bytes);
+
+/// Throws Refused when not everything could be written to standard output.
+void FlushStandardOutput();
 
 }  // namespace trillomat

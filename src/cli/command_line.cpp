@@ -5,27 +5,24 @@
 #include <array>
 #include <iostream>
 
+#include "cli/byte_files.h"
 #include "cli/commands.h"
-#include "cli/console.h"
 #include "cli/failure.h"
+#include "cli/melody_source.h"
+#include "cli/signals.h"
 #include "cli/stream_log.h"
 #include "exchange/export.h"
 #include "files/path_text.h"
 #include "platform/pump_sleep.h"
+#include "platform/system_parts.h"
 
 namespace trillomat {
 namespace {
 
-using Command = void (*)(const Invocation& call, const Services& services);
+using Command = void (*)(const Invocation& call, const CommandServices& services);
 
-// The names of the modes, in the order of FormatMode.
-const std::vector<std::string> kModeNames{"imelody", "emelody", "rtttl", "melody"};
-
-std::optional<FormatMode> ModeOfName(const std::string& name) {
-  const auto found = std::find(kModeNames.begin(), kModeNames.end(), name);
-  if (found == kModeNames.end()) return std::nullopt;
-  return kModeLimits.at(static_cast<size_t>(found - kModeNames.begin())).mode;
-}
+constexpr int kRefused = 1;
+constexpr int kWrongUsage = 2;
 
 class CommandLine {
  public:
@@ -78,7 +75,7 @@ CLI::App* CommandLine::AddCommand(std::string name, std::string description, Com
 void CommandLine::AddMode(CLI::App* command) {
   const auto take = [this](const std::string& name) { call_.mode = ModeOfName(name); };
   command->add_option_function<std::string>("--mode", take, "Format of a path whose name does not tell it")
-      ->check(CLI::IsMember(kModeNames));
+      ->check(CLI::IsMember(std::vector<std::string>(kModeNames.begin(), kModeNames.end())));
 }
 
 void CommandLine::AddIn(CLI::App* command, std::string name) {
@@ -160,31 +157,37 @@ int CommandLine::Run(std::vector<std::string> arguments) {
   try {
     std::reverse(arguments.begin(), arguments.end());  // as CLI11 wants them
     app_.parse(std::move(arguments));
-    Execute();
-    return 0;
   } catch (const CLI::ParseError& error) {
-    return app_.exit(error) == 0 ? 0 : 2;
-  } catch (const WrongUsage& error) {
-    std::cerr << "trillomat-cli: " << error.what() << '\n';
-    return 2;
-  } catch (const std::exception& error) {
-    std::cerr << "trillomat-cli: " << error.what() << '\n';
-    return 1;
+    if (app_.exit(error) != 0) return kWrongUsage;
+    FlushStandardOutput();  // of the help or the version
+    return 0;
   }
+  Execute();
+  return 0;
 }
 
 void CommandLine::Execute() {
   if (command_ == nullptr) throw WrongUsage("no command given; see trillomat-cli --help");
-  // While a melody plays, Ctrl-C ends the playing; at any other time it ends the program at once.
-  const bool plays = command_ == PlayCommand && !call_.trace;
-  const std::unique_ptr<EventPump> pump =
-      plays ? MakeInterruptiblePump() : std::unique_ptr<EventPump>(std::make_unique<SleepPump>());
+  const std::unique_ptr<FileStore> store = SystemFileStore();
+  std::unique_ptr<SignalWatch> watch;
+  if (!call_.out.empty()) watch = WatchSignals([&store] { store->DeleteUnfinished(); });
+  SleepPump pump;
   StreamLog log(std::cerr, call_.verbose);
-  command_(call_, {log, *pump});
+  command_(call_, {{log, pump}, *store});
 }
 
 }  // namespace
 
-int RunCommandLine(std::vector<std::string> arguments) { return CommandLine().Run(std::move(arguments)); }
+int RunCommandLine(std::vector<std::string> arguments) {
+  try {
+    return CommandLine().Run(std::move(arguments));
+  } catch (const WrongUsage& error) {
+    std::cerr << "trillomat-cli: " << error.what() << '\n';
+    return kWrongUsage;
+  } catch (const std::exception& error) {
+    std::cerr << "trillomat-cli: " << error.what() << '\n';
+    return kRefused;
+  }
+}
 
 }  // namespace trillomat

@@ -8,6 +8,7 @@
 
 #include "core/format_mode.h"
 #include "core/services.h"
+#include "files/file_store.h"
 
 namespace trillomat {
 
@@ -18,7 +19,7 @@ struct Invocation {
   std::optional<FormatMode> mode;  ///< of paths whose name does not tell
   bool verbose = false;
   bool json = false;
-  bool force = false;
+  bool force = false;  ///< replaces a file, and writes more sound than anybody means to
   bool adaptT68i = false;
   bool trace = false;
   std::string from;             ///< "rtttl", "emelody" or "melody"
@@ -28,19 +29,23 @@ struct Invocation {
   int32_t endless = 1;  ///< how often an endless block is played
 };
 
+struct CommandServices : Services {
+  FileStore& store;  ///< of all files, so that there is one that knows what is unfinished
+};
+
 /// Prints the melody as a listing or as JSON.
-void ShowCommand(const Invocation& call, const Services& services);
+void ShowCommand(const Invocation& call, const CommandServices& services);
 /// Reads one file and writes another.
-void ConvertCommand(const Invocation& call, const Services& services);
+void ConvertCommand(const Invocation& call, const CommandServices& services);
 /// Converts a pasted text into a file.
-void ImportCommand(const Invocation& call, const Services& services);
+void ImportCommand(const Invocation& call, const CommandServices& services);
 /// Prints the Result of an export as it is: Windows-1252, lines ended by CR LF.
-void ExportCommand(const Invocation& call, const Services& services);
+void ExportCommand(const Invocation& call, const CommandServices& services);
 /// Moves a melody by octaves within the range of its own format.
-void TransposeCommand(const Invocation& call, const Services& services);
+void TransposeCommand(const Invocation& call, const CommandServices& services);
 /// Plays until the end or until the pump says that the program is ending, or prints the trace.
-void PlayCommand(const Invocation& call, const Services& services);
+void PlayCommand(const Invocation& call, const CommandServices& services);
 /// Renders the melody into a WAV file.
-void RenderCommand(const Invocation& call, const Services& services);
+void RenderCommand(const Invocation& call, const CommandServices& services);
 
 }  // namespace trillomat

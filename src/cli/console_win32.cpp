@@ -1,10 +1,10 @@
+#include "cli/console.h"
+
 #include <fcntl.h>
 #include <io.h>
 
 #include <cstdio>
 
-#include "cli/console.h"
-#include "platform/pump_sleep.h"
 #include "platform/win32.h"
 // after windows.h
 #include <shellapi.h>
@@ -20,14 +20,17 @@ std::vector<std::string> Utf8Arguments(int argc, char** argv) {
   return arguments;
 }
 
-void MakeStreamsBinary() {
+void PrepareStreams() {
   _setmode(_fileno(stdin), _O_BINARY);
   _setmode(_fileno(stdout), _O_BINARY);
   // What is printed is UTF-8, which a console does not expect by itself.
   SetConsoleOutputCP(CP_UTF8);
 }
 
-// Ctrl-C ends the process, and its sound with it: nothing else has to be put back.
-std::unique_ptr<EventPump> MakeInterruptiblePump() { return std::make_unique<SleepPump>(); }
+bool IsTerminal(StandardStream stream) {
+  DWORD mode = 0;
+  const bool output = stream == StandardStream::Output;
+  return GetConsoleMode(GetStdHandle(output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE), &mode) != 0;
+}
 
 }  // namespace trillomat

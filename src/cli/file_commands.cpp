@@ -5,6 +5,7 @@
 #include "cli/commands.h"
 #include "cli/failure.h"
 #include "cli/melody_source.h"
+#include "cli/output_check.h"
 #include "composer/song_info.h"
 #include "composer/transpose.h"
 #include "core/code_page.h"
@@ -26,20 +27,18 @@ std::string PastedText(std::string bytes) {
 
 }  // namespace
 
-void ConvertCommand(const Invocation& call, const Services& services) {
+void ConvertCommand(const Invocation& call, const CommandServices& services) {
   const FormatMode from = FormatOfPath(call.in, call.mode);
   const FormatMode to = FormatOfPath(call.out, call.mode);
-  std::error_code error;
-  if (!call.force && !IsStandardStream(call.out) && std::filesystem::exists(call.out, error)) {
-    throw Refused(Utf8OfPath(call.out) + " exists already; --force replaces it");
-  }
+  CheckOutput(call, from == to, services.store);
   SaveSong(LoadSong(call.in, from, services), call.out, to, services);
 }
 
-void ImportCommand(const Invocation& call, const Services& services) {
+void ImportCommand(const Invocation& call, const CommandServices& services) {
   const FormatMode to = FormatOfPath(call.out, call.mode);
+  CheckOutput(call, ModeOfName(call.from) == to, services.store);
   const std::string in = Utf8OfPath(call.in);
-  const std::string text = PastedText(ReadInput(call.in));
+  const std::string text = PastedText(ReadInput(call.in, services.store));
   Imported imported = Import(PastedFormatOf(call.from).value(), text, call.adaptT68i, {}, services);
   ReadResult& read = imported.read;
   if (!read) throw Refused(in + ": " + ToUtf8(read.refusal->why));
@@ -50,7 +49,7 @@ void ImportCommand(const Invocation& call, const Services& services) {
   SaveSong({std::move(read.elements), std::move(read.record.info)}, call.out, to, services);
 }
 
-void ExportCommand(const Invocation& call, const Services& services) {
+void ExportCommand(const Invocation& call, const CommandServices& services) {
   const Song song = LoadSong(call.in, FormatOfPath(call.in, call.mode), services);
   const std::string in = Utf8OfPath(call.in);
   if (song.elements.empty()) {
@@ -59,12 +58,13 @@ void ExportCommand(const Invocation& call, const Services& services) {
   }
   const auto text = Export(PhoneOfOption(call.to).value(), song, services);
   if (!text) throw Refused(in + ": " + ToUtf8(text.Why().why));
-  WriteOutput("-", *text);
+  WriteOutput("-", services.store, *text);
 }
 
-void TransposeCommand(const Invocation& call, const Services& services) {
+void TransposeCommand(const Invocation& call, const CommandServices& services) {
   const FormatMode from = FormatOfPath(call.in, call.mode);
   const FormatMode to = FormatOfPath(call.out, call.mode);
+  CheckOutput(call, from == to, services.store);
   Song song = LoadSong(call.in, from, services);
   auto moved = Transposed(song.elements, call.octaves, from, services.log);
   if (!moved && !song.elements.empty()) {

@@ -5,6 +5,11 @@
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
-  trillomat::MakeStreamsBinary();
-  return trillomat::RunCommandLine(trillomat::Utf8Arguments(argc, argv));
+  trillomat::PrepareStreams();
+  try {
+    return trillomat::RunCommandLine(trillomat::Utf8Arguments(argc, argv));
+  } catch (const std::exception& exception) {
+    std::cerr << "trillomat-cli: " << exception.what() << '\n';
+    return 1;
+  }
 }

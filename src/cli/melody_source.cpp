@@ -1,5 +1,6 @@
 #include "cli/melody_source.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "cli/byte_files.h"
@@ -13,16 +14,22 @@ namespace trillomat {
 namespace {
 
 // The log has the reader's line where the file itself cannot be read.
-std::string BytesOf(const std::filesystem::path& file, FormatMode mode, Log& log) {
+std::string BytesOf(const std::filesystem::path& file, FormatMode mode, const CommandServices& services) {
   try {
-    return ReadInput(file);
+    return ReadInput(file, services.store);
   } catch (const Refused&) {
-    if (!IsStandardStream(file)) LogReaderFault(mode, log);
+    if (!IsStandardStream(file)) LogReaderFault(mode, services.log);
     throw;
   }
 }
 
 }  // namespace
+
+std::optional<FormatMode> ModeOfName(std::string_view name) {
+  const auto* const found = std::find(kModeNames.begin(), kModeNames.end(), name);
+  if (found == kModeNames.end()) return std::nullopt;
+  return kModeLimits.at(static_cast<size_t>(found - kModeNames.begin())).mode;
+}
 
 FormatMode FormatOfPath(const std::filesystem::path& file, std::optional<FormatMode> told) {
   std::string extension = Utf8OfPath(file.extension());
@@ -36,8 +43,8 @@ FormatMode FormatOfPath(const std::filesystem::path& file, std::optional<FormatM
       "--mode imelody, emelody, rtttl or melody");
 }
 
-Song LoadSong(const std::filesystem::path& file, FormatMode mode, const Services& services) {
-  const std::string bytes = BytesOf(file, mode, services.log);
+Song LoadSong(const std::filesystem::path& file, FormatMode mode, const CommandServices& services) {
+  const std::string bytes = BytesOf(file, mode, services);
   ReadResult read = Read(bytes, mode, {}, services);
   if (!read) throw Refused(Utf8OfPath(file) + ": " + ToUtf8(read.refusal->why));
   NormaliseStyleAndVolume(read.record.info);
@@ -45,10 +52,10 @@ Song LoadSong(const std::filesystem::path& file, FormatMode mode, const Services
 }
 
 void SaveSong(const Song& song, const std::filesystem::path& file, FormatMode mode,
-              const Services& services) {
+              const CommandServices& services) {
   const auto bytes = Write(song, mode, services);
   if (!bytes) throw Refused(ToUtf8(bytes.Why().why));
-  WriteOutput(file, *bytes);
+  WriteOutput(file, services.store, *bytes);
 }
 
 }  // namespace trillomat

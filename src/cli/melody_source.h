@@ -1,14 +1,20 @@
 // Songs from and to the paths of the command line.
 #pragma once
 
+#include <array>
 #include <filesystem>
 #include <optional>
+#include <string_view>
 
-#include "core/format_mode.h"
-#include "core/services.h"
+#include "cli/commands.h"
 #include "core/song.h"
 
 namespace trillomat {
+
+/// The modes as the command line calls them, in the order of FormatMode.
+inline constexpr std::array<const char*, 4> kModeNames{"imelody", "emelody", "rtttl", "melody"};
+
+std::optional<FormatMode> ModeOfName(std::string_view name);
 
 /// The format of `file` by its extension, or `told` (--mode) for "-" and for an extension that is none
 /// of the four. Throws WrongUsage when neither tells.
@@ -16,10 +22,11 @@ FormatMode FormatOfPath(const std::filesystem::path& file, std::optional<FormatM
 
 /// The song of `file` as the window program would open it: style and volume have passed through the panel.
 /// Throws Refused when it is refused.
-Song LoadSong(const std::filesystem::path& file, FormatMode mode, const Services& services);
+Song LoadSong(const std::filesystem::path& file, FormatMode mode, const CommandServices& services);
 
 /// Saves the song as `file` in the format `mode`. Throws Refused when it cannot be written; an existing file
 /// is then as it was.
-void SaveSong(const Song& song, const std::filesystem::path& file, FormatMode mode, const Services& services);
+void SaveSong(const Song& song, const std::filesystem::path& file, FormatMode mode,
+              const CommandServices& services);
 
 }  // namespace trillomat

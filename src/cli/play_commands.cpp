@@ -4,6 +4,8 @@
 #include "cli/commands.h"
 #include "cli/failure.h"
 #include "cli/melody_source.h"
+#include "cli/output_check.h"
+#include "cli/signals.h"
 #include "core/code_page.h"
 #include "document/document.h"
 #include "files/path_text.h"
@@ -20,9 +22,12 @@ OutputType OutputOf(std::string_view name) {
   return name == "midi" ? OutputType::Midi : OutputType::Wave;
 }
 
-void Play(Document& document, OutputType output, const Services& services) {
+// While the melody plays, Ctrl-C ends the playing; before, it ends the program at once.
+void Play(Document& document, OutputType output, Log& log) {
+  const std::unique_ptr<EventPump> pump = MakeInterruptiblePump();
+  const Services services{log, *pump};
   const std::unique_ptr<Clock> clock = SystemClock();
-  const std::unique_ptr<SoundDevice> sound = SystemSound(services.log);
+  const std::unique_ptr<SoundDevice> sound = SystemSound(log);
   NullPlayerView view;
   Player player(document, {services, *clock, *sound, view});
   player.outputType = output;
@@ -37,27 +42,29 @@ void PrintTrace(const Document& document, int32_t endlessRounds, const Services&
               << step.played.frequency << '\n';
     return std::cout.good();
   });
-  WriteOutput("-", "");
+  FlushStandardOutput();
 }
 
 }  // namespace
 
-void PlayCommand(const Invocation& call, const Services& services) {
+void PlayCommand(const Invocation& call, const CommandServices& services) {
   const FormatMode mode = FormatOfPath(call.in, call.mode);
   Document document(LoadSong(call.in, mode, services), mode);
   if (call.trace) {
     PrintTrace(document, call.endless, services);
   } else {
-    Play(document, OutputOf(call.output), services);
+    Play(document, OutputOf(call.output), services.log);
   }
 }
 
-void RenderCommand(const Invocation& call, const Services& services) {
+void RenderCommand(const Invocation& call, const CommandServices& services) {
   const FormatMode mode = FormatOfPath(call.in, call.mode);
+  CheckOutput(call, false, services.store);
   const Document document(LoadSong(call.in, mode, services), mode);
-  WriteOutput(call.out, [&](std::ostream& stream) {
+  WriteOutput(call.out, services.store, [&](std::ostream& stream) {
     const auto why = RenderWave(document, call.endless, services, stream);
-    if (why) throw Refused(Utf8OfPath(call.in) + ": " + ToUtf8(*why));
+    // Of a stream that failed the output itself is to blame, and it knows why.
+    if (why && stream) throw Refused(Utf8OfPath(call.in) + ": " + ToUtf8(*why));
   });
 }
 

@@ -5,10 +5,11 @@
 
 namespace trillomat {
 
-void ShowCommand(const Invocation& call, const Services& services) {
+void ShowCommand(const Invocation& call, const CommandServices& services) {
   const FormatMode mode = FormatOfPath(call.in, call.mode);
   const Song song = LoadSong(call.in, mode, services);
-  WriteOutput("-", call.json ? ShowJson(song, mode, services.log) : ShowText(song, mode, services.log));
+  WriteOutput("-", services.store,
+              call.json ? ShowJson(song, mode, services.log) : ShowText(song, mode, services.log));
 }
 
 }  // namespace trillomat

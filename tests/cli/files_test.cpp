@@ -1,11 +1,8 @@
-#include <sys/stat.h>
-
 #include "cli/program.h"
 
 namespace trillomat {
 namespace {
 
-using testing::ElementsAre;
 using testing::Eq;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -37,23 +34,48 @@ TEST_F(FilesTest, ConvertWritesEachFormat) {
 TEST_F(FilesTest, AnExistingFileIsReplacedOnlyOnRequestAndOnlyBySuccess) {
   folder_.Write("old.imy", "old");
   folder_.Write("bad.rtx", "no colon");
-  folder_.Write("bad.txt", "c,d,e");
   folder_.Write("high.rtx", "a:d=4,o=8,b=120:c,");
-  ExpectEach({
-      {"convert tune.rtx old.imy", 1, IsEmpty(), HasSubstr("old.imy exists already; --force")},
-      {"convert --force bad.rtx old.imy", 1, IsEmpty(), HasSubstr("bad.rtx: ")},
-      {"import --from rtttl bad.txt old.imy", 1, IsEmpty(), HasSubstr("bad.txt: ")},
-      {"transpose --octaves 1 high.rtx old.imy", 1, IsEmpty(),
-       HasSubstr("2: All notes must be within scale 3-6, currently note 1 is incorrect\n")},
-      {"render bad.rtx old.imy", 1, IsEmpty(), HasSubstr("bad.rtx: ")},
-      {"convert bad.rtx new.imy", 1, IsEmpty(), HasSubstr("bad.rtx: ")},
-  });
+  std::filesystem::create_symlink("gone.mel", folder_.Path() / "link.mel");
+  const auto files = folder_.Names();
+  const auto exists = [](const std::string& name) {
+    return Eq("trillomat-cli: " + name + " exists already; --force replaces it\n");
+  };
+  for (const std::string command : {"convert", "import --from rtttl", "transpose --octaves 1", "render"}) {
+    // Refused before the first line is read.
+    ExpectEach({{"bad.rtx old.imy", 1, IsEmpty(), exists("old.imy")},
+                {"tune.rtx link.mel", 1, IsEmpty(), exists("link.mel")},
+                {"--force bad.rtx old.imy", 1, IsEmpty(), HasSubstr("bad.rtx: ")},
+                {"bad.rtx new.imy", 1, IsEmpty(), HasSubstr("bad.rtx: ")}},
+               command + " ");
+  }
+  ExpectEach({{"transpose --force --octaves 1 high.rtx old.imy", 1, IsEmpty(),
+               HasSubstr("2: All notes must be within scale 3-6, currently note 1 is incorrect\n")}});
   EXPECT_EQ(folder_.Read("old.imy"), "old");
-  EXPECT_THAT(folder_.Names(), ElementsAre("bad.rtx", "bad.txt", "high.rtx", "old.imy", "tune.rtx"));
+  EXPECT_EQ(folder_.Names(), files);
 
-  EXPECT_EQ(Run("convert --force tune.rtx old.imy").status, 0);
+  const std::string longest = std::string(251, 'x') + ".mel";
+  ExpectEach({{"--force tune.rtx old.imy", 0, IsEmpty(), IsEmpty()},
+              {"--force tune.rtx link.mel", 0, IsEmpty(), IsEmpty()},
+              {"tune.rtx /dev/null --mode melody", 0, IsEmpty(), IsEmpty()},
+              {"tune.rtx /dev/stdout --mode melody", 0, "CD\r\n", IsEmpty()},
+              {"tune.rtx " + longest, 0, IsEmpty(), IsEmpty()},
+              {"--force tune.rtx " + longest, 0, IsEmpty(), IsEmpty()}},
+             "convert ");
   EXPECT_THAT(folder_.Read("old.imy"), HasSubstr("MELODY:*3c2"));
-  EXPECT_THAT(folder_.Names(), ElementsAre("bad.rtx", "bad.txt", "high.rtx", "old.imy", "tune.rtx"));
+  EXPECT_EQ(folder_.Read("gone.mel"), "CD\r\n");
+}
+
+TEST_F(FilesTest, TheFileThatIsReadIsReplacedInItsOwnFormatOnly) {
+  std::filesystem::create_hard_link(folder_.Path() / "tune.rtx", folder_.Path() / "hard.imy");
+  std::filesystem::create_symlink("tune.rtx", folder_.Path() / "link.rtx");
+  const auto lost = HasSubstr(" is the file that is read");
+  ExpectEach({{"render --force tune.rtx tune.rtx", 1, IsEmpty(), lost},
+              {"render --force --mode rtttl - link.rtx <tune.rtx", 1, IsEmpty(), lost},
+              {"convert --force link.rtx hard.imy", 1, IsEmpty(), lost},
+              {"transpose --force --octaves 0 tune.rtx hard.imy", 1, IsEmpty(), lost},
+              {"import --force --from emelody tune.rtx link.rtx", 1, IsEmpty(), lost},
+              {"import --force --from rtttl tune.rtx link.rtx", 0, IsEmpty(), IsEmpty()}});
+  EXPECT_EQ(folder_.Read("tune.rtx"), kTune);
 }
 
 TEST_F(FilesTest, ImportTakesUtf8AndWindows1252) {
