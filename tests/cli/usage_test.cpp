@@ -46,6 +46,10 @@ TEST_F(ProgramTest, OutputThatCannotBeWrittenIsNoticed) {
   folder_.Write("a.imy", folder_.Read(TEST_DATA_DIR "/plain.imy"));
   ExpectEach({
       {"show a.imy >/dev/full", 1, IsEmpty(), HasSubstr("standard output")},
+      {"--version >&-", 1, IsEmpty(), HasSubstr("standard output")},
+      {"--help >/dev/full", 1, IsEmpty(), HasSubstr("standard output")},
+      {"show --help >/dev/full", 1, IsEmpty(), HasSubstr("standard output")},
+      {"show --mode imelody - </dev/zero", 1, IsEmpty(), HasSubstr("larger than 64 MiB")},
       {"convert a.imy no/such/folder.imy", 1, IsEmpty(), HasSubstr("cannot write no/such/folder.imy")},
       {"render a.imy .", 1, IsEmpty(), HasSubstr("cannot write .")},
       {"show .", 2, IsEmpty(), HasSubstr("--mode")},

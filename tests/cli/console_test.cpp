@@ -1,0 +1,87 @@
+// What the program does at a terminal, and when a signal ends it.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <sstream>
+
+#include "cli/program.h"
+#include "cli/signals.h"
+#include "cli/terminal_buffer.h"
+#include "core/terminal_text.h"
+#include "support/child_process.h"
+
+namespace trillomat {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+// Wherever a write ends, also one that is flushed.
+TEST(TerminalBufferTest, CharactersAreShownWhole) {
+  for (const std::string text : {"a\x1B[2J\r\nb\r", "Fr\xC3\xA8re \xE2\x82\xAC\xF0\x9F\x8E\xB5 \xC2\x9B 1",
+                                 "\xE2\x82 \xF0\x9F\x8E \x9B\x80\x80\x80\x80", "\xE2\x82\xC3"}) {
+    for (size_t i = 0; i <= text.size(); ++i) {
+      std::ostringstream terminal;
+      std::ostream stream(terminal.rdbuf());
+      {
+        const TerminalBuffer buffer(stream);
+        stream << text.substr(0, i) << std::flush;
+        EXPECT_THAT(EscapedForTerminal(text), testing::StartsWith(terminal.str()));
+        for (const char c : text.substr(i)) stream.put(c);
+      }
+      EXPECT_EQ(terminal.str(), EscapedForTerminal(text)) << i;
+    }
+  }
+}
+
+TEST_F(ProgramTest, OnlyATerminalGetsTextWithoutItsOrders) {
+  folder_.Write("a.rtx", "\x1B[2J:d=4,o=5,b=120:c,");
+  const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+  ASSERT_TRUE(grantpt(terminal) == 0 && unlockpt(terminal) == 0);
+  const std::string name = ptsname(terminal);  // NOLINT(concurrency-mt-unsafe): one thread
+  // Kept open, so that nothing is lost between the two programs.
+  const int other = open(name.c_str(), O_RDWR | O_NOCTTY);
+  EXPECT_THAT(Run("convert --mode rtttl a.rtx -").out, HasSubstr("\x1B[2J:"));
+  EXPECT_EQ(Run("convert --mode rtttl a.rtx - >" + name).status, 0);
+  EXPECT_EQ(Run("show '\x1B]2;gone.imy' 2>" + name).status, 1);
+  std::string shown(10000, '\0');
+  shown.resize(static_cast<size_t>(std::max<ssize_t>(0, read(terminal, shown.data(), shown.size()))));
+  EXPECT_THAT(shown, testing::AllOf(HasSubstr("\\x1B[2J:d=4"), HasSubstr("\\x1B]2;gone.imy: "),
+                                    Not(HasSubstr("\x1B"))));
+  close(other);
+  close(terminal);
+}
+
+// The clean-up makes a file; then the process is ended by the signal itself, also while it waits.
+TEST_F(ProgramTest, ASignalEndsTheProcessAfterCleaningUp) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    ChildProcess child([&] {
+      const auto watch = WatchSignals([&] { folder_.Write("clean", std::to_string(signal)); });
+      kill(getpid(), signal);
+      pause();
+      return 1;
+    });
+    EXPECT_EQ(child.WaitFor(), -signal);
+    EXPECT_EQ(folder_.Read("clean"), std::to_string(signal));
+  }
+}
+
+TEST(SignalsTest, WhatIsIgnoredStaysIgnoredAndWhatIsNotWatchedActsAsBefore) {
+  ChildProcess child([] {
+    std::signal(SIGHUP, SIG_IGN);
+    const auto pump = MakeInterruptiblePump();
+    {
+      const auto watch = WatchSignals([] { _exit(1); });
+    }
+    kill(getpid(), SIGHUP);
+    if (!pump->WaitForEvents(20)) return 2;
+    kill(getpid(), SIGTERM);
+    return pump->WaitForEvents(1000) ? 3 : 0;
+  });
+  EXPECT_EQ(child.WaitFor(), 0);
+}
+
+}  // namespace
+}  // namespace trillomat
