@@ -1,11 +1,6 @@
 #include "platform/sound_sdl.h"
 
-#include <SDL.h>
-
-#include <cstring>
-#include <optional>
-#include <ratio>
-#include <string>
+#include <algorithm>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -17,126 +12,84 @@ namespace {
 
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
-using Frames = std::chrono::duration<int64_t, std::ratio<1, kSampleRate>>;
 
-constexpr uint16_t kBufferFrames = 1024;
 constexpr milliseconds kLongestDrain{500};
-
-SDL_AudioSpec WantedSpec() {
-  SDL_AudioSpec spec{};
-  spec.freq = kSampleRate;
-  spec.format = AUDIO_S16SYS;
-  spec.channels = 1;
-  spec.samples = kBufferFrames;
-  return spec;
-}
-
-// The samples of a wave file in memory, nothing when it is not one that the device plays as it is.
-std::optional<std::vector<int16_t>> SamplesOf(std::span<const uint8_t> image) {
-  SDL_AudioSpec spec{};
-  Uint8* bytes = nullptr;
-  Uint32 size = 0;
-  SDL_RWops* file = SDL_RWFromConstMem(image.data(), static_cast<int>(image.size()));
-  if (SDL_LoadWAV_RW(file, 1, &spec, &bytes, &size) == nullptr) return std::nullopt;
-  std::vector<int16_t> samples(size / sizeof(int16_t));
-  std::memcpy(samples.data(), bytes, samples.size() * sizeof(int16_t));
-  SDL_FreeWAV(bytes);
-  const SDL_AudioSpec wanted = WantedSpec();
-  const bool plays =
-      spec.freq == wanted.freq && spec.format == wanted.format && spec.channels == wanted.channels;
-  if (!plays) return std::nullopt;
-  return samples;
-}
+constexpr milliseconds kLongestClosing{500};
 
 }  // namespace
 
-/// The mixer, locked against the audio thread for as long as this lives.
-class SdlSound::Locked {
- public:
-  explicit Locked(SdlSound& sound) : sound_(sound) { SDL_LockAudioDevice(sound_.device_); }
-  Locked(const Locked&) = delete;
-  Locked& operator=(const Locked&) = delete;
-  ~Locked() { SDL_UnlockAudioDevice(sound_.device_); }
-  ToneMixer* operator->() const { return &sound_.mixer_; }
-
- private:
-  SdlSound& sound_;
-};
-
 SdlSound::~SdlSound() {
+  if (state_ == State::Opening) Close();
   if (state_ != State::Open) return;
   SdlSound::StopWave();
   Drain();
-  SDL_CloseAudioDevice(device_);
-  SDL_QuitSubSystem(SDL_INIT_AUDIO);
+  Close();
+  if (!device_->HasStalled()) calls_.IsIdle(steady_clock::now() + kLongestClosing);
 }
 
-bool SdlSound::StartWave(std::span<const uint8_t> image) { return Open() && StartAt(image, Now()); }
+bool SdlSound::StartWave(std::span<const uint8_t> image) {
+  return IsOpen(SdlDevice::Time::max()) && StartAt(image, device_->Now());
+}
 
 bool SdlSound::StartAt(std::span<const uint8_t> image, int64_t at) {
-  auto samples = SamplesOf(image);
+  auto samples = SamplesOfImage(image);
   if (!samples) return false;
-  Locked(*this)->Start(std::move(*samples), at);
+  device_->Start(std::move(*samples), at);
   return true;
 }
 
 void SdlSound::StopWave() {
-  if (state_ == State::Open) Locked(*this)->Stop(Now());
+  if (state_ == State::Open) device_->Stop(device_->Now());
 }
 
 void SdlSound::Beep(int32_t hertz, int32_t milliseconds) {
   if (milliseconds <= 0) return;
-  const std::vector<uint8_t> image = ToneImage(hertz);
-  const bool open = Open();
-  const int64_t begin = Now();
-  const int64_t end = begin + int64_t{milliseconds} * kSampleRate / 1000;
-  if (open && StartAt(image, begin)) Locked(*this)->Stop(end);
-  std::this_thread::sleep_until(start_ + std::chrono::duration_cast<steady_clock::duration>(Frames(end)));
-}
-
-bool SdlSound::Open() {
-  if (state_ != State::Unused) return state_ == State::Open;
-  // The program's own handling of signals must stay.
-  SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-  if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return Fail("No sound system: ");
-  SDL_AudioSpec wanted = WantedSpec();
-  wanted.callback = FillBuffer;
-  wanted.userdata = this;
-  device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
-  if (device_ == 0) {
-    Fail("No sound device: ");
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
-    return false;
+  const auto begin = steady_clock::now();
+  const auto end = begin + std::chrono::milliseconds(milliseconds);
+  if (IsOpen(end)) {
+    // What the opening has taken is made up for, as far as the mixer can lag.
+    const int64_t at = std::max(device_->SampleAt(begin), device_->Now() - ToneMixer::kMaxLag);
+    if (StartAt(ToneImage(hertz), at)) device_->Stop(device_->SampleAt(end));
   }
-  mixer_ = ToneMixer(kBufferFrames * 3 / 2);
-  state_ = State::Open;
-  SDL_PauseAudioDevice(device_, 0);
-  return true;
+  std::this_thread::sleep_until(end);
 }
 
-bool SdlSound::Fail(const char* what) {
-  log_.WriteLog(what + std::string(SDL_GetError()), 1);
+void SdlSound::BeginToOpen() {
+  state_ = State::Opening;
+  openBy_ = steady_clock::now() + kLongestOpening;
+  if (!calls_.Post([device = device_] { device->Open(); })) Fail("No sound device: no thread for it");
+}
+
+// Opens the device at the first call. Waits for that until `deadline`, but no longer than it may take.
+bool SdlSound::IsOpen(SdlDevice::Time deadline) {
+  if (state_ == State::Unused) BeginToOpen();
+  if (state_ != State::Opening) return state_ == State::Open;
+  if (calls_.IsIdle(std::min(deadline, openBy_))) {
+    state_ = State::Open;
+    if (!device_->IsOpen()) Fail(device_->Error());
+  } else if (steady_clock::now() >= openBy_) {
+    Fail("No sound device: it does not answer");
+    Close();
+  }
+  return state_ == State::Open;
+}
+
+void SdlSound::Fail(const std::string& why) {
+  log_.WriteLog(why, 1);
   state_ = State::Failed;
-  return false;
 }
 
 // What was stopped just now is heard one latency later.
 void SdlSound::Drain() {
   const auto limit = steady_clock::now() + kLongestDrain;
-  while (!Locked(*this)->IsDrained() && steady_clock::now() < limit) {
+  while (!device_->IsDrained() && !device_->HasStalled() && steady_clock::now() < limit) {
     std::this_thread::sleep_for(milliseconds(5));
   }
 }
 
-int64_t SdlSound::Now() const {
-  return std::chrono::duration_cast<Frames>(steady_clock::now() - start_).count();
-}
-
-// Called by the audio thread, which holds the lock.
-void SdlSound::FillBuffer(void* self, uint8_t* bytes, int size) {
-  auto& sound = *static_cast<SdlSound*>(self);
-  const std::span out(reinterpret_cast<int16_t*>(bytes), static_cast<size_t>(size) / sizeof(int16_t));
-  sound.mixer_.Render(out, sound.Now());
+// As soon as the device has opened, if ever.
+void SdlSound::Close() {
+  calls_.Post([device = device_] { device->Close(); });
 }
 
 }  // namespace trillomat

@@ -1,47 +1,55 @@
-// The sound device over SDL2: opened once, on first use, and fed with silence between the tones.
+// The sound device over SDL2: opened once, on first use, and fed with silence between the tones. A sound
+// server that hangs costs the program two seconds, once.
 #pragma once
 
 #include <chrono>
 #include <cstdint>
+#include <memory>
 #include <span>
+#include <string>
 
 #include "core/log.h"
-#include "platform/tone_mixer.h"
+#include "platform/call_thread.h"
+#include "platform/sdl_device.h"
 #include "playback/sound_device.h"
 
 namespace trillomat {
 
-/// To be used from one thread. Takes wave images of the one format that the program makes: mono, 16
-/// bits, 44,100 samples a second.
+/// To be used from one thread. Takes wave images of the one format that the program makes.
 class SdlSound : public SoundDevice {
  public:
+  /// A device that has not opened after this time never sounds.
+  static constexpr std::chrono::seconds kLongestOpening{2};
+
   /// `log` hears why there is no sound, once.
   explicit SdlSound(Log& log) : log_(log) {}
   SdlSound(const SdlSound&) = delete;
   SdlSound& operator=(const SdlSound&) = delete;
-  /// Lets the last tone sound to its end, which takes no longer than the latency.
+  /// Lets the last tone sound to its end, which takes no longer than the latency, and closes the device,
+  /// unless it has stopped to take samples.
   ~SdlSound() override;
 
+  /// Waits for the device to open.
   bool StartWave(std::span<const uint8_t> image) override;
   void StopWave() override;
+  /// The opening of the device counts as part of the length.
   void Beep(int32_t hertz, int32_t milliseconds) override;
 
  private:
-  class Locked;
-  enum class State { Unused, Open, Failed };
+  enum class State { Unused, Opening, Open, Failed };
 
-  static void FillBuffer(void* self, uint8_t* bytes, int size);
-  bool Open();
+  void BeginToOpen();
+  bool IsOpen(SdlDevice::Time deadline);
   bool StartAt(std::span<const uint8_t> image, int64_t at);
-  bool Fail(const char* what);
+  void Fail(const std::string& why);
   void Drain();
-  int64_t Now() const;
+  void Close();
 
   Log& log_;
   State state_ = State::Unused;
-  uint32_t device_ = 0;
-  ToneMixer mixer_{0};  ///< shared with the audio thread: use it under the lock alone
-  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+  SdlDevice::Time openBy_;
+  std::shared_ptr<SdlDevice> device_ = std::make_shared<SdlDevice>();
+  CallThread calls_;  ///< opens the device and closes it
 };
 
 }  // namespace trillomat

@@ -1,15 +1,19 @@
 // Plays for real, through SDL's drivers that need no sound card.
 #include "platform/sound_sdl.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <iostream>
 
 #include "platform/clock_std.h"
 #include "platform/pump_sleep.h"
@@ -17,6 +21,7 @@
 #include "playback/wave_synthesis.h"
 #include "support/fakes.h"
 #include "support/sample_notes.h"
+#include "support/temp_folder.h"
 
 namespace trillomat {
 namespace {
@@ -164,6 +169,45 @@ TEST(SdlSound, WithoutADeviceTheMelodyKeepsItsTime) {
     EXPECT_THAT(log.front(), HasSubstr("1: No sound"));
     EXPECT_EQ(std::count(log.begin(), log.end(), "1: Failed to start Wave file.."),
               output == OutputType::Wave ? 2 : 0);
+  }
+}
+
+// Whether `work` takes that many milliseconds, give or take what a busy machine adds.
+bool Takes(int milliseconds, const std::function<void()>& work) {
+  const auto begin = std::chrono::steady_clock::now();
+  work();
+  const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - begin;
+  if (taken.count() >= milliseconds - 1 && taken.count() < milliseconds + 300) return true;
+  std::cerr << taken.count() << " ms instead of " << milliseconds << "\n";
+  return false;
+}
+
+// The device is a pipe: without a reader it does not open, and one that does not read fills up in a second.
+[[noreturn]] void UseHangingDevice(const std::string& pipe, bool opens) {
+  if (opens) open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+  FakeLog log;
+  auto sound = std::make_unique<SdlSound>(log);
+  const std::vector<uint8_t> image = ToneImage(440);
+  bool holds = Takes(300, [&] { sound->Beep(440, 300); });
+  holds = Takes(600, [&] { sound->Beep(440, 600); }) && holds;
+  holds = Takes(opens ? 0 : 1100, [&] { holds = sound->StartWave(image) == opens && holds; }) && holds;
+  holds = Takes(0, [&] { holds = sound->StartWave(image) == opens && holds; }) && holds;
+  holds = Takes(400, [&] { sound->Beep(440, 400); }) && holds;
+  holds = Takes(0, [&] { sound.reset(); }) && holds;
+  const std::vector<std::string> lines{"1: No sound device: it does not answer"};
+  std::exit(holds && log.lines == (opens ? std::vector<std::string>() : lines) ? 0 : 1);
+}
+
+TEST(SdlSound, ADeviceThatHangsHoldsNothingUp) {
+  const TempFolder folder;
+  const std::string pipe = folder / "device";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const Variable driver("SDL_AUDIODRIVER", "disk");
+  const Variable output("SDL_DISKAUDIOFILE", pipe);
+  for (const bool opens : {false, true}) {
+    EXPECT_TRUE(Takes(opens ? 1300 : 2400, [&] {
+      EXPECT_EXIT(UseHangingDevice(pipe, opens), testing::ExitedWithCode(0), "");
+    })) << opens;
   }
 }
 
