@@ -10,7 +10,12 @@
 namespace trillomat {
 namespace {
 
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
 constexpr UINT kTimerPeriod = 1;  // milliseconds
+constexpr milliseconds kLongestStart{2000};
+constexpr milliseconds kLongestEnd{500};
 // The last of them has no meaning for an image in memory; it is passed for what it is worth.
 constexpr DWORD kStartFlags = SND_MEMORY | SND_ASYNC | SND_LOOP | SND_NODEFAULT | 128;
 constexpr DWORD kStopFlags = SND_PURGE | SND_NODEFAULT;
@@ -18,26 +23,58 @@ static_assert(kStartFlags == 143 && kStopFlags == 66);
 
 }  // namespace
 
-Win32Sound::Win32Sound() { timeBeginPeriod(kTimerPeriod); }
+/// What loops. Used by the thread of the calls alone, but for `started` when none runs.
+struct Win32Sound::Wave {
+  void Stop() const { PlaySoundA(nullptr, nullptr, kStopFlags); }
+  void Start(const std::vector<uint8_t>& image) {
+    Stop();
+    sounding = image;
+    started = PlaySoundA(reinterpret_cast<LPCSTR>(sounding.data()), nullptr, kStartFlags) != FALSE;
+  }
+
+  std::vector<uint8_t> sounding;  ///< has to stay as it is until the sound has ended
+  bool started = false;
+};
+
+Win32Sound::Win32Sound() : wave_(std::make_shared<Wave>()) { timeBeginPeriod(kTimerPeriod); }
 
 Win32Sound::~Win32Sound() {
   Win32Sound::StopWave();
+  calls_.IsIdle(steady_clock::now() + kLongestEnd);
   timeEndPeriod(kTimerPeriod);
+}
+
+// Whether all calls have returned. Waits for that, but not where that was in vain before.
+bool Win32Sound::IsFree() {
+  const auto now = steady_clock::now();
+  hangs_ = !calls_.IsIdle(hangs_ ? now : now + kLongestStart);
+  return !hangs_;
 }
 
 bool Win32Sound::StartWave(std::span<const uint8_t> image) {
   StopWave();
-  if (image.empty()) return false;
-  sounding_.assign(image.begin(), image.end());
-  return PlaySoundA(reinterpret_cast<LPCSTR>(sounding_.data()), nullptr, kStartFlags) != FALSE;
+  if (image.empty() || !IsFree()) return false;
+  const std::vector<uint8_t> copy(image.begin(), image.end());
+  if (!calls_.Post([wave = wave_, copy] { wave->Start(copy); })) return false;
+  if (IsFree()) return wave_->started;
+  calls_.Post([wave = wave_] { wave->Stop(); });  // when it starts after all
+  return false;
 }
 
-void Win32Sound::StopWave() { PlaySoundA(nullptr, nullptr, kStopFlags); }
+void Win32Sound::StopWave() {
+  if (!hangs_) calls_.Post([wave = wave_] { wave->Stop(); });
+}
 
 void Win32Sound::Beep(int32_t hertz, int32_t milliseconds) {
   if (milliseconds <= 0) return;
-  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
-  ::Beep(static_cast<DWORD>(hertz), static_cast<DWORD>(milliseconds));
+  const auto end = steady_clock::now() + std::chrono::milliseconds(milliseconds);
+  // The one before may end a little late.
+  if (calls_.IsIdle(end)) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - steady_clock::now()).count();
+    calls_.Post([hertz, left] {
+      if (left > 0) ::Beep(static_cast<DWORD>(hertz), static_cast<DWORD>(left));
+    });
+  }
   SleepUntil(end);
 }
 

@@ -1,16 +1,19 @@
-// The sound device over Windows' own two: PlaySound for wave images and Beep.
+// The sound device over Windows' own two: PlaySound for wave images and Beep. Both are called on a thread of
+// their own, because a sound service that hangs holds up whoever asks it.
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <vector>
 
+#include "platform/call_thread.h"
 #include "playback/sound_device.h"
 
 namespace trillomat {
 
-/// While it lives, the system's waits are exact to about a millisecond instead of its usual 16, so that
-/// tones keep their length.
+/// To be used from one thread. While it lives, the system's waits are exact to about a millisecond instead
+/// of its usual 16, so that tones keep their length. As long as a call into the system hangs, it is silent.
 class Win32Sound : public SoundDevice {
  public:
   Win32Sound();
@@ -18,13 +21,20 @@ class Win32Sound : public SoundDevice {
   Win32Sound& operator=(const Win32Sound&) = delete;
   ~Win32Sound() override;
 
+  /// Waits two seconds at the longest, and not again for the same call.
   bool StartWave(std::span<const uint8_t> image) override;
   void StopWave() override;
   /// The system refuses tones below 37 Hz; they are silent and take their time all the same.
   void Beep(int32_t hertz, int32_t milliseconds) override;
 
  private:
-  std::vector<uint8_t> sounding_;  ///< has to stay as it is until the sound has ended
+  struct Wave;
+
+  bool IsFree();
+
+  std::shared_ptr<Wave> wave_;
+  CallThread calls_;
+  bool hangs_ = false;  ///< a call has not returned in time
 };
 
 }  // namespace trillomat
