@@ -126,10 +126,10 @@ class Program {
 };
 
 void SayNoLog() {
-  QMessageBox box(QMessageBox::Critical, QStringLiteral("Trillomat"),
-                  QStringLiteral("The log file cannot be written, neither beside the program nor in ") +
-                      FromUtf8Bytes(Utf8OfPath(StateFolder())));
+  QMessageBox box(QMessageBox::Critical, QStringLiteral("Trillomat"), {});
   box.setTextFormat(Qt::PlainText);
+  box.setText(ShownMessage("The log file cannot be written, neither beside the program nor in " +
+                           FromUtf8Bytes(Utf8OfPath(StateFolder()))));
   box.exec();
 }
 

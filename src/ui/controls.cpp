@@ -1,5 +1,7 @@
 #include "ui/controls.h"
 
+#include "ui/qt_text.h"
+
 namespace trillomat {
 
 void NameControl(QWidget& control, const QString& objectName, const ControlText& text) {
@@ -9,7 +11,8 @@ void NameControl(QWidget& control, const QString& objectName, const ControlText&
 }
 
 QString PlainToolTip(const QString& text) {
-  return QStringLiteral("<p style=\"white-space:pre\">") + text.toHtmlEscaped() + QStringLiteral("</p>");
+  return QStringLiteral("<p style=\"white-space:pre-wrap\">") + ShownMessage(text).toHtmlEscaped() +
+         QStringLiteral("</p>");
 }
 
 QPushButton* NewButton(const QString& objectName, const ControlText& text, QWidget* parent) {

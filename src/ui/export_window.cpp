@@ -140,7 +140,7 @@ void ExportWindow::MakeText(Phone phone) {
   if (*text) {
     ShowResult(std::move(**text), CopyKey() + " copies the Result.");
   } else {
-    ShowResult({}, "No Result: " + ToQString(text->Why().why) + '.');
+    ShowResult({}, ShownMessage("No Result: " + ToQString(text->Why().why) + '.'));
   }
 }
 

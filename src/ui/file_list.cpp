@@ -35,7 +35,10 @@ class RowDelegate : public QStyledItemDelegate {
 
 }  // namespace
 
-FileList::FileList(QWidget* parent) : QListWidget(parent) {
+FileList::FileList(const std::vector<FileRow>& rows, QWidget* parent)
+    : QListView(parent), rows_(rows), model_(new FileRows(rows, this)) {
+  setModel(model_);
+  connect(model_, &FileRows::Progress, this, &FileList::Progress);
   setItemDelegate(new RowDelegate(this));
   setUniformItemSizes(true);
   setEditTriggers(NoEditTriggers);
@@ -48,14 +51,16 @@ QItemSelectionModel::SelectionFlags FileList::selectionCommand(const QModelIndex
 
 // What "Save" writes over is to be seen also where a list without the focus shows its selection in pale grey.
 void FileList::initViewItemOption(QStyleOptionViewItem* option) const {
-  QListWidget::initViewItemOption(option);
+  QListView::initViewItemOption(option);
   option->state |= QStyle::State_Active;
 }
 
 void FileList::ShowSelected(int row) {
-  if (row < 0 || row >= count()) return clearSelection();
-  selectionModel()->select(indexFromItem(item(row)), QItemSelectionModel::ClearAndSelect);
-  setCurrentRow(row, QItemSelectionModel::NoUpdate);
+  model_->Reach(row);
+  const QModelIndex index = model_->index(row);
+  if (!index.isValid()) return clearSelection();
+  selectionModel()->select(index, QItemSelectionModel::ClearAndSelect);
+  selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
 }
 
 // The click comes last: what it starts may fill this list anew or play a melody to its end.
@@ -64,7 +69,7 @@ void FileList::mousePressEvent(QMouseEvent* event) {
   const int row = index.isValid() ? index.row() : -1;
   menuPlace_ = event->globalPosition().toPoint();
   const Qt::MouseButton button = event->button();
-  QListWidget::mousePressEvent(event);
+  QListView::mousePressEvent(event);
   if (button == Qt::RightButton) emit MenuRequested(row);
   if (button == Qt::LeftButton && row >= 0) emit Clicked(row);
 }
@@ -77,13 +82,13 @@ void FileList::mouseDoubleClickEvent(QMouseEvent* event) {
 // The mouse has asked already, by its press.
 void FileList::contextMenuEvent(QContextMenuEvent* event) {
   if (event->reason() != QContextMenuEvent::Keyboard) return;
-  menuPlace_ = viewport()->mapToGlobal(visualItemRect(currentItem()).center());
-  emit MenuRequested(currentRow());
+  menuPlace_ = viewport()->mapToGlobal(visualRect(currentIndex()).center());
+  emit MenuRequested(currentIndex().row());
 }
 
 // As the melody does, the list shows where the keys go.
 void FileList::paintEvent(QPaintEvent* event) {
-  QListWidget::paintEvent(event);
+  QListView::paintEvent(event);
   if (!hasFocus()) return;
   QPainter painter(viewport());
   painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
@@ -94,14 +99,16 @@ void FileList::paintEvent(QPaintEvent* event) {
 void FileList::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace) return;
   if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
-    return QListWidget::keyPressEvent(event);
+    return QListView::keyPressEvent(event);
   }
-  if (currentItem() == nullptr || event->isAutoRepeat()) return;
+  const int row = currentIndex().row();
+  if (row < 0 || static_cast<size_t>(row) >= rows_.size() || event->isAutoRepeat()) return;
   // A folder is entered by a double click, a file is opened by a single one.
-  const bool folder = currentItem()->data(Qt::UserRole).toBool();
-  const int row = currentRow();
-  if (folder) emit DoubleClicked(row);
-  if (!folder) emit Clicked(row);
+  if (rows_[static_cast<size_t>(row)].IsFile()) {
+    emit Clicked(row);
+  } else {
+    emit DoubleClicked(row);
+  }
 }
 
 }  // namespace trillomat

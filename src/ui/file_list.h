@@ -2,16 +2,21 @@
 // row that "Save" writes over. The arrow keys move a mark over the rows, Enter acts on the marked row.
 #pragma once
 
-#include <QListWidget>
+#include <QListView>
+
+#include "ui/file_rows.h"
 
 namespace trillomat {
 
-class FileList : public QListWidget {
+class FileList : public QListView {
   Q_OBJECT
 
  public:
-  explicit FileList(QWidget* parent);
+  /// `rows`, which it shows from the next Refill on, outlive it.
+  FileList(const std::vector<FileRow>& rows, QWidget* parent);
 
+  /// Shows the rows anew, none of them selected or marked.
+  void Refill() { model_->Refill(); }
   /// Shows row `row` as selected, none for -1.
   void ShowSelected(int row);
   /// Where the last right click or menu key asked for a menu, on the screen.
@@ -22,6 +27,8 @@ class FileList : public QListWidget {
   void DoubleClicked(int row);
   /// The right button, or the menu key, was pressed on `row`, -1 for none.
   void MenuRequested(int row);
+  /// As FileRows::Progress.
+  void Progress(const QString& text);
 
  protected:
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
@@ -34,6 +41,8 @@ class FileList : public QListWidget {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  const std::vector<FileRow>& rows_;
+  FileRows* model_;
   QPoint menuPlace_;
 };
 

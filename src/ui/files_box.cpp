@@ -29,7 +29,8 @@ FilesBox::FilesBox(const FilesBoxParts& parts, QWidget* parent)
       drives_(new QComboBox(this)),
       folder_(new QLabel(this)),
       notice_(new QLabel(this)),
-      list_(new FileList(this)),
+      list_(new FileList(browser_.Rows(), this)),
+      progress_(NewLabel(QStringLiteral("lblRows"), {}, nullptr, this)),
       fileMenu_(new QMenu(this)),
       saveButton_(NewCommand("cmdSave",
                              {QStringLiteral("Sa&ve"), QStringLiteral("Save over the selected file"),
@@ -73,6 +74,7 @@ void FilesBox::NameControls() {
   folder_->setTextFormat(Qt::PlainText);
   // A long path must not widen the window.
   folder_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  progress_->hide();
   NameControl(*notice_, QStringLiteral("lblNotice"),
               {{}, QStringLiteral("Why the last file command did nothing")});
   notice_->setWordWrap(true);
@@ -87,6 +89,7 @@ void FilesBox::LayOut() {
   // Under the list alone, so that no button moves when a notice comes.
   auto* listed = new QVBoxLayout;
   listed->addWidget(list_, 1);
+  listed->addWidget(progress_);
   listed->addWidget(notice_);
   auto* lower = new QHBoxLayout;
   lower->addLayout(listed, 1);
@@ -122,6 +125,10 @@ void FilesBox::Connect() {
   connect(list_, &FileList::Clicked, this, [this](int row) { browser_.Click(row); });
   connect(list_, &FileList::DoubleClicked, this, [this](int row) { browser_.DoubleClick(row); });
   connect(list_, &FileList::MenuRequested, this, [this](int row) { browser_.OpenMenu(row); });
+  connect(list_, &FileList::Progress, this, [this](const QString& text) {
+    progress_->setText(text);
+    progress_->setVisible(!text.isEmpty());
+  });
   connect(drives_, &QComboBox::activated, this,
           [this](int index) { browser_.ChooseDrive(drives_->itemText(index).toStdString()); });
   connect(&clickTimer_, &QTimer::timeout, this, [this] { browser_.ClickTimerRan(); });
@@ -137,10 +144,15 @@ void FilesBox::Connect() {
 
 bool FilesBox::Start() {
   if (!browser_.FillDrives()) return false;
+  started_ = true;
   browser_.Refresh();
   endedAbnormally_ = recovery_.Start();
   recoveryTimer_.start(Recovery::kTickInterval);
   return true;
+}
+
+void FilesBox::ShowFilesOfMode() {
+  if (started_) browser_.Refresh();
 }
 
 void FilesBox::End() {
@@ -206,16 +218,11 @@ void FilesBox::PlayOrShow() {
 void FilesBox::ShowFiles() {
   const QSignalBlocker quietDrives(drives_);
   drives_->clear();
-  for (const std::string& drive : browser_.Drives()) drives_->addItem(QString::fromStdString(drive));
+  for (const std::string& drive : browser_.Drives()) drives_->addItem(ShownName(drive));
   drives_->setCurrentIndex(browser_.CurrentDrive());
-  folder_->setText(QString::fromStdString(browser_.Folder()));
+  folder_->setText(ShownName(browser_.Folder()));
   folder_->setToolTip(PlainToolTip(folder_->text()));
-  const QSignalBlocker quietList(list_);
-  list_->clear();
-  for (const FileRow& row : browser_.Rows()) {
-    auto* item = new QListWidgetItem(QString::fromStdString(row.Text()), list_);
-    item->setData(Qt::UserRole, !row.IsFile());
-  }
+  list_->Refill();
   ShowSelectedFile();
 }
 
@@ -231,7 +238,7 @@ void FilesBox::StartClickTimer() { clickTimer_.start(kClickDelay); }
 void FilesBox::StopClickTimer() { clickTimer_.stop(); }
 
 void FilesBox::Notice(std::string_view text) {
-  notice_->setText(FromUtf8Bytes(text));
+  notice_->setText(ShownMessage(FromUtf8Bytes(text)));
   notice_->setVisible(!text.empty());
 }
 

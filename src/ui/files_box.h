@@ -50,6 +50,8 @@ class FilesBox : public QGroupBox, private FilesHost {
   void KeepBeforeClearing() { recovery_.KeepBeforeReplacing(); }
 
   void ShowState();
+  /// Lists the folder anew, once it was listed at the start.
+  void ShowFilesOfMode();
 
   /// A notice of many lines takes its room from the list, not from the window.
   bool hasHeightForWidth() const override { return false; }
@@ -91,12 +93,14 @@ class FilesBox : public QGroupBox, private FilesHost {
   SaveCommands save_;
   QTimer clickTimer_;
   QTimer recoveryTimer_;
+  bool started_ = false;
   bool endedAbnormally_ = false;
 
   QComboBox* drives_;
   QLabel* folder_;
   QLabel* notice_;
   FileList* list_;
+  QLabel* progress_;
   QMenu* fileMenu_;
   QPushButton* saveButton_;
   QPushButton* saveAsButton_;

@@ -2,12 +2,16 @@
 
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QMimeData>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "core/code_page.h"
+#include "core/limits.h"
 #include "core/scoped_value.h"
+#include "files/read_file.h"
 #include "ui/dialog_parts.h"
 #include "ui/qt_text.h"
 
@@ -32,6 +36,23 @@ QString ReplacedWords(qsizetype count) {
   if (count == 1) return QStringLiteral("1 character is unknown to the phones and is read as \"?\".");
   return QStringLiteral("%1 characters are unknown to the phones and are read as \"?\".").arg(count);
 }
+
+// Takes no more than an import may hold, whether it is pasted or dropped.
+class SourceBox : public QPlainTextEdit {
+ public:
+  SourceBox(std::function<void()> tooLarge, QWidget* parent)
+      : QPlainTextEdit(parent), tooLarge_(std::move(tooLarge)) {}
+
+ protected:
+  void insertFromMimeData(const QMimeData* source) override {
+    const auto there = static_cast<size_t>(document()->characterCount());
+    if (there + static_cast<size_t>(source->text().size()) > kLargestInput) return tooLarge_();
+    QPlainTextEdit::insertFromMimeData(source);
+  }
+
+ private:
+  std::function<void()> tooLarge_;
+};
 
 }  // namespace
 
@@ -70,7 +91,11 @@ QWidget* ImportWindow::NewFormatFrame() {
 
 QWidget* ImportWindow::NewSourceFrame() {
   auto* frame = new QGroupBox(QStringLiteral("&Source"), this);
-  sourceBox_ = new QPlainTextEdit(frame);
+  const auto tooLarge = [this] {
+    replaced_->setText("The text is " + QString::fromStdString(TooLargeText()) + " and was not taken.");
+    replaced_->show();
+  };
+  sourceBox_ = new SourceBox(tooLarge, frame);
   NameControl(*sourceBox_, QStringLiteral("txtSource"),
               {{}, QStringLiteral("Melody text to import"), QStringLiteral("Paste the melody text here")});
   SetUpTextBox(*sourceBox_);

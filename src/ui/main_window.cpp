@@ -27,6 +27,15 @@ constexpr std::array<std::string_view, 4> kExtraTexts{"Nothing", "Dotted note", 
 constexpr int kWidestCentre = 1600;
 constexpr int kHighestUpperRow = 420;  // what large letters need, too
 
+// Where names are bytes, the place of a file holds them as they are.
+std::filesystem::path LocalFile(const QUrl& place) {
+#ifdef Q_OS_WIN
+  return place.toLocalFile().toStdWString();
+#else
+  return QByteArray::fromPercentEncoding(place.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+#endif
+}
+
 }  // namespace
 
 MainWindow::MainWindow(const WindowParts& parts)
@@ -112,8 +121,8 @@ void MainWindow::Connect() {
   connect(melody_, &MelodyBox::Clearing, files_, &FilesBox::KeepBeforeClearing);
   connect(
       this, &MainWindow::Dropped, this,
-      [this](const QString& file) {
-        if (composer_.MayEdit()) OpenFile(file.toStdWString());
+      [this](const std::filesystem::path& file) {
+        if (composer_.MayEdit()) OpenFile(file);
       },
       Qt::QueuedConnection);
 }
@@ -236,7 +245,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 
 // From the event loop, so that the program the file comes from need not wait until it has been played.
 void MainWindow::dropEvent(QDropEvent* event) {
-  const QString file = event->mimeData()->urls().value(0).toLocalFile();
+  const std::filesystem::path file = LocalFile(event->mimeData()->urls().value(0));
   event->acceptProposedAction();
   emit Dropped(file);
 }
@@ -264,7 +273,7 @@ void MainWindow::ShowComposer() {
   if (focus != nullptr && (!focus->isEnabled() || focus->isHidden())) melody_->Line().TakeFocus();
 }
 
-void MainWindow::ShowFilesOfMode() { files_->Browser().Refresh(); }
+void MainWindow::ShowFilesOfMode() { files_->ShowFilesOfMode(); }
 
 void MainWindow::ShowFrequency(std::string_view text) { phone_->ShowFrequency(text); }
 

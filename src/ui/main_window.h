@@ -61,7 +61,7 @@ class MainWindow final : public QMainWindow,
   /// The window was closed: the program is to end.
   void Closed();
   /// A file was dropped onto the window.
-  void Dropped(const QString& file);
+  void Dropped(const std::filesystem::path& file);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -12,7 +12,7 @@ bool QtMessageBox::ShowMessage(std::string_view message, bool offerSilence) {
   QMessageBox box(QApplication::activeWindow());
   box.setWindowTitle(QStringLiteral("Trillomat"));
   box.setTextFormat(Qt::PlainText);
-  box.setText(ToQString(message));
+  box.setText(ShownMessage(ToQString(message)));
   QCheckBox* silence = nullptr;
   if (offerSilence) {
     silence = new QCheckBox(QStringLiteral("&Don't show more of these"), &box);

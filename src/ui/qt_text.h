@@ -15,6 +15,15 @@ std::string FromQString(const QString& text);
 /// Of text that the file layer gives, and of the questions that it asks.
 QString FromUtf8Bytes(std::string_view text);
 
+/// A name or path of the file layer as it can be shown in one line: a control character, a line break or one
+/// that turns the direction of what follows stands as "\uFFFD", as bytes do that are no UTF-8.
+QString ShownName(std::string_view text);
+
+/// A message of the program, which can quote names and texts of any length, as a box or a label can show it:
+/// without what ShownName takes out, but with its line feeds; cut when it is very long; and with places at
+/// which a text without blanks can be broken into lines.
+QString ShownMessage(const QString& text);
+
 /// The name of member `index` of an indexed group of controls: "cmdTone(3)".
 QString IndexedName(const char* group, int index);
 

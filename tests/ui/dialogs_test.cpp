@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "core/limits.h"
 #include "support/fakes.h"
 #include "support/sample_notes.h"
 #include "ui/dialog_probe.h"
@@ -84,6 +85,14 @@ TEST_F(ImportWindowTest, IgnoresPressesAndTypingWhileItImportsAndEveryWayOutImpo
 }
 
 constexpr const char* kNokiaKeys = "0--> Press: 1\r\n1--> Press: 2 8\r\n";
+
+TEST_F(ImportWindowTest, ATextPastTheLimitIsRefusedInWords) {
+  source.setPlainText(kTune);
+  QApplication::clipboard()->setText(QString(static_cast<qsizetype>(kLargestInput), 'c'));
+  source.paste();
+  EXPECT_EQ(source.toPlainText(), kTune);
+  EXPECT_EQ(Find<QLabel>(window, "lblReplaced").text(), "The text is larger than 64 MiB and was not taken.");
+}
 
 class ExportWindowTest : public testing::Test, public FakeServices {
  protected:

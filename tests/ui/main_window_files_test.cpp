@@ -102,7 +102,7 @@ TEST_F(MainWindowFiles, AFileOpensByClickOrKeyAndSaveWritesOverIt) {
   EXPECT_TRUE(Get<QWidget>("cmdSave").isEnabled());
   EXPECT_EQ(window.focusWidget(), &List());
   PressKey(Qt::Key_Down);
-  EXPECT_EQ(List().currentItem()->text(), "b.imy");
+  EXPECT_EQ(List().currentIndex().data(), "b.imy");
   EXPECT_EQ(SelectedRow(), "a.imy") << "Save writes over the opened file";
   for (const Qt::Key harmless : {Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Left}) PressKey(harmless);
   EXPECT_EQ(Shown(), "|*4c2 *4d2");
@@ -122,9 +122,30 @@ TEST_F(MainWindowFiles, AFileOpensByClickOrKeyAndSaveWritesOverIt) {
   EXPECT_FALSE(Get<QWidget>("cmdSave").isEnabled());
   EXPECT_EQ(Get<QLabel>("lblFolder").text().toStdString() + " " + Rows(), "c:\\sub\\ [Previous]");
   List().setFocus();
-  List().setCurrentRow(0);
+  List().setCurrentIndex(RowAt(0));
   PressKey(Qt::Key_Return);
   EXPECT_EQ(Rows(), "[sub] a.imy bad.imy");
+}
+
+TEST(FileRows, ManyRowsComeInStepsAndARefillStartsAnew) {
+  std::vector<FileRow> rows(35000, {RowKind::File, "a.imy"});
+  FileRows model(rows, nullptr);
+  QStringList progress;
+  QObject::connect(&model, &FileRows::Progress, [&progress](const QString& text) { progress << text; });
+  const QString first = "10,000 of 35,000 rows";
+  model.Refill();
+  QCoreApplication::processEvents();
+  model.Refill();
+  EXPECT_EQ(progress, QStringList({first, "20,000 of 35,000 rows", first}));
+  model.Reach(15000);
+  EXPECT_EQ(model.rowCount(), 15001);
+  for (int i = 0; i < 9 && !progress.back().isEmpty(); ++i) QCoreApplication::processEvents();
+  EXPECT_EQ(model.rowCount(), 35000);
+  rows.resize(1);
+  EXPECT_EQ(model.data(model.index(20000), Qt::DisplayRole), QVariant());
+  progress.clear();
+  model.Refill();
+  EXPECT_EQ(progress, QStringList({""}));
 }
 
 TEST_F(MainWindowFiles, AFileOfTheCommandLineOrADroppedOneBringsItsModeAndPlaysOnDemand) {

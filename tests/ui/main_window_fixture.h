@@ -6,7 +6,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
+#include <QListView>
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
@@ -117,19 +117,20 @@ class MainWindowTest : public testing::Test, public Parts {
   }
 
   // The file list.
-  QListWidget& List() const { return Get<QListWidget>("ListFiles"); }
+  QListView& List() const { return Get<QListView>("ListFiles"); }
+  QModelIndex RowAt(int row) const { return List().model()->index(row, 0); }
   std::string Rows() const {
     QStringList rows;
-    for (int i = 0; i < List().count(); ++i) rows << List().item(i)->text();
+    for (int i = 0; i < List().model()->rowCount(); ++i) rows << RowAt(i).data().toString();
     return rows.join(' ').toStdString();
   }
   /// The selected row, "" for none.
   std::string SelectedRow() const {
-    const auto selected = List().selectedItems();
-    return selected.isEmpty() ? "" : selected.front()->text().toStdString();
+    return List().selectionModel()->selectedIndexes().value(0).data().toString().toStdString();
   }
   QPoint PlaceOf(const QString& row) const {
-    return List().visualItemRect(List().findItems(row, Qt::MatchExactly).value(0)).center();
+    const auto found = List().model()->match(RowAt(0), Qt::DisplayRole, row, 1, Qt::MatchFixedString);
+    return List().visualRect(found.value(0)).center();
   }
   void ClickRow(const QString& row, Qt::MouseButton button = Qt::LeftButton) {
     QTest::mouseClick(List().viewport(), button, {}, PlaceOf(row));

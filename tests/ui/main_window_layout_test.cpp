@@ -1,9 +1,11 @@
 // The main window's size, and that everything in it can be reached and read at any.
+#include <QMessageBox>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 
 #include "ui/main_window_fixture.h"
+#include "ui/message_box_qt.h"
 
 namespace trillomat {
 namespace {
@@ -64,7 +66,7 @@ TEST_F(MainWindowLayout, ControlsGrowWithTheWindowAsFarAsTheyShould) {
               static_cast<double>(phone.width()) / phone.height(), 0.02);
   folder.Write("a.imy", Tune("c2"));
   SetMode(FormatMode::IMelody);
-  EXPECT_GE(List().visualItemRect(List().item(0)).height(), 20);
+  EXPECT_GE(List().visualRect(RowAt(0)).height(), 20);
   const int slider = Get<QWidget>("SliderOctave").width();
   SetMode(FormatMode::Rtttl);
   QCoreApplication::processEvents();
@@ -89,6 +91,56 @@ TEST_F(MainWindowLayout, TheSizeIsKeptButNeverLargerThanTheScreen) {
   Trigger("mnuFileCleanUp");
   EXPECT_FALSE(settings.values.contains("Window/Width"));
 }
+
+#ifndef _WIN32
+// Names of folders and files can be markup, hold line breaks, turn the direction of writing, and be long.
+TEST_F(MainWindowLayout, NamesAreShownAsPlainTextAndMoveNothing) {
+  Resize(1024, 720);
+  const QSize least = area.widget()->minimumSizeHint();
+  for (const std::string& name :
+       {std::string("<table width=3000 height=3000>"), std::string("a\nb\r\t\x1B[1m"),
+        std::string("<b>\u202Egpj&x"), std::string(250, 'W'), std::string("\xFF\xFE")}) {
+    folder.MakeFolder("in");
+    std::filesystem::create_directories(folder / "in" / name);
+    const std::filesystem::path file = folder / "in" / name / (name.substr(0, 240) + ".imy");
+    std::ofstream(file) << kRefusedTune;
+    window.OpenFile(file);
+    EXPECT_EQ(List().selectionModel()->selectedIndexes().value(0).data(),
+              ShownName(file.filename().string()));
+    std::filesystem::remove(file);
+    window.OpenFile(file);
+    EXPECT_THAT(NoticeText().toStdString(), testing::HasSubstr("there is no file "));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(area.widget()->minimumSizeHint(), least) << name;
+    for (const auto* label : window.findChildren<QLabel*>()) {
+      EXPECT_TRUE(label->textFormat() == Qt::PlainText || !Qt::mightBeRichText(label->text())) << name;
+    }
+    QLabel tip(Get<QLabel>("lblFolder").toolTip());
+    tip.setWordWrap(true);
+    EXPECT_LT(tip.sizeHint().width() + tip.sizeHint().height(), 1200) << name;
+  }
+}
+
+TEST_F(MainWindowLayout, MessagesAndQuestionsAreShownAsPlainTextOfBearableSize) {
+  QtMessageBox messages;
+  QtQuestions questions;
+  for (const std::string& text : {std::string("<table width=3000 height=3000>"), std::string(9000, 'W')}) {
+    const auto judge = [&text] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      EXPECT_EQ(box->textFormat(), Qt::PlainText);
+      EXPECT_EQ(box->text().left(30).toStdString(), text.substr(0, 30));
+      EXPECT_LT(box->width() + box->height(), 1600);
+      box->button(box->standardButtons().testFlag(QMessageBox::Yes) ? QMessageBox::Yes : QMessageBox::Ok)
+          ->click();
+    };
+    QTimer::singleShot(0, judge);
+    messages.ShowMessage(text, false);
+    QTimer::singleShot(0, judge);
+    EXPECT_TRUE(questions.AskYesNo(&window, "Trillomat", QString::fromStdString(text)));
+  }
+}
+#endif
 
 // An application that names itself to the toolkit has that name behind each title.
 TEST_F(MainWindowLayout, ATitleIsTheWholeTitle) {

@@ -109,9 +109,10 @@ class Monkey {
   }
 
   void UseList(const MainWindow& window) {
-    const auto& list = Find<QListWidget>(window, "ListFiles");
-    if (list.count() == 0) return;
-    const QPoint place = list.visualItemRect(list.item(Number(list.count()))).center();
+    const auto& list = Find<QListView>(window, "ListFiles");
+    const int rows = list.model()->rowCount();
+    if (rows == 0) return;
+    const QPoint place = list.visualRect(list.model()->index(Number(rows), 0)).center();
     const int dice = Number(4);
     if (dice == 0) return QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, place);
     QTest::mouseClick(list.viewport(), dice == 1 ? Qt::RightButton : Qt::LeftButton, {}, place);
