@@ -21,5 +21,6 @@ inline void Require(bool holds, const char* what) {
 // A table for each file of bodies, which links no more of the program than these need.
 extern const std::span<const FuzzBody> kTextBodies;         ///< bodies.cpp: formats/ and exchange/
 extern const std::span<const FuzzBody> kCommandLineBodies;  ///< command_line_body.cpp: cli/
+extern const std::span<const FuzzBody> kStateBodies;        ///< state_bodies.cpp: files/ and settings/
 
 }  // namespace trillomat
