@@ -68,7 +68,7 @@ std::optional<Options> ParseOptions(const QApplication& app, int argc, char** ar
   parser.process(app);
 #endif
   if (!parser.parse(Arguments(argc, argv))) {
-    SayError(Utf8Of(parser.errorText()));
+    SayError("trillomat: " + Utf8Of(parser.errorText()));
     return std::nullopt;
   }
   if (parser.isSet(version)) {
