@@ -6,7 +6,6 @@
 #include "cli/melody_source.h"
 #include "cli/output_check.h"
 #include "cli/signals.h"
-#include "core/code_page.h"
 #include "document/document.h"
 #include "files/path_text.h"
 #include "platform/system_parts.h"
@@ -62,9 +61,12 @@ void RenderCommand(const Invocation& call, const CommandServices& services) {
   CheckOutput(call, false, services.store);
   const Document document(LoadSong(call.in, mode, services), mode);
   WriteOutput(call.out, services.store, [&](std::ostream& stream) {
-    const auto why = RenderWave(document, call.endless, services, stream);
+    const RenderOptions options{.endlessRounds = call.endless, .anyLength = call.force};
+    const auto failure = RenderWave(document, options, services, stream);
     // Of a stream that failed the output itself is to blame, and it knows why.
-    if (why && stream) throw Refused(Utf8OfPath(call.in) + ": " + ToUtf8(*why));
+    if (!failure || !stream) return;
+    throw Refused(Utf8OfPath(call.in) + ": " + failure->why +
+                  (failure->tooMuch ? " --force renders it all the same." : ""));
   });
 }
 

@@ -14,6 +14,10 @@ namespace {
 constexpr int64_t kRampFrames = kSampleRate * 3 / 1000;
 constexpr int64_t kMaxDataSize = std::numeric_limits<uint32_t>::max() - int64_t{kWaveHeaderSize};
 
+constexpr int64_t kHour = 3'600'000;  // milliseconds
+// No block that repeats without end stays below it, for the count of its rounds stops at 32,767.
+constexpr size_t kMostRepeated = 30'000;
+
 // The position of a time in samples. Counted from the start of the melody, so that nothing adds up.
 int64_t FramesAt(int64_t milliseconds) { return (milliseconds * kSampleRate + 500) / 1000; }
 
@@ -63,26 +67,53 @@ class WaveWriter {
   int64_t time_ = 0;  // milliseconds
 };
 
+// How long a song sounds, and whether that is more than can or should be rendered.
+class Measure {
+ public:
+  Measure(size_t elements, bool anyLength) : mostSteps_(elements + kMostRepeated), anyLength_(anyLength) {}
+
+  /// False when that is too much.
+  bool Add(const PlayedElement& played) {
+    ++steps_;
+    time_ += std::max(0, played.length);
+    return !Why();
+  }
+  std::optional<RenderFailure> Why() const {
+    if (!anyLength_ && time_ > kHour)
+      return RenderFailure{"The melody has more than an hour of sound.", true};
+    if (!anyLength_ && steps_ > mostSteps_) {
+      return RenderFailure{"The melody plays more than 30,000 elements over again.", true};
+    }
+    if (DataSizeAt(time_) > kMaxDataSize) return RenderFailure{"The melody is too long for a WAV file."};
+    return std::nullopt;
+  }
+  uint32_t DataSize() const { return static_cast<uint32_t>(DataSizeAt(time_)); }
+
+ private:
+  size_t mostSteps_;
+  bool anyLength_;
+  size_t steps_ = 0;
+  int64_t time_ = 0;  // milliseconds
+};
+
 }  // namespace
 
-std::optional<std::string> RenderWave(const Document& document, int32_t endlessRounds,
-                                      const Services& services, std::ostream& out) {
+std::optional<RenderFailure> RenderWave(const Document& document, const RenderOptions& options,
+                                        const Services& services, std::ostream& out) {
+  const RenderFailure interrupted{"Interrupted."};
   // The header tells the size, and the stream may be one that cannot go back: so the walk is made twice.
   SilentLog silent;
-  int64_t time = 0;
-  const auto measure = [&time](const TraceStep& step) {
-    time += std::max(0, step.played.length);
-    return DataSizeAt(time) <= kMaxDataSize;
-  };
-  if (!TraceMelody(document, endlessRounds, {silent, services.pump}, measure)) {
-    return DataSizeAt(time) > kMaxDataSize ? "The melody is too long for a WAV file." : "Interrupted.";
+  Measure measure(document.Elements().size(), options.anyLength);
+  const auto add = [&measure](const TraceStep& step) { return measure.Add(step.played); };
+  if (!TraceMelody(document, options.endlessRounds, {silent, services.pump}, add)) {
+    return measure.Why().value_or(interrupted);
   }
-  const auto header = WaveHeader(WaveFormat{}, static_cast<uint32_t>(DataSizeAt(time)));
+  const auto header = WaveHeader(WaveFormat{}, measure.DataSize());
   out.write(reinterpret_cast<const char*>(header.data()), header.size());
   WaveWriter writer(out);
   const auto write = [&writer](const TraceStep& step) { return writer.Write(step.played); };
-  if (!TraceMelody(document, endlessRounds, services, write) || !out.flush()) {
-    return out.good() ? "Interrupted." : "The WAV file could not be written.";
+  if (!TraceMelody(document, options.endlessRounds, services, write) || !out.flush()) {
+    return out.good() ? interrupted : RenderFailure{"The WAV file could not be written."};
   }
   return std::nullopt;
 }

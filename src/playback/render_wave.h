@@ -11,12 +11,23 @@
 
 namespace trillomat {
 
+struct RenderOptions {
+  int32_t endlessRounds = 1;  ///< how often an endless block is played, at least once
+  bool anyLength = false;     ///< also more than anybody means to render
+};
+
+/// Why there is no WAV file.
+struct RenderFailure {
+  std::string why;       ///< a sentence for the user
+  bool tooMuch = false;  ///< `anyLength` would render it
+};
+
 /// Writes the document's song as one mono 16-bit WAV of 44,100 samples a second: each tone is the image of
 /// the wave output, looped and cut to its exact length, with a ramp of 3 ms at both ends; pauses are silence.
-/// Endless blocks are played `endlessRounds` times (at least once). Logs what the player logs. Nothing when
-/// all went well; otherwise a sentence for the user that says why not: the result would be longer than a WAV
-/// file can be (nothing is written then), the stream failed, or the program is ending.
-std::optional<std::string> RenderWave(const Document& document, int32_t endlessRounds,
-                                      const Services& services, std::ostream& out);
+/// Logs what the player logs. Nothing when all went well. Otherwise the result would have more than an hour
+/// of sound or repeat itself without end, or be longer than a WAV file can be (nothing is written then), the
+/// stream failed, or the program is ending.
+std::optional<RenderFailure> RenderWave(const Document& document, const RenderOptions& options,
+                                        const Services& services, std::ostream& out);
 
 }  // namespace trillomat

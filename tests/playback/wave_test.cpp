@@ -78,7 +78,7 @@ TEST(WaveSynthesis, HasEightBitsAndSeveralChannels) {
 std::vector<uint8_t> Rendered(Playing& p, int32_t bpm, int32_t rounds = 1) {
   std::ostringstream out;
   p.SetTempo(bpm);
-  EXPECT_EQ(RenderWave(p.document, rounds, p.services, out), std::nullopt);
+  EXPECT_FALSE(RenderWave(p.document, {.endlessRounds = rounds}, p.services, out));
   const std::string text = out.str();
   return {text.begin(), text.end()};
 }
@@ -116,18 +116,34 @@ TEST(RenderWave, LogsOnceWhatThePlayerLogsAndGivesNoTimeToWhatIsNotSounded) {
   EXPECT_THAT(p.log.lines, ElementsAre("1: Unknown tone-->h"));
 }
 
-TEST(RenderWave, SaysWhatNoWavFileHolds) {
-  Playing p("( r0 @300)");
-  p.SetTempo(1);
-  std::ostringstream out;
-  EXPECT_EQ(RenderWave(p.document, 1, p.services, out), "The melody is too long for a WAV file.");
-  EXPECT_THAT(out.str(), IsEmpty());
-  p.Load("*3a2 r2");
-  std::ostringstream failing;
-  failing.setstate(std::ios::badbit);
-  EXPECT_EQ(RenderWave(p.document, 1, p.services, failing), "The WAV file could not be written.");
+TEST(RenderWave, SaysWhyItDoesNot) {
+  const std::string hour = "The melody has more than an hour of sound.";
+  const std::string again = "The melody plays more than 30,000 elements over again.";
+  const std::string tooLong = "The melody is too long for a WAV file.";
+  struct Case {
+    std::string tokens;  // at a beat a minute
+    bool anyLength;
+    std::string why;
+  };
+  for (const Case& c : {Case{"( r0 @15)", false, ""}, Case{"( r0 @15) r5", false, hour},
+                        Case{"( r0 @999999999)", false, hour}, Case{"( ledon @999999999)", false, again},
+                        Case{"( @999999999)", false, again}, Case{"( ledon @999999999)", true, ""},
+                        Case{"( r0 @300)", true, tooLong}}) {
+    Playing p(c.tokens);
+    p.SetTempo(1);
+    std::ostringstream out;
+    if (c.why.empty()) out.setstate(std::ios::badbit);  // what could be rendered is refused here
+    const auto failure = RenderWave(p.document, {.anyLength = c.anyLength}, p.services, out);
+    const std::string expected = c.why.empty() ? "The WAV file could not be written." : c.why;
+    ASSERT_TRUE(failure) << c.tokens;
+    EXPECT_EQ(failure->why, expected) << c.tokens;
+    EXPECT_EQ(failure->tooMuch, c.why == hour || c.why == again) << c.tokens;
+    EXPECT_THAT(out.str(), IsEmpty());
+  }
+  Playing p("*3a2");
   p.pump.ending = true;
-  EXPECT_EQ(RenderWave(p.document, 1, p.services, out), "Interrupted.");
+  std::ostringstream out;
+  EXPECT_EQ(RenderWave(p.document, {}, p.services, out)->why, "Interrupted.");
 }
 
 }  // namespace
