@@ -238,7 +238,7 @@ void FilesBox::StartClickTimer() { clickTimer_.start(kClickDelay); }
 void FilesBox::StopClickTimer() { clickTimer_.stop(); }
 
 void FilesBox::Notice(std::string_view text) {
-  notice_->setText(ShownMessage(FromUtf8Bytes(text)));
+  notice_->setText(ShownMessage(ShownName(text)));
   notice_->setVisible(!text.empty());
 }
 

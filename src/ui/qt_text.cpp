@@ -1,7 +1,5 @@
 #include "ui/qt_text.h"
 
-#include <QStringList>
-
 #include "core/code_page.h"
 
 namespace trillomat {
@@ -12,12 +10,6 @@ bool IsShown(QChar character) {
   const bool turns = (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
   return !turns && character.category() != QChar::Other_Control && character != QChar::LineSeparator &&
          character != QChar::ParagraphSeparator;
-}
-
-void ReplaceUnshown(QString& text) {
-  for (QChar& character : text) {
-    if (!IsShown(character)) character = QChar::ReplacementCharacter;
-  }
 }
 
 }  // namespace
@@ -35,22 +27,31 @@ QString FromUtf8Bytes(std::string_view text) {
 
 QString ShownName(std::string_view text) {
   QString shown = FromUtf8Bytes(text);
-  ReplaceUnshown(shown);
+  for (QChar& character : shown) {
+    if (!IsShown(character)) character = QChar::ReplacementCharacter;
+  }
   return shown;
 }
 
 QString ShownMessage(const QString& text) {
   constexpr qsizetype kLongest = 1000;
-  constexpr qsizetype kLongestRun = 30;
+  constexpr int kMostLines = 5;
+  constexpr int kLongestRun = 30;
   constexpr QChar kBreak(0x200B);
-  QStringList lines = (text.size() > kLongest ? text.left(kLongest) + QChar(0x2026) : text).split('\n');
-  for (QString& line : lines) {
-    ReplaceUnshown(line);
-    for (qsizetype at = line.size() - line.size() % kLongestRun; at > 0; at -= kLongestRun) {
-      if (!line.mid(at - kLongestRun, kLongestRun).contains(' ')) line.insert(at, kBreak);
+  QString shown;
+  int lines = 1;
+  int run = 0;
+  for (const QChar character : text.size() > kLongest ? text.left(kLongest) + QChar(0x2026) : text) {
+    const bool ends = character == '\n' && lines < kMostLines;
+    if (ends) ++lines;
+    run = ends || character == ' ' ? 0 : run + 1;
+    if (run > kLongestRun && !character.isLowSurrogate()) {
+      shown += kBreak;
+      run = 1;
     }
+    shown += ends || IsShown(character) ? character : QChar(QChar::ReplacementCharacter);
   }
-  return lines.join('\n');
+  return shown;
 }
 
 QString IndexedName(const char* group, int index) {

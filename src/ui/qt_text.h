@@ -20,8 +20,8 @@ QString FromUtf8Bytes(std::string_view text);
 QString ShownName(std::string_view text);
 
 /// A message of the program, which can quote names and texts of any length, as a box or a label can show it:
-/// without what ShownName takes out, but with its line feeds; cut when it is very long; and with places at
-/// which a text without blanks can be broken into lines.
+/// without what ShownName takes out, but with its first line feeds; cut when it is very long; and with places
+/// at which a text without blanks can be broken into lines.
 QString ShownMessage(const QString& text);
 
 /// The name of member `index` of an indexed group of controls: "cmdTone(3)".

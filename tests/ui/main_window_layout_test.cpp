@@ -97,9 +97,9 @@ TEST_F(MainWindowLayout, TheSizeIsKeptButNeverLargerThanTheScreen) {
 TEST_F(MainWindowLayout, NamesAreShownAsPlainTextAndMoveNothing) {
   Resize(1024, 720);
   const QSize least = area.widget()->minimumSizeHint();
-  for (const std::string& name :
-       {std::string("<table width=3000 height=3000>"), std::string("a\nb\r\t\x1B[1m"),
-        std::string("<b>\u202Egpj&x"), std::string(250, 'W'), std::string("\xFF\xFE")}) {
+  for (const std::string& name : {std::string("<table width=3000 height=3000>"),
+                                  std::string("a\nb\r\t\x1B[1m"), std::string("<b>\u202Egpj&x"),
+                                  std::string(200, '\n'), std::string(250, 'W'), std::string("\xFF\xFE")}) {
     folder.MakeFolder("in");
     std::filesystem::create_directories(folder / "in" / name);
     const std::filesystem::path file = folder / "in" / name / (name.substr(0, 240) + ".imy");
@@ -110,7 +110,7 @@ TEST_F(MainWindowLayout, NamesAreShownAsPlainTextAndMoveNothing) {
     std::filesystem::remove(file);
     window.OpenFile(file);
     EXPECT_THAT(NoticeText().toStdString(), testing::HasSubstr("there is no file "));
-    QCoreApplication::processEvents();
+    QTest::qWait(20);
     EXPECT_EQ(area.widget()->minimumSizeHint(), least) << name;
     for (const auto* label : window.findChildren<QLabel*>()) {
       EXPECT_TRUE(label->textFormat() == Qt::PlainText || !Qt::mightBeRichText(label->text())) << name;
