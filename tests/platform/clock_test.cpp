@@ -45,7 +45,7 @@ TEST(StdClock, WritesDatesInUtf8AndTimesInTheCodePage) {
     const char* date;
     const char* time;  // a pattern
   };
-  const char* const plain = "^\\d\\d:\\d\\d:\\d\\d$";
+  const char* const plain = "^..:..:..$";
   for (const Case& c :
        {Case{"14.05.2002", "14.05.2002", "^14.05.2002$"}, Case{"5 \u00e9 ?", "5 \u00e9 ?", "^5 \xe9 \\?$"},
         Case{"\u06f2\u06f6/\u06f1", "\u06f2\u06f6/\u06f1", plain}, Case{"5\u202fPM", "5\u202fPM", plain},
