@@ -40,7 +40,8 @@ void FlushStandardOutput() {
 }
 
 void WriteOutput(const fs::path& file, FileStore& store, const WriteContent& write) {
-  if (IsStandardStream(file)) {
+  // By its name too it may be a terminal, which gets text without its orders.
+  if (IsStandardStream(file) || file == "/dev/stdout") {
     write(std::cout);
     return FlushStandardOutput();
   }

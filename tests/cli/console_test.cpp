@@ -45,6 +45,7 @@ TEST_F(ProgramTest, OnlyATerminalGetsTextWithoutItsOrders) {
   const int other = open(name.c_str(), O_RDWR | O_NOCTTY);
   EXPECT_THAT(Run("convert --mode rtttl a.rtx -").out, HasSubstr("\x1B[2J:"));
   EXPECT_EQ(Run("convert --mode rtttl a.rtx - >" + name).status, 0);
+  EXPECT_EQ(Run("convert --mode rtttl a.rtx /dev/stdout >" + name).status, 0);
   EXPECT_EQ(Run("show '\x1B]2;gone.imy' 2>" + name).status, 1);
   std::string shown(10000, '\0');
   shown.resize(static_cast<size_t>(std::max<ssize_t>(0, read(terminal, shown.data(), shown.size()))));
