@@ -22,5 +22,6 @@ inline void Require(bool holds, const char* what) {
 extern const std::span<const FuzzBody> kTextBodies;         ///< bodies.cpp: formats/ and exchange/
 extern const std::span<const FuzzBody> kCommandLineBodies;  ///< command_line_body.cpp: cli/
 extern const std::span<const FuzzBody> kStateBodies;        ///< state_bodies.cpp: files/ and settings/
+extern const std::span<const FuzzBody> kEditingBodies;      ///< editing_body.cpp: composer/ and playback/
 
 }  // namespace trillomat
