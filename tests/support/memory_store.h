@@ -20,7 +20,7 @@ class MemoryStore : public SettingsStore {
       std::erase_if(values, [&](const auto& entry) { return entry.first.starts_with(section + "/"); });
     }
     for (const auto& [section, key, text, onlyIfMissing] : changes.values) {
-      if (!onlyIfMissing || !Get(section, key)) values[section + "/" + key] = text;
+      if (!onlyIfMissing || !Get(section, key)) values[std::string(section).append("/").append(key)] = text;
     }
     return std::nullopt;
   }
