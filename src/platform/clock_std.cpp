@@ -5,7 +5,6 @@
 #include <iomanip>
 #include <sstream>
 #include <stdexcept>
-#include <utility>
 
 #include "core/code_page.h"
 
@@ -53,8 +52,8 @@ std::string NowAs(const char* format, const std::locale& locale) {
 
 StdClock::StdClock() : StdClock(UserLocale(), system_clock::now()) {}
 
-StdClock::StdClock(std::locale locale, system_clock::time_point start)
-    : locale_(std::move(locale)), start_(TimeOfDay(start)) {}
+StdClock::StdClock(const std::locale& locale, system_clock::time_point start)
+    : locale_(locale), start_(TimeOfDay(start)) {}
 
 double StdClock::SecondsSinceMidnight() const {
   const std::chrono::duration<double> since = steady_clock::now() - begin_;

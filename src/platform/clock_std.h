@@ -14,7 +14,7 @@ class StdClock : public Clock {
   /// Now, in the user's locale.
   StdClock();
   /// Begins at `start`.
-  StdClock(std::locale locale, std::chrono::system_clock::time_point start);
+  StdClock(const std::locale& locale, std::chrono::system_clock::time_point start);
 
   /// Goes on steadily from the start, whatever happens to the system's time meanwhile.
   double SecondsSinceMidnight() const override;
