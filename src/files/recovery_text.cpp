@@ -157,6 +157,7 @@ std::string WriteRecovery(const Song& song, FormatMode mode) {
 }
 
 std::optional<RecoveredSong> ReadRecovery(std::string_view text) {
+  if (!text.starts_with(kTitle)) return std::nullopt;
   const std::vector<std::string_view> lines = SplitLines(text);
   if (!text.ends_with('\n') || lines.size() < 4 || lines[0] != kTitle) return std::nullopt;
   RecoveredSong recovered;
