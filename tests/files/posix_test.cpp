@@ -150,9 +150,11 @@ TEST_F(FilesTest, AReplacedFileKeepsItsOwnerAndRights) {
   struct stat before {};
   struct stat after {};
   ASSERT_EQ(stat(file.c_str(), &before), 0);
+  const int nameless = open(folder.Path().c_str(), O_TMPFILE | O_WRONLY, 0600);  // not every medium has them
+  if (nameless >= 0) close(nameless);
   EXPECT_TRUE(ReplaceFile(file, store, [&](std::ostream& stream) {
     stream << "new" << std::flush;
-    EXPECT_THAT(folder.Names(), ElementsAre(name)) << "the new file has no name yet";
+    EXPECT_EQ(folder.Names().size(), nameless >= 0 ? 1U : 2U);
   }));
   ASSERT_EQ(stat(file.c_str(), &after), 0);
   EXPECT_EQ(folder.Read(name), "new");
