@@ -134,9 +134,12 @@ TEST_F(MainWindowLayout, MessagesAndQuestionsAreShownAsPlainTextOfBearableSize) 
       box->button(box->standardButtons().testFlag(QMessageBox::Yes) ? QMessageBox::Yes : QMessageBox::Ok)
           ->click();
     };
-    QTimer::singleShot(0, judge);
+    QTimer soon;
+    soon.setSingleShot(true);
+    QObject::connect(&soon, &QTimer::timeout, &window, judge);
+    soon.start(0);
     messages.ShowMessage(text, false);
-    QTimer::singleShot(0, judge);
+    soon.start(0);
     EXPECT_TRUE(questions.AskYesNo(&window, "Trillomat", QString::fromStdString(text)));
   }
 }
