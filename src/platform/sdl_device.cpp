@@ -26,6 +26,15 @@ SDL_AudioSpec WantedSpec() {
   return spec;
 }
 
+// SDL keeps its errors for each thread by itself. It forgets those of its own threads alone.
+class ThreadErrors {
+ public:
+  ThreadErrors() = default;
+  ThreadErrors(const ThreadErrors&) = delete;
+  ThreadErrors& operator=(const ThreadErrors&) = delete;
+  ~ThreadErrors() { SDL_TLSCleanup(); }
+};
+
 }  // namespace
 
 std::optional<std::vector<int16_t>> SamplesOfImage(std::span<const uint8_t> image) {
@@ -46,8 +55,8 @@ std::optional<std::vector<int16_t>> SamplesOfImage(std::span<const uint8_t> imag
 
 SdlDevice::SdlDevice() : mixer_(kBufferFrames * 3 / 2) {}
 
-// SDL keeps its errors for each thread by itself.
 void SdlDevice::Open() {
+  const ThreadErrors errors;
   // The program's own handling of signals must stay.
   SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
   if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
@@ -72,6 +81,7 @@ void SdlDevice::Open() {
 
 void SdlDevice::Close() {
   if (!IsOpen()) return;
+  const ThreadErrors errors;
   SDL_CloseAudioDevice(id_);
   SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }
