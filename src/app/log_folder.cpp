@@ -1,13 +1,14 @@
 #include "app/log_folder.h"
 
+#include "files/replace_file.h"
+
 namespace trillomat {
 namespace {
 
 // Access rights do not tell it all (read-only media, network folders), so a file is made and removed.
 bool CanWriteIn(const std::filesystem::path& folder, FileStore& files) {
   if (folder.empty()) return false;
-  std::error_code exists;
-  std::filesystem::create_directories(folder, exists);
+  MakePrivateFolder(folder);
   return files.Make(folder / "trillomat.tmp", true) != nullptr;
 }
 

@@ -41,10 +41,7 @@ bool Recovery::FindSlot(bool abandoned) {
 
 bool Recovery::Start() {
   if (folder_.empty()) return false;
-  std::error_code exists;
-  if (std::filesystem::create_directories(folder_, exists)) {
-    std::filesystem::permissions(folder_, std::filesystem::perms::owner_all, exists);
-  }
+  MakePrivateFolder(folder_);
   const bool abnormal = FindSlot(true);
   if (!abnormal && !FindSlot(false)) {
     log_.WriteLog("No recovery file can be kept", 1);

@@ -73,4 +73,9 @@ Replacement ReplacePrivateFile(const fs::path& file, FileStore& store, std::stri
   return ReplaceAs(file, store, WriteBytes(bytes), Streams::Refuse, true);
 }
 
+void MakePrivateFolder(const fs::path& folder) {
+  std::error_code failed;
+  if (fs::create_directories(folder, failed)) fs::permissions(folder, fs::perms::owner_all, failed);
+}
+
 }  // namespace trillomat

@@ -54,4 +54,8 @@ Replacement ReplaceFile(const std::filesystem::path& file, FileStore& store, con
 /// The same for a file that the program keeps for itself: a plain one, that the user alone can read.
 Replacement ReplacePrivateFile(const std::filesystem::path& file, FileStore& store, std::string_view bytes);
 
+/// Makes the folder that such files lie in where it is missing, for the user alone. One that cannot be made
+/// shows when a file is to be.
+void MakePrivateFolder(const std::filesystem::path& folder);
+
 }  // namespace trillomat
