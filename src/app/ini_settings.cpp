@@ -36,14 +36,14 @@ std::unique_ptr<FileLock> IniSettingsStore::WaitForTurn() {
   using namespace std::chrono_literals;
   for (auto waited = 0ms; waited < 1000ms; waited += 20ms) {
     if (auto turn = files_.TryLock(LockFile())) return turn;
+    if (!files_.Exists(LockFile())) break;  // nobody has it, and none can be made
     std::this_thread::sleep_for(20ms);
   }
   return nullptr;
 }
 
 std::optional<Refusal> IniSettingsStore::Write(const SettingsChanges& changes) {
-  std::error_code exists;
-  std::filesystem::create_directories(file_.parent_path(), exists);
+  MakePrivateFolder(file_.parent_path());
   const auto turn = WaitForTurn();
   auto fault = MakeInTurn(changes);
   if (turn) files_.Delete(LockFile());
