@@ -4,7 +4,6 @@
 #include <QPixmap>
 #include <QTimer>
 #include <exception>
-#include <fstream>
 #include <memory>
 
 #include "app/ini_settings.h"
@@ -15,6 +14,7 @@
 #include "core/log.h"
 #include "document/document.h"
 #include "files/path_text.h"
+#include "files/replace_file.h"
 #include "platform/pump_qt.h"
 #include "platform/system_parts.h"
 #include "platform/user_folders.h"
@@ -53,14 +53,12 @@ std::unique_ptr<SettingsStore> UserSettings([[maybe_unused]] FileStore& files) {
 }
 
 // In the format that the name's ending tells.
-bool SavePicture(const QPixmap& picture, const std::filesystem::path& file) {
+bool SavePicture(const QPixmap& picture, const std::filesystem::path& file, FileStore& files) {
   const std::string format = Utf8OfPath(file.extension());
   QBuffer bytes;
   if (format.empty() || !picture.save(&bytes, format.c_str() + 1)) return false;
-  std::ofstream out(file, std::ios::binary);
-  out.write(bytes.data().constData(), bytes.size());
-  out.close();
-  return !out.fail();
+  const std::string_view encoded(bytes.data().constData(), static_cast<size_t>(bytes.size()));
+  return static_cast<bool>(ReplaceFile(file, files, WriteBytes(encoded)));
 }
 
 // The parts of the program that the main window needs, in the order in which they need each other.
@@ -68,6 +66,7 @@ class Program {
  public:
   Program(const Options& options, const std::filesystem::path& logFolder, FileStore& files)
       : options_(options),
+        files_(files),
         messages_(MessagesFor(options)),
         log_(LogFilePath(logFolder, clock_->DateText()), *clock_, *messages_),
         sound_(SystemSound(log_)),
@@ -106,13 +105,14 @@ class Program {
   }
 
   int TakeScreenshot() {
-    const bool saved = SavePicture(window_.TakePicture(), options_.screenshot);
+    const bool saved = SavePicture(window_.TakePicture(), options_.screenshot, files_);
     if (!saved) messages_->ShowMessage("the picture cannot be written", false);
     window_.close();
     return saved ? 0 : 1;
   }
 
   const Options& options_;
+  FileStore& files_;
   std::unique_ptr<Clock> clock_ = SystemClock();
   std::unique_ptr<MessageBox> messages_;
   QtPump pump_;
