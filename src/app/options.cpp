@@ -4,27 +4,18 @@
 #include <cstdio>
 #include <string>
 
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
-
 #include "core/terminal_text.h"
+#include "platform/terminal.h"
 
 namespace trillomat {
 namespace {
 
 #ifdef _WIN32
-bool IsTerminal(std::FILE* stream) { return _isatty(_fileno(stream)) != 0; }
-
 // The system's own text of the arguments.
 QStringList Arguments(int /*argc*/, char** /*argv*/) { return QCoreApplication::arguments(); }
 std::filesystem::path PathOf(const QString& argument) { return argument.toStdWString(); }
 std::string Utf8Of(const QString& message) { return message.toStdString(); }
 #else
-bool IsTerminal(std::FILE* stream) { return isatty(fileno(stream)) != 0; }
-
 // Arguments need not be text: each byte goes through the parser as a character of its own.
 QStringList Arguments(int argc, char** argv) {
   QStringList arguments;
@@ -35,21 +26,22 @@ std::filesystem::path PathOf(const QString& argument) { return argument.toLatin1
 std::string Utf8Of(const QString& message) { return message.toLatin1().toStdString(); }
 #endif
 
-bool Print(std::FILE* stream, std::string_view utf8) {
-  const std::string text = IsTerminal(stream) ? EscapedForTerminal(utf8) : std::string(utf8);
+bool Print(StandardStream where, std::string_view utf8) {
+  std::FILE* const stream = where == StandardStream::Output ? stdout : stderr;
+  const std::string text = IsTerminal(where) ? EscapedForTerminal(utf8) : std::string(utf8);
   return std::fwrite(text.data(), 1, text.size(), stream) == text.size() && std::fflush(stream) == 0;
 }
 
 // The status to end with.
 int PrintResult(const QString& text) {
-  if (Print(stdout, text.toStdString())) return 0;
+  if (Print(StandardStream::Output, text.toStdString())) return 0;
   SayError("trillomat: standard output cannot be written");
   return 1;
 }
 
 }  // namespace
 
-void SayError(std::string_view utf8) { Print(stderr, std::string(utf8) + "\n"); }
+void SayError(std::string_view utf8) { Print(StandardStream::Error, std::string(utf8) + "\n"); }
 
 std::optional<Options> ParseOptions(const QApplication& app, int argc, char** argv, int& status) {
   QCommandLineParser parser;

@@ -1,5 +1,5 @@
 // What the command line needs of the system and the C++ library does not have: arguments in one
-// encoding, streams that pass bytes unaltered, and what they lead to.
+// encoding, and streams that pass bytes unaltered.
 #pragma once
 
 #include <string>
@@ -13,10 +13,5 @@ std::vector<std::string> Utf8Arguments(int argc, char** argv);
 /// Standard input and output pass every byte as it is: no line ends are translated. One that was closed when
 /// the program started fails, and no file that is opened later takes its number.
 void PrepareStreams();
-
-enum class StandardStream { Output = 1, Error = 2 };
-
-/// Whether it goes to a terminal.
-bool IsTerminal(StandardStream stream);
 
 }  // namespace trillomat

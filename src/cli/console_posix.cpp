@@ -16,6 +16,4 @@ void PrepareStreams() {
   }
 }
 
-bool IsTerminal(StandardStream stream) { return isatty(static_cast<int>(stream)) == 1; }
-
 }  // namespace trillomat

@@ -4,6 +4,7 @@
 #include "cli/command_line.h"
 #include "cli/console.h"
 #include "cli/terminal_buffer.h"
+#include "platform/terminal.h"
 
 namespace {
 
