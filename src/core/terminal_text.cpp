@@ -7,14 +7,14 @@
 namespace trillomat {
 namespace {
 
-bool IsDirection(char32_t character) {
-  return character == 0x061C || character == 0x200E || character == 0x200F ||
-         (character >= 0x202A && character <= 0x202E) || (character >= 0x2066 && character <= 0x2069);
+bool MarksDirection(char32_t character) {
+  return character == 0x061C || character == 0x200E || character == 0x200F;
 }
 
 bool IsObeyed(char32_t character, std::string_view rest) {
   if (character == '\t' || character == '\n' || (character == '\r' && rest.starts_with('\n'))) return false;
-  return character < ' ' || (character >= 0x7F && character < 0xA0) || IsDirection(character);
+  return character < ' ' || (character >= 0x7F && character < 0xA0) || TurnsDirection(character) ||
+         MarksDirection(character);
 }
 
 // The lowest `digits` hexadecimal digits of `number` behind a backslash and `kind`.
@@ -31,6 +31,10 @@ std::string Escaped(char32_t character) {
 }
 
 }  // namespace
+
+bool TurnsDirection(char32_t character) {
+  return (character >= 0x202A && character <= 0x202E) || (character >= 0x2066 && character <= 0x2069);
+}
 
 std::string EscapedForTerminal(std::string_view utf8) {
   std::string shown;

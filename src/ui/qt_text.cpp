@@ -1,15 +1,14 @@
 #include "ui/qt_text.h"
 
 #include "core/code_page.h"
+#include "core/terminal_text.h"
 
 namespace trillomat {
 namespace {
 
 bool IsShown(QChar character) {
-  const auto code = character.unicode();
-  const bool turns = (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
-  return !turns && character.category() != QChar::Other_Control && character != QChar::LineSeparator &&
-         character != QChar::ParagraphSeparator;
+  return !TurnsDirection(character.unicode()) && character.category() != QChar::Other_Control &&
+         character != QChar::LineSeparator && character != QChar::ParagraphSeparator;
 }
 
 }  // namespace
