@@ -1,4 +1,4 @@
-// An editing session: the input presses buttons and keys, also inside every wait, as it comes.
+// Editing as it comes: the input presses buttons and keys, also inside every wait.
 #include <algorithm>
 #include <string>
 
@@ -23,9 +23,9 @@ class ShownMelody : public ComposerView {
   MelodyText melody;
 };
 
-class Session {
+class Editing {
  public:
-  explicit Session(std::string_view input) : rest_(input) {
+  explicit Editing(std::string_view input) : rest_(input) {
     composer_.SetMode(FormatMode::IMelody);  // as the program begins
     pump_.onPump = [this](int) { HandleEvent(); };
   }
@@ -85,7 +85,7 @@ class Session {
 };
 
 // Whatever waits ends with the input.
-void Session::HandleEvent() {
+void Editing::HandleEvent() {
   if (depth_ == kDeepest || rest_.empty()) return play_.Press(Control::Stop);
   if (TakeByte() % 4 != 0) return;
   ++depth_;
@@ -93,7 +93,7 @@ void Session::HandleEvent() {
   --depth_;
 }
 
-void Session::Step() {
+void Editing::Step() {
   constexpr int kEdits = 14;
   const int command = Take(kEdits + 10);
   if (command < kEdits) {
@@ -103,7 +103,7 @@ void Session::Step() {
   }
 }
 
-void Session::Edit(int command) {
+void Editing::Edit(int command) {
   switch (command) {
     case 0: return composer_.EnterTone(Take(12));
     case 1: return composer_.TypeTone(Take(12));
@@ -126,7 +126,7 @@ void Session::Edit(int command) {
   }
 }
 
-void Session::Choose(int command) {
+void Editing::Choose(int command) {
   switch (command) {
     case 0: return composer_.SetMode(kModeLimits.at(static_cast<size_t>(Take(kModeLimits.size()))).mode);
     case 1: {
@@ -145,7 +145,7 @@ void Session::Choose(int command) {
 }
 
 // The elements of a line in any of the formats.
-ReadResult Session::ReadLine() {
+ReadResult Editing::ReadLine() {
   constexpr std::array kFormats{PastedFormat::Rtttl, PastedFormat::EMelody, PastedFormat::Melody};
   const auto format = static_cast<size_t>(Take(kFormats.size() + 1));
   const std::string line = TakeLine();
@@ -157,7 +157,7 @@ ReadResult Session::ReadLine() {
   return read;
 }
 
-void Session::Open() {
+void Editing::Open() {
   ReadResult read = ReadLine();
   if (!read) {
     record_ = read.record;
@@ -168,7 +168,7 @@ void Session::Open() {
 }
 
 // What undo and paste do, and that each change can be taken back and made again.
-void Session::Splice() {
+void Editing::Splice() {
   ReadResult read = ReadLine();
   if (!composer_.MayEdit()) return;
   Change change{.at = TakeByte(), .removed = TakeByte() % 8, .inserted = std::move(read.elements)};
@@ -187,7 +187,7 @@ void Session::Splice() {
 }
 
 // After each step that nothing else waits for.
-void Session::Check() {
+void Editing::Check() {
   Require(document_.Cursor() >= -1 && document_.Cursor() <= document_.LastIndex(),
           "the cursor is in the song");
   const MelodyText text = TextOf(document_, composer_.UseDefaults(), log_);
@@ -213,7 +213,7 @@ bool IsPlain(const Element& element) {
 }
 
 // Where the mode has a token for each element that reads as that element, a file has the song.
-void Session::CheckWriting() {
+void Editing::CheckWriting() {
   const FormatMode mode = document_.Mode();
   const auto textOf = [this, mode](const Element& element) { return Encode(element, mode, {}, log_).text; };
   const auto isWhole = [&](const Element& element) {
@@ -234,7 +234,7 @@ void Session::CheckWriting() {
           "what is written is read again");
 }
 
-void FuzzEditing(std::string_view input) { Session(input).Run(); }
+void FuzzEditing(std::string_view input) { Editing(input).Run(); }
 
 constexpr auto kBodies = std::to_array<FuzzBody>({{"editing", FuzzEditing}});
 

@@ -58,18 +58,18 @@ bool InRange(const Settings& settings) {
 void LoadAndSave(std::string_view input) {
   SilentLog log;
   TextStore store(input);
-  SettingsSession session(store);
-  const Settings loaded = LoadSettings(session, log);
+  SettingsDraft draft(store);
+  const Settings loaded = LoadSettings(draft, log);
   Require(InRange(loaded), "every setting is one that the program knows");
-  PutSettings(loaded, session);
-  Save(session, log);
-  SettingsSession next(store);
+  PutSettings(loaded, draft);
+  Save(draft, log);
+  SettingsDraft next(store);
   Require(LoadSettings(next, log) == loaded, "settings that were saved are loaded again");
   Settings changed = loaded;
   changed.browseFolder = input;
   PutSettings(changed, next);
   Save(next, log);
-  SettingsSession last(store);
+  SettingsDraft last(store);
   Require(LoadSettings(last, log) == changed, "a folder of any name is kept");
 }
 

@@ -6,7 +6,7 @@
 namespace trillomat {
 namespace {
 
-// A relative path in the variable counts as none, as its specification says.
+// A relative path in the variable counts as none, as the standard for it says.
 std::filesystem::path UserFolder(const char* variable, const char* belowHome) {
   const char* folder = std::getenv(variable);
   const bool given = folder != nullptr && *folder == '/';

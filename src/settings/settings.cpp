@@ -16,7 +16,7 @@ constexpr std::string_view kVersion = "Version";
 constexpr std::string_view kPath = "Path";
 constexpr std::string_view kSettings = "Settings";
 
-// Digits with a sign in front and nothing else, as SaveSettings writes them.
+// Digits with a sign in front and nothing else, as PutSettings writes them.
 std::optional<int32_t> WholeNumber(std::string_view text) {
   const std::string_view digits = text.starts_with('-') ? text.substr(1) : text;
   if (digits.empty() || digits.find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
@@ -25,11 +25,11 @@ std::optional<int32_t> WholeNumber(std::string_view text) {
 
 class Loader {
  public:
-  Loader(SettingsSession& session, Log& log) : session_(session), log_(log) {}
+  Loader(SettingsDraft& draft, Log& log) : draft_(draft), log_(log) {}
 
   int32_t Number(std::string_view section, std::string_view key, int32_t fallback, int32_t lowest,
                  int32_t highest) const {
-    const std::string text = session_.Get(section, key, std::to_string(fallback));
+    const std::string text = draft_.Get(section, key, std::to_string(fallback));
     const auto value = WholeNumber(text);
     if (value && *value >= lowest && *value <= highest) return *value;
     Refuse(key, text);
@@ -41,7 +41,7 @@ class Loader {
   }
 
   bool Boolean(std::string_view key, bool fallback) const {
-    const std::string text = session_.Get(kSettings, key, fallback ? "True" : "False");
+    const std::string text = draft_.Get(kSettings, key, fallback ? "True" : "False");
     if (EqualNoCase(text, "True")) return true;
     if (EqualNoCase(text, "False")) return false;
     Refuse(key, text);
@@ -49,7 +49,7 @@ class Loader {
   }
 
   std::string Text(std::string_view section, std::string_view key, std::string_view fallback) const {
-    return session_.Get(section, key, fallback);
+    return draft_.Get(section, key, fallback);
   }
 
  private:
@@ -57,19 +57,19 @@ class Loader {
     log_.WriteLog("The setting " + std::string(key) + " has an unknown value-->" + std::string(text), 1);
   }
 
-  SettingsSession& session_;
+  SettingsDraft& draft_;
   Log& log_;
 };
 
 }  // namespace
 
-Settings LoadSettings(SettingsSession& session, Log& log) {
-  const Loader loader(session, log);
-  if (const auto fault = session.Fault()) {
+Settings LoadSettings(SettingsDraft& draft, Log& log) {
+  const Loader loader(draft, log);
+  if (const auto fault = draft.Fault()) {
     log.WriteLog("Could not read the settings: " + fault->why, 1);
   } else if (loader.Number(kVersion, "Counter", 0, 0, INT32_MAX) < kLayoutCounter) {
-    CleanUpSettings(session, log);
-    Save(session, log);
+    CleanUpSettings(draft, log);
+    Save(draft, log);
   }
   const Settings first;
   return {.octave = loader.Number(kSettings, "Scale", first.octave, INT32_MIN, INT32_MAX),
@@ -84,15 +84,15 @@ Settings LoadSettings(SettingsSession& session, Log& log) {
           .output = loader.Index("OutPut", first.output, static_cast<size_t>(kLastOutputType) + 1)};
 }
 
-void PutSettings(const Settings& settings, SettingsSession& session) {
-  const auto number = [&session](std::string_view key, int32_t value) {
-    session.Set(kSettings, key, std::to_string(value));
+void PutSettings(const Settings& settings, SettingsDraft& draft) {
+  const auto number = [&draft](std::string_view key, int32_t value) {
+    draft.Set(kSettings, key, std::to_string(value));
   };
-  const auto boolean = [&session](std::string_view key, bool value) {
-    session.Set(kSettings, key, value ? "True" : "False");
+  const auto boolean = [&draft](std::string_view key, bool value) {
+    draft.Set(kSettings, key, value ? "True" : "False");
   };
-  session.SetAlways(kVersion, "Counter", std::to_string(kLayoutCounter));
-  session.Set(kPath, "BrowseFolder", settings.browseFolder);
+  draft.SetAlways(kVersion, "Counter", std::to_string(kLayoutCounter));
+  draft.Set(kPath, "BrowseFolder", settings.browseFolder);
   boolean("AutoPlay", settings.autoPlay);
   number("Mode", static_cast<int32_t>(settings.mode));
   number("Scale", settings.octave);
@@ -103,14 +103,14 @@ void PutSettings(const Settings& settings, SettingsSession& session) {
   number("DurationExtra", settings.durationExtra);
 }
 
-void Save(SettingsSession& session, Log& log) {
-  if (const auto fault = session.Save()) log.WriteLog("Could not save the settings: " + fault->why, 1);
+void Save(SettingsDraft& draft, Log& log) {
+  if (const auto fault = draft.Save()) log.WriteLog("Could not save the settings: " + fault->why, 1);
 }
 
-void CleanUpSettings(SettingsSession& session, Log& log) {
+void CleanUpSettings(SettingsDraft& draft, Log& log) {
   log.WriteLog("#############Cleaning up registry##############", 1);
-  session.DeleteSection(kPath);
-  session.DeleteSection(kSettings);
+  draft.DeleteSection(kPath);
+  draft.DeleteSection(kSettings);
 }
 
 }  // namespace trillomat

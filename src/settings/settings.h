@@ -12,7 +12,7 @@
 
 #include "core/format_mode.h"
 #include "core/log.h"
-#include "settings/settings_session.h"
+#include "settings/settings_draft.h"
 
 namespace trillomat {
 
@@ -33,15 +33,15 @@ struct Settings {
 /// Reads all settings; settings of an older layout are cleaned up first. A stored value that is not a
 /// number, or not one that the program knows, is logged and its default used; so are all defaults when
 /// nothing can be read.
-Settings LoadSettings(SettingsSession& session, Log& log);
+Settings LoadSettings(SettingsDraft& draft, Log& log);
 
-/// What `session` is to write when it is saved.
-void PutSettings(const Settings& settings, SettingsSession& session);
+/// What `draft` is to write when it is saved.
+void PutSettings(const Settings& settings, SettingsDraft& draft);
 
-/// Writes what was put into `session`. A failure is logged, and what is stored stays as it was.
-void Save(SettingsSession& session, Log& log);
+/// Writes what was put into `draft`. A failure is logged, and what is stored stays as it was.
+void Save(SettingsDraft& draft, Log& log);
 
-/// Deletes everything that is kept but the layout number, once `session` is saved.
-void CleanUpSettings(SettingsSession& session, Log& log);
+/// Deletes everything that is kept but the layout number, once `draft` is saved.
+void CleanUpSettings(SettingsDraft& draft, Log& log);
 
 }  // namespace trillomat

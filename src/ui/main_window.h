@@ -92,7 +92,7 @@ class MainWindow final : public QMainWindow,
   void DocumentChanged(const ChangedRange& range) override;
 
   WindowParts parts_;
-  SettingsSession settings_;
+  SettingsDraft settings_;
   PlaySettings playSettings_;
   Player player_;
   Composer composer_;

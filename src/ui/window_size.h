@@ -6,18 +6,18 @@
 
 #include <QWidget>
 
-#include "settings/settings_session.h"
+#include "settings/settings_draft.h"
 
 namespace trillomat {
 
 /// Gives `window` the size that was kept, or its first one, but none that its screen has no room for: it is
 /// maximized then.
-void RestoreSize(QWidget& window, SettingsSession& session);
+void RestoreSize(QWidget& window, SettingsDraft& draft);
 
-/// What `session` is to write when it is saved.
-void PutSize(const QWidget& window, SettingsSession& session);
+/// What `draft` is to write when it is saved.
+void PutSize(const QWidget& window, SettingsDraft& draft);
 
-/// Deletes what is kept, once `session` is saved.
-void ForgetSize(SettingsSession& session);
+/// Deletes what is kept, once `draft` is saved.
+void ForgetSize(SettingsDraft& draft);
 
 }  // namespace trillomat

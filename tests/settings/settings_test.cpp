@@ -14,15 +14,15 @@ using testing::IsEmpty;
 const std::string kCleaning = "1: #############Cleaning up registry##############";
 
 Settings Loaded(SettingsStore& store, Log& log) {
-  SettingsSession session(store);
-  return LoadSettings(session, log);
+  SettingsDraft draft(store);
+  return LoadSettings(draft, log);
 }
 
 void SaveIn(SettingsStore& store, const Settings& settings) {
   SilentLog log;
-  SettingsSession session(store);
-  PutSettings(settings, session);
-  Save(session, log);
+  SettingsDraft draft(store);
+  PutSettings(settings, draft);
+  Save(draft, log);
 }
 
 TEST(SettingsTest, FirstStartCleansUpAndTakesEveryDefault) {
@@ -72,8 +72,8 @@ TEST(SettingsTest, OnlyWhatWasChangedIsWritten) {
   MemoryStore store;
   FakeLog log;
   SaveIn(store, Settings());
-  SettingsSession first(store);
-  SettingsSession second(store);
+  SettingsDraft first(store);
+  SettingsDraft second(store);
   Settings ofFirst = LoadSettings(first, log);
   Settings ofSecond = LoadSettings(second, log);
   ofFirst.autoPlay = false;

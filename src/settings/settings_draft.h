@@ -13,9 +13,9 @@
 
 namespace trillomat {
 
-class SettingsSession {
+class SettingsDraft {
  public:
-  explicit SettingsSession(SettingsStore& store) : store_(store) {}
+  explicit SettingsDraft(SettingsStore& store) : store_(store) {}
 
   /// Why the stored values cannot be read; nothing when they can.
   std::optional<Refusal> Fault() const { return store_.Fault(); }
