@@ -11,4 +11,10 @@ int ToneIndex(std::string_view note) {
   return -1;
 }
 
+int SemitoneOf(std::string_view note) {
+  constexpr ToneTable<int> kSemitones{0, 1, 1, 2, 3, 3, 4, 5, 6, 6, 7, 8, 8, 9, 10, 10, 11};
+  const int index = ToneIndex(note);
+  return index < 0 ? -1 : kSemitones.at(static_cast<size_t>(index));
+}
+
 }  // namespace trillomat

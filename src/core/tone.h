@@ -14,7 +14,15 @@ inline constexpr std::array<std::string_view, 17> kTones{"c",  "#c", "&d", "d", 
 template <typename Value>
 using ToneTable = std::array<Value, kTones.size()>;
 
+/// The twelve tones from c to b as a piano's keys give them: never as flats.
+inline constexpr std::array<std::string_view, 12> kPianoTones{"c",  "#c", "d",  "#d", "e",  "f",
+                                                              "#f", "g",  "#g", "a",  "#a", "b"};
+
 /// The index of `note` in kTones whatever its case, -1 for any other text.
 int ToneIndex(std::string_view note);
+
+/// The index in kPianoTones of what `note`, of either case, sounds as: semitones above c. -1 for what is none
+/// of kTones.
+int SemitoneOf(std::string_view note);
 
 }  // namespace trillomat

@@ -15,26 +15,41 @@ Change Document::Apply(Change change) {
   ChangedRange range{.at = at,
                      .removed = removed,
                      .inserted = change.inserted.size(),
-                     .info = change.info && *change.info != song_.info};
-  Change back{.at = at, .removed = range.inserted, .cursor = cursor_};
+                     .info = change.info && *change.info != song_.info,
+                     .mode = change.mode.has_value(),
+                     .file = change.file.has_value()};
+  Change back{.at = at, .removed = range.inserted, .cursor = cursor_, .selection = selection_};
   back.inserted = Splice(at, removed, std::move(change.inserted));
   if (change.info) back.info = std::exchange(song_.info, *std::move(change.info));
-  const int32_t cursor = std::clamp(change.cursor.value_or(cursor_), -1, std::max(LastIndex(), -1));
-  range.cursor = std::exchange(cursor_, cursor) != cursor;
-  changed_ = changed_ || range.SongChanged();
+  if (change.mode) back.mode = std::exchange(mode_, *change.mode);
+  if (range.SongChanged()) back.song = std::exchange(number_, change.song ? *change.song : ++lastNumber_);
+  if (change.file) {
+    if (change.file->saved == SongFile::kThisSong) change.file->saved = number_;
+    back.file = std::exchange(file_, *std::move(change.file));
+  }
+  Place(change, range);
   if (range.ElementsChanged()) ++revision_;
   Tell(range);
   return back;
 }
 
-void Document::SetMode(FormatMode mode) {
-  mode_ = mode;
-  Tell({.mode = true});
+// Cursor and selection.
+void Document::Place(const Change& change, ChangedRange& range) {
+  const int32_t cursor = std::clamp(change.cursor.value_or(cursor_), -1, std::max(LastIndex(), -1));
+  const bool keeps = !change.cursor && !range.ElementsChanged();
+  const ElementRange selection = InSong(change.selection.value_or(keeps ? selection_ : ElementRange{}));
+  range.cursor = std::exchange(cursor_, cursor) != cursor;
+  range.selection = std::exchange(selection_, selection) != selection;
+}
+
+ElementRange Document::InSong(ElementRange range) const {
+  const ElementRange cut{std::max(range.begin, 0), std::min(range.end, LastIndex() + 1)};
+  return cut.IsEmpty() ? ElementRange{} : cut;
 }
 
 void Document::SetFile(std::filesystem::path file, bool changed) {
-  file_ = std::move(file);
-  changed_ = changed;
+  file_ = {std::move(file), changed ? SongFile::kNothing : number_};
+  Tell({.file = true});
 }
 
 // A new song takes the place of the old one as a whole; what goes and what comes are moved, not copied.

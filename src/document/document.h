@@ -17,13 +17,40 @@
 
 namespace trillomat {
 
-/// One change of the song: a splice of elements, the song information, the cursor, or any of them.
+/// Elements of a song, as indexes: from `begin` up to, but without, `end`.
+struct ElementRange {
+  int32_t begin = 0;
+  int32_t end = 0;
+
+  int32_t Size() const { return end - begin; }
+  bool IsEmpty() const { return begin >= end; }
+  bool operator==(const ElementRange&) const = default;
+};
+
+/// The file that a song belongs to. Songs are numbered: each that a document has held has a number of its
+/// own, so that one that is brought back is known as the one that was saved.
+struct SongFile {
+  static constexpr uint64_t kNothing = UINT64_MAX;  ///< the file holds none of the songs
+  static constexpr uint64_t kThisSong = kNothing - 1;
+
+  std::filesystem::path path = {};  ///< empty for none
+  uint64_t saved = kNothing;        ///< number of the song that the file holds
+};
+
+/// One change of the song: a splice of elements, the song information, the cursor, or any of them; and what
+/// another song brings along, its mode and its file.
 struct Change {
   size_t at = 0;              ///< the splice: from here on ...
   size_t removed = 0;         ///< ... so many elements go, and
   ElementList inserted = {};  ///< these come in their place
   std::optional<SongInfo> info = {};
   std::optional<int32_t> cursor = {};  ///< where the cursor is afterwards
+  /// What is selected afterwards. Where none is named, elements or a cursor that change leave nothing
+  /// selected.
+  std::optional<ElementRange> selection = {};
+  std::optional<FormatMode> mode = {};  ///< the elements are not converted to it
+  std::optional<SongFile> file = {};    ///< with kThisSong, it holds the song as it is after the change
+  std::optional<uint64_t> song = {};    ///< set by Apply alone, in what brings back the song of that number
 };
 
 /// What a change came to, for those who show the document.
@@ -33,7 +60,9 @@ struct ChangedRange {
   size_t inserted = 0;
   bool info = false;
   bool cursor = false;
+  bool selection = false;
   bool mode = false;
+  bool file = false;  ///< which file the song belongs to, or whether that holds it
 
   bool ElementsChanged() const { return removed + inserted > 0; }
   /// The song itself is another now, not just what is shown of it.
@@ -72,6 +101,8 @@ class Document {
 
   /// Index of the element directly left of the insertion point; -1 is before the first element.
   int32_t Cursor() const { return cursor_; }
+  /// The selected elements, none when it is empty.
+  ElementRange Selection() const { return selection_; }
   FormatMode Mode() const { return mode_; }
   /// Another number after each change of the elements, for those who remember something about them.
   uint64_t Revision() const { return revision_; }
@@ -79,17 +110,17 @@ class Document {
   TokenDefaults CommonestDefaults() const { return count_.Commonest(); }
 
   /// The file that the song was read from or saved to, empty for none.
-  const std::filesystem::path& File() const { return file_; }
-  /// Whether the song has changed since it was read or saved.
-  bool IsChanged() const { return changed_; }
+  const std::filesystem::path& File() const { return file_.path; }
+  /// Whether the song is another than the one that was read or saved.
+  bool IsChanged() const { return number_ != file_.saved; }
+  /// The number that no other song of this document has.
+  uint64_t SongNumber() const { return number_; }
 
-  /// Makes the change and tells the observers. A splice beyond the end is cut off there, a cursor outside
-  /// the song put to its nearest end. Returns the change that takes this one back.
+  /// Makes the change and tells the observers. A splice beyond the end is cut off there, a cursor or a
+  /// selection outside the song put to its nearest end. Returns the change that takes this one back.
   Change Apply(Change change);
-  /// The elements are not converted: what the mode cannot express stays.
-  void SetMode(FormatMode mode);
-  /// The song belongs to `file`, or (empty) to none. It counts as unchanged, unless it was `changed` while
-  /// that file was written.
+  /// The song was read from `file` or saved there, or (empty) belongs to none. It counts as unchanged, unless
+  /// it was `changed` while that file was written.
   void SetFile(std::filesystem::path file, bool changed = false);
 
   /// `observer` has to outlive the document or be removed.
@@ -98,15 +129,19 @@ class Document {
 
  private:
   ElementList Splice(size_t at, size_t removed, ElementList inserted);
+  void Place(const Change& change, ChangedRange& range);
+  ElementRange InSong(ElementRange range) const;
   void Tell(const ChangedRange& range);
 
   Song song_;
   DefaultsCount count_;
   uint64_t revision_ = 0;
-  int32_t cursor_ = 0;
+  int32_t cursor_ = -1;
+  ElementRange selection_;
   FormatMode mode_ = FormatMode::IMelody;
-  std::filesystem::path file_;
-  bool changed_ = false;
+  uint64_t number_ = 0;
+  uint64_t lastNumber_ = 0;  ///< that was given to a song
+  SongFile file_{.saved = 0};
   std::vector<DocumentObserver*> observers_;
 };
 

@@ -48,7 +48,7 @@ TEST(DocumentTest, TellsWhatChangedAndWhetherTheSongDid) {
   EXPECT_TRUE(listener.last.info && document.IsChanged());
   EXPECT_EQ(back.info, SongInfo{});
 
-  document.SetMode(FormatMode::Rtttl);
+  document.Apply({.mode = FormatMode::Rtttl});
   EXPECT_TRUE(listener.last.mode && !listener.last.SongChanged());
   document.RemoveObserver(listener);
   document.Apply({.at = 99, .removed = 99, .inserted = Tones({"g"}), .cursor = 99});
@@ -56,7 +56,7 @@ TEST(DocumentTest, TellsWhatChangedAndWhetherTheSongDid) {
   EXPECT_EQ(document.Cursor(), 3);
   document.Apply({.removed = 9});
   EXPECT_EQ(document.Cursor(), -1);
-  EXPECT_EQ(listener.count, 5);
+  EXPECT_EQ(listener.count, 6);
 }
 
 // Everything that any editing can do, against a list that is changed in the plainest way.
