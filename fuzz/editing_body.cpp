@@ -163,7 +163,10 @@ void Editing::Open() {
     record_ = read.record;
     return;
   }
-  composer_.TakeIn(std::move(read.elements), std::move(read.record));
+  composer_.TakeIn({.elements = std::move(read.elements),
+                    .record = std::move(read.record),
+                    .mode = document_.Mode(),
+                    .step = "opening"});
   if (settings_.autoPlay) play_.Press(Control::Play);
 }
 

@@ -1,6 +1,7 @@
 #include "composer/composer.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "composer/song_info.h"
@@ -16,7 +17,8 @@ Composer::Composer(Document& document, ReadRecord& record, Player& player, PlayC
       settings_(settings),
       view_(view),
       services_(services),
-      panel_(document, record),
+      history_(document),
+      panel_(document, history_, record),
       sound_(document, player, services.pump) {}
 
 bool Composer::CanSetVolume() const { return LimitsOf(document_.Mode()).commands; }
@@ -47,17 +49,21 @@ void Composer::SetOctave(int octave) {
 }
 
 void Composer::SetMode(FormatMode mode) {
-  const ModeLimits& limits = LimitsOf(mode);
-  document_.SetMode(mode);
-  if (limits.forcedTempo) record_.info.bpm = *limits.forcedTempo;
+  if (const auto tempo = LimitsOf(mode).forcedTempo) record_.info.bpm = *tempo;
+  history_.Do("change of format", {.info = RecordedInfo(), .mode = mode});
+  ShowMode();
+  if (!document_.IsEmpty()) RefreshMelodyView();
+}
+
+// The document is in another mode now.
+void Composer::ShowMode() {
+  const ModeLimits& limits = LimitsOf(document_.Mode());
   if (limits.selectedExtra >= 0) SelectDurationExtra(limits.selectedExtra);
   if (limits.selectedDuration >= 0) SelectDuration(limits.selectedDuration);
   panel_.ShowMode();
-  document_.Apply({.info = RecordedInfo()});
   panel_.Load();
   view_.ShowFilesOfMode();
   SetOctave(state_.octave);
-  if (!document_.IsEmpty()) RefreshMelodyView();
 }
 
 void Composer::EditSongText(int row, std::string_view text) {
@@ -65,18 +71,37 @@ void Composer::EditSongText(int row, std::string_view text) {
   view_.ShowComposer();
 }
 
-void Composer::TakeIn(ElementList elements, ReadRecord record) {
-  record_ = std::move(record);
-  document_.Apply({.removed = document_.Elements().size(),
-                   .inserted = std::move(elements),
-                   .info = RecordedInfo(),
-                   .cursor = -1});
+void Composer::TakeIn(IncomingSong song) {
+  record_ = std::move(song.record);
+  const bool otherMode = song.mode != document_.Mode();
+  const bool held = !song.file.empty() || song.elements.empty();
+  history_.Do(song.step,
+              {.removed = document_.Elements().size(),
+               .inserted = std::move(song.elements),
+               .info = RecordedInfo(),
+               .cursor = -1,
+               .mode = song.mode,
+               .file = SongFile{std::move(song.file), held ? SongFile::kThisSong : SongFile::kNothing}});
+  if (otherMode) ShowMode();
   panel_.Load();
   view_.ShowComposer();
   RefreshMelodyView();
   sound_.Forget();
   player_.Rest();
   play_.SongReplaced();
+}
+
+// The next read starts from the song information that came back with a step.
+void Composer::TakeStep(bool (History::*step)()) {
+  if (!MayEdit()) return;
+  const FormatMode mode = document_.Mode();
+  const SongInfo info = document_.Info();
+  if (!std::invoke(step, history_)) return;
+  if (document_.Info() != info) record_.info = document_.Info();
+  if (document_.Mode() != mode) ShowMode();
+  panel_.Load();
+  view_.ShowComposer();
+  RefreshMelodyView();
 }
 
 // The record's song information as a song has it: a tempo of 0 could be neither shown nor played.

@@ -1,14 +1,18 @@
-// The composer: entering and editing elements at the cursor, the duration, extra and octave in force,
-// the format mode and the song information. Each command is at most one change of the document; the window
-// calls the commands and shows the state.
+// The composer: entering and editing elements at the cursor or selected ones, the duration, extra and octave
+// in force, the format mode and the song information. Each command is at most one change of the document, and
+// one that changes the song a step of the history; the window calls the commands and shows the state.
 #pragma once
 
+#include <filesystem>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "composer/edit_sound.h"
 #include "composer/melody_text.h"
 #include "composer/song_info_panel.h"
+#include "document/history.h"
 #include "playback/play_controls.h"
 #include "playback/player.h"
 
@@ -44,6 +48,15 @@ struct ComposerState {
   int duration = 2;        ///< index of the selected duration option
   int durationExtra = 0;   ///< index of the selected duration-extra option
   bool repeatBox = false;  ///< "Repeat count" and its box are visible
+};
+
+/// A song that takes the place of the composed one.
+struct IncomingSong {
+  ElementList elements;
+  ReadRecord record;  ///< holds its song information; the next read starts from it
+  FormatMode mode;
+  std::filesystem::path file = {};  ///< that holds it; empty for none
+  std::string_view step;            ///< what the menu calls its coming: "opening", as in "Undo opening"
 };
 
 class Composer : public PlayHost {
@@ -88,9 +101,46 @@ class Composer : public PlayHost {
   void StepAccidental();
   void MoveLeft();
   void MoveRight();
+  /// Puts the cursor onto the element, -1 before the first, and sounds it as the arrows do.
+  void MoveTo(int32_t cursor);
+  /// Both erase what is selected, if anything is.
   void EraseLeft();
   void EraseRight();
+  void Clear();
+  /// Of what is selected, else of all, by octaves or semitones. Refused, with a level-2 message, where a tone
+  /// would leave the mode's octaves.
   void MoveScale(int16_t octaves);
+  void MoveSemitones(int semitones);
+
+  // Selecting. The cursor is at one end of what is selected; entering and pasting end it.
+  /// Moves the cursor, and the selection reaches from where it began to there.
+  void SelectTo(int32_t cursor);
+  void SelectElements(ElementRange range);
+  void SelectAll() { SelectElements({0, document_.LastIndex() + 1}); }
+  /// What is selected, else nothing.
+  ElementList Selected() const;
+  /// `step` as in IncomingSong: "erasing" or "cutting".
+  void EraseSelected(std::string_view step);
+  /// Behind the cursor or in the place of what is selected; the cursor is on the last of them afterwards.
+  void Paste(ElementList elements);
+  /// What is selected, else the element at the cursor, once more behind itself; selects it if it was.
+  void Duplicate();
+
+  // One element, where it is. MoveTone and SetLength are one step until EndDrag, and sound the element.
+  /// Duration, extra and octave in force become those of the element, as far as the mode has them.
+  void TakeLengthAndOctave(int32_t index);
+  /// Moves the tone by semitones; does nothing where that leaves the mode's octaves.
+  void MoveTone(int32_t index, int semitones);
+  /// Indexes of kDurations and kDurationExtras; does nothing with those that the mode lacks.
+  void SetLength(int32_t index, int duration, int extra);
+  void EndDrag() { history_.Seal(); }
+
+  // The steps that can be taken back.
+  const History& Steps() const { return history_; }
+  void Undo() { TakeStep(&History::Undo); }
+  void Redo() { TakeStep(&History::Redo); }
+  /// What is typed from here on is a step of its own.
+  void EndTyping() { history_.Seal(); }
 
   // Format mode and song information.
   /// Enters a mode, which brings the record's song information into the document. The elements stay.
@@ -102,18 +152,23 @@ class Composer : public PlayHost {
   void ToggleUseDefaults() { useDefaults_ = !useDefaults_; }
   bool UseDefaults() const { return useDefaults_; }
 
-  /// What was read or imported takes the place of the song, with the song information of `record`, which is
-  /// where the next read starts. The cursor is before the first element, the phone at rest, and a play loop
-  /// that runs has ended.
-  void TakeIn(ElementList elements, ReadRecord record);
+  /// Puts the song in the place of the composed one, and enters its mode. The cursor is before the first
+  /// element, the phone at rest, and a play loop that runs has ended.
+  void TakeIn(IncomingSong song);
 
   // PlayHost
   void PlayStateChanged() override;
   void RefreshMelodyView() override;
 
  private:
-  void Insert(Element element);
-  void ReplaceAtCursor(Element element);
+  void Insert(Element element, std::string_view step);
+  void Replace(int32_t index, Element element, std::string_view step, std::string_view merge = {});
+  void ReplaceRange(ElementRange range, std::optional<ElementList> moved, std::string_view step);
+  ElementRange SelectionOrAll() const;
+  std::span<const Element> ElementsIn(ElementRange range) const;
+  void MoveCursor(int32_t cursor);
+  void TakeStep(bool (History::*step)());
+  void ShowMode();
   SongInfo RecordedInfo();
 
   Document& document_;
@@ -123,6 +178,7 @@ class Composer : public PlayHost {
   const PlaySettings& settings_;
   ComposerView& view_;
   Services services_;
+  History history_;
   SongInfoPanel panel_;
   EditSound sound_;
   ComposerState state_;

@@ -5,15 +5,11 @@
 #include <utility>
 
 #include "composer/composer.h"
-#include "composer/transpose.h"
 #include "core/ascii.h"
+#include "core/tone.h"
 
 namespace trillomat {
 namespace {
-
-/// The twelve piano keys, c to b, as notes. They never give flats.
-constexpr std::array<std::string_view, 12> kToneKeys{"c",  "#c", "d",  "#d", "e",  "f",
-                                                     "#f", "g",  "#g", "a",  "#a", "b"};
 
 /// What a button of the "Insert" frame inserts. A token that takes a count or a volume is completed by what
 /// is typed.
@@ -65,16 +61,18 @@ void Composer::EnterTone(int tone) {
 
 void Composer::TypeTone(int tone) {
   if (!MayEdit()) return;
-  Insert(Tone(kToneKeys.at(static_cast<size_t>(tone)), static_cast<int16_t>(state_.octave),
+  Insert(Tone(kPianoTones.at(static_cast<size_t>(tone)), static_cast<int16_t>(state_.octave),
               kDurations.at(static_cast<size_t>(state_.duration)),
-              kDurationExtras.at(static_cast<size_t>(state_.durationExtra))));
+              kDurationExtras.at(static_cast<size_t>(state_.durationExtra))),
+         "entering a tone");
   if (settings_.playComposing) sound_.Play(document_.Cursor(), EditSound::Cause::EnteredTone);
 }
 
 void Composer::EnterPause() {
   if (!MayEdit()) return;
   Insert(Pause(kDurations.at(static_cast<size_t>(state_.duration)),
-               kDurationExtras.at(static_cast<size_t>(state_.durationExtra))));
+               kDurationExtras.at(static_cast<size_t>(state_.durationExtra))),
+         "entering a pause");
 }
 
 void Composer::EnterCommand(int button, std::string_view repeatCount, std::string_view volume) {
@@ -91,18 +89,18 @@ void Composer::EnterCommand(int button, std::string_view repeatCount, std::strin
   Element element = Command(token);
   element.duration = 1.0F;
   element.extra = 1.0F;
-  Insert(std::move(element));
+  Insert(std::move(element), "entering a command");
   if (made.playedOnInsert && settings_.playComposing) {
     sound_.Play(document_.Cursor(), EditSound::Cause::Other);
   }
 }
 
 // Right of the cursor, which moves onto the new element; the first element whatever the cursor was.
-void Composer::Insert(Element element) {
+void Composer::Insert(Element element, std::string_view step) {
   const int32_t at = std::min(document_.Cursor(), document_.LastIndex()) + 1;
   Change change{.at = static_cast<size_t>(at), .cursor = at};
   change.inserted.push_back(std::move(element));
-  document_.Apply(std::move(change));
+  history_.Do(step, std::move(change));
   RefreshMelodyView();  // what sounds is to be seen while it sounds
 }
 
@@ -117,7 +115,7 @@ void Composer::StepDuration() {
   } while (!HasDuration(index));
   SelectDuration(index);
   element.duration = kDurations.at(static_cast<size_t>(index));
-  ReplaceAtCursor(std::move(element));
+  Replace(document_.Cursor(), std::move(element), "change of duration");
   if (settings_.playComposing) sound_.Play(document_.Cursor(), EditSound::Cause::Other);
 }
 
@@ -129,7 +127,7 @@ void Composer::StepAccidental() {
   const std::string letter = ReplaceAll(ReplaceAll(note, "#", ""), "&", "");
   if (const auto allowed = AccidentalsOf(Lowered(letter))) {
     element.SetNote(NextSpelling(note, *allowed));
-    ReplaceAtCursor(std::move(element));
+    Replace(document_.Cursor(), std::move(element), "low/high");
   } else {
     services_.log.WriteLog("Can not find the correct note-->" + letter, 1);
     RefreshMelodyView();
@@ -137,17 +135,21 @@ void Composer::StepAccidental() {
   sound_.Play(document_.Cursor(), EditSound::Cause::Other);
 }
 
-void Composer::ReplaceAtCursor(Element element) {
-  Change change{.at = static_cast<size_t>(document_.Cursor()), .removed = 1};
+void Composer::Replace(int32_t index, Element element, std::string_view step, std::string_view merge) {
+  Change change{.at = static_cast<size_t>(index), .removed = 1, .cursor = index};
   change.inserted.push_back(std::move(element));
-  document_.Apply(std::move(change));
+  history_.Do(step, std::move(change), merge);
+  RefreshMelodyView();
+}
+
+void Composer::MoveCursor(int32_t cursor) {
+  document_.Apply({.cursor = cursor});
   RefreshMelodyView();
 }
 
 void Composer::MoveLeft() {
   if (!MayEdit() || document_.IsEmpty()) return;
-  document_.Apply({.cursor = document_.Cursor() - 1});
-  RefreshMelodyView();
+  MoveCursor(document_.Cursor() - 1);
   if (settings_.playMoving) sound_.Play(document_.Cursor() + 1, EditSound::Cause::Other);
 }
 
@@ -161,26 +163,33 @@ void Composer::MoveRight() {
   if (!showFirst) RefreshMelodyView();
 }
 
+void Composer::MoveTo(int32_t cursor) {
+  if (!MayEdit() || document_.IsEmpty()) return;
+  MoveCursor(cursor);
+  if (settings_.playMoving && cursor >= 0) sound_.Play(document_.Cursor(), EditSound::Cause::Other);
+}
+
 void Composer::EraseLeft() {
+  if (!document_.Selection().IsEmpty()) return EraseSelected("erasing");
   if (!MayEdit() || !document_.HasElement(document_.Cursor())) return;
   const int32_t at = document_.Cursor();
-  document_.Apply({.at = static_cast<size_t>(at), .removed = 1, .cursor = at - 1});
+  history_.Do("erasing", {.at = static_cast<size_t>(at), .removed = 1, .cursor = at - 1});
   RefreshMelodyView();
 }
 
 void Composer::EraseRight() {
+  if (!document_.Selection().IsEmpty()) return EraseSelected("erasing");
   const int32_t right = document_.Cursor() + 1;
   if (!MayEdit() || !document_.HasElement(right)) return;
-  document_.Apply({.at = static_cast<size_t>(right), .removed = 1});
+  history_.Do("erasing", {.at = static_cast<size_t>(right), .removed = 1});
   RefreshMelodyView();
 }
 
-void Composer::MoveScale(int16_t octaves) {
-  if (!MayEdit() || document_.IsEmpty()) return;
-  if (auto moved = Transposed(document_.Elements(), octaves, document_.Mode(), services_.log)) {
-    document_.Apply({.removed = moved->size(), .inserted = *std::move(moved)});
-  }
+void Composer::Clear() {
+  if (!MayEdit()) return;
+  history_.Do("clearing", {.removed = document_.Elements().size(), .cursor = -1});
   RefreshMelodyView();
+  player_.Rest();
 }
 
 }  // namespace trillomat

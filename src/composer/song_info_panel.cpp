@@ -24,7 +24,8 @@ int32_t DigitsValue(std::string_view text) {
 
 }  // namespace
 
-SongInfoPanel::SongInfoPanel(Document& document, ReadRecord& record) : document_(document), record_(record) {
+SongInfoPanel::SongInfoPanel(const Document& document, History& history, ReadRecord& record)
+    : document_(document), history_(history), record_(record) {
   ShowMode();
   Load();
 }
@@ -78,7 +79,7 @@ void SongInfoPanel::Edit(int row, std::string_view text) {
   SongInfo info = document_.Info();
   Take(field, text, info);
   Take(field, text, record_.info);
-  document_.Apply({.info = std::move(info)});
+  history_.Do(StepName(field), {.info = std::move(info)}, StepName(field));
 }
 
 SongInfoPanel::Field SongInfoPanel::FieldOf(int row) const {
@@ -102,6 +103,19 @@ bool SongInfoPanel::IsValid(Field field, std::string_view text) const {
   const int32_t value = DigitsValue(text);
   if (field == Field::Tempo) return value >= limits.lowestTempo && value <= limits.highestTempo;
   return field != Field::Repeat || (value >= 0 && value <= kHighestLoop);
+}
+
+std::string_view SongInfoPanel::StepName(Field field) {
+  switch (field) {
+    case Field::None: break;
+    case Field::Name: return "change of the name";
+    case Field::Composer: return "change of the composer";
+    case Field::Tempo: return "change of tempo";
+    case Field::Repeat: return "change of the repeat count";
+    case Field::Style: return "change of style";
+    case Field::Volume: return "change of volume";
+  }
+  return {};
 }
 
 void SongInfoPanel::Take(Field field, std::string_view text, SongInfo& info) {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "document/document.h"
+#include "document/history.h"
 
 namespace trillomat {
 
@@ -19,15 +19,15 @@ struct SongInfoRow {
   bool invalid = false;  ///< shown in red; a text typed here was not taken over
 };
 
-/// Shows the document's song information. What is typed goes to the document and into the record that the
-/// next read starts from.
+/// Shows the document's song information. What is typed goes to the document, as one step for each row, and
+/// into the record that the next read starts from.
 class SongInfoPanel {
  public:
   static constexpr int kTextRows = 5;
   static constexpr int kStyleRow = 5;
   static constexpr int kVolumeRow = 6;
 
-  SongInfoPanel(Document& document, ReadRecord& record);
+  SongInfoPanel(const Document& document, History& history, ReadRecord& record);
 
   const std::array<SongInfoRow, 7>& Rows() const { return rows_; }
 
@@ -50,9 +50,11 @@ class SongInfoPanel {
   SongInfoRow& Row(int row) { return rows_.at(static_cast<size_t>(row)); }
   Field FieldOf(int row) const;
   bool IsValid(Field field, std::string_view text) const;
+  static std::string_view StepName(Field field);
   static void Take(Field field, std::string_view text, SongInfo& info);
 
-  Document& document_;
+  const Document& document_;
+  History& history_;
   ReadRecord& record_;
   std::array<SongInfoRow, 7> rows_;
 };

@@ -36,10 +36,11 @@ class FilesHost {
   virtual bool ToneSounds() const = 0;
   /// Presses Stop when a melody plays, so that a file that waits to be opened can be.
   virtual void StopPlaying() = 0;
-  virtual void EnterMode(FormatMode mode) = 0;
-  /// Puts what was read, which was not refused, in the place of the song: it shows from before its first
-  /// element, the phone display rests, and a play loop that ran has ended.
-  virtual void TakeIn(ReadResult&& read) = 0;
+  /// Puts what was read, which was not refused, in the place of the song, as one step, and enters `mode`: it
+  /// shows from before its first element, the phone display rests, and a play loop that ran has ended. The
+  /// document then belongs to `file`, empty for none. `step` is what the menu calls it: "opening".
+  virtual void TakeIn(ReadResult&& read, FormatMode mode, const std::filesystem::path& file,
+                      std::string_view step) = 0;
   /// What follows an opening: presses Play with "AutoPlay" on, and returns when that does; else shows it.
   virtual void PlayOrShow() = 0;
 

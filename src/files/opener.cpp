@@ -34,8 +34,7 @@ bool Opener::Open(const fs::path& file, FormatMode mode) {
   ReadResult read = Read(*bytes, mode, parts_.record, parts_.services);
   parts_.record = read.record;
   if (!read) return Refuse(ToUtf8(read.refusal->why));
-  Replace(std::move(read), mode);
-  parts_.document.SetFile(fs::absolute(file));
+  Replace(std::move(read), mode, fs::absolute(file), "opening");
   parts_.recovery.SongReplaced();
   return true;
 }
@@ -46,11 +45,8 @@ bool Opener::Refuse(std::string_view why) {
   return false;
 }
 
-// A song that comes from no file belongs to none from before it is shown, and counts as changed: nothing
-// holds it.
 void Opener::TakeImported(ReadResult&& read) {
-  parts_.document.SetFile({});
-  Replace(std::move(read), parts_.document.Mode());
+  Replace(std::move(read), parts_.document.Mode(), {}, "importing");
   parts_.recovery.SongReplaced();
 }
 
@@ -62,15 +58,13 @@ bool Opener::TakeRecovered() {
   }
   ReadResult read{.elements = std::move(last->song.elements), .record = parts_.record, .refusal = {}};
   read.record.info = std::move(last->song.info);
-  parts_.document.SetFile({});
-  Replace(std::move(read), last->mode);
+  Replace(std::move(read), last->mode, {}, "recovering");
   return true;
 }
 
-void Opener::Replace(ReadResult&& read, FormatMode mode) {
+void Opener::Replace(ReadResult&& read, FormatMode mode, const fs::path& file, std::string_view step) {
   parts_.recovery.KeepBeforeReplacing();
-  if (parts_.document.Mode() != mode) parts_.host.EnterMode(mode);
-  parts_.host.TakeIn(std::move(read));
+  parts_.host.TakeIn(std::move(read), mode, file, step);
   parts_.host.Notice("");
 }
 

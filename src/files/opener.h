@@ -24,7 +24,7 @@ class Opener {
   bool TakeRecovered();
 
  private:
-  void Replace(ReadResult&& read, FormatMode mode);
+  void Replace(ReadResult&& read, FormatMode mode, const std::filesystem::path& file, std::string_view step);
   bool Refuse(std::string_view why);
 
   FileParts parts_;

@@ -204,10 +204,13 @@ void FilesBox::StopPlaying() {
   if (parts_.play.State() != PlayState::Stopped) parts_.play.Press(Control::Stop);
 }
 
-void FilesBox::EnterMode(FormatMode mode) { parts_.composer.SetMode(mode); }
-
-void FilesBox::TakeIn(ReadResult&& read) {
-  parts_.composer.TakeIn(std::move(read.elements), std::move(read.record));
+void FilesBox::TakeIn(ReadResult&& read, FormatMode mode, const std::filesystem::path& file,
+                      std::string_view step) {
+  parts_.composer.TakeIn({.elements = std::move(read.elements),
+                          .record = std::move(read.record),
+                          .mode = mode,
+                          .file = file,
+                          .step = step});
 }
 
 void FilesBox::PlayOrShow() {

@@ -71,8 +71,8 @@ class FilesBox : public QGroupBox, private FilesHost {
   // FilesHost
   bool ToneSounds() const override;
   void StopPlaying() override;
-  void EnterMode(FormatMode mode) override;
-  void TakeIn(ReadResult&& read) override;
+  void TakeIn(ReadResult&& read, FormatMode mode, const std::filesystem::path& file,
+              std::string_view step) override;
   void PlayOrShow() override;
   void ShowFiles() override;
   void ShowSelectedFile() override;

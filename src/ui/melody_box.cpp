@@ -85,8 +85,9 @@ QLayout* MelodyBox::NewControlRow() {
         NewButton(IndexedName("cmdControl", i),
                   {QLatin1String(made.caption), QLatin1String(made.spoken), QLatin1String(made.tip)}, this);
     connect(button, &QPushButton::clicked, this, [this, i] {
-      if (i == static_cast<int>(Control::Clear)) emit Clearing();
-      play_.Press(static_cast<Control>(i));
+      if (i != static_cast<int>(Control::Clear)) return play_.Press(static_cast<Control>(i));
+      emit Clearing();
+      composer_.Clear();
     });
     row->addWidget(button);
     controls_.at(static_cast<size_t>(i)) = button;

@@ -35,7 +35,8 @@ TEST_F(ComposerTest, AModeBringsItsTempoItsOctavesItsSelectionsAndItsFiles) {
 TEST_F(ComposerTest, WhatIsTakenInReplacesTheSongAndPutsThePhoneToRest) {
   Compose("c2 d2", 1);
   ReadRecord read{.info = {.name = "New", .bpm = 0, .style = "2", .volume = ""}, .rtttl = {.name = "Last"}};
-  composer.TakeIn(ElementsOf("*5e2"), read);
+  composer.TakeIn(
+      {.elements = ElementsOf("*5e2"), .record = read, .mode = document.Mode(), .step = "opening"});
   EXPECT_EQ(Tokens(), "|*5e2");
   EXPECT_EQ(view.melody.right, "   *5e2");
   EXPECT_EQ(composer.Panel().Rows().at(2).text, "New");

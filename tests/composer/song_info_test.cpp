@@ -28,7 +28,7 @@ TEST(SongInfoTest, StyleAndVolumeConversions) {
 class SongInfoPanelTest : public testing::Test {
  protected:
   void Show(FormatMode mode, const SongInfo& info) {
-    document_.SetMode(mode);
+    document_.Apply({.mode = mode});
     document_.Apply({.info = info});
     panel_.ShowMode();
     panel_.Load();
@@ -37,7 +37,8 @@ class SongInfoPanelTest : public testing::Test {
 
   Document document_;
   ReadRecord record_;
-  SongInfoPanel panel_{document_, record_};
+  History history_{document_};
+  SongInfoPanel panel_{document_, history_, record_};
 };
 
 TEST_F(SongInfoPanelTest, RowsFollowTheMode) {

@@ -37,15 +37,20 @@ class FakeFilesHost : public FilesHost {
 
   bool ToneSounds() const override { return toneSounds; }
   void StopPlaying() override { calls.emplace_back("stop"); }
-  void EnterMode(FormatMode mode) override {
-    document_.SetMode(mode);
+  void EnterMode(FormatMode mode) {
+    document_.Apply({.mode = mode});
     browser->Refresh();
   }
-  void TakeIn(ReadResult&& read) override {
+  void TakeIn(ReadResult&& read, FormatMode mode, const std::filesystem::path& file,
+              std::string_view /*step*/) override {
+    const bool otherMode = mode != document_.Mode();
     document_.Apply({.removed = document_.Elements().size(),
                      .inserted = std::move(read.elements),
                      .info = read.record.info,
-                     .cursor = -1});
+                     .cursor = -1,
+                     .mode = mode,
+                     .file = SongFile{file, file.empty() ? SongFile::kNothing : SongFile::kThisSong}});
+    if (otherMode) browser->Refresh();
   }
   void PlayOrShow() override {
     ++opened;

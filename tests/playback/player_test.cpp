@@ -95,7 +95,7 @@ TEST(Player, PerformsCommandsInIMelodyAlone) {
   EXPECT_THAT(p.log.lines, IsEmpty());
   p.view.calls.clear();
   for (const auto mode : {FormatMode::EMelody, FormatMode::Rtttl, FormatMode::Melody}) {
-    p.document.SetMode(mode);
+    p.document.Apply({.mode = mode});
     p.PlayAll();
   }
   EXPECT_THAT(p.view.calls, IsEmpty());
