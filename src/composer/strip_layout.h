@@ -1,0 +1,107 @@
+// What the note strip shows of a melody, and what is at a place of it; without a window. Horizontally the
+// strip measures in the units of its scale, vertically in rows: semitones from the c of octave 0 upwards.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "composer/strip_times.h"
+
+namespace trillomat {
+
+inline constexpr int kRowsPerOctave = 12;
+inline constexpr int kBeatsPerBar = 4;
+
+enum class StripKind { Tone, UnknownTone, Pause, Mark };
+
+/// One element as it is drawn.
+struct StripItem {
+  int32_t index = 0;
+  StripKind kind = StripKind::Mark;
+  double left = 0;
+  double right = 0;
+  int row = 0;       ///< of a tone
+  bool held = true;  ///< the mode can hold it
+};
+
+/// The sign of an element that takes no time.
+enum class StripSign { Light, Backlight, Vibration, Volume, RepeatStart, RepeatEnd, Other };
+struct StripSymbol {
+  StripSign sign = StripSign::Other;
+  bool on = true;         ///< of a light or vibration
+  std::string text = {};  ///< of a volume ("10", "+") or of a repeat end ("3", "" for one without end)
+};
+StripSymbol SymbolOf(const Element& element);
+
+/// The row of a tone: flats and sharps where they sound. -1 for any other element.
+int RowOf(const Element& element);
+/// Whether a row is that of a black key.
+bool IsBlackRow(int row);
+
+/// A length as the composer writes it.
+struct WrittenLength {
+  int duration = 0;  ///< index of kDurations
+  int extra = 0;     ///< index of kDurationExtras
+  int32_t ticks = 0;
+};
+/// Of all lengths that the mode has, the one that comes nearest.
+WrittenLength NearestLength(const ModeLimits& limits, double ticks);
+
+/// What a place of the strip is part of.
+enum class StripPart {
+  Behind,  ///< right of all elements
+  Empty,   ///< above or below a tone
+  Body,    ///< a tone, or an element that takes all of the height
+  End      ///< the right end of a tone or pause
+};
+struct StripHit {
+  StripPart part = StripPart::Behind;
+  int32_t index = -1;  ///< -1 behind the end
+};
+
+class StripLayout {
+ public:
+  explicit StripLayout(const Document& document) : document_(document), times_(document) {}
+
+  StripScale scale;
+
+  /// To be called after each change of the document, before anything is asked.
+  void Follow(const ChangedRange& range) { times_.Follow(range); }
+
+  double Width() const { return scale.WidthOf(times_.Total()); }
+  /// Where the element at `index` begins, for the number of elements the right end of all.
+  double Left(int32_t index) const { return scale.WidthOf(times_.Before(index)); }
+  /// Where the cursor is: right of its element.
+  double CursorPlace() const { return Left(document_.Cursor() + 1); }
+  /// The element that covers `x`, the first one left of all, -1 right of all.
+  int32_t IndexAt(double x) const;
+
+  struct Shown {
+    std::vector<StripItem> items;
+    std::vector<double> bars;  ///< the bar lines
+  };
+  /// What can be seen between two places. A bar line may be in the middle of an element; where commands are
+  /// at its place, it is before them, but behind the end of a repeat.
+  Shown Between(double from, double to) const;
+
+  /// What is at a place. `row` counts in parts of rows (2.5 is the middle of row 2), `endWidth` is how near
+  /// to its end an element is taken by it.
+  StripHit At(double x, double row, double endWidth) const;
+
+  /// The octaves of the mode and of the melody.
+  OctaveSpan Octaves() const;
+  /// Those of the melody alone; those of the mode when there is no tone.
+  OctaveSpan MelodyOctaves() const;
+
+ private:
+  StripItem ItemAt(int32_t index, const StripSpan& before) const;
+  bool IsHeld(const Element& element) const;
+  bool BarMayStandBefore(int32_t index) const;
+  void AddBars(int32_t index, const StripSpan& before, std::vector<double>& bars) const;
+  OctaveSpan ModeOctaves() const;
+
+  const Document& document_;
+  StripTimes times_;
+};
+
+}  // namespace trillomat

@@ -1,0 +1,134 @@
+#include "composer/strip_times.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+#include "core/tone.h"
+
+namespace trillomat {
+namespace {
+
+constexpr size_t kRow = 256;  // elements
+constexpr size_t kLongestRow = 2 * kRow;
+
+// Above it no tone can be written or read.
+constexpr int kHighestOctave = 9;
+
+// A length that no file holds is still drawn, but not farther than a screen.
+constexpr double kMostBeats = 64;
+
+std::ptrdiff_t Signed(size_t value) { return static_cast<std::ptrdiff_t>(value); }
+
+}  // namespace
+
+int32_t TicksOf(const Element& element) {
+  if (element.Note().empty()) return 0;
+  const double beats = double{element.duration} * double{element.extra};
+  if (!(beats > 0)) return 0;
+  return static_cast<int32_t>(std::lround(std::min(beats, kMostBeats) * kTicksPerBeat));
+}
+
+StripSpan SpanOf(const Element& element) {
+  const int32_t ticks = TicksOf(element);
+  return {.ticks = ticks, .marks = ticks == 0 ? 1 : 0};
+}
+
+void OctaveSpan::Add(const OctaveSpan& other) {
+  if (other.IsEmpty()) return;
+  *this = IsEmpty() ? other : OctaveSpan{std::min(lowest, other.lowest), std::max(highest, other.highest)};
+}
+
+OctaveSpan OctaveOf(const Element& element) {
+  if (SemitoneOf(element.Note()) < 0) return {};
+  const int octave = std::clamp<int>(element.octave, 0, kHighestOctave);
+  return {octave, octave};
+}
+
+StripTimes::StripTimes(const Document& document) : document_(document) {
+  Replace(0, 0, 0, document_.Elements().size());
+}
+
+void StripTimes::Follow(const ChangedRange& range) {
+  if (!range.ElementsChanged()) return;
+  size_t row = 0;
+  size_t first = 0;
+  while (row + 1 < rows_.size() && first + rows_[row].count <= range.at) first += rows_[row++].count;
+  size_t behind = row;
+  size_t end = first;
+  while (behind < rows_.size() && (behind == row || end < range.at + range.removed)) {
+    end += rows_[behind++].count;
+  }
+  size_t count = end - first - range.removed + range.inserted;
+  if (count < kRow / 2 && behind < rows_.size()) count += rows_[behind++].count;
+  Replace(row, behind, first, count);
+}
+
+// The rows from `row` up to `behind` are now those of `count` elements from `first` on.
+void StripTimes::Replace(size_t row, size_t behind, size_t first, size_t count) {
+  std::vector<Row> rows;
+  while (count > 0) {
+    const size_t part = count <= kLongestRow ? count : kRow;
+    rows.push_back(Sum(first, part));
+    first += part;
+    count -= part;
+  }
+  const auto at = rows_.erase(rows_.begin() + Signed(row), rows_.begin() + Signed(behind));
+  rows_.insert(at, rows.begin(), rows.end());
+}
+
+StripTimes::Row StripTimes::Sum(size_t first, size_t count) const {
+  Row row;
+  row.count = count;
+  for (size_t i = first; i < first + count; ++i) {
+    const Element& element = document_.Elements()[i];
+    row.span.Add(SpanOf(element));
+    row.octaves.Add(OctaveOf(element));
+  }
+  return row;
+}
+
+StripSpan StripTimes::Before(int32_t index) const {
+  StripSpan span;
+  size_t left = static_cast<size_t>(std::clamp(index, 0, document_.LastIndex() + 1));
+  size_t first = 0;
+  for (const Row& row : rows_) {
+    if (row.count > left) break;
+    span.Add(row.span);
+    first += row.count;
+    left -= row.count;
+  }
+  for (size_t i = first; i < first + left; ++i) span.Add(SpanOf(document_.Elements()[i]));
+  return span;
+}
+
+StripTimes::Place StripTimes::At(double x, const StripScale& scale) const {
+  Place place;
+  const auto passes = [&](const StripSpan& span, size_t count) {
+    StripSpan behind = place.before;
+    behind.Add(span);
+    if (x < scale.WidthOf(behind)) return false;
+    place = {place.index + static_cast<int32_t>(count), behind};
+    return true;
+  };
+  for (const Row& row : rows_) {
+    if (!passes(row.span, row.count)) break;
+  }
+  while (document_.HasElement(place.index) && passes(SpanOf(document_.At(place.index)), 1)) {
+  }
+  return place;
+}
+
+StripSpan StripTimes::Total() const {
+  StripSpan span;
+  for (const Row& row : rows_) span.Add(row.span);
+  return span;
+}
+
+OctaveSpan StripTimes::Octaves() const {
+  OctaveSpan octaves;
+  for (const Row& row : rows_) octaves.Add(row.octaves);
+  return octaves;
+}
+
+}  // namespace trillomat

@@ -1,0 +1,99 @@
+// Where each element of a melody begins in time: a table of sums, a row for each few hundred elements.
+//
+//   elements   0 ......... 255 | 256 ......... 511 | 512 ...
+//   table      count, ticks,     count, ticks,       ...
+//              marks, octaves    marks, octaves
+//
+// A question goes over the rows and then over the elements of one row; a change sums up the rows it touches.
+// So both cost about the same however long the melody is.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "document/document.h"
+
+namespace trillomat {
+
+/// Every length that a melody can have is a whole number of these: durations times extras.
+inline constexpr int32_t kTicksPerBeat = 96;
+
+/// The element's length as it is written, in ticks; an unusual one is rounded. 0 for what takes no time of
+/// its own: commands, repeat marks, and elements without a length.
+int32_t TicksOf(const Element& element);
+
+/// A stretch of the melody: the time it takes, and how many elements in it take none.
+struct StripSpan {
+  int64_t ticks = 0;
+  int64_t marks = 0;
+
+  void Add(const StripSpan& other) {
+    ticks += other.ticks;
+    marks += other.marks;
+  }
+  bool operator==(const StripSpan&) const = default;
+};
+
+/// The stretch of one element.
+StripSpan SpanOf(const Element& element);
+
+/// How wide a stretch is drawn. What takes no time has a width all the same, so that it can be seen.
+struct StripScale {
+  double tick = 1;
+  double mark = 0;
+
+  double WidthOf(const StripSpan& span) const {
+    return static_cast<double>(span.ticks) * tick + static_cast<double>(span.marks) * mark;
+  }
+};
+
+/// Both ends included; empty when the highest is below the lowest.
+struct OctaveSpan {
+  int lowest = 0;
+  int highest = -1;
+
+  bool IsEmpty() const { return highest < lowest; }
+  void Add(const OctaveSpan& other);
+  bool operator==(const OctaveSpan&) const = default;
+};
+
+/// The octave of the row that a tone is drawn in; none for other elements.
+OctaveSpan OctaveOf(const Element& element);
+
+class StripTimes {
+ public:
+  /// An element, and what comes before it.
+  struct Place {
+    int32_t index = 0;
+    StripSpan before;
+  };
+
+  explicit StripTimes(const Document& document);
+
+  /// To be called after each change of the document, before anything is asked.
+  void Follow(const ChangedRange& range);
+
+  /// What comes before the element at `index`; all there is for an index at or behind the end.
+  StripSpan Before(int32_t index) const;
+  /// The element that covers `x` at that scale, the first one left of all, the number of elements right of
+  /// all.
+  Place At(double x, const StripScale& scale) const;
+  StripSpan Total() const;
+  /// Of all tones.
+  OctaveSpan Octaves() const;
+
+ private:
+  struct Row {
+    size_t count = 0;
+    StripSpan span;
+    OctaveSpan octaves;
+  };
+
+  Row Sum(size_t first, size_t count) const;
+  void Replace(size_t row, size_t behind, size_t first, size_t count);
+
+  const Document& document_;
+  std::vector<Row> rows_;
+};
+
+}  // namespace trillomat
