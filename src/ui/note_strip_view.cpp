@@ -1,0 +1,154 @@
+// The part of the note strip that is seen: zoom, scrolling, and what is kept in view.
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "ui/note_strip.h"
+
+namespace trillomat {
+namespace {
+
+// In heights of a line of text.
+constexpr double kBeatWidth = 2.6;
+constexpr double kMarkWidth = 1.1;
+constexpr double kLowestRow = 0.25;
+constexpr double kHighestRow = 0.55;
+constexpr double kMargin = 0.4;
+constexpr double kRoomBehind = 3;
+
+// So far out that a screen still shows no more than some thousand elements.
+constexpr double kFarthestZoom = 0.15;
+constexpr double kNearestZoom = 8;
+constexpr double kZoomStep = 1.25;
+
+constexpr int kFewestOctaves = 2;
+
+}  // namespace
+
+StripGeometry NoteStrip::Geometry() const {
+  const QRectF view(viewport()->rect());
+  const double line = fontMetrics().height();
+  const double all = (octaves_.highest - octaves_.lowest + 1) * kRowsPerOctave * rowHeight_;
+  const double keys = std::ceil(fontMetrics().horizontalAdvance(QStringLiteral("C8")) + line * 0.6);
+  return {.view = view,
+          .keys = keys,
+          .left = keys + kMargin * line - horizontalScrollBar()->value(),
+          .top = std::max((view.height() - all) / 2, 0.0) - verticalScrollBar()->value(),
+          .rowHeight = rowHeight_,
+          .octaves = octaves_};
+}
+
+void NoteStrip::ZoomIn() { SetZoom(zoom_ * kZoomStep, Geometry().X(cursorShown_)); }
+void NoteStrip::ZoomOut() { SetZoom(zoom_ / kZoomStep, Geometry().X(cursorShown_)); }
+void NoteStrip::ZoomReset() { SetZoom(1, Geometry().X(cursorShown_)); }
+
+// What is at `x` stays there.
+void NoteStrip::SetZoom(double zoom, double x) {
+  const double place = std::max(Geometry().Place(x), 0.0);
+  const int32_t index = layout_.IndexAt(place);
+  const int32_t from = index < 0 ? document_.LastIndex() + 1 : index;
+  const double width = layout_.Left(from + 1) - layout_.Left(from);
+  const double share = width > 0 ? (place - layout_.Left(from)) / width : 0;
+  zoom_ = std::clamp(zoom, kFarthestZoom, kNearestZoom);
+  Arrange();
+  const double now = layout_.Left(from) + share * (layout_.Left(from + 1) - layout_.Left(from));
+  horizontalScrollBar()->setValue(horizontalScrollBar()->value() + qRound(Geometry().X(now) - x));
+  viewport()->update();
+}
+
+// To be called when the melody, the mode, the size, the zoom or the font is another.
+void NoteStrip::Arrange() {
+  const double line = fontMetrics().height();
+  layout_.scale = {.tick = kBeatWidth * line * zoom_ / kTicksPerBeat, .mark = kMarkWidth * line};
+  const double seen = viewport()->width() - Geometry().keys;
+  const double all = layout_.Width() + (kMargin + kRoomBehind) * line;
+  const double hidden = std::clamp(all - seen, 0.0, double{std::numeric_limits<int>::max() / 2});
+  horizontalScrollBar()->setRange(0, static_cast<int>(std::ceil(hidden)));
+  horizontalScrollBar()->setPageStep(std::max(static_cast<int>(seen), 1));
+  horizontalScrollBar()->setSingleStep(static_cast<int>(kBeatWidth * line));
+  if (!mouse_.Edits()) ArrangeRows();
+}
+
+// As high as lets the octaves of the melody be seen at once, within what can be hit and what looks well.
+void NoteStrip::ArrangeRows() {
+  const double middle = Geometry().Row(viewport()->height() / 2.0);
+  const double line = fontMetrics().height();
+  const OctaveSpan melody = layout_.MelodyOctaves();
+  const int octaves = std::max(melody.highest - melody.lowest + 1, kFewestOctaves);
+  const double height = viewport()->height();
+  octaves_ = layout_.Octaves();
+  const int rows = (octaves_.highest - octaves_.lowest + 1) * kRowsPerOctave;
+  const double fitting =
+      std::clamp(height / (octaves * kRowsPerOctave), kLowestRow * line, kHighestRow * line);
+  rowHeight_ = std::max(std::floor(std::max(fitting, height / rows)), 1.0);
+  verticalScrollBar()->setRange(0, std::max(static_cast<int>(rows * rowHeight_ - height), 0));
+  verticalScrollBar()->setPageStep(std::max(static_cast<int>(height), 1));
+  verticalScrollBar()->setSingleStep(static_cast<int>(rowHeight_ * 2));
+  CentreRow(middle);
+}
+
+void NoteStrip::CentreRow(double row) {
+  const StripGeometry geometry = Geometry();
+  verticalScrollBar()->setValue(verticalScrollBar()->value() +
+                                qRound(geometry.Y(row - 1) - geometry.view.height() / 2));
+}
+
+double NoteStrip::MiddleRow() const {
+  const OctaveSpan melody = layout_.MelodyOctaves();
+  return (melody.lowest + melody.highest + 1) * kRowsPerOctave / 2.0;
+}
+
+// Turns the page when the element is not on it, so that what comes next can be seen.
+void NoteStrip::KeepInView(int32_t index) {
+  const StripGeometry geometry = Geometry();
+  const double left = geometry.X(layout_.Left(index));
+  const double right = geometry.X(layout_.Left(index + 1));
+  const double seen = geometry.view.width() - geometry.keys;
+  QScrollBar* bar = horizontalScrollBar();
+  if (right > geometry.view.width()) bar->setValue(bar->value() + qRound(left - geometry.keys - seen * 0.15));
+  if (right < geometry.keys) bar->setValue(bar->value() - qRound(geometry.keys + seen * 0.7 - right));
+  if (!document_.HasElement(index)) return;
+  const int row = RowOf(document_.At(index));
+  if (row >= 0) KeepRowInView(row);
+}
+
+void NoteStrip::KeepRowInView(int row) {
+  const StripGeometry geometry = Geometry();
+  const double above = geometry.Y(row + 1);
+  const double below = geometry.Y(row - 1) + geometry.rowHeight - geometry.view.height();
+  QScrollBar* bar = verticalScrollBar();
+  if (above < 0)
+    bar->setValue(bar->value() + static_cast<int>(std::floor(above)));
+  else if (below > 0)
+    bar->setValue(bar->value() + static_cast<int>(std::ceil(below)));
+}
+
+void NoteStrip::resizeEvent(QResizeEvent* event) {
+  QAbstractScrollArea::resizeEvent(event);
+  Arrange();
+}
+
+void NoteStrip::changeEvent(QEvent* event) {
+  QAbstractScrollArea::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Arrange();
+}
+
+// Both directions of a wheel move along the melody; with Shift, up and down.
+void NoteStrip::wheelEvent(QWheelEvent* event) {
+  const QPoint turned = event->angleDelta();
+  const int most = std::abs(turned.x()) > std::abs(turned.y()) ? turned.x() : turned.y();
+  const double steps = most / double{QWheelEvent::DefaultDeltasPerStep};
+  event->accept();
+  if (event->modifiers().testFlag(Qt::ControlModifier)) {
+    return SetZoom(zoom_ * std::pow(kZoomStep, steps), event->position().x());
+  }
+  QScrollBar* bar =
+      event->modifiers().testFlag(Qt::ShiftModifier) ? verticalScrollBar() : horizontalScrollBar();
+  const QPoint pixels = event->pixelDelta();
+  const int exact = std::abs(pixels.x()) > std::abs(pixels.y()) ? pixels.x() : pixels.y();
+  bar->setValue(bar->value() - (exact != 0 ? exact : qRound(steps * bar->singleStep() * 3)));
+}
+
+}  // namespace trillomat

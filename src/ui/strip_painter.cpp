@@ -1,0 +1,181 @@
+#include "ui/strip_painter.h"
+
+#include <QPainterPath>
+#include <algorithm>
+
+#include "ui/colours.h"
+#include "ui/strip_symbols.h"
+
+namespace trillomat {
+namespace {
+
+constexpr double kCursorWidth = 2;
+constexpr double kCursorHead = 4;
+constexpr double kGap = 1;      // between two tones
+constexpr double kRound = 2.5;  // of a tone's corners
+constexpr double kThickLine = 2;
+
+}  // namespace
+
+// Between the ground and what is written on it.
+QColor StripPainter::Shade(double share) const {
+  return Mix(palette_.color(QPalette::Base), palette_.color(QPalette::Text), share);
+}
+
+void StripPainter::Paint(const Document& document, const StripLayout::Shown& shown, const StripState& state) {
+  painter_.setRenderHint(QPainter::Antialiasing, false);
+  PaintRows();
+  PaintSelection(state);
+  PaintBars(shown.bars);
+  painter_.setRenderHint(QPainter::Antialiasing);
+  for (const StripItem& item : shown.items) {
+    PaintItem(document.At(item.index), item, item.index == state.playing);
+  }
+  PaintCursor(state.cursor);
+}
+
+void StripPainter::PaintRows() {
+  painter_.fillRect(geometry_.view, Shade(0));
+  for (int row = geometry_.LowestRow(); row <= geometry_.HighestRow(); ++row) {
+    const QRectF band(geometry_.view.left(), geometry_.Y(row), geometry_.view.width(), geometry_.rowHeight);
+    if (!band.intersects(geometry_.view)) continue;
+    if (IsBlackRow(row)) painter_.fillRect(band, Shade(0.06));
+    if (row % kRowsPerOctave != 0) continue;
+    painter_.setPen(Shade(0.2));
+    painter_.drawLine(band.bottomLeft(), band.bottomRight());
+  }
+}
+
+void StripPainter::PaintBars(const std::vector<double>& bars) {
+  painter_.setPen(Shade(0.35));
+  for (const double bar : bars) {
+    const double x = geometry_.X(bar);
+    painter_.drawLine(QPointF(x, geometry_.view.top()), QPointF(x, geometry_.view.bottom()));
+  }
+}
+
+// A band with a border, which tells it without its colour.
+void StripPainter::PaintSelection(const StripState& state) {
+  if (!(state.selectedTo > state.selectedFrom)) return;
+  const double left = geometry_.X(state.selectedFrom);
+  const QRectF band(left, geometry_.view.top(), geometry_.X(state.selectedTo) - left,
+                    geometry_.view.height());
+  QColor light = Accent();
+  light.setAlphaF(0.25F);
+  painter_.setPen(QPen(Accent(), kThickLine));
+  painter_.setBrush(light);
+  painter_.drawRect(band.adjusted(1, 1, -1, -1));
+}
+
+void StripPainter::PaintItem(const Element& element, const StripItem& item, bool playing) {
+  if (playing) PaintPlaying(item);
+  switch (item.kind) {
+    case StripKind::Tone: return PaintTone(item, playing);
+    case StripKind::UnknownTone: return PaintUnknownTone(item);
+    case StripKind::Pause: return PaintPause(item);
+    case StripKind::Mark: break;
+  }
+  PaintSymbol(painter_, Column(item), SymbolOf(element), Shade(item.held ? 0.8 : 0.4));
+  if (item.held) return;
+  painter_.setPen(QPen(Shade(0.8), 1, Qt::DashLine));
+  painter_.setBrush(Qt::NoBrush);
+  painter_.drawRect(Column(item).adjusted(1, 2, -1, -2));
+}
+
+void StripPainter::PaintTone(const StripItem& item, bool playing) {
+  const QRectF box = BoxOf(item);
+  const QColor fill = Mix(Accent(), palette_.color(QPalette::Base), 0.15);
+  const double round = std::min(kRound, box.width() / 2);
+  if (item.held) {
+    painter_.setPen(QPen(playing ? Shade(1) : Mix(Accent(), Shade(1), 0.5), playing ? kThickLine : 1));
+    painter_.setBrush(playing ? Mix(Accent(), Shade(1), 0.4) : fill);
+  } else {
+    painter_.setPen(QPen(Shade(1), playing ? kThickLine : 1, Qt::DashLine));
+    painter_.setBrush(Shade(0));
+  }
+  painter_.drawRoundedRect(box, round, round);
+  if (item.held) return;
+  painter_.setBrush(QBrush(Shade(0.8), Qt::DiagCrossPattern));
+  painter_.drawRoundedRect(box, round, round);
+}
+
+// It has no row of its own, so it takes all of them.
+void StripPainter::PaintUnknownTone(const StripItem& item) {
+  const QRectF column = Column(item).adjusted(kGap, 2, -kGap, -2);
+  painter_.setPen(QPen(Shade(0.8), 1, Qt::DashLine));
+  painter_.setBrush(Qt::NoBrush);
+  painter_.drawRoundedRect(column, kRound, kRound);
+  painter_.drawText(column, Qt::AlignCenter, QStringLiteral("?"));
+}
+
+void StripPainter::PaintPause(const StripItem& item) {
+  const QRectF column = Column(item);
+  const double height = 2 * geometry_.rowHeight;
+  const QRectF rest(column.left() + kGap, column.center().y() - height / 2,
+                    std::max(column.width() - 2 * kGap, 1.0), height);
+  painter_.setPen(QPen(Shade(item.held ? 0.35 : 0.8), 1, item.held ? Qt::SolidLine : Qt::DashLine));
+  painter_.setBrush(QBrush(Shade(0.35), item.held ? Qt::BDiagPattern : Qt::DiagCrossPattern));
+  painter_.drawRoundedRect(rest, kRound, kRound);
+}
+
+void StripPainter::PaintPlaying(const StripItem& item) {
+  QColor light = Accent();
+  light.setAlphaF(0.3F);
+  painter_.fillRect(Column(item), light);
+  painter_.setPen(QPen(Shade(1), kThickLine));
+  painter_.drawLine(Column(item).topLeft() + QPointF(1, 1), Column(item).topRight() + QPointF(-1, 1));
+}
+
+// A line with a head at both ends, which no bar line has.
+void StripPainter::PaintCursor(double place) {
+  const double x = geometry_.X(place);
+  const QRectF& view = geometry_.view;
+  const QColor ink = Shade(1);
+  painter_.fillRect(QRectF(x - kCursorWidth / 2, view.top(), kCursorWidth, view.height()), ink);
+  painter_.setPen(Qt::NoPen);
+  painter_.setBrush(ink);
+  const QPointF across(kCursorHead, 0);
+  const QPointF down(0, kCursorHead);
+  const QPointF head(x, view.top());
+  const QPointF foot(x, view.bottom());
+  painter_.drawPolygon(QPolygonF({head - across, head + across, head + down}));
+  painter_.drawPolygon(QPolygonF({foot - across, foot + across, foot - down}));
+}
+
+QRectF StripPainter::Column(const StripItem& item) const {
+  return {geometry_.X(item.left), geometry_.view.top(), item.right - item.left, geometry_.view.height()};
+}
+
+// Two tones of the same pitch leave a gap between them.
+QRectF StripPainter::BoxOf(const StripItem& item) const {
+  const double width = std::max(item.right - item.left - kGap, 1.0);
+  return {geometry_.X(item.left) + 0.5, geometry_.Y(item.row) + 0.5, width - 0.5, geometry_.rowHeight - 1};
+}
+
+void StripPainter::PaintKeys() {
+  const QRectF keys(geometry_.view.left(), geometry_.view.top(), geometry_.keys, geometry_.view.height());
+  painter_.setRenderHint(QPainter::Antialiasing, false);
+  painter_.fillRect(keys, Shade(0.03));
+  for (int row = geometry_.LowestRow(); row <= geometry_.HighestRow(); ++row) {
+    const QRectF band(keys.left(), geometry_.Y(row), keys.width(), geometry_.rowHeight);
+    if (IsBlackRow(row)) painter_.fillRect(band.adjusted(keys.width() * 0.5, 0, 0, 0), Shade(0.55));
+    if (row % kRowsPerOctave != 0) continue;
+    painter_.setPen(Shade(0.35));
+    painter_.drawLine(band.bottomLeft(), band.bottomRight());
+    painter_.setPen(Shade(0.85));
+    const QRectF label(keys.left() + 2, band.bottom() - painter_.fontMetrics().height(), keys.width(),
+                       painter_.fontMetrics().height());
+    painter_.drawText(label, Qt::AlignLeft | Qt::AlignBottom,
+                      QStringLiteral("C%1").arg(row / kRowsPerOctave));
+  }
+  painter_.setPen(Shade(0.35));
+  painter_.drawLine(keys.topRight(), keys.bottomRight());
+}
+
+void StripPainter::PaintFocus() {
+  painter_.setPen(QPen(Accent(), kThickLine));
+  painter_.setBrush(Qt::NoBrush);
+  painter_.drawRect(geometry_.view.adjusted(1, 1, -1, -1));
+}
+
+}  // namespace trillomat
