@@ -100,6 +100,11 @@ void SdlDevice::Stop(int64_t at) {
   mixer_.Stop(at);
 }
 
+void SdlDevice::SetVolume(double gain) {
+  const std::scoped_lock lock(mutex_);
+  mixer_.SetVolume(gain);
+}
+
 bool SdlDevice::IsDrained() const {
   const std::scoped_lock lock(mutex_);
   return mixer_.IsDrained();

@@ -37,6 +37,7 @@ class SdlDevice {
   /// As the mixer's.
   void Start(std::vector<int16_t> loop, int64_t at);
   void Stop(int64_t at);
+  void SetVolume(double gain);
   bool IsDrained() const;
   /// The device asks for no more samples, though it should.
   bool HasStalled() const;

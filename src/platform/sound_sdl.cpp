@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "playback/volume.h"
 #include "playback/wave_synthesis.h"
 
 namespace trillomat {
@@ -53,6 +54,8 @@ void SdlSound::Beep(int32_t hertz, int32_t milliseconds) {
   }
   std::this_thread::sleep_until(end);
 }
+
+void SdlSound::SetVolume(int percent) { device_->SetVolume(VolumeGain(percent)); }
 
 void SdlSound::BeginToOpen() {
   state_ = State::Opening;

@@ -34,6 +34,8 @@ class SdlSound : public SoundDevice {
   void StopWave() override;
   /// The opening of the device counts as part of the length.
   void Beep(int32_t hertz, int32_t milliseconds) override;
+  /// Heard at once, also in the middle of a tone.
+  void SetVolume(int percent) override;
 
  private:
   enum class State { Unused, Opening, Open, Failed };

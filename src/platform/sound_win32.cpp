@@ -4,6 +4,8 @@
 
 #include "platform/pump_sleep.h"
 #include "platform/win32.h"
+#include "playback/volume.h"
+#include "playback/wave_synthesis.h"
 // after windows.h
 #include <mmsystem.h>
 
@@ -54,7 +56,8 @@ bool Win32Sound::IsFree() {
 bool Win32Sound::StartWave(std::span<const uint8_t> image) {
   StopWave();
   if (image.empty() || !IsFree()) return false;
-  const std::vector<uint8_t> copy(image.begin(), image.end());
+  std::vector<uint8_t> copy(image.begin(), image.end());
+  ScaleImage(copy, gain_);
   if (!calls_.Post([wave = wave_, copy] { wave->Start(copy); })) return false;
   if (IsFree()) return wave_->started;
   calls_.Post([wave = wave_] { wave->Stop(); });  // when it starts after all
@@ -68,14 +71,24 @@ void Win32Sound::StopWave() {
 void Win32Sound::Beep(int32_t hertz, int32_t milliseconds) {
   if (milliseconds <= 0) return;
   const auto end = steady_clock::now() + std::chrono::milliseconds(milliseconds);
-  // The one before may end a little late.
-  if (calls_.IsIdle(end)) {
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - steady_clock::now()).count();
-    calls_.Post([hertz, left] {
-      if (left > 0) ::Beep(static_cast<DWORD>(hertz), static_cast<DWORD>(left));
-    });
+  if (gain_ == 1) {
+    SystemBeep(hertz, end);
+    return SleepUntil(end);
   }
+  StartWave(ToneImage(hertz));
   SleepUntil(end);
+  StopWave();
 }
+
+// The one before may end a little late.
+void Win32Sound::SystemBeep(int32_t hertz, steady_clock::time_point end) {
+  if (!calls_.IsIdle(end)) return;
+  const auto left = std::chrono::ceil<milliseconds>(end - steady_clock::now()).count();
+  calls_.Post([hertz, left] {
+    if (left > 0) ::Beep(static_cast<DWORD>(hertz), static_cast<DWORD>(left));
+  });
+}
+
+void Win32Sound::SetVolume(int percent) { gain_ = VolumeGain(percent); }
 
 }  // namespace trillomat

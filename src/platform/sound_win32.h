@@ -2,6 +2,7 @@
 // their own, because a sound service that hangs holds up whoever asks it.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -25,15 +26,20 @@ class Win32Sound : public SoundDevice {
   bool StartWave(std::span<const uint8_t> image) override;
   void StopWave() override;
   /// The system refuses tones below 37 Hz; they are silent and take their time all the same.
+  /// The system's own beep knows no volume; where that is not full, a wave image sounds in its place.
   void Beep(int32_t hertz, int32_t milliseconds) override;
+  /// Heard from the next tone on.
+  void SetVolume(int percent) override;
 
  private:
   struct Wave;
 
   bool IsFree();
+  void SystemBeep(int32_t hertz, std::chrono::steady_clock::time_point end);
 
   std::shared_ptr<Wave> wave_;
   CallThread calls_;
+  double gain_ = 1;
   bool hangs_ = false;  ///< a call has not returned in time
 };
 

@@ -49,6 +49,7 @@ size_t ToneMixer::RenderSilence(std::span<int16_t> out, int64_t now) {
   if (!tones_.empty() && tones_.front().begin <= *position_) {
     position_ = tones_.front().begin;
     sounding_ = true;
+    volume_ = volumeWanted_;
     return 0;
   }
   const int64_t limit = tones_.empty() ? std::max(now, *position_) : tones_.front().begin;
@@ -66,16 +67,22 @@ size_t ToneMixer::RenderTone(std::span<int16_t> out) {
     return 0;
   }
   const std::vector<int16_t>& loop = tones_.front().loop;
-  const double step = 1.0 / kRamp;
   const size_t count = length_ ? std::min(out.size(), static_cast<size_t>(*length_ - rendered_)) : out.size();
   for (int16_t& sample : out.first(count)) {
-    gain_ = std::min(1.0, gain_ + step);
-    if (length_) gain_ = std::min(gain_, static_cast<double>(*length_ - rendered_) * step);
+    const double gain = NextGain();
     const auto at = static_cast<size_t>(rendered_++) % loop.size();
-    sample = static_cast<int16_t>(std::lround(loop[at] * gain_));
+    sample = static_cast<int16_t>(std::lround(loop[at] * gain));
   }
   *position_ += static_cast<int64_t>(count);
   return count;
+}
+
+double ToneMixer::NextGain() {
+  constexpr double kStep = 1.0 / kRamp;
+  gain_ = std::min(1.0, gain_ + kStep);
+  if (length_) gain_ = std::min(gain_, static_cast<double>(*length_ - rendered_) * kStep);
+  volume_ = std::clamp(volumeWanted_, volume_ - kStep, volume_ + kStep);
+  return gain_ * volume_;
 }
 
 // A stop that becomes known too late leaves room for the ramp that ends the tone.

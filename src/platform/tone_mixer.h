@@ -39,6 +39,9 @@ class ToneMixer {
   void Start(std::vector<int16_t> loop, int64_t at);
   /// Ends the sounding tone at `at`, which may lie in the future.
   void Stop(int64_t at);
+  /// What all samples are multiplied with from the next Render on, 0 to 1. A tone that sounds gets there in a
+  /// ramp.
+  void SetVolume(double gain) { volumeWanted_ = gain; }
   /// Fills `out`, which is asked for at the time `now`.
   void Render(std::span<int16_t> out, int64_t now);
 
@@ -55,6 +58,7 @@ class ToneMixer {
   void Align(int64_t now);
   size_t RenderSilence(std::span<int16_t> out, int64_t now);
   size_t RenderTone(std::span<int16_t> out);
+  double NextGain();
   void LearnLength();
   void FinishTone();
 
@@ -65,7 +69,9 @@ class ToneMixer {
   bool sounding_ = false;            ///< the first tone has begun
   int64_t rendered_ = 0;             ///< samples of the first tone so far
   std::optional<int64_t> length_;    ///< samples of the first tone in all, once known
-  double gain_ = 0;
+  double gain_ = 0;                  ///< of the ramps of the first tone
+  double volume_ = 1;
+  double volumeWanted_ = 1;
 };
 
 }  // namespace trillomat

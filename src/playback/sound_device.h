@@ -21,6 +21,8 @@ class SoundDevice {
   /// Sounds `hertz` for `milliseconds` and returns afterwards; without a device it keeps the time in
   /// silence. A length of 0 or less returns at once.
   virtual void Beep(int32_t hertz, int32_t milliseconds) = 0;
+  /// How loud everything sounds from now on, in percent: see playback/volume.h. 100 unless set.
+  virtual void SetVolume(int percent) = 0;
 };
 
 /// Sounds nothing and takes no time.
@@ -29,6 +31,7 @@ class NullSoundDevice : public SoundDevice {
   bool StartWave(std::span<const uint8_t> /*image*/) override { return true; }
   void StopWave() override {}
   void Beep(int32_t /*hertz*/, int32_t /*milliseconds*/) override {}
+  void SetVolume(int /*percent*/) override {}
 };
 
 }  // namespace trillomat

@@ -9,11 +9,14 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iostream>
+#include <numeric>
+#include <thread>
 
 #include "platform/clock_std.h"
 #include "platform/pump_sleep.h"
@@ -209,6 +212,60 @@ TEST(SdlSound, ADeviceThatHangsHoldsNothingUp) {
       EXPECT_EXIT(UseHangingDevice(pipe, opens), testing::ExitedWithCode(0), "");
     })) << opens;
   }
+}
+
+// What is written to the disk while `play` plays.
+std::vector<int16_t> Recorded(const std::function<void(SdlSound&)>& play) {
+  const TempFolder folder;
+  const Variable driver("SDL_AUDIODRIVER", "disk");
+  const Variable output("SDL_DISKAUDIOFILE", folder / "sound");
+  FakeLog log;
+  {
+    SdlSound sound(log);
+    play(sound);
+  }
+  return SamplesOf(folder / "sound");
+}
+
+// The highest root of the mean square of 50 ms in a row.
+double LoudestRms(std::span<const int16_t> samples) {
+  constexpr size_t kWindow = 2205;
+  double loudest = 0;
+  for (size_t at = 0; at + kWindow <= samples.size(); at += kWindow / 5) {
+    const auto window = samples.subspan(at, kWindow);
+    const double squares =
+        std::accumulate(window.begin(), window.end(), 0.0, [](double sum, int16_t s) { return sum + s * s; });
+    loudest = std::max(loudest, std::sqrt(squares / kWindow));
+  }
+  return loudest;
+}
+
+TEST(SdlSound, TheVolumeIsHeardInEveryToneAndInTheMiddleOfOne) {
+  const auto rms = [](int percent, bool wave) {
+    return LoudestRms(Recorded([percent, wave](SdlSound& sound) {
+      sound.SetVolume(percent);
+      if (!wave) return sound.Beep(440, 150);
+      sound.StartWave(ToneImage(440));
+      std::this_thread::sleep_for(std::chrono::milliseconds(150));
+    }));
+  };
+  for (const bool wave : {true, false}) {
+    EXPECT_NEAR(rms(100, wave), 16383 / std::sqrt(2), 60);
+    EXPECT_NEAR(20 * std::log10(rms(50, wave) / rms(100, wave)), -10, 0.2) << "half as loud";
+    EXPECT_EQ(rms(0, wave), 0);
+  }
+  const auto turnedDown = Recorded([](SdlSound& sound) {
+    sound.StartWave(ToneImage(440));
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    sound.SetVolume(0);
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+  });
+  const std::span<const int16_t> all(turnedDown);
+  EXPECT_NEAR(LoudestRms(all), 16383 / std::sqrt(2), 60);
+  EXPECT_EQ(LoudestRms(all.last(8820)), 0) << "the tone still ran";
+  int steepest = 0;
+  for (size_t i = 1; i < all.size(); ++i) steepest = std::max(steepest, std::abs(all[i] - all[i - 1]));
+  EXPECT_LT(steepest, 1027 + 130) << "clicked";  // the sine's own, and the ramp's
 }
 
 }  // namespace

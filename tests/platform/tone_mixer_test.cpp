@@ -46,6 +46,9 @@ class Card {
     for (int64_t now = from; now < to; now += kBuffer) Ask(now);
   }
 
+  /// When it asks next, if it has asked regularly.
+  int64_t Asked() const { return static_cast<int64_t>(out.size()); }
+
   /// The lengths of the stretches of one sign: positive above, negative below, with silence as "0".
   std::vector<std::pair<int, int64_t>> Runs() const {
     std::vector<std::pair<int, int64_t>> runs;
@@ -131,6 +134,19 @@ TEST(ToneMixer, EqualTonesInARowAreSeparatedWithoutAClick) {
   EXPECT_LT(*border, kHigh / 50);
   EXPECT_EQ(*(border - ToneMixer::kRamp - 1), kHigh);
   EXPECT_EQ(*(border + ToneMixer::kRamp), kHigh);
+  for (size_t i = 1; i < card.out.size(); ++i) EXPECT_LE(std::abs(card.out[i] - card.out[i - 1]), 8) << i;
+}
+
+TEST(ToneMixer, TheVolumeChangesInATonesMiddleWithoutAClickAndAtItsStartAtOnce) {
+  Card card({{3000, 30000}, {40000, 50000}});
+  card.AskRegularly(0, 20000);
+  card.mixer.SetVolume(0.25);
+  card.AskRegularly(card.Asked(), 35000);
+  card.mixer.SetVolume(0.5);
+  card.AskRegularly(card.Asked(), 70000);
+  EXPECT_EQ(card.out[15000], kHigh);
+  EXPECT_EQ(card.out[25000], kHigh / 4);
+  EXPECT_EQ(card.out[40000 + kLatency + ToneMixer::kRamp], kHigh / 2);
   for (size_t i = 1; i < card.out.size(); ++i) EXPECT_LE(std::abs(card.out[i] - card.out[i - 1]), 8) << i;
 }
 

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "playback/render_wave.h"
+#include "playback/volume.h"
 #include "playback/wave_synthesis.h"
 #include "playing.h"
 
@@ -144,6 +145,24 @@ TEST(RenderWave, SaysWhyItDoesNot) {
   p.pump.ending = true;
   std::ostringstream out;
   EXPECT_EQ(RenderWave(p.document, {}, p.services, out)->why, "Interrupted.");
+}
+
+TEST(Volume, FullIsBitForBitAndHalfOfItIsTenDecibelsWeaker) {
+  EXPECT_EQ(VolumeGain(100), 1);
+  EXPECT_EQ(VolumeGain(250), 1);
+  EXPECT_EQ(VolumeGain(0), 0);
+  EXPECT_EQ(VolumeGain(-1), 0);
+  EXPECT_NEAR(20 * std::log10(VolumeGain(50)), -10, 0.05);
+  const std::vector<uint8_t> full = ToneImage(440);
+  std::vector<uint8_t> image = full;
+  ScaleImage(image, 1);
+  EXPECT_EQ(image, full);
+  ScaleImage(image, 0.5);
+  EXPECT_EQ(image.size(), full.size());
+  for (size_t at = kWaveHeaderSize; at < full.size(); at += 2) {
+    const auto sample = [at](const auto& of) { return static_cast<int16_t>(of[at] | of[at + 1] << 8); };
+    ASSERT_NEAR(sample(image), sample(full) / 2.0, 0.5);
+  }
 }
 
 }  // namespace
