@@ -33,6 +33,23 @@ class LoopingWave {
   SoundDevice& sound_;
 };
 
+// Has the view show the element for as long as it lives.
+class ShownElement {
+ public:
+  ShownElement(PlayerView& view, const NowPlaying& now) : view_(view) { view_.ShowPlaying(now); }
+  ShownElement(const ShownElement&) = delete;
+  ShownElement& operator=(const ShownElement&) = delete;
+  ~ShownElement() { view_.ShowPlaying(std::nullopt); }
+
+ private:
+  PlayerView& view_;
+};
+
+NowPlaying PlayingOf(const Element& element, int32_t index) {
+  const int tone = SemitoneOf(element.Note());
+  return {index, tone < 0 ? std::nullopt : std::optional(tone)};
+}
+
 }  // namespace
 
 bool PhoneLights::Perform(std::string_view command) {
@@ -56,6 +73,7 @@ int32_t BeatLength(int32_t bpm) {
 
 int32_t Player::PlayElement(const Element& element, int32_t index) {
   last_ = {};
+  const ShownElement shown(seams_.view, PlayingOf(element, index));
   if (!Supports(element, document_.Mode())) {
     seams_.services.log.WriteLog("Can not play this note -> not supported in this mode", 1);
   }
@@ -85,14 +103,14 @@ void Player::Rest() {
 int32_t Player::PlayRepeatEnd(std::string_view command, int32_t index) {
   last_.kind = ElementKind::Repeat;
   if (!LimitsOf(document_.Mode()).commands) return 0;
-  const Services& services = seams_.services;
-  const int32_t back = repeat.End(command, index, document_, services);
-  if (back > 0) {
-    // A block that takes no time would keep the processor busy for as long as it repeats.
-    if (!timePassed_) services.pump.WaitForEvents(1);
-    timePassed_ = false;
-  }
+  const int32_t back = repeat.End(command, index, document_, seams_.services);
+  if (back > 0) BeginRound();
   return back;
+}
+
+void Player::BeginRound() {
+  if (!timePassed_) seams_.services.pump.WaitForEvents(1);
+  timePassed_ = false;
 }
 
 void Player::PlayCommand(std::string_view command) {

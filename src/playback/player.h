@@ -61,6 +61,10 @@ class Player {
   /// painted.
   int32_t PlayElement(const Element& element, int32_t index);
 
+  /// To be called before elements are played again. Where no time has passed since it was called last it
+  /// sleeps a moment, and events run: a round that takes no time would keep the processor busy for ever.
+  void BeginRound();
+
   /// Ends the tone or pause that sounds at once, for one who runs inside its wait. A beep goes on.
   void CutShort() { cutShort_ = true; }
 
@@ -91,7 +95,7 @@ class Player {
   PlayedElement last_;
   bool sounding_ = false;
   bool cutShort_ = false;    ///< the wait that runs is to end
-  bool timePassed_ = false;  ///< since the last jump of a repeat
+  bool timePassed_ = false;  ///< since the last round began
 };
 
 }  // namespace trillomat

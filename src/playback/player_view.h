@@ -1,9 +1,18 @@
-// What the player shows while it plays: the frequency, and the phone with its lights and vibration.
+// What the player shows while it plays: the frequency, the phone with its lights and vibration,
+// and which element plays.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace trillomat {
+
+/// The element that plays now.
+struct NowPlaying {
+  int32_t index = 0;             ///< in the song
+  std::optional<int> tone = {};  ///< what sounds: 0 for c to 11 for b
+};
 
 /// Abstract so that the player runs and is tested without a window.
 class PlayerView {
@@ -19,6 +28,9 @@ class PlayerView {
   virtual void ShowPicture(int picture) = 0;
   /// Starts and ends the shaking of the phone pictures.
   virtual void Vibrate(bool on) = 0;
+  /// The player begins with this element, or (nothing) has ended with the one before. Must not let events
+  /// run.
+  virtual void ShowPlaying(const std::optional<NowPlaying>& now) = 0;
   /// Paints what was shown since it was painted last, everywhere in the window: a tone follows that lets no
   /// events run. Must not let events run itself.
   virtual void PaintNow() = 0;
@@ -30,6 +42,7 @@ class NullPlayerView : public PlayerView {
   void ShowFrequency(std::string_view /*text*/) override {}
   void ShowPicture(int /*picture*/) override {}
   void Vibrate(bool /*on*/) override {}
+  void ShowPlaying(const std::optional<NowPlaying>& /*now*/) override {}
   void PaintNow() override {}
 };
 

@@ -34,7 +34,7 @@ int32_t RepeatBlock::End(std::string_view command, int32_t index, const Document
     return 0;
   }
   if (counter_ < std::numeric_limits<int16_t>::max()) ++counter_;
-  return index - *start;
+  return index - std::max(*start, first_ - 1);
 }
 
 // The index of the nearest "(" at or before `index`, -1 when there is none; nothing when the program is

@@ -21,6 +21,13 @@ class RepeatBlock {
   /// jump a second time from the same count is passed then.
   bool leaveCycles = false;
 
+  /// What is played begins at `first`: no jump goes back beyond it, and a block around it counts as begun
+  /// there. From the first element of a song on the count stays what it was.
+  void PlayFrom(int32_t first) {
+    first_ = first;
+    if (first > 0) Start();
+  }
+
   int16_t Counter() const { return counter_; }
 
   /// A "(" is performed.
@@ -46,6 +53,7 @@ class RepeatBlock {
   std::optional<int32_t> FindStart(int32_t index, const Document& document, EventPump& pump);
 
   int16_t counter_ = 0;
+  int32_t first_ = 0;  ///< of what is played
   Searched searched_;
   std::unordered_set<int64_t> jumps_;  ///< index and counter of the jumps since the last "("
 };

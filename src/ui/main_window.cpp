@@ -281,6 +281,10 @@ void MainWindow::ShowPicture(int picture) { phone_->ShowPicture(picture); }
 
 void MainWindow::Vibrate(bool on) { phone_->Vibrate(on); }
 
+void MainWindow::ShowPlaying(const std::optional<NowPlaying>& now) {
+  noteEntry_->ShowSounding(now ? now->tone : std::nullopt);
+}
+
 // What changed the places of controls comes before what paints them. Both are done without the event queue.
 void MainWindow::PaintNow() {
   if (melodyBehind_) composer_.RefreshMelodyView();

@@ -87,6 +87,7 @@ class MainWindow final : public QMainWindow,
   void ShowFrequency(std::string_view text) override;
   void ShowPicture(int picture) override;
   void Vibrate(bool on) override;
+  void ShowPlaying(const std::optional<NowPlaying>& now) override;
   void PaintNow() override;
   // DocumentObserver
   void DocumentChanged(const ChangedRange& range) override;

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QSlider>
 #include <array>
+#include <optional>
 
 #include "composer/composer.h"
 #include "ui/piano_keyboard.h"
@@ -21,6 +22,8 @@ class NoteEntryBox : public QGroupBox {
 
   /// Shows the octave and what is enabled. `rangeNote` tells the octaves of the mode.
   void ShowState(std::string_view rangeNote);
+  /// Lights the key of the tone that sounds, 0 for c to 11 for b, or none.
+  void ShowSounding(std::optional<int> tone) { piano_->ShowSounding(tone); }
 
  private:
   QLayout* NewButtonColumn();

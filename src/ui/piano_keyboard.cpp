@@ -3,6 +3,7 @@
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
+#include <utility>
 
 #include "ui/controls.h"
 #include "ui/qt_text.h"
@@ -69,7 +70,12 @@ PianoKey::PianoKey(int tone, QWidget* parent)
   setFocusPolicy(Qt::TabFocus);
 }
 
+void PianoKey::SetSounding(bool sounding) {
+  if (std::exchange(sounding_, sounding) != sounding) update();
+}
+
 QColor PianoKey::Face() const {
+  if (sounding_) return palette().color(QPalette::Highlight);
   const QColor colour = black_ ? Darker(palette()) : Lighter(palette());
   if (isDown()) return Mix(colour, palette().color(QPalette::Highlight), 0.6);
   if (!isEnabled()) return Mix(colour, palette().color(QPalette::Window), 0.5);
@@ -77,6 +83,7 @@ QColor PianoKey::Face() const {
 }
 
 QColor PianoKey::Ink() const {
+  if (sounding_) return palette().color(QPalette::HighlightedText);
   const QColor ink = black_ ? Lighter(palette()) : Darker(palette());
   return isEnabled() ? ink : Mix(ink, Face(), 0.5);
 }
@@ -86,6 +93,7 @@ void PianoKey::paintEvent(QPaintEvent* /*event*/) {
   painter.setRenderHint(QPainter::Antialiasing);
   PaintFace(painter);
   PaintLetters(painter);
+  if (sounding_) PaintMark(painter);
 }
 
 void PianoKey::PaintFace(QPainter& painter) const {
@@ -121,6 +129,14 @@ void PianoKey::PaintLetters(QPainter& painter) const {
   painter.drawText(foot, Qt::AlignHCenter | Qt::AlignBottom, letter_);
 }
 
+// Tells a key that sounds from the others without colour.
+void PianoKey::PaintMark(QPainter& painter) const {
+  const double radius = width() * 0.18;
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(Ink());
+  painter.drawEllipse(QPointF(width() / 2.0, height() * (black_ ? 0.3 : 0.5)), radius, radius);
+}
+
 PianoKeyboard::PianoKeyboard(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setMaximumWidth(kWhiteKeys * kWidestKey);
@@ -136,6 +152,12 @@ PianoKeyboard::PianoKeyboard(QWidget* parent) : QWidget(parent) {
 
 void PianoKeyboard::EnableKeys(bool enable) {
   for (PianoKey* key : keys_) key->setEnabled(enable);
+}
+
+void PianoKeyboard::ShowSounding(std::optional<int> tone) {
+  if (sounding_) keys_.at(static_cast<size_t>(*sounding_))->SetSounding(false);
+  sounding_ = tone;
+  if (sounding_) keys_.at(static_cast<size_t>(*sounding_))->SetSounding(true);
 }
 
 void PianoKeyboard::resizeEvent(QResizeEvent* /*event*/) {

@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QWidget>
 #include <array>
+#include <optional>
 
 namespace trillomat {
 
@@ -18,6 +19,8 @@ class PianoKey : public QAbstractButton {
   PianoKey(int tone, QWidget* parent);
 
   bool IsBlack() const { return black_; }
+  /// Its tone sounds, or has ended.
+  void SetSounding(bool sounding);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -25,10 +28,12 @@ class PianoKey : public QAbstractButton {
  private:
   void PaintFace(QPainter& painter) const;
   void PaintLetters(QPainter& painter) const;
+  void PaintMark(QPainter& painter) const;
   QColor Face() const;
   QColor Ink() const;
 
   bool black_;
+  bool sounding_ = false;
   QString letter_;  ///< of the computer keyboard
 };
 
@@ -41,6 +46,8 @@ class PianoKeyboard : public QWidget {
   QSize sizeHint() const override { return {392, 180}; }
   QSize minimumSizeHint() const override { return {308, 120}; }
   void EnableKeys(bool enable);
+  /// Lights the key of `tone` and puts out the one before; nothing lights none.
+  void ShowSounding(std::optional<int> tone);
 
  signals:
   /// Key `tone` was pressed, 0 for c to 11 for b.
@@ -51,6 +58,7 @@ class PianoKeyboard : public QWidget {
 
  private:
   std::array<PianoKey*, 12> keys_{};
+  std::optional<int> sounding_;
 };
 
 }  // namespace trillomat

@@ -37,6 +37,14 @@ TEST(Player, SoundsTonesAndWaitsOutPauses) {
   }
 }
 
+TEST(Player, TellsWhichElementPlaysBeforeItSoundsAndWhenItHasEnded) {
+  Playing p("*3#c2 r2 ledon *3&a2 *3B2");
+  p.view.onPaint = [&] { p.view.playing.emplace_back("painted"); };  // a beep follows
+  p.PlayAll();
+  EXPECT_THAT(p.view.playing, ElementsAre("0 1", "painted", "none", "1 -1", "none", "2 -1", "none", "3 8",
+                                          "painted", "none", "4 11", "painted", "none"));
+}
+
 TEST(Player, ReportsWhatItCannotPlay) {
   const std::string unsupported = "1: Can not play this note -> not supported in this mode";
   const std::string noNote = "1: Error - can not find any note";

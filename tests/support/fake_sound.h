@@ -29,7 +29,10 @@ class FakeSound : public SoundDevice {
     if (onBeep) onBeep();
   }
 
+  void SetVolume(int percent) override { volume = percent; }
+
   bool works = true;
+  int volume = 100;  ///< in percent
   std::vector<std::string> lines;
   std::vector<int32_t> beeps;  ///< in Hz
   std::function<void()> onBeep;
@@ -42,7 +45,7 @@ class FakeSound : public SoundDevice {
   FakeClock* clock_;
 };
 
-/// What the display was told, in one list but for paintings.
+/// What the display was told, in one list but for paintings and for which element plays.
 class FakePlayerView : public PlayerView {
  public:
   void ShowFrequency(std::string_view text) override {
@@ -51,10 +54,16 @@ class FakePlayerView : public PlayerView {
   }
   void ShowPicture(int picture) override { calls.push_back("picture " + std::to_string(picture)); }
   void Vibrate(bool on) override { calls.emplace_back(on ? "shake" : "still"); }
+  void ShowPlaying(const std::optional<NowPlaying>& now) override {
+    playing.push_back(!now ? "none"
+                           : std::to_string(now->index) + " " + std::to_string(now->tone.value_or(-1)));
+  }
   void PaintNow() override {
     if (onPaint) onPaint();
   }
   std::vector<std::string> calls;
+  std::vector<std::string>
+      playing;  ///< "INDEX TONE" of each element that began, -1 without a tone; or "none"
   std::function<void()> onFrequency;
   std::function<void()> onPaint;
 };
