@@ -13,6 +13,7 @@ class PlayControls::Playing {
   ~Playing() {
     controls_.playing_ = false;
     controls_.pause_ = false;
+    controls_.player_.repeat.PlayFrom(0);
     controls_.host_.PlayStateChanged();
   }
 
@@ -21,14 +22,13 @@ class PlayControls::Playing {
 };
 
 void PlayControls::Press(Control control) {
-  if (control == Control::Clear) return Clear();
   if (document_.IsEmpty()) return;
   switch (control) {
     case Control::Clear: return;
     case Control::StartOver: return StartOver();
     case Control::Pause: return SetPause(!pause_);
     case Control::Stop: return Stop();
-    case Control::Play: return Play();
+    case Control::Play: return Play(Whole());
     case Control::ToEnd: return ToEnd();
   }
 }
@@ -37,13 +37,6 @@ void PlayControls::SongReplaced() {
   stop_ = true;
   restart_ = settings_.autoPlay;
   SetPause(false);
-}
-
-void PlayControls::Clear() {
-  if (playing_) return;
-  document_.Apply({.removed = document_.Elements().size(), .cursor = -1});
-  host_.RefreshMelodyView();
-  player_.Rest();
 }
 
 void PlayControls::StartOver() {
@@ -69,40 +62,56 @@ void PlayControls::ToEnd() {
   host_.RefreshMelodyView();
 }
 
-void PlayControls::Play() {
+void PlayControls::PlayFromCursor() { Play({std::max(document_.Cursor(), 0), Whole().end}); }
+
+void PlayControls::PlaySelection() { Play(document_.Selection()); }
+
+void PlayControls::Play(ElementRange range) {
+  if (range.IsEmpty()) return;
   if (pause_) return SetPause(false);
   if (playing_) return;
   const LogOperation operation(services_.log);
-  if (PlayRounds() == Ending::Done) services_.log.WriteLog("Done Playing", 1);
+  if (PlaySongs(range) == Ending::Done) services_.log.WriteLog("Done Playing", 1);
 }
 
-PlayControls::Ending PlayControls::PlayRounds() {
+// The range, and then whatever song takes the place of this one.
+PlayControls::Ending PlayControls::PlaySongs(ElementRange range) {
   const Playing playing(*this);
   host_.PlayStateChanged();
-  Ending ending = Ending::Done;
-  do {
+  restart_ = false;
+  Ending ending = PlayLoop(range);
+  while (restart_ && ending == Ending::Stopped) {
     restart_ = false;
-    ending = PlayLoop();
-  } while (restart_ && ending == Ending::Stopped);
+    ending = PlayLoop(Whole());
+  }
   return ending;
 }
 
-PlayControls::Ending PlayControls::PlayLoop() {
+PlayControls::Ending PlayControls::PlayLoop(ElementRange range) {
   stop_ = false;
   SetPause(false);
-  const int32_t last = document_.LastIndex();
+  player_.repeat.PlayFrom(range.begin);
+  int32_t next = range.begin;
   // Events run in here, and another song may have taken the place of this one.
-  for (int32_t i = 0; i <= std::min(last, document_.LastIndex()); ++i) {
-    i -= PlayAt(i);
+  while (next < std::min(range.end, Whole().end)) {
+    next += 1 - PlayAt(next);
+    if (loop_ && next == range.end) next = BeginRound(range);
     if (!services_.pump.PumpEvents() || !WaitWhilePaused()) return Ending::ProgramEnds;
     if (stop_) return Ending::Stopped;
   }
   return Ending::Done;
 }
 
-// Moves the cursor onto the element and plays it.
+// The index of the element to go on with.
+int32_t PlayControls::BeginRound(ElementRange range) {
+  player_.BeginRound();
+  player_.repeat.PlayFrom(range.begin);
+  return range.begin;
+}
+
+// Moves the cursor onto the element and plays it. What is selected stays so.
 int32_t PlayControls::PlayAt(int32_t position) {
-  document_.Apply({.cursor = position});
+  document_.Apply({.cursor = position, .selection = document_.Selection()});
   host_.RefreshMelodyView();
   return player_.PlayElement(document_.At(position), position);
 }

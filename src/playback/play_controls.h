@@ -1,4 +1,5 @@
-// The six play buttons and the play loop, and the one answer to whether a melody plays.
+// The six play buttons, their kin of the "Play" menu, the play loop, and the one answer to whether a melody
+// plays.
 //
 //              Play               Pause
 //    Stopped ----------> Playing <------> Paused
@@ -19,7 +20,7 @@ struct PlaySettings {
   bool playMoving = true;     ///< an element that the cursor moves over is played
 };
 
-/// The buttons `cmdControl(0)` to `cmdControl(5)`, by index.
+/// The buttons `cmdControl(0)` to `cmdControl(5)`, by index. "Clear" stands among them and is the composer's.
 enum class Control { Clear, StartOver, Pause, Stop, Play, ToEnd };
 
 enum class PlayState { Stopped, Playing, Paused };
@@ -53,10 +54,18 @@ class PlayControls {
       : document_(document), player_(player), settings_(settings), host_(host), services_(services) {}
 
   /// Presses a button. Play returns when the melody has ended, and returns at once when it plays already.
-  /// All buttons but Clear do nothing on an empty melody; Clear does nothing while a melody plays. Stop,
-  /// Start over and Pause take effect between elements. Pause pressed while nothing plays only makes the next
-  /// Play do nothing but take it back.
+  /// Clear does nothing here, and none does on an empty melody. Stop, Start over and Pause take effect
+  /// between elements. Pause pressed while nothing plays only makes the next Play do nothing but take it
+  /// back.
   void Press(Control control);
+
+  /// As Play, but from the element at the cursor on, or from the first one when the cursor is before it.
+  void PlayFromCursor();
+  /// As Play, but what is selected alone; nothing where nothing is. Repeats stay inside.
+  void PlaySelection();
+  /// With the loop on, what plays begins anew where it ended until it is stopped.
+  void SetLoop(bool loop) { loop_ = loop; }
+  bool Loops() const { return loop_; }
 
   /// To be called when another song has taken the place of this one. Ends the play loop that runs, if any;
   /// with AutoPlay on that same loop then plays the new song from its start, so the caller may press Play all
@@ -72,14 +81,15 @@ class PlayControls {
   enum class Ending { Done, Stopped, ProgramEnds };
   class Playing;
 
-  void Clear();
   void StartOver();
   void SetPause(bool pause);
   void Stop();
-  void Play();
+  void Play(ElementRange range);
   void ToEnd();
-  Ending PlayRounds();
-  Ending PlayLoop();
+  ElementRange Whole() const { return {0, document_.LastIndex() + 1}; }
+  Ending PlaySongs(ElementRange range);
+  Ending PlayLoop(ElementRange range);
+  int32_t BeginRound(ElementRange range);
   bool WaitWhilePaused();
   int32_t PlayAt(int32_t position);
 
@@ -91,6 +101,7 @@ class PlayControls {
   bool playing_ = false;
   bool stop_ = false;
   bool pause_ = false;
+  bool loop_ = false;
   bool restart_ = false;  ///< play the song that replaced this one
 };
 

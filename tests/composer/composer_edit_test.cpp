@@ -112,5 +112,17 @@ TEST_F(ComposerTest, NothingEditsWhileTheMelodyPlays) {
   EXPECT_FALSE(composer.CanInsertCommands()) << "no more than the mode allows";
 }
 
+TEST_F(ComposerTest, ClearPutsThePhoneToRestButNotWhileAMelodyPlays) {
+  Compose("ledon backon vibeon *3a2", -1);
+  sound.onBeep = [this] { composer.Clear(); };
+  play.Press(Control::Play);
+  EXPECT_FALSE(document.IsEmpty());
+  phone.calls.clear();
+  composer.Clear();
+  EXPECT_TRUE(document.IsEmpty());
+  EXPECT_EQ(document.Cursor(), -1);
+  EXPECT_THAT(phone.calls, testing::ElementsAre("still", "picture 0", "Hz 0"));
+}
+
 }  // namespace
 }  // namespace trillomat

@@ -32,7 +32,7 @@ TEST(PlayControls, PlaysFromTheStartAndUnlocksAfterwards) {
   EXPECT_TRUE(p.player.Lights().led);
 }
 
-TEST(PlayControls, ButtonsButClearDoNothingOnAnEmptyMelody) {
+TEST(PlayControls, ButtonsDoNothingOnAnEmptyMelody) {
   Playing p;
   for (int control = 1; control <= 5; ++control) p.controls.Press(static_cast<Control>(control));
   EXPECT_THAT(p.host.calls, IsEmpty());
@@ -42,22 +42,8 @@ TEST(PlayControls, ButtonsButClearDoNothingOnAnEmptyMelody) {
   p.controls.Press(Control::Pause);  // while nothing plays: the next Play takes it back, no more
   p.controls.Press(Control::Play);
   EXPECT_THAT(p.sound.lines, IsEmpty());
-  p.controls.Press(Control::Clear);
-  EXPECT_TRUE(p.document.IsEmpty());
-  EXPECT_THAT(p.host.calls, ElementsAre("1", "-1", "-1"));
+  EXPECT_THAT(p.host.calls, ElementsAre("1", "-1"));
   EXPECT_EQ(p.controls.State(), PlayState::Stopped);
-}
-
-TEST(PlayControls, ClearPutsThePhoneToRestButNotWhileAMelodyPlays) {
-  Playing p("ledon backon vibeon *3a2");
-  AfterBeeps(p, 1, [&] { p.controls.Press(Control::Clear); });
-  p.controls.Press(Control::Play);
-  EXPECT_FALSE(p.document.IsEmpty());
-  EXPECT_THAT(p.view.calls, ElementsAre("picture 2", "picture 3", "shake", "Hz 440"));
-  p.view.calls.clear();
-  p.controls.Press(Control::Clear);
-  EXPECT_THAT(p.view.calls, ElementsAre("still", "picture 0", "Hz 0"));
-  EXPECT_EQ(p.player.Lights().Picture(), 0);
 }
 
 TEST(PlayControls, StopEndsBetweenElementsAndIsNotLogged) {
@@ -153,6 +139,85 @@ TEST(PlayControls, AnEndlessBlockThatTakesNoTimeSleepsEachRound) {
   Playing timed("( *3a2 @3)");  // sleeps not a moment more than its tones take
   timed.controls.Press(Control::Play);
   EXPECT_NEAR(timed.clock.seconds, 1.8, 0.0005);
+}
+
+// Each tone of these tokens has a frequency of its own, so that they tell what was played in which order.
+TEST(PlayControls, PlaysFromTheCursorAndTheSelectionWithItsRepeatsInside) {
+  struct Case {
+    const char* tokens;
+    int32_t cursor;
+    ElementRange selection;
+    std::vector<int32_t> played;
+    size_t logged = 1;  // "Done Playing", and what is amiss
+  };
+  constexpr int32_t a = 440;
+  constexpr int32_t c = 264;
+  constexpr int32_t d = 296;
+  constexpr int32_t e = 328;
+  for (const Case& t : {
+           Case{"*3a2 *3c2 *3d2", 1, {}, {c, d}},
+           Case{"*3a2 *3c2 *3d2", -1, {}, {a, c, d}},
+           Case{"*3a2 *3c2 *3d2", 2, {1, 3}, {c, d}},
+           Case{"*3a2 *3c2 *3d2 *3e2", 2, {1, 3}, {c, d}},
+           Case{"*3a2 ( *3c2 *3d2 @3) *3e2", -1, {0, 5}, {a, c, d, c, d, c, d}},
+           Case{"( *3a2 *3c2 *3d2 @2) *3e2", 2, {}, {c, d, c, d, e}},
+           Case{"( *3a2 *3c2 @2) *3e2", -1, {2, 4}, {c, c}},
+           Case{"( *3a2 *3c2 @2)", -1, {3, 4}, {}},
+           Case{"*3a2 *3c2 @2)", 1, {}, {c}, 2},
+           Case{"*3a2 ( *3c2", -1, {1, 3}, {c}},
+       }) {
+    Playing p(t.tokens);
+    p.document.Apply({.cursor = t.cursor, .selection = t.selection});
+    t.selection.IsEmpty() ? p.controls.PlayFromCursor() : p.controls.PlaySelection();
+    EXPECT_EQ(p.sound.beeps, t.played) << t.tokens;
+    EXPECT_EQ(p.document.Selection(), t.selection) << "stays selected";
+    EXPECT_EQ(p.log.lines.size(), t.logged) << t.tokens;
+    const auto whole = p.sound.beeps.size();
+    p.controls.Press(Control::Play);
+    EXPECT_EQ(p.sound.beeps[whole], a) << "Play starts where it starts";
+  }
+  Playing none("*3a2");
+  none.controls.PlaySelection();
+  EXPECT_THAT(none.host.calls, IsEmpty()) << "nothing is selected";
+}
+
+TEST(PlayControls, ALoopPlaysAgainUntilItIsStoppedOrTurnedOff) {
+  for (const bool stop : {true, false}) {
+    Playing p("*3a2 *3c2 *3d2");
+    p.document.Apply({.cursor = 1, .selection = ElementRange{1, 3}});
+    p.controls.SetLoop(true);
+    AfterBeeps(p, 5, [&] { stop ? p.controls.Press(Control::Stop) : p.controls.SetLoop(false); });
+    p.controls.PlaySelection();
+    EXPECT_EQ(p.sound.beeps.size(), stop ? 5U : 6U);
+    EXPECT_EQ(p.sound.beeps[4], 264);
+    EXPECT_EQ(p.log.lines.size(), stop ? 0U : 1U);
+    EXPECT_EQ(p.controls.State(), PlayState::Stopped);
+  }
+  Playing other("*3a2 *3c2");  // another song takes over, and loops as a whole
+  other.document.Apply({.cursor = 0, .selection = ElementRange{1, 2}});
+  other.controls.SetLoop(true);
+  other.pump.onPump = [&other, loaded = false](int) mutable {
+    if (other.sound.beeps.size() == 3 && !loaded) {
+      loaded = true;
+      other.Load("*3d2 *3e2");
+      other.controls.SongReplaced();
+    }
+    if (other.sound.beeps.size() == 7) other.controls.Press(Control::Stop);
+  };
+  other.controls.PlaySelection();
+  EXPECT_THAT(other.sound.beeps, ElementsAre(264, 264, 264, 296, 328, 296, 328));
+}
+
+TEST(PlayControls, ALoopThatTakesNoTimeSleepsEachRoundAndCanBeStopped) {
+  Playing p("ledon ledoff");
+  int rounds = 0;
+  p.pump.onPump = [&](int) {
+    if (p.document.Cursor() == 1 && ++rounds == 1000) p.controls.Press(Control::Stop);
+  };
+  p.controls.SetLoop(true);
+  p.controls.Press(Control::Play);
+  EXPECT_GT(p.clock.seconds, 0.4);
+  EXPECT_EQ(p.controls.State(), PlayState::Stopped);
 }
 
 }  // namespace
