@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "core/codec.h"
-#include "core/tone.h"
 
 namespace trillomat {
 namespace {
@@ -46,15 +45,16 @@ StripSymbol SymbolOf(const Element& element) {
   return {.sign = StripSign::RepeatEnd, .text = std::string(count == "0" ? "" : count)};
 }
 
-int RowOf(const Element& element) {
-  const int semitone = SemitoneOf(element.Note());
-  return semitone < 0 ? -1 : OctaveOf(element).lowest * kRowsPerOctave + semitone;
-}
-
 bool IsBlackRow(int row) {
   constexpr std::array<bool, kRowsPerOctave> kBlack{false, true,  false, true,  false, false,
                                                     true,  false, true,  false, true,  false};
   return kBlack.at(static_cast<size_t>(row % kRowsPerOctave));
+}
+
+bool IsHeld(const Element& element, FormatMode mode) {
+  SilentLog silent;
+  const Token token = Encode(element, mode, kNoTokenDefaults, silent);
+  return token.supported && !token.text.empty();
 }
 
 WrittenLength NearestLength(const ModeLimits& limits, double ticks) {
@@ -98,14 +98,7 @@ StripItem StripLayout::ItemAt(int32_t index, const StripSpan& before) const {
           .left = scale.WidthOf(before),
           .right = scale.WidthOf(behind),
           .row = RowOf(element),
-          .held = IsHeld(element)};
-}
-
-// What the mode leaves out of a file without a word it does not hold either.
-bool StripLayout::IsHeld(const Element& element) const {
-  SilentLog silent;
-  const Token token = Encode(element, document_.Mode(), kNoTokenDefaults, silent);
-  return token.supported && !token.text.empty();
+          .held = IsHeld(element, document_.Mode())};
 }
 
 // The line at the start of the element, and those inside it.
@@ -138,20 +131,21 @@ StripHit StripLayout::At(double x, double row, double endWidth) const {
   return {atEnd ? StripPart::End : StripPart::Body, place.index};
 }
 
-OctaveSpan StripLayout::ModeOctaves() const {
-  const ModeLimits& limits = LimitsOf(document_.Mode());
-  return {limits.lowestOctave, limits.highestOctave};
+RowSpan RowsOf(const ModeLimits& limits) {
+  return {limits.lowestOctave * kRowsPerOctave, (limits.highestOctave + 1) * kRowsPerOctave - 1};
 }
 
-OctaveSpan StripLayout::Octaves() const {
-  OctaveSpan octaves = ModeOctaves();
-  octaves.Add(times_.Octaves());
-  return octaves;
+RowSpan StripLayout::Rows() const {
+  RowSpan rows = RowsOf(LimitsOf(document_.Mode()));
+  const RowSpan pitches = Pitches();
+  rows.Add({pitches.lowest - pitches.lowest % kRowsPerOctave,
+            pitches.highest - pitches.highest % kRowsPerOctave + kRowsPerOctave - 1});
+  return rows;
 }
 
-OctaveSpan StripLayout::MelodyOctaves() const {
-  const OctaveSpan octaves = times_.Octaves();
-  return octaves.IsEmpty() ? ModeOctaves() : octaves;
+RowSpan StripLayout::Pitches() const {
+  const RowSpan pitches = times_.Pitches();
+  return pitches.IsEmpty() ? RowsOf(LimitsOf(document_.Mode())) : pitches;
 }
 
 }  // namespace trillomat

@@ -9,7 +9,6 @@
 
 namespace trillomat {
 
-inline constexpr int kRowsPerOctave = 12;
 inline constexpr int kBeatsPerBar = 4;
 
 enum class StripKind { Tone, UnknownTone, Pause, Mark };
@@ -33,10 +32,12 @@ struct StripSymbol {
 };
 StripSymbol SymbolOf(const Element& element);
 
-/// The row of a tone: flats and sharps where they sound. -1 for any other element.
-int RowOf(const Element& element);
 /// Whether a row is that of a black key.
 bool IsBlackRow(int row);
+
+/// Whether a file of that mode holds the element; what the mode leaves out without a word it does not hold
+/// either.
+bool IsHeld(const Element& element, FormatMode mode);
 
 /// A length as the composer writes it.
 struct WrittenLength {
@@ -58,6 +59,9 @@ struct StripHit {
   StripPart part = StripPart::Behind;
   int32_t index = -1;  ///< -1 behind the end
 };
+
+/// The rows that the mode has octaves for.
+RowSpan RowsOf(const ModeLimits& limits);
 
 class StripLayout {
  public:
@@ -88,17 +92,15 @@ class StripLayout {
   /// to its end an element is taken by it.
   StripHit At(double x, double row, double endWidth) const;
 
-  /// The octaves of the mode and of the melody.
-  OctaveSpan Octaves() const;
-  /// Those of the melody alone; those of the mode when there is no tone.
-  OctaveSpan MelodyOctaves() const;
+  /// Whole octaves: those of the mode and of the melody.
+  RowSpan Rows() const;
+  /// From the lowest tone to the highest; the rows of the mode when there is none.
+  RowSpan Pitches() const;
 
  private:
   StripItem ItemAt(int32_t index, const StripSpan& before) const;
-  bool IsHeld(const Element& element) const;
   bool BarMayStandBefore(int32_t index) const;
   void AddBars(int32_t index, const StripSpan& before, std::vector<double>& bars) const;
-  OctaveSpan ModeOctaves() const;
 
   const Document& document_;
   StripTimes times_;

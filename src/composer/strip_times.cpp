@@ -34,15 +34,15 @@ StripSpan SpanOf(const Element& element) {
   return {.ticks = ticks, .marks = ticks == 0 ? 1 : 0};
 }
 
-void OctaveSpan::Add(const OctaveSpan& other) {
+void RowSpan::Add(const RowSpan& other) {
   if (other.IsEmpty()) return;
-  *this = IsEmpty() ? other : OctaveSpan{std::min(lowest, other.lowest), std::max(highest, other.highest)};
+  *this = IsEmpty() ? other : RowSpan{std::min(lowest, other.lowest), std::max(highest, other.highest)};
 }
 
-OctaveSpan OctaveOf(const Element& element) {
-  if (SemitoneOf(element.Note()) < 0) return {};
-  const int octave = std::clamp<int>(element.octave, 0, kHighestOctave);
-  return {octave, octave};
+int RowOf(const Element& element) {
+  const int semitone = SemitoneOf(element.Note());
+  if (semitone < 0) return -1;
+  return std::clamp<int>(element.octave, 0, kHighestOctave) * kRowsPerOctave + semitone;
 }
 
 StripTimes::StripTimes(const Document& document) : document_(document) {
@@ -83,7 +83,8 @@ StripTimes::Row StripTimes::Sum(size_t first, size_t count) const {
   for (size_t i = first; i < first + count; ++i) {
     const Element& element = document_.Elements()[i];
     row.span.Add(SpanOf(element));
-    row.octaves.Add(OctaveOf(element));
+    const int pitch = RowOf(element);
+    if (pitch >= 0) row.pitches.Add({pitch, pitch});
   }
   return row;
 }
@@ -125,10 +126,10 @@ StripSpan StripTimes::Total() const {
   return span;
 }
 
-OctaveSpan StripTimes::Octaves() const {
-  OctaveSpan octaves;
-  for (const Row& row : rows_) octaves.Add(row.octaves);
-  return octaves;
+RowSpan StripTimes::Pitches() const {
+  RowSpan pitches;
+  for (const Row& row : rows_) pitches.Add(row.pitches);
+  return pitches;
 }
 
 }  // namespace trillomat

@@ -2,7 +2,7 @@
 //
 //   elements   0 ......... 255 | 256 ......... 511 | 512 ...
 //   table      count, ticks,     count, ticks,       ...
-//              marks, octaves    marks, octaves
+//              marks, pitches    marks, pitches
 //
 // A question goes over the rows and then over the elements of one row; a change sums up the rows it touches.
 // So both cost about the same however long the melody is.
@@ -47,18 +47,22 @@ struct StripScale {
   }
 };
 
-/// Both ends included; empty when the highest is below the lowest.
-struct OctaveSpan {
+/// Rows of a keyboard: semitones from the c of octave 0 upwards. Both ends included; none when the highest is
+/// below the lowest.
+struct RowSpan {
   int lowest = 0;
   int highest = -1;
 
   bool IsEmpty() const { return highest < lowest; }
-  void Add(const OctaveSpan& other);
-  bool operator==(const OctaveSpan&) const = default;
+  int Size() const { return highest - lowest + 1; }
+  void Add(const RowSpan& other);
+  bool operator==(const RowSpan&) const = default;
 };
 
-/// The octave of the row that a tone is drawn in; none for other elements.
-OctaveSpan OctaveOf(const Element& element);
+inline constexpr int kRowsPerOctave = 12;
+
+/// The row of a tone: flats and sharps where they sound. -1 for any other element.
+int RowOf(const Element& element);
 
 class StripTimes {
  public:
@@ -80,13 +84,13 @@ class StripTimes {
   Place At(double x, const StripScale& scale) const;
   StripSpan Total() const;
   /// Of all tones.
-  OctaveSpan Octaves() const;
+  RowSpan Pitches() const;
 
  private:
   struct Row {
     size_t count = 0;
     StripSpan span;
-    OctaveSpan octaves;
+    RowSpan pitches;
   };
 
   Row Sum(size_t first, size_t count) const;

@@ -3,7 +3,10 @@
 #include <QPaintEvent>
 #include <QScrollBar>
 
+#include "composer/strip_words.h"
 #include "ui/controls.h"
+#include "ui/note_strip_accessible.h"
+#include "ui/qt_text.h"
 
 namespace trillomat {
 namespace {
@@ -21,6 +24,7 @@ NoteStrip::NoteStrip(Document& document, Composer& composer, QWidget* parent)
   NameControl(*this, QStringLiteral("noteStrip"), {{}, QStringLiteral("Note strip")});
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
+  InstallNoteStripAccessible();
   viewport()->setMouseTracking(true);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   document_.AddObserver(*this);
@@ -36,21 +40,30 @@ QSize NoteStrip::minimumSizeHint() const { return QSize(12, 6) * fontMetrics().h
 // Everything that is shown follows the change at once; what was painted is repainted only where it differs.
 void NoteStrip::DocumentChanged(const ChangedRange& range) {
   const double cursorBefore = cursorShown_;
+  const bool held = mouse_.HoldsView();
   layout_.Follow(range);
-  if (range.ElementsChanged()) {
-    mouse_.MelodyChanged();
-    playing_ = std::min(playing_, document_.LastIndex());
-  }
+  mouse_.Follow(range);
+  playing_ = std::min(playing_, document_.LastIndex());
+  TellReaders(range);
   const bool other = range.mode || (range.ElementsChanged() && range.inserted == document_.Elements().size());
   if (range.ElementsChanged() || range.mode) Arrange();
-  if (other) CentreRow(MiddleRow());
+  if (other) CentrePitches();
   cursorShown_ = layout_.CursorPlace();
-  if (range.cursor || range.ElementsChanged()) KeepInView(document_.Cursor());
+  if (mouse_.Edits()) KeepRowInView(document_.Cursor());
+  if (!held && (range.cursor || range.ElementsChanged())) KeepInView(document_.Cursor());
   if (other || range.selection) return viewport()->update();
   if (range.ElementsChanged()) UpdateFrom(layout_.Left(static_cast<int32_t>(range.at)));
   UpdateBetween(cursorBefore, cursorBefore);
   UpdateBetween(cursorShown_, cursorShown_);
 }
+
+void NoteStrip::TellReaders(const ChangedRange& range) {
+  if (!QAccessible::isActive() || !(range.ElementsChanged() || range.cursor || range.selection)) return;
+  QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+  QAccessible::updateAccessibility(&event);
+}
+
+QString NoteStrip::Words() const { return ToQString(StripWords(document_)); }
 
 void NoteStrip::ShowPlaying(int32_t index) {
   const int32_t before = std::exchange(playing_, document_.HasElement(index) ? index : -1);

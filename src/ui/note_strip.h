@@ -33,6 +33,9 @@ class NoteStrip final : public QAbstractScrollArea, private DocumentObserver {
   void ZoomOut();
   void ZoomReset();
 
+  /// What is shown at the cursor, for screen readers.
+  QString Words() const;
+
   const StripLayout& Layout() const { return layout_; }
   /// Where things are in the viewport.
   StripGeometry Geometry() const;
@@ -56,14 +59,16 @@ class NoteStrip final : public QAbstractScrollArea, private DocumentObserver {
   // DocumentObserver
   void DocumentChanged(const ChangedRange& range) override;
 
+  void TellReaders(const ChangedRange& range);
+
   // What is shown.
   void SetZoom(double zoom, double x);
   void Arrange();
   void ArrangeRows();
   void KeepInView(int32_t index);
-  void KeepRowInView(int row);
+  void KeepRowInView(int32_t index);
   void CentreRow(double row);
-  double MiddleRow() const;
+  void CentrePitches();
   void UpdateFrom(double place);
   void UpdateBetween(double from, double to);
   StripState State() const;
@@ -80,7 +85,7 @@ class NoteStrip final : public QAbstractScrollArea, private DocumentObserver {
   StripMouse mouse_;
   double zoom_ = 1;
   double rowHeight_ = 1;
-  OctaveSpan octaves_;
+  RowSpan rows_;
   double cursorShown_ = 0;  ///< the place of the cursor line as it was painted
   int32_t playing_ = -1;
   QBasicTimer scrolling_;  ///< while a drag is outside

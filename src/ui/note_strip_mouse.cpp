@@ -71,6 +71,7 @@ void NoteStrip::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return event->ignore();
   scrolling_.stop();
   mouse_.Release();
+  Arrange();
 }
 
 void NoteStrip::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -23,21 +23,26 @@ constexpr double kFarthestZoom = 0.15;
 constexpr double kNearestZoom = 8;
 constexpr double kZoomStep = 1.25;
 
-constexpr int kFewestOctaves = 2;
+// How much of a page that is turned shows what comes before the cursor, forwards and backwards.
+constexpr double kBeforePage = 0.15;
+constexpr double kBehindPage = 0.7;
+
+constexpr int kFewestRows = 20;
+constexpr int kRowsBeside = 4;  // of the highest and the lowest tone
 
 }  // namespace
 
 StripGeometry NoteStrip::Geometry() const {
   const QRectF view(viewport()->rect());
   const double line = fontMetrics().height();
-  const double all = (octaves_.highest - octaves_.lowest + 1) * kRowsPerOctave * rowHeight_;
+  const double all = rows_.Size() * rowHeight_;
   const double keys = std::ceil(fontMetrics().horizontalAdvance(QStringLiteral("C8")) + line * 0.6);
   return {.view = view,
           .keys = keys,
           .left = keys + kMargin * line - horizontalScrollBar()->value(),
           .top = std::max((view.height() - all) / 2, 0.0) - verticalScrollBar()->value(),
           .rowHeight = rowHeight_,
-          .octaves = octaves_};
+          .rows = rows_};
 }
 
 void NoteStrip::ZoomIn() { SetZoom(zoom_ * kZoomStep, Geometry().X(cursorShown_)); }
@@ -75,15 +80,12 @@ void NoteStrip::Arrange() {
 void NoteStrip::ArrangeRows() {
   const double middle = Geometry().Row(viewport()->height() / 2.0);
   const double line = fontMetrics().height();
-  const OctaveSpan melody = layout_.MelodyOctaves();
-  const int octaves = std::max(melody.highest - melody.lowest + 1, kFewestOctaves);
   const double height = viewport()->height();
-  octaves_ = layout_.Octaves();
-  const int rows = (octaves_.highest - octaves_.lowest + 1) * kRowsPerOctave;
-  const double fitting =
-      std::clamp(height / (octaves * kRowsPerOctave), kLowestRow * line, kHighestRow * line);
-  rowHeight_ = std::max(std::floor(std::max(fitting, height / rows)), 1.0);
-  verticalScrollBar()->setRange(0, std::max(static_cast<int>(rows * rowHeight_ - height), 0));
+  rows_ = layout_.Rows();
+  const int wanted = std::max(layout_.Pitches().Size() + kRowsBeside, kFewestRows);
+  const double fitting = std::clamp(height / wanted, kLowestRow * line, kHighestRow * line);
+  rowHeight_ = std::max(std::floor(std::max(fitting, height / rows_.Size())), 1.0);
+  verticalScrollBar()->setRange(0, std::max(static_cast<int>(rows_.Size() * rowHeight_ - height), 0));
   verticalScrollBar()->setPageStep(std::max(static_cast<int>(height), 1));
   verticalScrollBar()->setSingleStep(static_cast<int>(rowHeight_ * 2));
   CentreRow(middle);
@@ -95,34 +97,39 @@ void NoteStrip::CentreRow(double row) {
                                 qRound(geometry.Y(row - 1) - geometry.view.height() / 2));
 }
 
-double NoteStrip::MiddleRow() const {
-  const OctaveSpan melody = layout_.MelodyOctaves();
-  return (melody.lowest + melody.highest + 1) * kRowsPerOctave / 2.0;
+void NoteStrip::CentrePitches() {
+  const RowSpan pitches = layout_.Pitches();
+  CentreRow((pitches.lowest + pitches.highest + 1) / 2.0);
 }
 
 // Turns the page when the element is not on it, so that what comes next can be seen.
 void NoteStrip::KeepInView(int32_t index) {
   const StripGeometry geometry = Geometry();
-  const double left = geometry.X(layout_.Left(index));
-  const double right = geometry.X(layout_.Left(index + 1));
+  const double left = geometry.X(layout_.Left(index)) - geometry.keys;
+  const double right = geometry.X(layout_.Left(index + 1)) - geometry.keys;
   const double seen = geometry.view.width() - geometry.keys;
-  QScrollBar* bar = horizontalScrollBar();
-  if (right > geometry.view.width()) bar->setValue(bar->value() + qRound(left - geometry.keys - seen * 0.15));
-  if (right < geometry.keys) bar->setValue(bar->value() - qRound(geometry.keys + seen * 0.7 - right));
-  if (!document_.HasElement(index)) return;
-  const int row = RowOf(document_.At(index));
-  if (row >= 0) KeepRowInView(row);
+  double way = 0;
+  if (right < 0) {
+    way = right - seen * kBehindPage;
+  } else if (left < 0) {
+    way = left;
+  } else if (right > seen) {
+    way = left - seen * kBeforePage;
+  }
+  horizontalScrollBar()->setValue(horizontalScrollBar()->value() + qRound(way));
+  KeepRowInView(index);
 }
 
-void NoteStrip::KeepRowInView(int row) {
+void NoteStrip::KeepRowInView(int32_t index) {
+  if (!document_.HasElement(index)) return;
+  const int row = RowOf(document_.At(index));
+  if (row < 0) return;
   const StripGeometry geometry = Geometry();
   const double above = geometry.Y(row + 1);
   const double below = geometry.Y(row - 1) + geometry.rowHeight - geometry.view.height();
   QScrollBar* bar = verticalScrollBar();
-  if (above < 0)
-    bar->setValue(bar->value() + static_cast<int>(std::floor(above)));
-  else if (below > 0)
-    bar->setValue(bar->value() + static_cast<int>(std::ceil(below)));
+  if (above < 0) bar->setValue(bar->value() + static_cast<int>(std::floor(above)));
+  if (below > 0) bar->setValue(bar->value() + static_cast<int>(std::ceil(below)));
 }
 
 void NoteStrip::resizeEvent(QResizeEvent* event) {

@@ -51,11 +51,9 @@ void StripMouse::Begin(Action action) {
 
 // What sounds lets the next moves in, so nothing is done behind a command.
 void StripMouse::MovePitch(double row) {
-  const ModeLimits& limits = LimitsOf(document_.Mode());
-  const int lowest = limits.lowestOctave * kRowsPerOctave;
-  const int highest = (limits.highestOctave + 1) * kRowsPerOctave - 1;
-  const int wanted =
-      std::clamp(RowOf(before_) + static_cast<int>(std::lround(row - pressed_.row)), lowest, highest);
+  const RowSpan rows = RowsOf(LimitsOf(document_.Mode()));
+  const int way = static_cast<int>(std::lround(row - pressed_.row));
+  const int wanted = std::clamp(RowOf(before_) + way, rows.lowest, rows.highest);
   const int32_t index = pressed_.hit.index;
   const int now = RowOf(document_.At(index));
   if (wanted == now) return;
@@ -92,13 +90,14 @@ bool StripMouse::IsTone(const StripHit& hit) const {
 
 void StripMouse::Release() {
   const Action action = std::exchange(action_, Action::None);
-  if (action == Action::Click) return composer_.MoveTo(IndexOf(pressed_.hit));
+  clicks_ = action == Action::Click;
+  if (clicks_) return composer_.MoveTo(IndexOf(pressed_.hit));
   if (action != Action::None) composer_.EndDrag();
 }
 
 void StripMouse::DoubleClick(const StripPoint& point) {
   action_ = Action::None;
-  if (point.hit.index >= 0 && composer_.MayEdit()) composer_.TakeLengthAndOctave(point.hit.index);
+  if (point.hit.index >= 0) composer_.TakeLengthAndOctave(point.hit.index);
 }
 
 bool StripMouse::Cancel() {
@@ -113,7 +112,9 @@ bool StripMouse::Cancel() {
   return action != Action::None && action != Action::Ended;
 }
 
-void StripMouse::MelodyChanged() {
+void StripMouse::Follow(const ChangedRange& range) {
+  clicks_ = false;
+  if (!range.ElementsChanged() && !range.mode) return;
   if (std::exchange(own_, false)) {
     changed_ = true;
   } else if (action_ != Action::None) {

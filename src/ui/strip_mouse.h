@@ -32,12 +32,15 @@ class StripMouse {
   /// Takes back what the drag that is under way has done. False when there is none.
   bool Cancel();
 
-  /// To be called after each change of the melody or of its mode: one that is not the drag's own ends it.
-  void MelodyChanged();
+  /// To be called after each change of the document: another melody or mode that is not the drag's own doing
+  /// ends it.
+  void Follow(const ChangedRange& range);
 
   bool Selects() const { return action_ == Action::Select; }
   /// A tone or an end hangs on the pointer, so rows and places have to stay where they are.
   bool Edits() const { return action_ == Action::Pitch || action_ == Action::Length; }
+  /// Under the pointer nothing is to move that it does not move itself.
+  bool HoldsView() const { return clicks_ || action_ != Action::None; }
   /// What a drag from there does.
   Qt::CursorShape ShapeAt(const StripHit& hit) const;
 
@@ -60,6 +63,7 @@ class StripMouse {
   StripPoint pressed_;
   Element before_;  ///< what is dragged, as it was
   ElementRange selectedBefore_;
+  bool clicks_ = false;   ///< the next change is that of a click
   bool own_ = false;      ///< the next change of the melody is the drag's
   bool changed_ = false;  ///< the drag has changed the melody
 };

@@ -36,7 +36,7 @@ void StripPainter::Paint(const Document& document, const StripLayout::Shown& sho
 
 void StripPainter::PaintRows() {
   painter_.fillRect(geometry_.view, Shade(0));
-  for (int row = geometry_.LowestRow(); row <= geometry_.HighestRow(); ++row) {
+  for (int row = geometry_.rows.lowest; row <= geometry_.rows.highest; ++row) {
     const QRectF band(geometry_.view.left(), geometry_.Y(row), geometry_.view.width(), geometry_.rowHeight);
     if (!band.intersects(geometry_.view)) continue;
     if (IsBlackRow(row)) painter_.fillRect(band, Shade(0.06));
@@ -156,7 +156,7 @@ void StripPainter::PaintKeys() {
   const QRectF keys(geometry_.view.left(), geometry_.view.top(), geometry_.keys, geometry_.view.height());
   painter_.setRenderHint(QPainter::Antialiasing, false);
   painter_.fillRect(keys, Shade(0.03));
-  for (int row = geometry_.LowestRow(); row <= geometry_.HighestRow(); ++row) {
+  for (int row = geometry_.rows.lowest; row <= geometry_.rows.highest; ++row) {
     const QRectF band(keys.left(), geometry_.Y(row), keys.width(), geometry_.rowHeight);
     if (IsBlackRow(row)) painter_.fillRect(band.adjusted(keys.width() * 0.5, 0, 0, 0), Shade(0.55));
     if (row % kRowsPerOctave != 0) continue;

@@ -17,15 +17,13 @@ struct StripGeometry {
   double left = 0;       ///< x of place 0
   double top = 0;        ///< y of the upper edge of the highest row
   double rowHeight = 1;  ///< of a semitone
-  OctaveSpan octaves;
+  RowSpan rows;          ///< all of them, seen or not
 
-  int LowestRow() const { return octaves.lowest * kRowsPerOctave; }
-  int HighestRow() const { return (octaves.highest + 1) * kRowsPerOctave - 1; }
   double X(double place) const { return left + place; }
   double Place(double x) const { return x - left; }
-  double Y(double row) const { return top + (HighestRow() - row) * rowHeight; }
+  double Y(double row) const { return top + (rows.highest - row) * rowHeight; }
   /// In parts of rows: the middle of row 2 is 2.5.
-  double Row(double y) const { return HighestRow() + 1 - (y - top) / rowHeight; }
+  double Row(double y) const { return rows.highest + 1 - (y - top) / rowHeight; }
 };
 
 /// What is shown beside the elements.
