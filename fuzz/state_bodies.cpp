@@ -13,7 +13,7 @@ namespace {
 void ReadAndWriteBack(std::string_view text) {
   const auto read = ReadRecovery(text);
   if (!read) return;
-  Require(ReadRecovery(WriteRecovery(read->song, read->mode)) == read,
+  Require(ReadRecovery(WriteRecovery(read->song, read->mode, read->file, read->time)) == read,
           "a recovered song comes back as it was");
 }
 
@@ -27,8 +27,9 @@ void Recovery(std::string_view input) {
     checksum = (checksum ^ static_cast<unsigned char>(c)) * 0x100000001b3U;
     if (c == '\n') ++lines;
   }
-  if (lines < 3) return;
-  ReadAndWriteBack(text + "end\t" + std::to_string(lines - 3) + '\t' + std::to_string(checksum) + '\n');
+  const size_t around = text.starts_with("trillomat-recovery 1\n") ? 3 : 4;
+  if (lines < around) return;
+  ReadAndWriteBack(text + "end\t" + std::to_string(lines - around) + '\t' + std::to_string(checksum) + '\n');
 }
 
 // An ini file that is in memory.

@@ -71,6 +71,7 @@ class Program {
         log_(LogFilePath(logFolder, clock_->DateText()), *clock_, *messages_),
         sound_(SystemSound(log_)),
         settings_(UserSettings(files)),
+        keeper_(SystemFileKeeper(files, StateFolder())),
         window_({document_,
                  record_,
                  {log_, pump_},
@@ -78,6 +79,7 @@ class Program {
                  *sound_,
                  *settings_,
                  files,
+                 *keeper_,
                  questions_,
                  StateFolder()}) {
     QObject::connect(&window_, &MainWindow::Closed, &window_, [this] { pump_.End(); });
@@ -121,6 +123,7 @@ class Program {
   ReadRecord record_;
   std::unique_ptr<SoundDevice> sound_;
   std::unique_ptr<SettingsStore> settings_;
+  std::unique_ptr<FileKeeper> keeper_;
   QtQuestions questions_;
   MainWindow window_;
 };

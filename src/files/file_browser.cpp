@@ -156,7 +156,9 @@ bool FileBrowser::ReadSelected(std::string_view missingBackslash) {
     parts_.services.log.WriteLog(missingBackslash, 1);
     given += '\\';
   }
-  return opener_.Open(parts_.store.NativePath(given + Selected()->name), parts_.document.Mode());
+  const bool opened = opener_.Open(parts_.store.NativePath(given + Selected()->name), parts_.document.Mode());
+  if (opened) SayDone();
+  return opened;
 }
 
 // The second press of a double click on a file belongs to the first, which has opened it or will.

@@ -12,6 +12,7 @@
 #include "files/file_row.h"
 #include "files/files_host.h"
 #include "files/opener.h"
+#include "files/recovery.h"
 #include "files/save.h"
 
 namespace trillomat {
@@ -62,8 +63,27 @@ class FileBrowser {
   /// Takes in what was imported and not refused, under the token of who imported it. Nothing is selected
   /// any more.
   void TakeImported(ReadResult&& read);
-  /// Brings back the last composed song, or says (level 2) that there is none.
+
+  // Commands that put another song in the place of the composed one, which is kept if it was not saved. None
+  // of them does anything while a melody plays.
+  /// An empty song that belongs to no file.
+  void New();
+  /// Asks for a file and opens it.
+  void Open();
+  /// One of the files that were opened or saved last; says so of one that is gone, and forgets it.
+  void OpenRecent(const std::filesystem::path& file);
+  /// Brings back one of Recovery's songs as one that belongs to no file, or says (level 2) that it is gone.
+  void Recover(const std::filesystem::path& kept);
+  /// The same of the one that was kept last.
   void RecoverLast();
+
+  // The messages that offer something.
+  /// At start: offers the song that the last run left, until it is recovered or CloseMessage is called.
+  void OfferLeft(const KeptSong& left);
+  /// Does what a message offered. Restore puts the file back that was replaced or removed last.
+  void Accept(FileMessage::Offer offer);
+  /// The user has read the message.
+  void CloseMessage();
 
   /// The file of the selected row: the browse folder and the row's text. No path when it is no file's.
   TargetFile SelectedFile() const;
@@ -79,6 +99,9 @@ class FileBrowser {
   bool ReadSelected(std::string_view missingBackslash);
   void EnterPrevious();
   void EnterFolder(const FileRow& row);
+  FileMessage Delete(const TargetFile& file);
+  void Restore();
+  void SayDone();
   void AddRows(const FolderListing& listing, RowKind kind, std::string_view failure);
   std::string Rename(const TargetFile& file, const std::string& newGiven);
 
@@ -91,6 +114,7 @@ class FileBrowser {
   bool clicked_ = false;             ///< the selected row was clicked, not only right-clicked
   std::optional<FileRow> deferred_;  ///< whose click timer 1 will run
   bool rightButtonDown_ = false;
+  std::optional<KeptSong> left_;  ///< by the last run, and still offered
 };
 
 }  // namespace trillomat

@@ -1,5 +1,7 @@
-// Deleting and renaming from the right-click menu, and opening what was not clicked.
+// Deleting and renaming from the right-click menu, and putting back what was replaced or deleted.
+#include "core/code_page.h"
 #include "files/file_browser.h"
+#include "files/kept_files.h"
 #include "files/path_text.h"
 
 namespace trillomat {
@@ -28,18 +30,48 @@ std::string NameFault(std::string_view name) {
   return {};
 }
 
-std::string NoticeOf(std::string_view what, std::string_view why) {
-  return why.empty() ? "" : std::string(what) + std::string(why);
-}
-
 }  // namespace
 
 void FileBrowser::DeleteSelected() {
   const auto operation = parts_.operations.Begin();
   if (!operation) return;
-  if (FileSelected()) {
-    const bool gone = DeleteFile(SelectedFile(), parts_.store, parts_.services.log);
-    parts_.host.Notice(gone ? "" : "Not deleted: the file is not there any more, or cannot be removed");
+  if (FileSelected()) parts_.host.Say(Delete(SelectedFile()));
+  Refresh();
+}
+
+// What it comes to is said and logged in the same words whether the file is worth keeping or not.
+FileMessage FileBrowser::Delete(const TargetFile& file) {
+  const FileMessage notDeleted{"Not deleted: the file is not there any more, or cannot be removed"};
+  Log& log = parts_.services.log;
+  if (!parts_.kept.IsWorthKeeping(file.path)) {
+    return DeleteFile(file, parts_.store, log) ? FileMessage{} : notDeleted;
+  }
+  const auto removal = parts_.kept.TakeAway(file.path);
+  if (removal.removed) {
+    return {"Deleted " + Utf8OfPath(file.path.filename()), FileMessage::Offer::Restore};
+  }
+  if (!removal.fault.empty()) log.WriteLog("Could not keep the file->" + file.shown, 1);
+  log.WriteLog("Failed to remove the file in bDeleteFile->" + file.shown, 1);
+  return removal.fault.empty() ? notDeleted : FileMessage{"Not deleted: " + ToUtf8(removal.fault)};
+}
+
+// The song of a file that holds other bytes now is not the saved one any more.
+void FileBrowser::Restore() {
+  const auto operation = parts_.operations.Begin();
+  if (!operation || !parts_.host.MayEdit()) return;
+  const auto restored = parts_.kept.Restore();
+  const std::string name = Utf8OfPath(restored.place.filename());
+  if (!restored.fault.empty()) {
+    parts_.services.log.WriteLog("Could not restore the file->" + LogText(restored.place, parts_.store), 1);
+    parts_.host.Say({"Not restored: " + ToUtf8(restored.fault)});
+  } else {
+    std::error_code gone;
+    const std::filesystem::path own = parts_.document.File();
+    if (!own.empty() && std::filesystem::equivalent(own, restored.place, gone)) {
+      parts_.document.SetFile(own, true);
+    }
+    using Offer = FileMessage::Offer;
+    parts_.host.Say({"Restored " + name, parts_.kept.CanRestore() ? Offer::Restore : Offer::None});
   }
   Refresh();
 }
@@ -60,7 +92,7 @@ void FileBrowser::RenameSelected() {
     if (!fault.empty()) {
       parts_.services.log.WriteLog("Could not rename the file: " + fault + "->" + LogText(given), 1);
     }
-    parts_.host.Notice(NoticeOf("Not renamed: ", fault));
+    parts_.host.Say({fault.empty() ? "" : "Not renamed: " + fault});
   }
   Refresh();
 }
@@ -72,43 +104,6 @@ std::string FileBrowser::Rename(const TargetFile& file, const std::string& newGi
   if (!parts_.store.Copy(file.path, to)) return "copying failed";
   DeleteFile(file, parts_.store, parts_.services.log);
   return {};
-}
-
-bool FileBrowser::OpenFile(const std::filesystem::path& file) {
-  const std::string extension = Utf8OfPath(file.extension());
-  const auto mode = ModeOfExtension(std::string_view(extension).substr(extension.empty() ? 0 : 1));
-  bool opened = false;
-  {
-    const auto operation = parts_.operations.Begin();
-    if (!operation) return false;
-    if (!mode) {
-      const std::string shown = LogText(file, parts_.store);
-      parts_.services.log.WriteLog("Not a melody file (imy, emy, rtx, mel)->" + shown, 2);
-      return false;
-    }
-    const auto given = parts_.store.GivenPath(file);
-    const bool shown = given && parts_.store.Exists(file);
-    if (shown) folder_ = given->substr(0, given->rfind('\\') + 1);
-    opened = opener_.Open(file, *mode);
-    Refresh();
-    if (shown) Select(RowOf({RowKind::File, given->substr(given->rfind('\\') + 1)}), true);
-    parts_.host.ShowSelectedFile();
-  }
-  if (opened) parts_.host.PlayOrShow();
-  return opened;
-}
-
-void FileBrowser::TakeImported(ReadResult&& read) {
-  opener_.TakeImported(std::move(read));
-  Select(kNoRow, false);
-  parts_.host.ShowSelectedFile();
-}
-
-void FileBrowser::RecoverLast() {
-  const auto operation = parts_.operations.Begin();
-  if (!operation || !opener_.TakeRecovered()) return;
-  Select(kNoRow, false);
-  parts_.host.ShowSelectedFile();
 }
 
 }  // namespace trillomat

@@ -106,6 +106,11 @@ class FileStore {
   /// Copies a file and flushes the copy. False when `to` exists, or when the copy fails, which leaves
   /// nothing of it.
   virtual bool Copy(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
+  /// Puts a copy of a plain file under the name `to` in one instant, flushed before, with the rights, owner,
+  /// extended attributes and time of change of `from` as far as the system allows. What has that name is
+  /// replaced; without `replace` the copy fails then. One that fails leaves nothing.
+  virtual bool CopyInPlace(const std::filesystem::path& from, const std::filesystem::path& to,
+                           bool replace) = 0;
 
   /// A file to take the place of `target`, which may exist but is no link, in the same folder. From its first
   /// byte on it has the rights of what it replaces, its owner and extended attributes as far as the system

@@ -15,7 +15,21 @@
 
 namespace trillomat {
 
+class KeptFiles;
+class RecentFiles;
 class Recovery;
+
+/// What is said beside the melody, and what its button offers.
+struct FileMessage {
+  enum class Offer {
+    None,
+    Restore,  ///< puts the file back that was replaced or removed last
+    Recover,  ///< brings the melody back that the last run left
+  };
+
+  std::string text = {};  ///< empty: there is nothing to say any more
+  Offer offer = Offer::None;
+};
 
 /// What the save dialog opens with.
 struct SaveDialog {
@@ -23,6 +37,12 @@ struct SaveDialog {
   std::string fileName;   ///< proposed
   std::string filter;     ///< as BuildDialogFilter makes it
   std::string extension;  ///< of the current format, without the dot
+};
+
+/// What the open dialog opens with.
+struct OpenDialog {
+  std::filesystem::path folder;
+  std::string filter;  ///< "Melodies (*.imy *.emy *.rtx *.mel)"
 };
 
 class FilesHost {
@@ -34,6 +54,8 @@ class FilesHost {
 
   // The composer and the player.
   virtual bool ToneSounds() const = 0;
+  /// Whether the melody may be edited now: not while it plays.
+  virtual bool MayEdit() const = 0;
   /// Presses Stop when a melody plays, so that a file that waits to be opened can be.
   virtual void StopPlaying() = 0;
   /// Puts what was read, which was not refused, in the place of the song, as one step, and enters `mode`: it
@@ -55,8 +77,8 @@ class FilesHost {
   /// Timer 1, whose ticks call FileBrowser::ClickTimerRan until it is stopped.
   virtual void StartClickTimer() = 0;
   virtual void StopClickTimer() = 0;
-  /// What the notice beside the list says; empty hides it.
-  virtual void Notice(std::string_view text) = 0;
+  /// Takes the place of what was said before. FileBrowser::Accept does what it offers.
+  virtual void Say(const FileMessage& message) = 0;
 
   // Questions, each answered when it returns.
   /// Shows `frmRename` with `name` in `txtName`. Its text after "OK", nothing after "Cancel".
@@ -64,6 +86,8 @@ class FilesHost {
   /// Shows the system's save dialog, which does not ask itself before a file is replaced. The path chosen
   /// as the dialog gave it, nothing when cancelled.
   virtual std::optional<std::filesystem::path> AskSavePath(const SaveDialog& dialog) = 0;
+  /// Shows the system's dialog to open a file. The file chosen, nothing when cancelled.
+  virtual std::optional<std::filesystem::path> AskOpenPath(const OpenDialog& dialog) = 0;
   /// Shows a Yes/No message box; true for Yes.
   virtual bool AskYesNo(std::string_view title, std::string_view question) = 0;
   /// Sets the caption of `cmdSave` and of `cmdSaveAs`.
@@ -78,6 +102,8 @@ struct FileParts {
   FileStore& store;
   FileOperations& operations;
   Recovery& recovery;
+  KeptFiles& kept;
+  RecentFiles& recent;
   FilesHost& host;
   Services services;
 };

@@ -5,6 +5,7 @@
 #include "core/code_page.h"
 #include "files/path_text.h"
 #include "files/read_file.h"
+#include "files/recent_files.h"
 #include "files/recovery.h"
 
 namespace trillomat {
@@ -35,37 +36,41 @@ bool Opener::Open(const fs::path& file, FormatMode mode) {
   parts_.record = read.record;
   if (!read) return Refuse(ToUtf8(read.refusal->why));
   Replace(std::move(read), mode, fs::absolute(file), "opening");
-  parts_.recovery.SongReplaced();
+  parts_.recent.Add(file);
   return true;
 }
 
 bool Opener::Refuse(std::string_view why) {
   parts_.services.log.WriteLog("Error when decoding file", 1);
-  parts_.host.Notice("Not opened: " + std::string(why));
+  parts_.host.Say({"Not opened: " + std::string(why)});
   return false;
 }
 
 void Opener::TakeImported(ReadResult&& read) {
   Replace(std::move(read), parts_.document.Mode(), {}, "importing");
-  parts_.recovery.SongReplaced();
 }
 
-bool Opener::TakeRecovered() {
-  auto last = parts_.recovery.LastSong();
-  if (!last) {
+bool Opener::TakeRecovered(const fs::path& kept) {
+  auto recovered = parts_.recovery.Recovered(kept);
+  if (!recovered) {
     parts_.services.log.WriteLog("There is no melody to recover", 2);
     return false;
   }
-  ReadResult read{.elements = std::move(last->song.elements), .record = parts_.record, .refusal = {}};
-  read.record.info = std::move(last->song.info);
-  Replace(std::move(read), last->mode, {}, "recovering");
+  ReadResult read{.elements = std::move(recovered->song.elements), .record = parts_.record, .refusal = {}};
+  read.record.info = std::move(recovered->song.info);
+  Replace(std::move(read), recovered->mode, {}, "recovering");
   return true;
+}
+
+void Opener::TakeNew() {
+  ReadResult nothing{.elements = {}, .record = parts_.record, .refusal = {}};
+  nothing.record.info = SongInfo();
+  Replace(std::move(nothing), parts_.document.Mode(), {}, "starting a new melody");
 }
 
 void Opener::Replace(ReadResult&& read, FormatMode mode, const fs::path& file, std::string_view step) {
   parts_.recovery.KeepBeforeReplacing();
   parts_.host.TakeIn(std::move(read), mode, file, step);
-  parts_.host.Notice("");
 }
 
 }  // namespace trillomat

@@ -1,5 +1,5 @@
-// Puts another song in the place of the composed one: that of a file, an imported or a recovered one. The
-// caller holds the token of the file operation.
+// Puts another song in the place of the composed one, which is kept if it was not saved: that of a file, an
+// imported, a recovered or an empty one. The caller holds the token of the file operation.
 #pragma once
 
 #include <filesystem>
@@ -13,15 +13,19 @@ class Opener {
   explicit Opener(const FileParts& parts) : parts_(parts) {}
 
   /// Reads the file as one of `mode`, which the composer enters when the song is taken in. True when it
-  /// replaced the song. Otherwise song and mode stay, "Error when decoding file" stands in the log and why in
-  /// the notice.
+  /// replaced the song. Otherwise song and mode stay, "Error when decoding file" stands in the log, and why
+  /// is said.
   bool Open(const std::filesystem::path& file, FormatMode mode);
 
   /// Takes in what was imported, which was not refused. It belongs to no file.
   void TakeImported(ReadResult&& read);
 
-  /// Takes in the last composed song and its mode. False, and a message, when there is none.
-  bool TakeRecovered();
+  /// Takes in a song that Recovery kept, with its mode, as one that belongs to no file. False, and a message,
+  /// when there is none any more.
+  bool TakeRecovered(const std::filesystem::path& kept);
+
+  /// An empty song with the song information that a song starts with. It belongs to no file.
+  void TakeNew();
 
  private:
   void Replace(ReadResult&& read, FormatMode mode, const std::filesystem::path& file, std::string_view step);

@@ -1,18 +1,66 @@
 #include "files/recovery.h"
 
+#include <algorithm>
+#include <charconv>
 #include <utility>
 
+#include "core/code_page.h"
+#include "files/path_text.h"
 #include "files/read_file.h"
 #include "files/replace_file.h"
 
 namespace trillomat {
 namespace {
 
+namespace fs = std::filesystem;
+using std::chrono::milliseconds;
+using std::chrono::system_clock;
+
 constexpr int kSlots = 9;
+constexpr std::string_view kKept = "kept-";
+constexpr std::string_view kLeft = "left-";
+
+int64_t Now() {
+  return std::chrono::duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
+}
+
+// S of "kept-S-N.txt" and "left-S-N.txt"; nothing for other names.
+std::optional<uint64_t> NumberIn(std::string_view name) {
+  if (!name.starts_with(kKept) && !name.starts_with(kLeft)) return std::nullopt;
+  const char* const begin = name.data() + kKept.size();
+  const char* const end = name.data() + name.size();
+  uint64_t number = 0;
+  const auto [rest, fault] = std::from_chars(begin, end, number);
+  const bool whole =
+      fault == std::errc() && end - rest == 6 && *rest == '-' && rest[1] > '0' && rest[1] <= '9';
+  return whole ? std::optional(number) : std::nullopt;
+}
+
+double MillisecondsOf(const Song& song) {
+  double beats = 0;
+  for (const Element& element : song.elements) beats += double{element.duration} * element.extra;
+  const int32_t tempo = song.info.bpm > 0 ? song.info.bpm : kDefaultTempo;
+  return beats * 60000 / tempo;
+}
+
+std::string NameOf(const RecoveredSong& recovered) {
+  if (!recovered.file.empty()) return recovered.file;
+  return recovered.song.info.name.empty() ? "Untitled" : ToUtf8(recovered.song.info.name);
+}
+
+// Earlier versions left it to the file to tell when it was written.
+system_clock::time_point TimeOf(const RecoveredSong& recovered, const fs::path& file) {
+  if (recovered.time != 0) return system_clock::time_point(milliseconds(recovered.time));
+  std::error_code gone;
+  const auto written = fs::last_write_time(file, gone);
+  if (gone) return {};
+  const auto ago = fs::file_time_type::clock::now() - written;
+  return system_clock::now() - std::chrono::duration_cast<system_clock::duration>(ago);
+}
 
 }  // namespace
 
-Recovery::Recovery(Document& document, FileStore& store, std::filesystem::path folder, Log& log)
+Recovery::Recovery(Document& document, FileStore& store, fs::path folder, Log& log)
     : document_(document), store_(store), folder_(std::move(folder)), log_(log) {
   document_.AddObserver(*this);
 }
@@ -21,78 +69,151 @@ Recovery::~Recovery() { document_.RemoveObserver(*this); }
 
 void Recovery::DocumentChanged(const ChangedRange& range) {
   changed_ = changed_ || range.SongChanged() || range.mode;
+  cleared_ = cleared_ || (document_.IsEmpty() && range.removed > 1);
 }
 
-std::filesystem::path Recovery::File(std::string_view kind, std::string_view extension) const {
-  return folder_ / (std::string(kind) + std::to_string(slot_) + std::string(extension));
+fs::path Recovery::File(std::string_view kind, int slot, std::string_view extension) const {
+  return folder_ / (std::string(kind) + std::to_string(slot) + std::string(extension));
 }
 
-// Locks the first slot that no living program holds, of those alone whose program ended abnormally if
-// `abandoned`.
-bool Recovery::FindSlot(bool abandoned) {
+// The newest first.
+std::vector<Recovery::Entry> Recovery::Entries() const {
+  std::vector<Entry> entries;
+  for (const std::string& name : store_.ListFiles(folder_, "*.txt").names) {
+    const auto number = NumberIn(name);
+    if (number) entries.push_back({folder_ / name, *number, name.starts_with(kLeft)});
+  }
+  std::stable_sort(entries.begin(), entries.end(),
+                   [](const Entry& a, const Entry& b) { return a.number > b.number; });
+  return entries;
+}
+
+std::vector<KeptSong> Recovery::Songs() const {
+  std::vector<KeptSong> songs;
+  if (folder_.empty()) return songs;
+  for (const Entry& entry : Entries()) {
+    auto song = Described(entry.file);
+    if (song) songs.push_back(std::move(*song));
+    if (songs.size() == kMostSongs) break;
+  }
+  return songs;
+}
+
+std::optional<KeptSong> Recovery::Described(const fs::path& file) const {
+  const auto recovered = Recovered(file);
+  if (!recovered) return std::nullopt;
+  return KeptSong{NameOf(*recovered), TimeOf(*recovered, file), recovered->song.elements.size(),
+                  MillisecondsOf(recovered->song), file};
+}
+
+std::optional<RecoveredSong> Recovery::Recovered(const fs::path& file) const {
+  if (!store_.Exists(file)) return std::nullopt;
+  const auto text = ReadFile(file, store_);
+  if (!text) return std::nullopt;
+  return ReadRecovery(*text);
+}
+
+bool Recovery::FindSlot() {
   for (slot_ = 1; slot_ <= kSlots; ++slot_) {
-    if (abandoned && !store_.Exists(File("running-", ""))) continue;
-    lock_ = store_.TryLock(File("running-", ""));
+    lock_ = store_.TryLock(File("running-", slot_, ""));
     if (lock_) return true;
   }
   slot_ = 0;
   return false;
 }
 
-bool Recovery::Start() {
-  if (folder_.empty()) return false;
+std::optional<KeptSong> Recovery::Start() {
+  if (folder_.empty()) return std::nullopt;
   MakePrivateFolder(folder_);
-  const bool abnormal = FindSlot(true);
-  if (!abnormal && !FindSlot(false)) {
+  if (!FindSlot()) {
     log_.WriteLog("No recovery file can be kept", 1);
-    return false;
+    return std::nullopt;
   }
   store_.Sweep(folder_);
-  const bool left = Recorded("recovery-").has_value();
-  if (left) store_.Move(File("recovery-"), File("last-"));
-  return abnormal && left;
+  std::optional<KeptSong> newest;
+  for (const Entry& entry : Entries()) {
+    if (!entry.left) continue;
+    const fs::path kept =
+        folder_ / (std::string(kKept) + Utf8OfPath(entry.file.filename()).substr(kLeft.size()));
+    if (store_.Move(entry.file, kept) && !newest) newest = Described(kept);
+  }
+  for (int slot = 1; slot <= kSlots; ++slot) {
+    if (store_.Exists(File("last-", slot))) Enlist(File("last-", slot), kKept);
+    const auto kept = TakeOverAbandoned(slot);
+    auto song = kept ? Described(*kept) : std::nullopt;
+    if (song && (!newest || song->time >= newest->time)) newest = std::move(song);
+  }
+  DropDoublesAndOldest();
+  return newest;
+}
+
+// Of a run that was killed: nobody holds its lock any more.
+std::optional<fs::path> Recovery::TakeOverAbandoned(int slot) {
+  if (!store_.Exists(File("recovery-", slot))) return std::nullopt;
+  const auto lock = slot == slot_ ? nullptr : store_.TryLock(File("running-", slot, ""));
+  if (slot != slot_ && !lock) return std::nullopt;
+  return Enlist(File("recovery-", slot), kKept);
+}
+
+// Puts a file among those that are kept, as the newest.
+std::optional<fs::path> Recovery::Enlist(const fs::path& from, std::string_view kind) {
+  const std::vector<Entry> entries = Entries();
+  const uint64_t number = entries.empty() ? 1 : entries.front().number + 1;
+  fs::path to = File(std::string(kind) + std::to_string(number) + "-", slot_);
+  if (!store_.Move(from, to)) return std::nullopt;
+  return to;
 }
 
 void Recovery::End() {
   if (slot_ == 0) return;
   Tick();
-  store_.Delete(File("running-", ""));
+  if (written_) Leave(kLeft);
+  store_.Delete(File("running-", slot_, ""));
   lock_.reset();
   slot_ = 0;
 }
 
 void Recovery::Tick() {
-  if (!changed_ || slot_ == 0) return;
-  changed_ = false;
-  if (document_.IsEmpty()) return;
-  std::string text = Text();
-  if (text == written_ || text == replaced_) return;
-  // What could not be written is tried again at the next call.
-  changed_ = !Write("recovery-", text);
-  if (!changed_) written_ = std::move(text);
+  if (slot_ == 0) return;
+  if (std::exchange(cleared_, false) && written_) Leave(kKept);
+  if (!IsUnsaved()) {
+    if (written_) written_ = !store_.Delete(RunsFile());
+  } else if (changed_) {
+    changed_ = !Write();  // what could not be written is tried again at the next call
+  }
 }
 
 void Recovery::KeepBeforeReplacing() {
-  changed_ = true;
   Tick();
-  if (slot_ == 0 || document_.IsEmpty()) return;
-  const std::string text = Text();
-  if (text != replaced_) Write("last-", text);
+  if (written_ && IsUnsaved()) Leave(kKept);
+  changed_ = true;
 }
 
-void Recovery::SongReplaced() {
-  if (slot_ != 0) replaced_ = Text();
+void Recovery::Leave(std::string_view kind) {
+  written_ = !Enlist(RunsFile(), kind);
+  DropDoublesAndOldest();
 }
 
-std::optional<RecoveredSong> Recovery::Recorded(std::string_view kind) const {
-  if (slot_ == 0 || !store_.Exists(File(kind))) return std::nullopt;
-  const auto text = ReadFile(File(kind), store_);
-  if (!text) return std::nullopt;
-  return ReadRecovery(*text);
+// Of the same song in other files the newest stays. What is damaged may be of use to somebody yet.
+void Recovery::DropDoublesAndOldest() {
+  std::string newest;
+  size_t songs = 0;
+  for (const Entry& entry : Entries()) {
+    const auto text = ReadFile(entry.file, store_);
+    const std::string_view song = text ? SongPartOf(*text) : std::string_view();
+    if (song.empty()) continue;
+    if (songs > 0 && (songs == kMostSongs || song == newest)) {
+      store_.Delete(entry.file);
+      continue;
+    }
+    if (songs++ == 0) newest = song;
+  }
 }
 
-bool Recovery::Write(std::string_view kind, std::string_view text) {
-  if (ReplacePrivateFile(File(kind), store_, text)) return true;
+bool Recovery::Write() {
+  const std::string name = Utf8OfPath(document_.File().filename());
+  const std::string text = WriteRecovery(document_.CurrentSong(), document_.Mode(), name, Now());
+  if (ReplacePrivateFile(RunsFile(), store_, text)) return written_ = true;
   if (!failureLogged_) log_.WriteLog("Could not write the recovery file", 1);
   failureLogged_ = true;
   return false;

@@ -1,17 +1,21 @@
-// Keeps the composed song in a file while it is composed, and gives it back after a run that ended
-// abnormally, or on demand. The files in the per-user state folder, N from 1 to 9 for programs that run
-// at the same time:
+// Keeps every song that was not saved: the composed one while it is composed, and the last ten that were left
+// without being saved. The files in the per-user state folder, N from 1 to 9 for programs that run at the
+// same time, S a number that grows with each song:
 //
-//   running-N            there, and locked, while a program runs; left behind by an abnormal end
-//   recovery-N.txt       the song that this run composes
-//   last-N.txt           the last composed song before that
+//   running-N       there, and locked, while a program runs
+//   recovery-N.txt  the song that this run composes, for as long as it is not saved
+//   kept-S-N.txt    a song that another took the place of; all programs share these
+//   left-S-N.txt    the same of one that a run ended with: the next start tells it
+//   last-N.txt      what earlier versions kept
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/log.h"
 #include "document/document.h"
@@ -20,40 +24,62 @@
 
 namespace trillomat {
 
+/// A song that was not saved, as it is listed.
+struct KeptSong {
+  std::string name;  ///< of its file, else that of its song information, else "Untitled"; UTF-8
+  std::chrono::system_clock::time_point time;  ///< when it was last written, after its last change
+  size_t elements = 0;
+  double milliseconds = 0;     ///< of its tones and pauses, each once
+  std::filesystem::path file;  ///< what keeps it
+};
+
 class Recovery : private DocumentObserver {
  public:
   /// How often the window calls Tick, in milliseconds.
   static constexpr int kTickInterval = 500;
+  static constexpr size_t kMostSongs = 10;
 
   /// `folder` is the per-user state folder, made when missing; an empty one keeps nothing.
   Recovery(Document& document, FileStore& store, std::filesystem::path folder, Log& log);
   ~Recovery() override;
 
-  /// To be called once at start. True when a run before ended abnormally and left a song, which LastSong
-  /// then gives. Logs when no recovery file can be kept. Until then nothing is kept.
-  bool Start();
-  /// To be called at a normal end.
+  /// To be called once at start. The newest song that a run left without saving it, however that run ended;
+  /// each is told once. Logs when no song can be kept. Until then nothing is kept.
+  std::optional<KeptSong> Start();
+  /// To be called at a normal end: what is not saved is kept, and told by the next start.
   void End();
 
-  /// Writes the song if it changed since it was written or opened. An empty one is not written, so that
-  /// clearing all can be taken back. A failure is logged once.
+  /// Writes the song if it is not saved and changed since it was written, and forgets it once it is saved. A
+  /// failure is logged once.
   void Tick();
-  /// To be called before another song takes the place of the composed one, or that is cleared: keeps it for
-  /// LastSong, if it was changed since it was opened.
+  /// To be called before another song takes the place of the composed one, or that is cleared: keeps it, if
+  /// it is not saved.
   void KeepBeforeReplacing();
-  /// To be called after that, unless the song that came should be kept as well.
-  void SongReplaced();
 
-  /// What "Recover last melody" brings back; nothing when there is none or its file is damaged.
-  std::optional<RecoveredSong> LastSong() const { return Recorded("last-"); }
+  /// The songs that were kept, the newest first; damaged files are left out.
+  std::vector<KeptSong> Songs() const;
+  /// What one of these files keeps; nothing when it is gone or damaged.
+  std::optional<RecoveredSong> Recovered(const std::filesystem::path& file) const;
 
  private:
+  struct Entry {
+    std::filesystem::path file;
+    uint64_t number = 0;
+    bool left = false;
+  };
+
   void DocumentChanged(const ChangedRange& range) override;
-  std::filesystem::path File(std::string_view kind, std::string_view extension = ".txt") const;
-  std::optional<RecoveredSong> Recorded(std::string_view kind) const;
-  bool FindSlot(bool abandoned);
-  std::string Text() const { return WriteRecovery(document_.CurrentSong(), document_.Mode()); }
-  bool Write(std::string_view kind, std::string_view text);
+  bool IsUnsaved() const { return document_.IsChanged() && !document_.IsEmpty(); }
+  std::filesystem::path File(std::string_view kind, int slot, std::string_view extension = ".txt") const;
+  std::filesystem::path RunsFile() const { return File("recovery-", slot_); }
+  std::vector<Entry> Entries() const;
+  std::optional<KeptSong> Described(const std::filesystem::path& file) const;
+  bool FindSlot();
+  std::optional<std::filesystem::path> TakeOverAbandoned(int slot);
+  std::optional<std::filesystem::path> Enlist(const std::filesystem::path& from, std::string_view kind);
+  void Leave(std::string_view kind);
+  void DropDoublesAndOldest();
+  bool Write();
 
   Document& document_;
   FileStore& store_;
@@ -62,9 +88,9 @@ class Recovery : private DocumentObserver {
   std::unique_ptr<FileLock> lock_;
   int slot_ = 0;  ///< N, 0 for none
   bool changed_ = false;
+  bool written_ = false;  ///< recovery-N.txt is there
+  bool cleared_ = false;  ///< all elements went at once since the last Tick
   bool failureLogged_ = false;
-  std::string written_;   ///< text of the recovery file
-  std::string replaced_;  ///< text of the song that was opened or imported last
 };
 
 }  // namespace trillomat

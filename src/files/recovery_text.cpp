@@ -12,7 +12,8 @@
 namespace trillomat {
 namespace {
 
-constexpr std::string_view kTitle = "trillomat-recovery 1";
+constexpr std::string_view kTitle = "trillomat-recovery 2";
+constexpr std::string_view kFirstTitle = "trillomat-recovery 1";
 constexpr std::string_view kEscaped{"\\\t\r\n\0", 5};
 constexpr std::string_view kHexDigits = "0123456789abcdef";
 
@@ -105,6 +106,13 @@ bool ReadMode(std::string_view line, FormatMode& mode) {
   return true;
 }
 
+bool ReadOrigin(std::string_view line, RecoveredSong& recovered) {
+  auto fields = FieldsOf(line, "kept", 2);
+  if (!fields || !Parse(fields->at(0), recovered.time)) return false;
+  recovered.file = std::move(fields->at(1));
+  return true;
+}
+
 bool ReadInfo(std::string_view line, SongInfo& info) {
   auto fields = FieldsOf(line, "song", 8);
   if (!fields || !Parse(fields->at(2), info.bpm) || !Parse(fields->at(7), info.loop)) return false;
@@ -143,10 +151,11 @@ bool EndFits(std::string_view text, std::string_view line, size_t elements) {
 
 }  // namespace
 
-std::string WriteRecovery(const Song& song, FormatMode mode) {
+std::string WriteRecovery(const Song& song, FormatMode mode, std::string_view file, int64_t time) {
   const SongInfo& info = song.info;
   std::string text(kTitle);
   text += '\n';
+  AppendLine(text, {"kept", std::to_string(time), file});
   AppendLine(text, {"mode", std::to_string(static_cast<int>(mode))});
   AppendLine(text, {"song", info.name, info.composer, std::to_string(info.bpm), info.style, info.volume,
                     info.version, info.format, std::to_string(info.loop)});
@@ -157,18 +166,37 @@ std::string WriteRecovery(const Song& song, FormatMode mode) {
 }
 
 std::optional<RecoveredSong> ReadRecovery(std::string_view text) {
-  if (!text.starts_with(kTitle)) return std::nullopt;
-  const std::vector<std::string_view> lines = SplitLines(text);
-  if (!text.ends_with('\n') || lines.size() < 4 || lines[0] != kTitle) return std::nullopt;
+  constexpr size_t kFewestLines = 4;
+  if (!text.starts_with(kTitle) && !text.starts_with(kFirstTitle)) return std::nullopt;
+  std::vector<std::string_view> lines = SplitLines(text);
+  if (!text.ends_with('\n') || lines.size() < kFewestLines) return std::nullopt;
   RecoveredSong recovered;
+  if (lines[0] == kTitle) {
+    if (!ReadOrigin(lines[1], recovered)) return std::nullopt;
+    lines.erase(lines.begin() + 1);
+  } else if (lines[0] != kFirstTitle) {
+    return std::nullopt;
+  }
+  if (lines.size() < kFewestLines) return std::nullopt;
   Song& song = recovered.song;
   if (!ReadMode(lines[1], recovered.mode) || !ReadInfo(lines[2], song.info)) return std::nullopt;
-  song.elements.resize(lines.size() - 4);
+  song.elements.resize(lines.size() - kFewestLines);
   for (size_t i = 0; i < song.elements.size(); ++i) {
     if (!ReadElement(lines[i + 3], song.elements[i])) return std::nullopt;
   }
   if (!EndFits(text, lines.back(), song.elements.size())) return std::nullopt;
   return recovered;
+}
+
+std::string_view SongPartOf(std::string_view text) {
+  const size_t begin = text.find("\nmode\t");
+  const size_t end = text.rfind("\nend\t");
+  if (begin == text.npos || end == text.npos || end < begin || !text.ends_with('\n')) return {};
+  const std::string_view last = text.substr(end + 1, text.size() - end - 2);
+  uint64_t checksum = 0;
+  const auto fields = FieldsOf(last, "end", 2);
+  if (!fields || !Parse(fields->at(1), checksum) || checksum != Checksum(text.substr(0, end + 1))) return {};
+  return text.substr(begin + 1, end - begin);
 }
 
 }  // namespace trillomat

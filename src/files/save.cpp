@@ -1,6 +1,7 @@
 #include "files/save.h"
 
 #include <optional>
+#include <utility>
 
 #include "core/code_page.h"
 #include "files/replace_file.h"
@@ -36,53 +37,76 @@ std::string WhyNotWritten(const Replacement& replacement) {
   }
 }
 
-// Events run while the bytes are made, so they come from a copy of the song. They are made once the new file
-// is there.
-SaveResult WriteSong(const TargetFile& file, FileStore& store, Document& document, const Services& services,
-                     const std::function<void()>& onMade) {
-  const FormatMode mode = document.Mode();
-  Song written;
-  std::optional<Refusal> refusal;
-  const Replacement replacement = ReplaceFile(
-      file.path, store,
-      [&](std::ostream& stream) {
-        onMade();
-        written = document.CurrentSong();
-        const auto bytes = Write(written, mode, services);
-        if (bytes) stream << *bytes;
-        if (bytes) return;
-        refusal = bytes.Why();
-        stream.setstate(std::ios::badbit);
-      },
-      Streams::AtOnce);
-  LogReplacement(replacement, file, services.log);
-  if (replacement) {
-    document.SetFile(std::filesystem::absolute(file.path), document.CurrentSong() != written);
-    return {};
+// Writes the bytes of the song, once they are made and what they replace is kept.
+class SongWriter {
+ public:
+  SongWriter(const TargetFile& file, const SaveParts& parts) : file_(file), parts_(parts) {}
+
+  // Events run while the bytes are made, so they come from a copy of the song.
+  void Write(std::ostream& stream) {
+    song_ = parts_.document.CurrentSong();
+    const auto bytes = trillomat::Write(song_, parts_.document.Mode(), parts_.services);
+    if (!bytes) {
+      refusal_ = bytes.Why();
+      stream.setstate(std::ios::badbit);
+      return;
+    }
+    replaced_ = parts_.kept.KeepCopy(file_.path, *bytes);
+    if (!replaced_.fault.empty()) LogOf(file_, "Could not keep the old file->", parts_.services.log);
+    stream << *bytes;
   }
-  if (refusal) return {Outcome::NotWritten, refusal->why};
-  LogWriterFault(mode, services.log);
-  return {Outcome::NotWritten, WhyNotWritten(replacement)};
+
+  SaveResult Written() {
+    parts_.kept.Replaced(replaced_);
+    parts_.document.SetFile(std::filesystem::absolute(file_.path), parts_.document.CurrentSong() != song_);
+    return {.replaced = std::move(replaced_)};
+  }
+
+  SaveResult NotWritten(FormatMode mode, const Replacement& replacement) {
+    parts_.kept.NotReplaced(replaced_);
+    if (refusal_) return {Outcome::NotWritten, refusal_->why};
+    LogWriterFault(mode, parts_.services.log);
+    return {Outcome::NotWritten, WhyNotWritten(replacement)};
+  }
+
+ private:
+  const TargetFile& file_;
+  const SaveParts& parts_;
+  Song song_;
+  std::optional<Refusal> refusal_;
+  KeptCopy replaced_;
+};
+
+// The bytes are made once the new file is there.
+SaveResult WriteSong(const TargetFile& file, const SaveParts& parts, const std::function<void()>& onMade) {
+  const FormatMode mode = parts.document.Mode();
+  SongWriter writer(file, parts);
+  const auto write = [&](std::ostream& stream) {
+    onMade();
+    writer.Write(stream);
+  };
+  const Replacement replacement = ReplaceFile(file.path, parts.store, write, Streams::AtOnce);
+  LogReplacement(replacement, file, parts.services.log);
+  return replacement ? writer.Written() : writer.NotWritten(mode, replacement);
 }
 
 }  // namespace
 
-SaveResult SaveOver(const TargetFile& file, FileStore& store, Document& document, const Services& services,
-                    const std::function<void()>& onRemoved) {
-  if (!store.Exists(file.path)) {
-    LogOf(file, "Could not find the file in bDeleteFile....->", services.log);
+SaveResult SaveOver(const TargetFile& file, const SaveParts& parts, const std::function<void()>& onRemoved) {
+  if (!parts.store.Exists(file.path)) {
+    LogOf(file, "Could not find the file in bDeleteFile....->", parts.services.log);
     return {Outcome::NotFound, "the file is not there any more"};
   }
-  if (!store.CanRemove(file.path)) {
-    LogOf(file, "Failed to remove the file in bDeleteFile->", services.log);
-    const bool marked = store.IsReadOnly(file.path);
+  if (!parts.store.CanRemove(file.path)) {
+    LogOf(file, "Failed to remove the file in bDeleteFile->", parts.services.log);
+    const bool marked = parts.store.IsReadOnly(file.path);
     return {Outcome::NotRemoved, std::string(marked ? kMarkedReadOnly : "the old file cannot be replaced")};
   }
-  return WriteSong(file, store, document, services, onRemoved);
+  return WriteSong(file, parts, onRemoved);
 }
 
-SaveResult SaveNew(const TargetFile& file, FileStore& store, Document& document, const Services& services) {
-  return WriteSong(file, store, document, services, [] {});
+SaveResult SaveNew(const TargetFile& file, const SaveParts& parts) {
+  return WriteSong(file, parts, [] {});
 }
 
 bool DeleteFile(const TargetFile& file, FileStore& store, Log& log) {

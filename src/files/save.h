@@ -8,6 +8,7 @@
 #include "core/services.h"
 #include "document/document.h"
 #include "files/file_store.h"
+#include "files/kept_files.h"
 
 namespace trillomat {
 
@@ -22,17 +23,26 @@ struct SaveResult {
   enum class Outcome { Saved, NotFound, NotRemoved, NotWritten };
 
   Outcome outcome = Outcome::Saved;
-  std::string why = {};  ///< why not, Windows-1252
+  std::string why = {};    ///< why not, Windows-1252
+  KeptCopy replaced = {};  ///< of a file that was replaced by other bytes
 };
 
-/// Writes the song in the place of the file, which `document` then belongs to. `onRemoved` is called once the
+/// What saving works on; all of it outlives the call.
+struct SaveParts {
+  FileStore& store;
+  Document& document;
+  KeptFiles& kept;
+  Services services;
+};
+
+/// Writes the song in the place of the file, which the document then belongs to, and keeps what it replaces.
+/// A file that cannot be kept is replaced all the same, which the log says. `onRemoved` is called once the
 /// old file is known to be replaceable, before the writer runs. NotFound, NotRemoved: what DeleteFile fails
 /// with, logged as there.
-SaveResult SaveOver(const TargetFile& file, FileStore& store, Document& document, const Services& services,
-                    const std::function<void()>& onRemoved);
+SaveResult SaveOver(const TargetFile& file, const SaveParts& parts, const std::function<void()>& onRemoved);
 
 /// The same where no file of that name exists: Saved or NotWritten.
-SaveResult SaveNew(const TargetFile& file, FileStore& store, Document& document, const Services& services);
+SaveResult SaveNew(const TargetFile& file, const SaveParts& parts);
 
 /// Deletes a file; false and a log line when it does not exist or stays.
 bool DeleteFile(const TargetFile& file, FileStore& store, Log& log);

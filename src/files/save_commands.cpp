@@ -6,6 +6,8 @@
 #include "core/ascii.h"
 #include "core/code_page.h"
 #include "files/path_text.h"
+#include "files/recent_files.h"
+#include "files/recovery.h"
 
 namespace trillomat {
 
@@ -50,9 +52,9 @@ void SaveCommands::Save() {
 void SaveCommands::WriteSelected() {
   Log& log = parts_.services.log;
   const auto removed = [&log] { log.WriteLog("Removed file", 1); };
-  const SaveResult result =
-      SaveOver(browser_.SelectedFile(), parts_.store, parts_.document, parts_.services, removed);
-  ShowNotice(result);
+  const TargetFile file = browser_.SelectedFile();
+  const SaveResult result = SaveOver(file, WorkParts(), removed);
+  Say(file, result);
   switch (result.outcome) {
     case Outcome::Saved: return log.WriteLog("Saved the file", 1);
     case Outcome::NotWritten: return log.WriteLog("Failed to save the file", 2);
@@ -78,9 +80,8 @@ void SaveCommands::AskAndWrite() {
   const bool exists = parts_.store.Exists(*file);
   if (exists && !parts_.host.AskYesNo("File Exist", "File Already exist! Remove?")) return;
   const TargetFile target{*file, LogText(*file, parts_.store)};
-  const SaveResult result = exists ? SaveOver(target, parts_.store, parts_.document, parts_.services, [] {})
-                                   : SaveNew(target, parts_.store, parts_.document, parts_.services);
-  ShowNotice(result);
+  const SaveResult result = exists ? SaveOver(target, WorkParts(), [] {}) : SaveNew(target, WorkParts());
+  Say(target, result);
   switch (result.outcome) {
     case Outcome::Saved: log.WriteLog("File Saved", 1); return browser_.RefreshAndSelectSaved();
     case Outcome::NotWritten: log.WriteLog("Failed to save file", 2); return browser_.Refresh();
@@ -99,9 +100,14 @@ std::optional<std::filesystem::path> SaveCommands::AskFile() {
   return ChosenFile(*answer, limits.extension);
 }
 
-void SaveCommands::ShowNotice(const SaveResult& result) {
-  const bool saved = result.outcome == Outcome::Saved;
-  parts_.host.Notice(saved ? "" : "Not saved: " + ToUtf8(result.why));
+void SaveCommands::Say(const TargetFile& file, const SaveResult& result) {
+  if (result.outcome != Outcome::Saved) return parts_.host.Say({"Not saved: " + ToUtf8(result.why)});
+  parts_.recent.Add(file.path);
+  parts_.recovery.Tick();  // the song is safe now
+  const std::string replaced = "Replaced " + Utf8OfPath(file.path.filename());
+  if (!result.replaced.copy.empty()) return parts_.host.Say({replaced, FileMessage::Offer::Restore});
+  if (result.replaced.fault.empty()) return parts_.host.Say({});
+  parts_.host.Say({replaced + ", but " + ToUtf8(result.replaced.fault)});
 }
 
 }  // namespace trillomat

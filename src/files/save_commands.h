@@ -40,7 +40,8 @@ class SaveCommands {
   void WriteSelected();
   void AskAndWrite();
   std::optional<std::filesystem::path> AskFile();
-  void ShowNotice(const SaveResult& result);
+  SaveParts WorkParts() const { return {parts_.store, parts_.document, parts_.kept, parts_.services}; }
+  void Say(const TargetFile& file, const SaveResult& result);
 
   FileParts parts_;
   FileBrowser& browser_;

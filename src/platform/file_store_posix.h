@@ -28,6 +28,10 @@ class PosixFileStore : public FileStore {
   FileBytes Read(const std::filesystem::path& file, size_t limit) const override;
   bool Delete(const std::filesystem::path& file) override;
   bool Copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
+  bool CopyInPlace(const std::filesystem::path& from, const std::filesystem::path& to,
+                   bool replace) override {
+    return CopyNewFile(from, to, replace, unfinished_);
+  }
   std::unique_ptr<NewFile> Make(const std::filesystem::path& target, bool userAlone) override {
     return MakeNewFile(target, userAlone, unfinished_);
   }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/ascii.h"
+#include "core/limits.h"
 #include "platform/file_names.h"
 #include "platform/new_file_win32.h"
 
@@ -257,6 +258,14 @@ bool Win32FileStore::Copy(const fs::path& from, const fs::path& to) {
   if (File(to, GENERIC_WRITE, kShareAll, OPEN_EXISTING).Flush()) return true;
   Delete(to);
   return false;
+}
+
+// Files that are worth it are small enough to be held in memory.
+bool Win32FileStore::CopyInPlace(const fs::path& from, const fs::path& to, bool replace) {
+  const FileBytes bytes = Read(from, kLargestInput);
+  if (bytes.fault != FileBytes::Fault::None) return false;
+  const auto copy = MakeCopy(from, to, replace);
+  return copy && copy->Write(bytes.bytes) && copy->Flush() && copy->TakePlace();
 }
 
 std::unique_ptr<NewFile> Win32FileStore::Make(const fs::path& target, bool userAlone) {

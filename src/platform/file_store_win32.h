@@ -23,6 +23,7 @@ class Win32FileStore : public FileStore {
   FileBytes Read(const std::filesystem::path& file, size_t limit) const override;
   bool Delete(const std::filesystem::path& file) override;
   bool Copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
+  bool CopyInPlace(const std::filesystem::path& from, const std::filesystem::path& to, bool replace) override;
   std::unique_ptr<NewFile> Make(const std::filesystem::path& target, bool userAlone) override;
   std::unique_ptr<OutputFile> OpenStream(const std::filesystem::path& file, bool wait) override;
   /// The system does it.

@@ -56,15 +56,21 @@ void CopyAttributes(const fs::path& from, int to) {
 class PosixNewFile : public NewFile {
  public:
   PosixNewFile(fs::path target, bool userAlone, UnfinishedFiles& unfinished);
+  /// A copy of `from`, whose bytes are still to be written.
+  PosixNewFile(const fs::path& from, fs::path target, UnfinishedFiles& unfinished);
   ~PosixNewFile() override;
 
   explicit operator bool() const { return static_cast<bool>(file_); }
 
   bool Write(std::string_view bytes) override { return WriteAll(*file_, bytes); }
   bool Flush() override { return file_.Flush(); }
-  bool TakePlace() override;
+  bool TakePlace() override { return TakePlace(true); }
+  bool TakePlace(bool replace);
+  int operator*() const { return *file_; }
 
  private:
+  void Open();
+  void KeepTime() const;
   bool Link(const fs::path& name) const;
   bool GiveName();
   bool CopyToNamed();
@@ -73,19 +79,42 @@ class PosixNewFile : public NewFile {
   void Prepare(int file) const;
 
   fs::path target_;
-  bool userAlone_;
-  bool replaces_;
+  bool replaces_;    ///< something has the name
+  bool ownRights_;   ///< it is made for the user alone before it gets any other rights
+  fs::path rights_;  ///< of which file; empty for those of a new one
+  bool copies_ = false;
   UnfinishedFiles& unfinished_;
   std::optional<fs::path> name_;
   Descriptor file_;
 };
 
-PosixNewFile::PosixNewFile(fs::path target, bool userAlone, UnfinishedFiles& unfinished)
-    : target_(std::move(target)), userAlone_(userAlone), unfinished_(unfinished) {
+bool IsPlain(const fs::path& file) {
   struct stat found {};
-  replaces_ = stat(target_.c_str(), &found) == 0 && S_ISREG(found.st_mode);
+  return stat(file.c_str(), &found) == 0 && S_ISREG(found.st_mode);
+}
+
+PosixNewFile::PosixNewFile(fs::path target, bool userAlone, UnfinishedFiles& unfinished)
+    : target_(std::move(target)),
+      replaces_(IsPlain(target_)),
+      ownRights_(userAlone || replaces_),
+      rights_(replaces_ && !userAlone ? target_ : fs::path()),
+      unfinished_(unfinished) {
+  Open();
+}
+
+PosixNewFile::PosixNewFile(const fs::path& from, fs::path target, UnfinishedFiles& unfinished)
+    : target_(std::move(target)),
+      replaces_(IsPlain(target_)),
+      ownRights_(true),
+      rights_(from),
+      copies_(true),
+      unfinished_(unfinished) {
+  Open();
+}
+
+void PosixNewFile::Open() {
 #ifdef O_TMPFILE
-  file_ = Descriptor(FolderOf(target_), O_TMPFILE | O_RDWR, userAlone_ || replaces_ ? 0600 : 0666);
+  file_ = Descriptor(FolderOf(target_), O_TMPFILE | O_RDWR, ownRights_ ? 0600 : 0666);
 #endif
   if (!file_) file_ = MakeNamed();
   if (file_ && !name_) Prepare(*file_);
@@ -105,18 +134,31 @@ PosixNewFile::~PosixNewFile() {
 // Before the first byte is in it, and before its name says what it is.
 void PosixNewFile::Prepare(int file) const {
   flock(file, LOCK_EX | LOCK_NB);
-  if (replaces_ && !userAlone_) KeepRights(target_, file);
+  if (!rights_.empty()) KeepRights(rights_, file);
 }
 
-bool PosixNewFile::TakePlace() {
-  if (!name_ && !replaces_ && Link(target_)) return true;
+bool PosixNewFile::TakePlace(bool replace) {
+  KeepTime();
+  if (!name_ && (!replaces_ || !replace)) {
+    if (Link(target_)) return true;
+    if (!replace && errno == EEXIST) return false;
+  }
   if (!name_ && !GiveName()) return false;
-  return unfinished_.Do([this](std::set<fs::path>& names) {
-    if (!Rename(*name_, target_, true)) return false;
+  KeepTime();
+  return unfinished_.Do([this, replace](std::set<fs::path>& names) {
+    if (!Rename(*name_, target_, replace)) return false;
     names.erase(*name_);
     name_.reset();
     return true;
   });
+}
+
+// The last write to it has been made.
+void PosixNewFile::KeepTime() const {
+  struct stat found {};
+  if (!copies_ || stat(rights_.c_str(), &found) != 0) return;
+  const std::array<timespec, 2> times{found.st_atim, found.st_mtim};
+  futimens(*file_, times.data());
 }
 
 // A process may name its own open file by way of /proc.
@@ -158,7 +200,7 @@ Descriptor PosixNewFile::MakeNamed() {
   for (int i = 0; i < kMostNames && !file && (i == 0 || errno == EEXIST); ++i) {
     const fs::path name = folder / (process + std::to_string(i) + std::string(kSuffix));
     unfinished_.Do([&](std::set<fs::path>& names) {
-      file = Descriptor(name, O_RDWR | O_CREAT | O_EXCL, userAlone_ || replaces_ ? 0600 : 0666);
+      file = Descriptor(name, O_RDWR | O_CREAT | O_EXCL, ownRights_ ? 0600 : 0666);
       if (!file) return false;
       Prepare(*file);
       struct stat made {};
@@ -207,6 +249,18 @@ std::unique_ptr<NewFile> MakeNewFile(const fs::path& target, bool userAlone, Unf
   auto file = std::make_unique<PosixNewFile>(target, userAlone, unfinished);
   if (!*file) return nullptr;
   return file;
+}
+
+bool CopyNewFile(const fs::path& from, const fs::path& to, bool replace, UnfinishedFiles& unfinished) {
+  const Descriptor source(from, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+  struct stat found {};
+  if (!source || fstat(*source, &found) != 0) return false;
+  errno = EINVAL;
+  if (!S_ISREG(found.st_mode)) return false;
+  PosixNewFile copy(from, to, unfinished);
+  if (!copy || !CopyBytes(*source, *copy) || !copy.Flush() || !copy.TakePlace(replace)) return false;
+  Descriptor(FolderOf(to), O_RDONLY | O_DIRECTORY).Flush();
+  return true;
 }
 
 void SweepNewFiles(const fs::path& folder) {

@@ -42,6 +42,10 @@ class UnfinishedFiles {
 std::unique_ptr<NewFile> MakeNewFile(const std::filesystem::path& target, bool userAlone,
                                      UnfinishedFiles& unfinished);
 
+/// As FileStore::CopyInPlace.
+bool CopyNewFile(const std::filesystem::path& from, const std::filesystem::path& to, bool replace,
+                 UnfinishedFiles& unfinished);
+
 /// As FileStore::Sweep.
 void SweepNewFiles(const std::filesystem::path& folder);
 

@@ -13,7 +13,12 @@ namespace fs = std::filesystem;
 
 class Win32NewFile : public NewFile {
  public:
-  explicit Win32NewFile(fs::path target) : target_(std::move(target)), replaces_(fs::exists(target_)) {
+  /// With the time of change and the attributes of `like` where that is a file.
+  explicit Win32NewFile(fs::path target, fs::path like = {}, bool replace = true)
+      : target_(std::move(target)),
+        like_(std::move(like)),
+        replace_(replace),
+        replaces_(fs::exists(target_)) {
     constexpr int kMostNames = 100;
     const fs::path folder = target_.parent_path();
     for (int i = 0; i < kMostNames && !*this; ++i) {
@@ -50,7 +55,9 @@ class Win32NewFile : public NewFile {
   }
 
   fs::path target_;
-  bool replaces_;
+  fs::path like_;
+  bool replace_;   ///< whether it may
+  bool replaces_;  ///< something has the name
   fs::path name_;
   HANDLE handle_ = INVALID_HANDLE_VALUE;
 };
@@ -58,10 +65,18 @@ class Win32NewFile : public NewFile {
 // The move waits until the medium's journal has it.
 bool Win32NewFile::TakePlace() {
   if (replaces_) KeepRights(target_, handle_);
+  WIN32_FILE_ATTRIBUTE_DATA found{};
+  if (!like_.empty() && GetFileAttributesExW(like_.c_str(), GetFileExInfoStandard, &found) != FALSE) {
+    FILE_BASIC_INFO info{};
+    info.LastWriteTime.LowPart = found.ftLastWriteTime.dwLowDateTime;
+    info.LastWriteTime.HighPart = static_cast<LONG>(found.ftLastWriteTime.dwHighDateTime);
+    info.FileAttributes = found.dwFileAttributes;
+    SetFileInformationByHandle(handle_, FileBasicInfo, &info, sizeof info);
+  }
   DeleteWhenClosed(false);
   Close();
-  constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-  if (MoveFileExW(name_.c_str(), target_.c_str(), kHow) != FALSE) return true;
+  const DWORD how = MOVEFILE_WRITE_THROUGH | (replace_ ? MOVEFILE_REPLACE_EXISTING : 0);
+  if (MoveFileExW(name_.c_str(), target_.c_str(), how) != FALSE) return true;
   const DWORD code = GetLastError();
   DeleteFileW(name_.c_str());
   SetLastError(code);
@@ -90,6 +105,12 @@ void KeepAccessList(const fs::path& from, HANDLE to) {
 // The folders of a user's own files let nobody else in, so `userAlone` needs nothing.
 std::unique_ptr<NewFile> MakeNewFile(const fs::path& target, bool /*userAlone*/) {
   auto file = std::make_unique<Win32NewFile>(target);
+  if (!*file) return nullptr;
+  return file;
+}
+
+std::unique_ptr<NewFile> MakeCopy(const fs::path& from, const fs::path& target, bool replace) {
+  auto file = std::make_unique<Win32NewFile>(target, from, replace);
   if (!*file) return nullptr;
   return file;
 }

@@ -16,6 +16,11 @@ namespace trillomat {
 /// As FileStore::Make.
 std::unique_ptr<NewFile> MakeNewFile(const std::filesystem::path& target, bool userAlone);
 
+/// The same for a copy: with the access list of what it replaces, else of its folder, and the time of change
+/// and the attributes of `from`. Without `replace` it takes no place that is taken.
+std::unique_ptr<NewFile> MakeCopy(const std::filesystem::path& from, const std::filesystem::path& target,
+                                  bool replace);
+
 /// Gives the open file `to` the access list of `from`, what it inherits staying inherited, and whether it is
 /// shown.
 void KeepRights(const std::filesystem::path& from, HANDLE to);

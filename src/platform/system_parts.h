@@ -1,10 +1,12 @@
 // The system's own implementation of each seam, for the programs to wire in.
 #pragma once
 
+#include <filesystem>
 #include <memory>
 
 #include "core/clock.h"
 #include "core/log.h"
+#include "files/file_keeper.h"
 #include "files/file_store.h"
 #include "playback/sound_device.h"
 
@@ -16,5 +18,9 @@ std::unique_ptr<Clock> SystemClock();
 std::unique_ptr<SoundDevice> SystemSound(Log& log);
 
 std::unique_ptr<FileStore> SystemFileStore();
+
+/// The desktop's trash, or else a folder of the program's own in `stateFolder` (on Windows always that).
+/// `files` outlives it.
+std::unique_ptr<FileKeeper> SystemFileKeeper(FileStore& files, const std::filesystem::path& stateFolder);
 
 }  // namespace trillomat

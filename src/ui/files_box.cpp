@@ -23,8 +23,11 @@ FilesBox::FilesBox(const FilesBoxParts& parts, QWidget* parent)
     : QGroupBox(QStringLiteral("Files"), parent),
       parts_(parts),
       recovery_(parts.document, parts.files, parts.stateFolder, parts.services.log),
-      browser_({parts.document, parts.record, parts.files, operations_, recovery_, *this, parts.services}),
-      save_({parts.document, parts.record, parts.files, operations_, recovery_, *this, parts.services},
+      kept_(parts.files, parts.keeper),
+      browser_({parts.document, parts.record, parts.files, operations_, recovery_, kept_, recent_, *this,
+                parts.services}),
+      save_({parts.document, parts.record, parts.files, operations_, recovery_, kept_, recent_, *this,
+             parts.services},
             browser_),
       drives_(new QComboBox(this)),
       folder_(new QLabel(this)),
@@ -146,7 +149,7 @@ bool FilesBox::Start() {
   if (!browser_.FillDrives()) return false;
   started_ = true;
   browser_.Refresh();
-  endedAbnormally_ = recovery_.Start();
+  left_ = recovery_.Start();
   recoveryTimer_.start(Recovery::kTickInterval);
   return true;
 }
@@ -161,13 +164,7 @@ void FilesBox::End() {
 }
 
 void FilesBox::OfferRecovery() {
-  if (!std::exchange(endedAbnormally_, false)) return;
-  const bool wanted = parts_.questions.AskYesNo(
-      window(), QStringLiteral("Trillomat"),
-      QStringLiteral("Trillomat did not end normally the last time. Bring back the melody that was being "
-                     "composed?\n\nWith No it stays available as \"Recover last melody\" in the File menu "
-                     "until another melody takes its place."));
-  if (wanted) browser_.RecoverLast();
+  if (left_) browser_.OfferLeft(*std::exchange(left_, std::nullopt));
 }
 
 void FilesBox::Import() {
@@ -179,10 +176,10 @@ void FilesBox::Import() {
   if (!imported) return;
   if (!imported->read) {
     parts_.record = imported->read.record;
-    return Notice("Not imported: " + ToUtf8(imported->read.refusal->why));
+    return Say({"Not imported: " + ToUtf8(imported->read.refusal->why)});
   }
   browser_.TakeImported(std::move(imported->read));
-  if (!imported->notAdapted.empty()) Notice("Not adapted: " + ToUtf8(imported->notAdapted));
+  if (!imported->notAdapted.empty()) Say({"Not adapted: " + ToUtf8(imported->notAdapted)});
 }
 
 void FilesBox::Export() {
@@ -240,9 +237,9 @@ void FilesBox::StartClickTimer() { clickTimer_.start(kClickDelay); }
 
 void FilesBox::StopClickTimer() { clickTimer_.stop(); }
 
-void FilesBox::Notice(std::string_view text) {
-  notice_->setText(ShownMessage(ShownName(text)));
-  notice_->setVisible(!text.empty());
+void FilesBox::Say(const FileMessage& message) {
+  notice_->setText(ShownMessage(ShownName(message.text)));
+  notice_->setVisible(!message.text.empty());
 }
 
 std::optional<std::string> FilesBox::AskNewName(std::string_view name) {
@@ -253,6 +250,10 @@ std::optional<std::string> FilesBox::AskNewName(std::string_view name) {
 
 std::optional<std::filesystem::path> FilesBox::AskSavePath(const SaveDialog& dialog) {
   return parts_.questions.AskSavePath(window(), dialog);
+}
+
+std::optional<std::filesystem::path> FilesBox::AskOpenPath(const OpenDialog& dialog) {
+  return parts_.questions.AskOpenPath(window(), dialog);
 }
 
 bool FilesBox::AskYesNo(std::string_view title, std::string_view question) {

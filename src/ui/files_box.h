@@ -13,6 +13,8 @@
 
 #include "composer/composer.h"
 #include "files/file_browser.h"
+#include "files/kept_files.h"
+#include "files/recent_files.h"
 #include "files/recovery.h"
 #include "files/save_commands.h"
 #include "ui/controls.h"
@@ -25,6 +27,7 @@ struct FilesBoxParts {
   Document& document;
   ReadRecord& record;
   FileStore& files;
+  FileKeeper& keeper;
   Questions& questions;
   Composer& composer;
   PlayControls& play;
@@ -45,7 +48,7 @@ class FilesBox : public QGroupBox, private FilesHost {
   /// At the program's start and at its normal end. False when the program has to end at once.
   bool Start();
   void End();
-  /// After a run that ended abnormally: says so and offers to bring its song back.
+  /// After a run that left a song unsaved: says so and offers to bring it back.
   void OfferRecovery();
   void KeepBeforeClearing() { recovery_.KeepBeforeReplacing(); }
 
@@ -70,6 +73,7 @@ class FilesBox : public QGroupBox, private FilesHost {
 
   // FilesHost
   bool ToneSounds() const override;
+  bool MayEdit() const override { return parts_.composer.MayEdit(); }
   void StopPlaying() override;
   void TakeIn(ReadResult&& read, FormatMode mode, const std::filesystem::path& file,
               std::string_view step) override;
@@ -79,9 +83,10 @@ class FilesBox : public QGroupBox, private FilesHost {
   void PopUpFileMenu() override;
   void StartClickTimer() override;
   void StopClickTimer() override;
-  void Notice(std::string_view text) override;
+  void Say(const FileMessage& message) override;
   std::optional<std::string> AskNewName(std::string_view name) override;
   std::optional<std::filesystem::path> AskSavePath(const SaveDialog& dialog) override;
+  std::optional<std::filesystem::path> AskOpenPath(const OpenDialog& dialog) override;
   bool AskYesNo(std::string_view title, std::string_view question) override;
   void SetSaveCaption(std::string_view caption) override;
   void SetSaveAsCaption(std::string_view caption) override;
@@ -89,12 +94,14 @@ class FilesBox : public QGroupBox, private FilesHost {
   FilesBoxParts parts_;
   FileOperations operations_;
   Recovery recovery_;
+  KeptFiles kept_;
+  RecentFiles recent_;
   FileBrowser browser_;
   SaveCommands save_;
   QTimer clickTimer_;
   QTimer recoveryTimer_;
   bool started_ = false;
-  bool endedAbnormally_ = false;
+  std::optional<KeptSong> left_;
 
   QComboBox* drives_;
   QLabel* folder_;

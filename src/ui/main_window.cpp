@@ -53,8 +53,8 @@ MainWindow::MainWindow(const WindowParts& parts)
       melody_(new MelodyBox(composer_, play_, this)),
       songInfo_(new SongInfoBox(composer_, this)),
       phone_(new PhoneDisplay(this)),
-      files_(new FilesBox({parts.document, parts.record, parts.files, parts.questions, composer_, play_,
-                           playSettings_, parts.services, parts.stateFolder},
+      files_(new FilesBox({parts.document, parts.record, parts.files, parts.keeper, parts.questions,
+                           composer_, play_, playSettings_, parts.services, parts.stateFolder},
                           this)) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowTitle(QStringLiteral("Trillomat"));

@@ -29,6 +29,7 @@ struct WindowParts {
   SoundDevice& sound;
   SettingsStore& settings;
   FileStore& files;
+  FileKeeper& keeper;  ///< of files that are replaced or deleted
   Questions& questions;
   std::filesystem::path stateFolder = {};  ///< where the recovery file is kept; empty for nowhere
 };
@@ -45,7 +46,7 @@ class MainWindow final : public QMainWindow,
 
   /// The program's start: logs it and applies the settings. False when the program has to end at once.
   bool Load();
-  /// Offers the song of a run that ended abnormally, if there is one.
+  /// Offers the song that the last run left unsaved, if there is one.
   void OfferRecovery() { files_->OfferRecovery(); }
   /// The program's end: saves the settings and logs it.
   void Unload();

@@ -21,6 +21,14 @@ std::optional<std::filesystem::path> QtQuestions::AskSavePath(QWidget* parent, c
   return PathOfUtf8(file.toStdString());
 }
 
+std::optional<std::filesystem::path> QtQuestions::AskOpenPath(QWidget* parent, const OpenDialog& dialog) {
+  const QString file =
+      QFileDialog::getOpenFileName(parent, QStringLiteral("Open"), FromUtf8Bytes(Utf8OfPath(dialog.folder)),
+                                   QString::fromStdString(dialog.filter));
+  if (file.isEmpty()) return std::nullopt;
+  return PathOfUtf8(file.toStdString());
+}
+
 bool QtQuestions::AskYesNo(QWidget* parent, const QString& title, const QString& question) {
   QMessageBox box(QMessageBox::Question, title, {}, QMessageBox::Yes | QMessageBox::No, parent);
   box.setTextFormat(Qt::PlainText);

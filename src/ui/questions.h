@@ -19,6 +19,7 @@ class Questions {
 
   // As in FilesHost; the dialogs stand over `parent`.
   virtual std::optional<std::filesystem::path> AskSavePath(QWidget* parent, const SaveDialog& dialog) = 0;
+  virtual std::optional<std::filesystem::path> AskOpenPath(QWidget* parent, const OpenDialog& dialog) = 0;
   virtual bool AskYesNo(QWidget* parent, const QString& title, const QString& question) = 0;
 };
 
@@ -26,6 +27,7 @@ class Questions {
 class QtQuestions : public Questions {
  public:
   std::optional<std::filesystem::path> AskSavePath(QWidget* parent, const SaveDialog& dialog) override;
+  std::optional<std::filesystem::path> AskOpenPath(QWidget* parent, const OpenDialog& dialog) override;
   bool AskYesNo(QWidget* parent, const QString& title, const QString& question) override;
 };
 

@@ -11,6 +11,9 @@
 #include <vector>
 
 #include "files/file_browser.h"
+#include "files/folder_keeper.h"
+#include "files/kept_files.h"
+#include "files/recent_files.h"
 #include "files/recovery.h"
 #include "files/save_commands.h"
 #include "support/fakes.h"
@@ -26,15 +29,20 @@ class FakeFilesHost : public FilesHost {
 
   FileBrowser* browser = nullptr;
   std::vector<std::string> calls;
-  std::string notice;
+  std::string notice;  ///< what was said last
+  FileMessage::Offer offer = FileMessage::Offer::None;
   bool toneSounds = false;
+  bool plays = false;
   int opened = 0;                                 ///< how often PlayOrShow was called
   std::optional<std::string> newName;             ///< what frmRename answers
   std::optional<std::filesystem::path> savePath;  ///< what the save dialog answers
   std::optional<SaveDialog> dialog;               ///< what it was opened with
-  bool yes = true;                                ///< what the Yes/No box answers
-  std::function<void()> meanwhile;                ///< while the menu or a dialog is open, or a song plays
+  std::optional<std::filesystem::path> openPath;  ///< what the open dialog answers
+  std::optional<OpenDialog> openDialog;
+  bool yes = true;                  ///< what the Yes/No box answers
+  std::function<void()> meanwhile;  ///< while the menu or a dialog is open, or a song plays
 
+  bool MayEdit() const override { return !plays; }
   bool ToneSounds() const override { return toneSounds; }
   void StopPlaying() override { calls.emplace_back("stop"); }
   void EnterMode(FormatMode mode) {
@@ -64,7 +72,10 @@ class FakeFilesHost : public FilesHost {
   }
   void StartClickTimer() override { calls.emplace_back("timer on"); }
   void StopClickTimer() override { calls.emplace_back("timer off"); }
-  void Notice(std::string_view text) override { notice = text; }
+  void Say(const FileMessage& message) override {
+    notice = message.text;
+    offer = message.offer;
+  }
   std::optional<std::string> AskNewName(std::string_view name) override {
     calls.push_back("rename " + std::string(name));
     Meanwhile();
@@ -74,6 +85,11 @@ class FakeFilesHost : public FilesHost {
     dialog = asked;
     Meanwhile();
     return savePath;
+  }
+  std::optional<std::filesystem::path> AskOpenPath(const OpenDialog& asked) override {
+    openDialog = asked;
+    Meanwhile();
+    return openPath;
   }
   bool AskYesNo(std::string_view title, std::string_view question) override {
     calls.push_back(std::string(title) + "|" + std::string(question));
@@ -149,7 +165,11 @@ class FilesTest : public testing::Test, public FakeServices {
   FakeFilesHost host{document};
   /// Keeps nothing until it is started.
   std::optional<Recovery> recovery{std::in_place, document, store, folder / "state", log};
-  FileParts parts{document, record, store, operations, *recovery, host, services};
+  TempFolder keptFolder;
+  FolderKeeper keeper{store, keptFolder.Path()};
+  KeptFiles kept{store, keeper};
+  RecentFiles recent;
+  FileParts parts{document, record, store, operations, *recovery, kept, recent, host, services};
   FileBrowser browser{parts};
   SaveCommands save{parts, browser};
 };

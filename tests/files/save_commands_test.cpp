@@ -75,7 +75,7 @@ TEST_F(FilesTest, SaveAsFollowsTheAnswers) {
                         {"extension there", "x.ImY", true, "x.ImY", saved},
                         {"extension inside", "x.imy.txt", true, "x.imy.txt", saved},
                         {"answered No", "old.imy", false, "", {}},
-                        {"answered Yes", "old", true, "old.imy", saved},
+                        {"answered Yes", "old", true, "old.imy", saved, "Replaced old.imy"},
                         {"a folder in its place", "folder.imy", true, "", inTheWay,
                          "Not saved: the old file cannot be replaced"},
                         {"no such folder", "gone/new.imy", true, "", nowhere,

@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "files/folder_keeper.h"
 #include "support/fake_sound.h"
 #include "support/folder_store.h"
 #include "support/memory_store.h"
@@ -35,6 +36,11 @@ class FakeQuestions : public Questions {
     if (whileAsking) whileAsking();
     return savePath;
   }
+  std::optional<std::filesystem::path> AskOpenPath(QWidget* /*parent*/,
+                                                   const OpenDialog& /*dialog*/) override {
+    if (whileAsking) whileAsking();
+    return openPath;
+  }
   bool AskYesNo(QWidget* /*parent*/, const QString& /*title*/, const QString& /*question*/) override {
     return yes;
   }
@@ -42,6 +48,7 @@ class FakeQuestions : public Questions {
   int saveDialogs = 0;
   std::function<void()> whileAsking;
   std::optional<std::filesystem::path> savePath;
+  std::optional<std::filesystem::path> openPath;
   bool yes = true;
 };
 
@@ -54,7 +61,7 @@ constexpr const char* kRefusedTune = "NAME:Refused\r\nBEAT:300\r\nSTYLE:S1\r\nno
 /// What the program is made of, apart from the window.
 struct Parts : FakeServices {
   WindowParts ForWindow(const std::filesystem::path& stateFolder = {}) {
-    return {document, record, services, clock, sound, settings, files, questions, stateFolder};
+    return {document, record, services, clock, sound, settings, files, keeper, questions, stateFolder};
   }
 
   Document document;
@@ -63,6 +70,8 @@ struct Parts : FakeServices {
   MemoryStore settings;
   TempFolder folder;  ///< drive C:
   FolderStore files{folder.Path()};
+  TempFolder keptFolder;
+  FolderKeeper keeper{files, keptFolder.Path()};
   FakeQuestions questions;
 };
 

@@ -187,6 +187,7 @@ TEST(MainWindowClosing, ClosingEndsPlayPauseAndEveryWait) {
                      parts.sound,
                      parts.settings,
                      parts.files,
+                     parts.keeper,
                      parts.questions});
   window.Load();
   QObject::connect(&window, &MainWindow::Closed, &window, [&pump] { pump.End(); });

@@ -181,7 +181,7 @@ class MonkeyTest : public testing::Test {
     window.reset();
     document = std::make_unique<Document>();
     window = std::make_unique<MainWindow>(
-        WindowParts{*document, record, {log, pump}, pump.clock, sound, settings, files, questions});
+        WindowParts{*document, record, {log, pump}, pump.clock, sound, settings, files, keeper, questions});
     ASSERT_TRUE(window->Load());
     window->show();
     QObject::connect(window.get(), &MainWindow::Closed, window.get(), [this] { pump.ending = true; });
@@ -205,6 +205,8 @@ class MonkeyTest : public testing::Test {
   MemoryStore settings;
   TempFolder folder;
   CagedFiles files{folder.Path()};
+  TempFolder keptFolder;
+  FolderKeeper keeper{files, keptFolder.Path()};
   FakeQuestions questions;
   BoxLog log;
   ReadRecord record;
