@@ -71,7 +71,7 @@ void NoteStrip::ShowPlaying(int32_t index) {
   for (const int32_t changed : {before, playing_}) {
     if (changed >= 0) UpdateBetween(layout_.Left(changed), layout_.Left(changed + 1));
   }
-  if (playing_ >= 0) KeepInView(playing_);
+  if (playing_ >= 0 && !composer_.MayEdit()) KeepInView(playing_);
 }
 
 void NoteStrip::UpdateFrom(double place) { UpdateBetween(place, Geometry().Place(viewport()->width())); }

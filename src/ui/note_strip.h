@@ -26,7 +26,7 @@ class NoteStrip final : public QAbstractScrollArea, private DocumentObserver {
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
-  /// The element at `index` plays, none for -1. It is lit and kept in view.
+  /// The element at `index` sounds, none for -1. It is lit, and while the melody plays kept in view.
   void ShowPlaying(int32_t index);
   /// About the cursor, as far as it goes.
   void ZoomIn();

@@ -36,12 +36,13 @@ StripGeometry NoteStrip::Geometry() const {
   const QRectF view(viewport()->rect());
   const double line = fontMetrics().height();
   const double all = rows_.Size() * rowHeight_;
-  const double keys = std::ceil(fontMetrics().horizontalAdvance(QStringLiteral("C8")) + line * 0.6);
+  const double keys = std::ceil(fontMetrics().horizontalAdvance(QStringLiteral("C8")) + line);
   return {.view = view,
           .keys = keys,
           .left = keys + kMargin * line - horizontalScrollBar()->value(),
           .top = std::max((view.height() - all) / 2, 0.0) - verticalScrollBar()->value(),
           .rowHeight = rowHeight_,
+          .pixel = 1 / devicePixelRatioF(),
           .rows = rows_};
 }
 

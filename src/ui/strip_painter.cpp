@@ -2,6 +2,7 @@
 
 #include <QPainterPath>
 #include <algorithm>
+#include <cmath>
 
 #include "ui/colours.h"
 #include "ui/strip_symbols.h"
@@ -49,7 +50,7 @@ void StripPainter::PaintRows() {
 void StripPainter::PaintBars(const std::vector<double>& bars) {
   painter_.setPen(Shade(0.35));
   for (const double bar : bars) {
-    const double x = geometry_.X(bar);
+    const double x = Sharp(geometry_.X(bar));
     painter_.drawLine(QPointF(x, geometry_.view.top()), QPointF(x, geometry_.view.bottom()));
   }
 }
@@ -128,7 +129,7 @@ void StripPainter::PaintPlaying(const StripItem& item) {
 
 // A line with a head at both ends, which no bar line has.
 void StripPainter::PaintCursor(double place) {
-  const double x = geometry_.X(place);
+  const double x = Sharp(geometry_.X(place));
   const QRectF& view = geometry_.view;
   const QColor ink = Shade(1);
   painter_.fillRect(QRectF(x - kCursorWidth / 2, view.top(), kCursorWidth, view.height()), ink);
@@ -142,34 +143,43 @@ void StripPainter::PaintCursor(double place) {
   painter_.drawPolygon(QPolygonF({foot - across, foot + across, foot - down}));
 }
 
+// Edges between two pixels of the screen are blurred.
+double StripPainter::Sharp(double x) const { return std::round(x / geometry_.pixel) * geometry_.pixel; }
+
 QRectF StripPainter::Column(const StripItem& item) const {
-  return {geometry_.X(item.left), geometry_.view.top(), item.right - item.left, geometry_.view.height()};
+  const double left = Sharp(geometry_.X(item.left));
+  return {left, geometry_.view.top(), Sharp(geometry_.X(item.right)) - left, geometry_.view.height()};
 }
 
 // Two tones of the same pitch leave a gap between them.
 QRectF StripPainter::BoxOf(const StripItem& item) const {
-  const double width = std::max(item.right - item.left - kGap, 1.0);
-  return {geometry_.X(item.left) + 0.5, geometry_.Y(item.row) + 0.5, width - 0.5, geometry_.rowHeight - 1};
+  const QRectF column = Column(item);
+  const double width = std::max(column.width() - 2 * kGap, 1.0);
+  return {column.left() + kGap / 2, geometry_.Y(item.row) + 0.5, width, geometry_.rowHeight - 1};
 }
 
+// Black keys reach from the back to the middle, and each c has its octave beside it.
 void StripPainter::PaintKeys() {
   const QRectF keys(geometry_.view.left(), geometry_.view.top(), geometry_.keys, geometry_.view.height());
   painter_.setRenderHint(QPainter::Antialiasing, false);
-  painter_.fillRect(keys, Shade(0.03));
+  painter_.fillRect(keys, Shade(0));
   for (int row = geometry_.rows.lowest; row <= geometry_.rows.highest; ++row) {
-    const QRectF band(keys.left(), geometry_.Y(row), keys.width(), geometry_.rowHeight);
-    if (IsBlackRow(row)) painter_.fillRect(band.adjusted(keys.width() * 0.5, 0, 0, 0), Shade(0.55));
-    if (row % kRowsPerOctave != 0) continue;
-    painter_.setPen(Shade(0.35));
-    painter_.drawLine(band.bottomLeft(), band.bottomRight());
-    painter_.setPen(Shade(0.85));
-    const QRectF label(keys.left() + 2, band.bottom() - painter_.fontMetrics().height(), keys.width(),
-                       painter_.fontMetrics().height());
-    painter_.drawText(label, Qt::AlignLeft | Qt::AlignBottom,
-                      QStringLiteral("C%1").arg(row / kRowsPerOctave));
+    const QRectF key(keys.left(), geometry_.Y(row), keys.width(), geometry_.rowHeight);
+    if (!key.intersects(keys)) continue;
+    if (IsBlackRow(row)) painter_.fillRect(key.adjusted(0, 0, -keys.width() * 0.6, 0), Shade(0.6));
+    if (row % kRowsPerOctave == 0) PaintOctave(row, key);
   }
   painter_.setPen(Shade(0.35));
   painter_.drawLine(keys.topRight(), keys.bottomRight());
+}
+
+void StripPainter::PaintOctave(int row, const QRectF& key) {
+  painter_.setPen(Shade(0.2));
+  painter_.drawLine(key.bottomLeft(), key.bottomRight());
+  painter_.setPen(Shade(0.9));
+  const double line = painter_.fontMetrics().height();
+  const QRectF label(key.left(), key.bottom() - line, key.width() - 3, line);
+  painter_.drawText(label, Qt::AlignRight | Qt::AlignBottom, QStringLiteral("C%1").arg(row / kRowsPerOctave));
 }
 
 void StripPainter::PaintFocus() {

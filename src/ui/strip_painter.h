@@ -17,6 +17,7 @@ struct StripGeometry {
   double left = 0;       ///< x of place 0
   double top = 0;        ///< y of the upper edge of the highest row
   double rowHeight = 1;  ///< of a semitone
+  double pixel = 1;      ///< of the screen
   RowSpan rows;          ///< all of them, seen or not
 
   double X(double place) const { return left + place; }
@@ -49,6 +50,7 @@ class StripPainter {
 
  private:
   void PaintRows();
+  void PaintOctave(int row, const QRectF& key);
   void PaintBars(const std::vector<double>& bars);
   void PaintSelection(const StripState& state);
   void PaintItem(const Element& element, const StripItem& item, bool playing);
@@ -59,6 +61,7 @@ class StripPainter {
   void PaintCursor(double place);
   QRectF Column(const StripItem& item) const;
   QRectF BoxOf(const StripItem& item) const;
+  double Sharp(double x) const;
   QColor Shade(double share) const;
   QColor Accent() const { return palette_.color(QPalette::Highlight); }
 
