@@ -16,6 +16,7 @@ class IniSettingsStore : public SettingsStore {
   IniSettingsStore(std::filesystem::path file, FileStore& files);
 
   std::optional<Refusal> Fault() const override { return fault_; }
+  void Refresh() override { Read(); }
   std::optional<std::string> Get(std::string_view section, std::string_view key) const override;
   std::optional<Refusal> Write(const SettingsChanges& changes) override;
 

@@ -12,6 +12,7 @@ class RegistrySettingsStore : public SettingsStore {
  public:
   RegistrySettingsStore();
 
+  void Refresh() override { settings_.sync(); }
   std::optional<std::string> Get(std::string_view section, std::string_view key) const override;
   std::optional<Refusal> Write(const SettingsChanges& changes) override;
 

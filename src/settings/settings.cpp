@@ -1,5 +1,7 @@
 #include "settings/settings.h"
 
+#include <algorithm>
+#include <functional>
 #include <optional>
 #include <string_view>
 
@@ -15,6 +17,59 @@ constexpr int32_t kLayoutCounter = 2;
 constexpr std::string_view kVersion = "Version";
 constexpr std::string_view kPath = "Path";
 constexpr std::string_view kSettings = "Settings";
+constexpr std::string_view kRecent = "Recent";
+constexpr size_t kMostRecent = 10;
+
+using Paths = std::vector<std::string>;
+
+bool Has(const Paths& paths, const std::string& path) {
+  return std::find(paths.begin(), paths.end(), path) != paths.end();
+}
+
+// Empty ones are places that are not used.
+Paths RecentIn(const std::function<std::string(std::string_view)>& get) {
+  Paths paths;
+  for (size_t i = 0; i < kMostRecent; ++i) {
+    const std::string path = get(std::to_string(i));
+    if (!path.empty() && !Has(paths, path)) paths.push_back(path);
+  }
+  return paths;
+}
+
+// How many at the front of `own` were used in this run: the others stand in the order in which they were
+// loaded.
+size_t UsedCount(const Paths& own, const Paths& loaded) {
+  auto before = loaded.rbegin();
+  size_t used = own.size();
+  for (; used > 0; --used) {
+    before = std::find(before, loaded.rend(), own[used - 1]);
+    if (before == loaded.rend()) break;
+    ++before;
+  }
+  return used;
+}
+
+// What this run used comes first, then what is stored by now, without what this run dropped.
+Paths Merged(const Paths& own, const Paths& loaded, const Paths& stored) {
+  Paths merged(own.begin(), own.begin() + static_cast<std::ptrdiff_t>(UsedCount(own, loaded)));
+  for (const std::string& path : stored) {
+    const bool dropped = Has(loaded, path) && !Has(own, path);
+    if (!dropped && !Has(merged, path)) merged.push_back(path);
+  }
+  merged.resize(std::min(merged.size(), kMostRecent));
+  return merged;
+}
+
+void PutRecent(const Paths& own, SettingsDraft& draft) {
+  const Paths loaded = RecentIn([&](std::string_view key) { return draft.Seen(kRecent, key); });
+  if (own == loaded) return;
+  draft.Refresh();
+  const Paths stored = RecentIn([&](std::string_view key) { return draft.Stored(kRecent, key); });
+  const Paths merged = Merged(own, loaded, stored);
+  for (size_t i = 0; i < kMostRecent; ++i) {
+    draft.SetAlways(kRecent, std::to_string(i), i < merged.size() ? merged[i] : "");
+  }
+}
 
 // Digits with a sign in front and nothing else, as PutSettings writes them.
 std::optional<int32_t> WholeNumber(std::string_view text) {
@@ -81,7 +136,11 @@ Settings LoadSettings(SettingsDraft& draft, Log& log) {
           .playComposing = loader.Boolean("PlayComposing", first.playComposing),
           .duration = loader.Index("Duration", first.duration, kDurations.size()),
           .durationExtra = loader.Index("DurationExtra", first.durationExtra, kDurationExtras.size()),
-          .output = loader.Index("OutPut", first.output, static_cast<size_t>(kLastOutputType) + 1)};
+          .output = loader.Index("OutPut", first.output, static_cast<size_t>(kLastOutputType) + 1),
+          .volume = loader.Index("Volume", first.volume, 101),
+          .noteStrip = loader.Boolean("NoteStrip", first.noteStrip),
+          .stripZoom = loader.Number(kSettings, "StripZoom", first.stripZoom, 1, 10000),
+          .recentFiles = RecentIn([&](std::string_view key) { return loader.Text(kRecent, key, ""); })};
 }
 
 void PutSettings(const Settings& settings, SettingsDraft& draft) {
@@ -101,6 +160,10 @@ void PutSettings(const Settings& settings, SettingsDraft& draft) {
   number("OutPut", settings.output);
   number("Duration", settings.duration);
   number("DurationExtra", settings.durationExtra);
+  number("Volume", settings.volume);
+  boolean("NoteStrip", settings.noteStrip);
+  number("StripZoom", settings.stripZoom);
+  PutRecent(settings.recentFiles, draft);
 }
 
 void Save(SettingsDraft& draft, Log& log) {
@@ -111,6 +174,7 @@ void CleanUpSettings(SettingsDraft& draft, Log& log) {
   log.WriteLog("#############Cleaning up registry##############", 1);
   draft.DeleteSection(kPath);
   draft.DeleteSection(kSettings);
+  draft.DeleteSection(kRecent);
 }
 
 }  // namespace trillomat

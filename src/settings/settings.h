@@ -2,13 +2,16 @@
 //
 //   [Version]   Counter        layout number of the settings; an older one makes them start afresh
 //   [Path]      BrowseFolder
-//   [Settings]  AutoPlay Mode Scale PlayMoving PlayComposing OutPut Duration DurationExtra
+//   [Settings]  AutoPlay Mode Scale PlayMoving PlayComposing OutPut Duration DurationExtra Volume NoteStrip
+//               StripZoom
+//   [Recent]    0 to 9         the files that were opened or saved last, the newest first
 //
 // Every value is text: numbers in decimal, booleans as "True" or "False".
 #pragma once
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "core/format_mode.h"
 #include "core/log.h"
@@ -23,9 +26,13 @@ struct Settings {
   bool autoPlay = true;
   bool playMoving = true;
   bool playComposing = true;
-  int16_t duration = 4;       ///< index of the duration option
-  int16_t durationExtra = 0;  ///< index of the duration-extra option
-  int16_t output = 1;         ///< an OutputType
+  int16_t duration = 4;                       ///< index of the duration option
+  int16_t durationExtra = 0;                  ///< index of the duration-extra option
+  int16_t output = 1;                         ///< an OutputType
+  int16_t volume = 100;                       ///< of our own output, in percent
+  bool noteStrip = true;                      ///< it is shown
+  int32_t stripZoom = 100;                    ///< in percent, 1 to 10000
+  std::vector<std::string> recentFiles = {};  ///< in the system's bytes, the newest first, none twice
 
   bool operator==(const Settings&) const = default;
 };
@@ -35,7 +42,8 @@ struct Settings {
 /// nothing can be read.
 Settings LoadSettings(SettingsDraft& draft, Log& log);
 
-/// What `draft` is to write when it is saved.
+/// What `draft` is to write when it is saved. Recent files that other runs have stored since stay, behind
+/// those that this one used.
 void PutSettings(const Settings& settings, SettingsDraft& draft);
 
 /// Writes what was put into `draft`. A failure is logged, and what is stored stays as it was.

@@ -7,6 +7,16 @@ std::string SettingsDraft::Get(std::string_view section, std::string_view key, s
   return seen_[{std::string(section), std::string(key)}] = stored.value_or(std::string(fallback));
 }
 
+std::string SettingsDraft::Seen(std::string_view section, std::string_view key) const {
+  const auto seen = seen_.find({std::string(section), std::string(key)});
+  return seen == seen_.end() ? "" : seen->second;
+}
+
+std::string SettingsDraft::Stored(std::string_view section, std::string_view key) const {
+  if (deleted_.contains(section)) return {};
+  return store_.Get(section, key).value_or("");
+}
+
 void SettingsDraft::Set(std::string_view section, std::string_view key, std::string_view text) {
   const auto seen = seen_.find({std::string(section), std::string(key)});
   const bool unchanged = seen != seen_.end() && seen->second == text;

@@ -21,6 +21,12 @@ class SettingsDraft {
   std::optional<Refusal> Fault() const { return store_.Fault(); }
   /// The stored text, `fallback` when there is none.
   std::string Get(std::string_view section, std::string_view key, std::string_view fallback);
+  /// What Get gave for it last, empty when it was not asked.
+  std::string Seen(std::string_view section, std::string_view key) const;
+  /// Reads what other runs have stored since.
+  void Refresh() { store_.Refresh(); }
+  /// The stored text, empty when there is none. It counts as not seen.
+  std::string Stored(std::string_view section, std::string_view key) const;
 
   // Nothing is written before Save.
   /// What Get gave for it is written only where nothing is stored.

@@ -33,7 +33,10 @@ class SettingsStore {
 
   /// Why nothing can be read from it; nothing when it can.
   virtual std::optional<Refusal> Fault() const { return std::nullopt; }
-  /// The stored text, as it was when the program started or last wrote; nothing when there is none.
+  /// Reads what others have written since.
+  virtual void Refresh() {}
+  /// The stored text, as it was when the program started, last wrote or refreshed it; nothing when there is
+  /// none.
   virtual std::optional<std::string> Get(std::string_view section, std::string_view key) const = 0;
   /// Makes the changes to what is stored by now, also by others; what they do not name stays. Why it could
   /// not, with everything as it was.

@@ -35,7 +35,8 @@ TEST(SettingsTest, FirstStartCleansUpAndTakesEveryDefault) {
 TEST(SettingsTest, WhatWasSavedComesBack) {
   MemoryStore store;
   FakeLog log;
-  const Settings settings{6, FormatMode::Rtttl, "z:\\tunes\\", false, false, true, 3, 1, 0};
+  const Settings settings{6,   FormatMode::Rtttl,       "z:\\tunes\\", false, false, true, 3, 1, 0, 55, false,
+                          250, {"/b\xff.imy", "/a.imy"}};
   SaveIn(store, settings);
   EXPECT_EQ(store.values["Version/Counter"], "2");
   EXPECT_EQ(store.values["Settings/AutoPlay"], "False");
@@ -56,7 +57,8 @@ TEST(SettingsTest, ValuesThatMakeNoSenseAreLoggedAndReplaced) {
   const Case cases[] = {{"Mode", "4"},           {"Mode", "-1"},           {"Mode", "two"},
                         {"Duration", "6"},       {"Duration", ""},         {"DurationExtra", "4"},
                         {"OutPut", "3"},         {"Scale", "99999999999"}, {"Scale", "4 or 5"},
-                        {"AutoPlay", "perhaps"}, {"PlayMoving", ""}};
+                        {"AutoPlay", "perhaps"}, {"PlayMoving", ""},       {"Volume", "101"},
+                        {"NoteStrip", "1"},      {"StripZoom", "0"}};
   for (const Case& c : cases) {
     MemoryStore store;
     FakeLog log;
@@ -87,6 +89,43 @@ TEST(SettingsTest, OnlyWhatWasChangedIsWritten) {
   ofSecond.autoPlay = false;
   EXPECT_EQ(Loaded(store, log), ofSecond);
   EXPECT_TRUE(store.values.contains("Settings/Mode"));
+}
+
+TEST(SettingsTest, RecentFilesOfSeveralWindowsAreMerged) {
+  using Paths = std::vector<std::string>;
+  struct Case {
+    Paths loaded;
+    Paths own;     ///< of the window that closes
+    Paths stored;  ///< by another one meanwhile
+    Paths merged;
+  };
+  const Paths ten{"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"};
+  const Case cases[] = {{{"a", "b"}, {"a", "b"}, {"c", "a", "b"}, {"c", "a", "b"}},  // it used none
+                        {{"a", "b"}, {"d", "a", "b"}, {"c", "a", "b"}, {"d", "c", "a", "b"}},
+                        {{"a", "b"}, {"b", "a"}, {"c", "a", "b"}, {"b", "c", "a"}},  // it used an old one
+                        {{"a", "b"}, {"d", "b"}, {"c", "a", "b"}, {"d", "c", "b"}},  // it found one gone
+                        {{"a", "b"}, {"d", "a", "b"}, {"b"}, {"d", "b"}},            // the other did
+                        {{}, {"a"}, {}, {"a"}},
+                        {ten,
+                         {"x", "0", "1", "2", "3", "4", "5", "6", "7", "8"},
+                         ten,
+                         {"x", "0", "1", "2", "3", "4", "5", "6", "7", "8"}}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::PrintToString(c.own));
+    MemoryStore store;
+    FakeLog log;
+    SaveIn(store, {.recentFiles = c.loaded});
+    SettingsDraft draft(store);
+    Settings settings = LoadSettings(draft, log);
+    EXPECT_EQ(settings.recentFiles, c.loaded);
+    for (size_t i = 0; i < 10; ++i) {
+      store.values["Recent/" + std::to_string(i)] = i < c.stored.size() ? c.stored[i] : "";
+    }
+    settings.recentFiles = c.own;
+    PutSettings(settings, draft);
+    Save(draft, log);
+    EXPECT_EQ(Loaded(store, log).recentFiles, c.merged);
+  }
 }
 
 class FaultyStore : public MemoryStore {
