@@ -83,8 +83,9 @@ class Composer : public PlayHost {
   // Entering. `tone` is 0 for c to 11 for b.
   /// The piano's buttons: dropped while an entered tone sounds.
   void EnterTone(int tone);
-  /// The letter keys: never dropped.
-  void TypeTone(int tone);
+  /// The letter keys: never dropped. So many octaves above the one in force; refused where the mode has no
+  /// such octave.
+  void TypeTone(int tone, int octavesUp = 0);
   void EnterPause();
   /// `button` of the "Insert" frame; `repeatCount` and `volume` are the texts of txtRepeat and cboVolume,
   /// taken as they are typed.

@@ -59,9 +59,14 @@ void Composer::EnterTone(int tone) {
   if (!sound_.EnteredToneSounds()) TypeTone(tone);
 }
 
-void Composer::TypeTone(int tone) {
+void Composer::TypeTone(int tone, int octavesUp) {
   if (!MayEdit()) return;
-  Insert(Tone(kPianoTones.at(static_cast<size_t>(tone)), static_cast<int16_t>(state_.octave),
+  const int octave = state_.octave + octavesUp;
+  if (!LimitsOf(document_.Mode()).HasOctave(octave)) {
+    services_.log.WriteLog("Can not enter this note -> octave not supported in this mode", 1);
+    return;
+  }
+  Insert(Tone(kPianoTones.at(static_cast<size_t>(tone)), static_cast<int16_t>(octave),
               kDurations.at(static_cast<size_t>(state_.duration)),
               kDurationExtras.at(static_cast<size_t>(state_.durationExtra))),
          "entering a tone");

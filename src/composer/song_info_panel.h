@@ -38,6 +38,8 @@ class SongInfoPanel {
   /// The two boxes that the melody text fills in the RTTTL mode.
   void ShowDefaults(std::string_view octave, std::string_view duration);
 
+  /// Whether what is typed into the row goes anywhere: two boxes only show what the melody comes to.
+  bool IsEditable(int row) const { return FieldOf(row) != Field::None; }
   /// Whether the box of row `row` accepts the key with character code `key`.
   bool AcceptsKey(int row, char key) const;
   /// Row `row` now reads `text`: it is taken over when it is valid there.

@@ -8,6 +8,7 @@ namespace trillomat {
 namespace {
 
 constexpr int kFirstVolume = 7;
+constexpr const char* kVolumeTip = "Volume that \"Set Volume\" inserts";
 
 struct Spoken {
   const char* caption;  ///< with its mnemonic
@@ -56,7 +57,7 @@ void InsertBox::AddButton(QGridLayout& grid, int index) {
 void InsertBox::AddVolume(QGridLayout& grid) {
   volume_ = new QComboBox(this);
   NameControl(*volume_, QStringLiteral("cboVolume"),
-              {{}, QStringLiteral("Volume to set"), QStringLiteral("Volume that \"Set Volume\" inserts")});
+              {{}, QStringLiteral("Volume to set"), QLatin1String(kVolumeTip)});
   volume_->setEditable(true);
   volume_->setFocusPolicy(Qt::StrongFocus);  // the wheel alone must not take the letter keys
   volume_->setInsertPolicy(QComboBox::NoInsert);
@@ -89,9 +90,16 @@ void InsertBox::AddRepeat(QGridLayout& grid) {
   }
 }
 
+// What the format cannot hold says so.
 void InsertBox::ShowState() {
-  for (QPushButton* button : buttons_) button->setEnabled(composer_.CanInsertCommands());
-  volume_->setEnabled(composer_.CanSetVolume());
+  const bool held = composer_.CanSetVolume();
+  const QString why = QStringLiteral("Files of this format hold no phone commands");
+  for (size_t i = 0; i < buttons_.size(); ++i) {
+    buttons_.at(i)->setEnabled(composer_.CanInsertCommands());
+    buttons_.at(i)->setToolTip(held ? QLatin1String(kSpoken.at(i).text) : why);
+  }
+  volume_->setEnabled(held);
+  volume_->setToolTip(held ? QLatin1String(kVolumeTip) : why);
   repeatLabel_->setVisible(composer_.State().repeatBox);
   repeat_->setVisible(composer_.State().repeatBox);
 }

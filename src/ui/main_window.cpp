@@ -6,12 +6,12 @@
 #include <QDropEvent>
 #include <QHBoxLayout>
 #include <QMimeData>
-#include <QShortcut>
 #include <QUrl>
 #include <QVBoxLayout>
 
 #include "core/scoped_value.h"
 #include "ui/about_window.h"
+#include "ui/key_commands.h"
 #include "ui/qt_text.h"
 #include "ui/window_size.h"
 
@@ -127,47 +127,19 @@ void MainWindow::Connect() {
       Qt::QueuedConnection);
 }
 
-// Space plays and stops wherever it types nothing; a menu bar that has the focus keeps its keys. The other
-// keys of the melody work on its buttons too, and who has typed a text goes back to them with Enter or with
-// the next button.
+// Who has typed a text goes back to the melody with Enter or with the next button.
 void MainWindow::SetUpFocus() {
-  auto* space = new QShortcut(Qt::Key_Space, this);
-  space->setAutoRepeat(false);
-  connect(space, &QShortcut::activated, melody_, &MelodyBox::PlayOrStop);
-  menuBar()->installEventFilter(this);
   for (auto* box : findChildren<QLineEdit*>()) {
-    if (box->isReadOnly()) box->installEventFilter(this);
     connect(box, &QLineEdit::returnPressed, this, [this] { melody_->Line().TakeFocus(); });
   }
   for (auto* button : findChildren<QAbstractButton*>()) {
-    if (!button->autoExclusive()) button->installEventFilter(this);
     connect(button, &QAbstractButton::pressed, this, [this] {
       if (qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr) melody_->Line().TakeFocus();
     });
   }
-}
-
-bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == menuBar()) {
-    const bool keeps = event->type() == QEvent::ShortcutOverride && menuBar()->hasFocus();
-    if (keeps) event->accept();
-    return keeps;
-  }
-  if (event->type() != QEvent::KeyPress) return false;
-  const auto& press = static_cast<QKeyEvent&>(*event);
-  auto* button = qobject_cast<QAbstractButton*>(watched);
-  if (button != nullptr && (press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter)) {
-    if (!press.isAutoRepeat()) button->click();
-    return true;
-  }
-  return melody_->TakeKey(press);
-}
-
-// Whatever the control that has the focus has no use for.
-void MainWindow::keyPressEvent(QKeyEvent* event) {
-  if (melody_->TakeKey(*event)) return;
-  if (event->key() == Qt::Key_Escape) return melody_->Line().TakeFocus();
-  QMainWindow::keyPressEvent(event);
+  // A key that is held down waits for the tone that sounds, so that the melody is heard element by element.
+  auto* keys = new KeyInput(*this, [this] { return !composer_.Sounds(); });
+  BindKeys(*keys, {parts_.document, composer_, play_, *melody_});
 }
 
 bool MainWindow::Load() {

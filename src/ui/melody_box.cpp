@@ -105,28 +105,22 @@ void MelodyBox::ShowState() {
   Button(Control::Play)->setText(stopped ? QStringLiteral("&Play") : QStringLiteral("&Playing"));
 }
 
-// A key does what its button does, and nothing while that is disabled. A key that is held down waits
-// for the tone that sounds, so that the melody is heard element by element.
-bool MelodyBox::TakeKey(const QKeyEvent& event) {
-  QPushButton* button = ButtonOfKey(event);
-  if (button == nullptr) return false;
-  if (!event.isAutoRepeat() || !composer_.Sounds()) button->click();
-  return true;
+void MelodyBox::Press(KeyCommand command) {
+  if (QPushButton* button = ButtonOf(command)) button->click();
 }
 
 void MelodyBox::PlayOrStop() {
   Button(play_.State() == PlayState::Stopped ? Control::Play : Control::Stop)->click();
 }
 
-QPushButton* MelodyBox::ButtonOfKey(const QKeyEvent& event) {
-  if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return nullptr;
-  switch (event.key()) {
-    case Qt::Key_Backspace: return cursorButtons_[0];
-    case Qt::Key_Left: return cursorButtons_[1];
-    case Qt::Key_Right: return cursorButtons_[2];
-    case Qt::Key_Delete: return cursorButtons_[3];
-    case Qt::Key_Home: return Button(Control::StartOver);
-    case Qt::Key_End: return Button(Control::ToEnd);
+QPushButton* MelodyBox::ButtonOf(KeyCommand command) {
+  switch (command) {
+    case KeyCommand::EraseLeft: return cursorButtons_[0];
+    case KeyCommand::MoveLeft: return cursorButtons_[1];
+    case KeyCommand::MoveRight: return cursorButtons_[2];
+    case KeyCommand::EraseRight: return cursorButtons_[3];
+    case KeyCommand::ToStart: return Button(Control::StartOver);
+    case KeyCommand::ToEnd: return Button(Control::ToEnd);
     default: return nullptr;
   }
 }

@@ -3,12 +3,12 @@
 #pragma once
 
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <array>
 
 #include "composer/composer.h"
 #include "playback/play_controls.h"
+#include "ui/key_table.h"
 #include "ui/melody_line.h"
 
 namespace trillomat {
@@ -23,9 +23,9 @@ class MelodyBox : public QGroupBox {
   /// Shows what is enabled and the Play button's caption.
   void ShowState();
 
-  /// Presses the button that the key stands for: the arrows move, Backspace and Delete erase, Home and End
-  /// go to the ends. False for any other key.
-  bool TakeKey(const QKeyEvent& event);
+  /// Presses the button that the keys of `command` stand for; does nothing for any other command, and
+  /// nothing while the button is disabled.
+  void Press(KeyCommand command);
   void PlayOrStop();
 
  signals:
@@ -36,7 +36,7 @@ class MelodyBox : public QGroupBox {
   QLayout* NewCursorRow();
   QLayout* NewControlRow();
   QPushButton* Button(Control control) { return controls_.at(static_cast<size_t>(control)); }
-  QPushButton* ButtonOfKey(const QKeyEvent& event);
+  QPushButton* ButtonOf(KeyCommand command);
 
   Composer& composer_;
   PlayControls& play_;

@@ -1,13 +1,13 @@
 #include "ui/note_entry_box.h"
 
 #include <QHBoxLayout>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "core/number_text.h"
 #include "ui/controls.h"
+#include "ui/key_table.h"
 #include "ui/qt_text.h"
 
 namespace trillomat {
@@ -32,13 +32,13 @@ NoteEntryBox::NoteEntryBox(Composer& composer, QWidget* parent)
   column->addLayout(NewOctaveRow());
   connect(piano_, &PianoKeyboard::Pressed, this, [this](int tone) { composer_.EnterTone(tone); });
   setTabOrder(buttons_.back(), octave_);
-  AddLetterKeys();
 }
 
 QLayout* NoteEntryBox::NewButtonColumn() {
+  const QString pauseKey = KeyName(KeyCommand::Pause);
   buttons_ = {NewButton(QStringLiteral("cmdPause"),
                         {QStringLiteral("P&ause"), QStringLiteral("Insert a pause"),
-                         QStringLiteral("Insert a pause of the selected length")},
+                         QStringLiteral("Insert a pause of the selected length (key %1)").arg(pauseKey)},
                         this),
               NewButton(QStringLiteral("cmdDuration"),
                         {QStringLiteral("&Duration"),
@@ -62,9 +62,11 @@ QLayout* NoteEntryBox::NewButtonColumn() {
 }
 
 QLayout* NoteEntryBox::NewOctaveRow() {
-  NameControl(
-      *octave_, QStringLiteral("SliderOctave"),
-      {{}, QStringLiteral("Active octave"), QStringLiteral("Octave of the notes that the keys insert")});
+  NameControl(*octave_, QStringLiteral("SliderOctave"),
+              {{},
+               QStringLiteral("Active octave"),
+               QStringLiteral("Octave of the notes that the keys insert (%1, %2)")
+                   .arg(KeyName(KeyCommand::OctaveUp), KeyName(KeyCommand::OctaveDown))});
   octave_->setRange(LimitsOf(FormatMode::IMelody).lowestOctave, LimitsOf(FormatMode::IMelody).highestOctave);
   octave_->setPageStep(1);
   octave_->setTickPosition(QSlider::TicksBelow);
@@ -89,16 +91,6 @@ QLayout* NoteEntryBox::NewOctaveRow() {
   row->addWidget(octave_, 1);
   row->addWidget(labels_[2]);
   return row;
-}
-
-// A text box that can be typed into takes the letter before the shortcut does.
-void NoteEntryBox::AddLetterKeys() {
-  for (int tone = 0; tone < static_cast<int>(kPianoLetters.size()); ++tone) {
-    const QString letter{QLatin1Char(kPianoLetters.at(static_cast<size_t>(tone)))};
-    auto* key = new QShortcut(QKeySequence(letter), this);
-    key->setAutoRepeat(false);
-    connect(key, &QShortcut::activated, this, [this, tone] { composer_.TypeTone(tone); });
-  }
 }
 
 void NoteEntryBox::ShowState(std::string_view rangeNote) {

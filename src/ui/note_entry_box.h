@@ -28,7 +28,6 @@ class NoteEntryBox : public QGroupBox {
  private:
   QLayout* NewButtonColumn();
   QLayout* NewOctaveRow();
-  void AddLetterKeys();
 
   Composer& composer_;
   PianoKeyboard* piano_;

@@ -27,7 +27,9 @@ OptionBox::OptionBox(const QString& title, const char* group, std::span<const st
 
 void OptionBox::ShowState(int selected, const std::function<bool(int)>& isEnabled) {
   for (QAbstractButton* option : group_.buttons()) {
-    option->setEnabled(isEnabled(group_.id(option)));
+    const bool enabled = isEnabled(group_.id(option));
+    option->setEnabled(enabled);
+    option->setToolTip(enabled ? QString() : QStringLiteral("Files of this format hold no such length"));
     // The Tab key goes to the selected option, the arrow keys from one to the next.
     option->setFocusPolicy(group_.id(option) == selected ? Qt::TabFocus : Qt::NoFocus);
   }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "ui/controls.h"
+#include "ui/key_table.h"
 #include "ui/qt_text.h"
 
 namespace trillomat {
@@ -59,13 +60,14 @@ QColor Mix(const QColor& a, const QColor& b, double share) {
 PianoKey::PianoKey(int tone, QWidget* parent)
     : QAbstractButton(parent),
       black_(PlaceOf(tone).name == 0),
-      letter_(QLatin1Char(kPianoLetters.at(static_cast<size_t>(tone)))) {
+      letter_(KeyName(KeyCommand::Tones, tone)),
+      above_(KeyName(KeyCommand::TonesAbove, tone)) {
   const KeyPlace& place = PlaceOf(tone);
   const QString spoken = QString::fromLatin1(place.spoken);
   NameControl(*this, IndexedName("cmdTone", tone),
               {{},
                QStringLiteral("Insert ") + spoken,
-               spoken + QStringLiteral(" (key ") + letter_.toUpper() + QLatin1Char(')')});
+               QStringLiteral("%1 (key %2; an octave higher: key %3)").arg(spoken, letter_, above_)});
   if (!black_) setText(QStringLiteral("\r\n\r\n\r\n") + QLatin1Char(place.name));
   setFocusPolicy(Qt::TabFocus);
 }
@@ -126,7 +128,7 @@ void PianoKey::PaintLetters(QPainter& painter) const {
   }
   painter.setFont(small);
   painter.setPen(Mix(Ink(), Face(), 0.35));
-  painter.drawText(foot, Qt::AlignHCenter | Qt::AlignBottom, letter_);
+  painter.drawText(foot, Qt::AlignHCenter | Qt::AlignBottom, above_ + QLatin1Char('\n') + letter_);
 }
 
 // Tells a key that sounds from the others without colour.

@@ -8,10 +8,6 @@
 
 namespace trillomat {
 
-/// The letter keys of the computer keyboard that play c to b.
-inline constexpr std::array<char, 12> kPianoLetters{'z', 's', 'x', 'd', 'c', 'v',
-                                                    'g', 'b', 'h', 'n', 'j', 'm'};
-
 class PianoKey : public QAbstractButton {
   Q_OBJECT
 
@@ -35,6 +31,7 @@ class PianoKey : public QAbstractButton {
   bool black_;
   bool sounding_ = false;
   QString letter_;  ///< of the computer keyboard
+  QString above_;   ///< the one that plays the octave above
 };
 
 class PianoKeyboard : public QWidget {

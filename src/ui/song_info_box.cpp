@@ -14,10 +14,18 @@ namespace {
 
 constexpr QRgb kInvalidText = qRgb(255, 0, 0);
 
+QLabel* NewNothing(QWidget* parent) {
+  QLabel* label = NewLabel(QStringLiteral("lblNoSongInfo"),
+                           QStringLiteral("This format stores no song information"), nullptr, parent);
+  label->setWordWrap(true);
+  label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  return label;
+}
+
 }  // namespace
 
 SongInfoBox::SongInfoBox(Composer& composer, QWidget* parent)
-    : QGroupBox(QStringLiteral("Song information"), parent), composer_(composer) {
+    : QGroupBox(QStringLiteral("Song information"), parent), composer_(composer), nothing_(NewNothing(this)) {
   auto* grid = new QGridLayout(this);
   for (int row = 0; row < static_cast<int>(labels_.size()); ++row) {
     QWidget* control = nullptr;
@@ -32,6 +40,7 @@ SongInfoBox::SongInfoBox(Composer& composer, QWidget* parent)
     grid->addWidget(control, row, 1);
     labels_.at(static_cast<size_t>(row)) = label;
   }
+  grid->addWidget(nothing_, 0, 0, 1, 2);
   grid->setColumnStretch(1, 1);
   grid->setRowStretch(grid->rowCount(), 1);
 }
@@ -81,10 +90,20 @@ void SongInfoBox::ShowState() {
     labels_.at(i)->setVisible(rows.at(i).visible);
     labels_.at(i)->buddy()->setVisible(rows.at(i).visible);
     labels_.at(i)->buddy()->setEnabled(rows.at(i).enabled);
+    labels_.at(i)->buddy()->setToolTip(TipOf(static_cast<int>(i)));
   }
+  nothing_->setVisible(!rows.front().visible);
   for (int i = 0; i < SongInfoPanel::kTextRows; ++i) ShowTextRow(i, rows.at(static_cast<size_t>(i)));
   ShowList(*lists_[0], rows.at(SongInfoPanel::kStyleRow));
   ShowList(*lists_[1], rows.at(SongInfoPanel::kVolumeRow));
+}
+
+// Says why nothing can be typed, or to what end.
+QString SongInfoBox::TipOf(int row) const {
+  const SongInfoPanel& panel = composer_.Panel();
+  if (!panel.Rows().at(static_cast<size_t>(row)).enabled) return QStringLiteral("Set by the file format");
+  if (panel.IsEditable(row)) return {};
+  return QStringLiteral("Follows from the melody; what is typed here changes nothing");
 }
 
 // "Style" is the one caption with a letter left for a mnemonic.

@@ -26,10 +26,12 @@ class SongInfoBox : public QGroupBox {
   QLineEdit* NewTextBox(int index);
   QComboBox* NewList(int index);
   static void ShowCaption(QLabel& label, const QString& caption);
+  QString TipOf(int row) const;
   void ShowTextRow(int index, const SongInfoRow& row);
   void ShowList(QComboBox& list, const SongInfoRow& row);
 
   Composer& composer_;
+  QLabel* nothing_;  ///< in the place of the rows where there are none
   std::array<QLabel*, 7> labels_{};
   std::array<QLineEdit*, SongInfoPanel::kTextRows> texts_{};
   std::array<QComboBox*, 2> lists_{};

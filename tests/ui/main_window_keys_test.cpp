@@ -4,7 +4,6 @@
 #include <QSet>
 
 #include "ui/main_window_fixture.h"
-#include "ui/piano_keyboard.h"
 
 namespace trillomat {
 namespace {
@@ -17,7 +16,7 @@ class MainWindowKeys : public MainWindowTest {
 };
 
 TEST_F(MainWindowKeys, TheMelodyHasTheFocusAndItsKeysEditIt) {
-  for (const char letter : kPianoLetters) QTest::keyClick(window.focusWidget(), letter);
+  for (const char letter : std::string("zsxdcvgbhnjm")) QTest::keyClick(window.focusWidget(), letter);
   EXPECT_EQ(TokensOf(document.Elements(), " "),
             "*4c2 *4#c2 *4d2 *4#d2 *4e2 *4f2 *4#f2 *4g2 *4#g2 *4a2 *4#a2 *4b2");
   using Step = std::tuple<Qt::Key, const char*>;
