@@ -25,6 +25,7 @@ NoteStrip::NoteStrip(Document& document, Composer& composer, QWidget* parent)
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
   InstallNoteStripAccessible();
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // rows are not to jump when it gets long
   viewport()->setMouseTracking(true);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   document_.AddObserver(*this);

@@ -65,6 +65,7 @@ class NoteStrip final : public QAbstractScrollArea, private DocumentObserver {
   void SetZoom(double zoom, double x);
   void Arrange();
   void ArrangeRows();
+  double RowsHeight() const;
   void KeepInView(int32_t index);
   void KeepRowInView(int32_t index);
   void CentreRow(double row);

@@ -13,10 +13,11 @@ namespace {
 // In heights of a line of text.
 constexpr double kBeatWidth = 2.6;
 constexpr double kMarkWidth = 1.1;
-constexpr double kLowestRow = 0.25;
+constexpr double kLowestRow = 0.36;
 constexpr double kHighestRow = 0.55;
 constexpr double kMargin = 0.4;
-constexpr double kRoomBehind = 3;
+constexpr double kRoomBehind = 2;
+constexpr double kEdge = 0.25;  // above the highest row and below the lowest
 
 // So far out that a screen still shows no more than some thousand elements.
 constexpr double kFarthestZoom = 0.15;
@@ -35,12 +36,12 @@ constexpr int kRowsBeside = 4;  // of the highest and the lowest tone
 StripGeometry NoteStrip::Geometry() const {
   const QRectF view(viewport()->rect());
   const double line = fontMetrics().height();
-  const double all = rows_.Size() * rowHeight_;
+  const double all = RowsHeight();
   const double keys = std::ceil(fontMetrics().horizontalAdvance(QStringLiteral("C8")) + line);
   return {.view = view,
           .keys = keys,
           .left = keys + kMargin * line - horizontalScrollBar()->value(),
-          .top = std::max((view.height() - all) / 2, 0.0) - verticalScrollBar()->value(),
+          .top = std::max((view.height() - all) / 2, kEdge * line) - verticalScrollBar()->value(),
           .rowHeight = rowHeight_,
           .pixel = 1 / devicePixelRatioF(),
           .rows = rows_};
@@ -64,6 +65,8 @@ void NoteStrip::SetZoom(double zoom, double x) {
   viewport()->update();
 }
 
+double NoteStrip::RowsHeight() const { return rows_.Size() * rowHeight_; }
+
 // To be called when the melody, the mode, the size, the zoom or the font is another.
 void NoteStrip::Arrange() {
   const double line = fontMetrics().height();
@@ -86,7 +89,7 @@ void NoteStrip::ArrangeRows() {
   const int wanted = std::max(layout_.Pitches().Size() + kRowsBeside, kFewestRows);
   const double fitting = std::clamp(height / wanted, kLowestRow * line, kHighestRow * line);
   rowHeight_ = std::max(std::floor(std::max(fitting, height / rows_.Size())), 1.0);
-  verticalScrollBar()->setRange(0, std::max(static_cast<int>(rows_.Size() * rowHeight_ - height), 0));
+  verticalScrollBar()->setRange(0, std::max(static_cast<int>(RowsHeight() + 2 * kEdge * line - height), 0));
   verticalScrollBar()->setPageStep(std::max(static_cast<int>(height), 1));
   verticalScrollBar()->setSingleStep(static_cast<int>(rowHeight_ * 2));
   CentreRow(middle);

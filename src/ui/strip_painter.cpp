@@ -15,6 +15,7 @@ constexpr double kCursorHead = 4;
 constexpr double kGap = 1;      // between two tones
 constexpr double kRound = 2.5;  // of a tone's corners
 constexpr double kThickLine = 2;
+constexpr double kHint = 3.5;
 
 }  // namespace
 
@@ -76,20 +77,23 @@ void StripPainter::PaintItem(const Element& element, const StripItem& item, bool
     case StripKind::Pause: return PaintPause(item);
     case StripKind::Mark: break;
   }
-  PaintSymbol(painter_, Column(item), SymbolOf(element), Shade(item.held ? 0.8 : 0.4));
+  PaintSymbol(painter_, Column(item), SymbolOf(element), Shade(item.held ? 0.7 : 0.4));
   if (item.held) return;
   painter_.setPen(QPen(Shade(0.8), 1, Qt::DashLine));
   painter_.setBrush(Qt::NoBrush);
-  painter_.drawRect(Column(item).adjusted(1, 2, -1, -2));
+  const QRectF column = Column(item);
+  const double height = column.width() * 1.2;
+  painter_.drawRect(QRectF(column.left(), column.center().y() - height / 2, column.width() - kGap, height));
 }
 
 void StripPainter::PaintTone(const StripItem& item, bool playing) {
   const QRectF box = BoxOf(item);
+  if (!box.intersects(geometry_.view)) return PaintHint(box);
   const QColor fill = Mix(Accent(), palette_.color(QPalette::Base), 0.15);
   const double round = std::min(kRound, box.width() / 2);
   if (item.held) {
     painter_.setPen(QPen(playing ? Shade(1) : Mix(Accent(), Shade(1), 0.5), playing ? kThickLine : 1));
-    painter_.setBrush(playing ? Mix(Accent(), Shade(1), 0.4) : fill);
+    painter_.setBrush(playing ? Mix(Accent(), palette_.color(QPalette::HighlightedText), 0.6) : fill);
   } else {
     painter_.setPen(QPen(Shade(1), playing ? kThickLine : 1, Qt::DashLine));
     painter_.setBrush(Shade(0));
@@ -98,6 +102,16 @@ void StripPainter::PaintTone(const StripItem& item, bool playing) {
   if (item.held) return;
   painter_.setBrush(QBrush(Shade(0.8), Qt::DiagCrossPattern));
   painter_.drawRoundedRect(box, round, round);
+}
+
+// An arrow at the edge that a tone is beyond.
+void StripPainter::PaintHint(const QRectF& box) {
+  const bool above = box.top() < geometry_.view.top();
+  const QPointF tip(box.center().x(), above ? geometry_.view.top() + 1 : geometry_.view.bottom() - 1);
+  const QPointF down(0, above ? kHint : -kHint);
+  painter_.setPen(Qt::NoPen);
+  painter_.setBrush(Shade(0.5));
+  painter_.drawPolygon(QPolygonF({tip, tip + down - QPointF(kHint, 0), tip + down + QPointF(kHint, 0)}));
 }
 
 // It has no row of its own, so it takes all of them.
@@ -179,6 +193,7 @@ void StripPainter::PaintOctave(int row, const QRectF& key) {
   painter_.setPen(Shade(0.9));
   const double line = painter_.fontMetrics().height();
   const QRectF label(key.left(), key.bottom() - line, key.width() - 3, line);
+  if (!geometry_.view.contains(label)) return;
   painter_.drawText(label, Qt::AlignRight | Qt::AlignBottom, QStringLiteral("C%1").arg(row / kRowsPerOctave));
 }
 

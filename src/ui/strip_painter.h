@@ -55,6 +55,7 @@ class StripPainter {
   void PaintSelection(const StripState& state);
   void PaintItem(const Element& element, const StripItem& item, bool playing);
   void PaintTone(const StripItem& item, bool playing);
+  void PaintHint(const QRectF& box);
   void PaintUnknownTone(const StripItem& item);
   void PaintPause(const StripItem& item);
   void PaintPlaying(const StripItem& item);
