@@ -1,0 +1,120 @@
+// What the note strip costs for a short and for a long melody: painting it, an edit in the middle of the
+// melody with all that follows from it up to the painted strip, taking that back, and selecting everything.
+#include <QApplication>
+#include <QImage>
+
+#include "bench/workload.h"
+#include "composer/composer.h"
+#include "ui/note_strip.h"
+
+namespace trillomat {
+namespace {
+
+class IdleClock : public Clock {
+ public:
+  double SecondsSinceMidnight() const override { return 0; }
+  std::string DateText() const override { return {}; }
+  std::string TimeText() const override { return {}; }
+};
+
+class NoView : public ComposerView {
+ public:
+  void ShowMelody(const MelodyText& text) override { benchmark::DoNotOptimize(text.left.data()); }
+  void ShowComposer() override {}
+  void ShowFilesOfMode() override {}
+};
+
+/// A strip of the size that it has in a window, with the cursor in the middle of its melody.
+struct Bench {
+  explicit Bench(int64_t elements)
+      : document({RandomElements(static_cast<size_t>(elements), LimitsOf(FormatMode::IMelody)), {}},
+                 FormatMode::IMelody) {
+    strip.resize(1200, 160);
+    strip.show();
+    document.Apply({.cursor = document.LastIndex() / 2});
+    Paint();
+  }
+
+  void Paint() { strip.viewport()->render(&image); }
+
+  SilentServices silent;
+  IdleClock clock;
+  NullSoundDevice sound;
+  NullPlayerView playerView;
+  NoView view;
+  const PlaySettings settings{.autoPlay = false, .playComposing = false, .playMoving = false};
+  Document document;
+  ReadRecord record;
+  Player player{document, {silent.services, clock, sound, playerView}};
+  NullPlayHost host;
+  PlayControls play{document, player, settings, host, silent.services};
+  Composer composer{document, record, player, play, settings, view, silent.services};
+  NoteStrip strip{document, composer, nullptr};
+  QImage image{1200, 160, QImage::Format_ARGB32_Premultiplied};
+};
+
+void Repaint(benchmark::State& state) {
+  Bench bench(state.range(0));
+  for (auto _ : state) bench.Paint();
+}
+
+// A tone is entered, and erased again.
+void Edit(benchmark::State& state) {
+  Bench bench(state.range(0));
+  for (auto _ : state) {
+    bench.composer.TypeTone(0);
+    bench.Paint();
+    bench.composer.EraseLeft();
+    bench.Paint();
+  }
+}
+
+void UndoAndRedo(benchmark::State& state) {
+  Bench bench(state.range(0));
+  bench.composer.TypeTone(0);
+  for (auto _ : state) {
+    bench.composer.Undo();
+    bench.Paint();
+    bench.composer.Redo();
+    bench.Paint();
+  }
+}
+
+void SelectAll(benchmark::State& state) {
+  Bench bench(state.range(0));
+  for (auto _ : state) {
+    bench.composer.SelectAll();
+    bench.Paint();
+    bench.composer.MoveTo(bench.document.LastIndex() / 2);
+    bench.Paint();
+  }
+}
+
+// The same without painting, which takes most of the time.
+void EditUnseen(benchmark::State& state) {
+  Bench bench(state.range(0));
+  for (auto _ : state) {
+    bench.composer.TypeTone(0);
+    bench.composer.EraseLeft();
+  }
+}
+
+void Sizes(benchmark::internal::Benchmark* bench) {
+  bench->ArgName("elements")->Arg(100)->Arg(100000)->Unit(benchmark::kMicrosecond);
+}
+
+BENCHMARK(Repaint)->Apply(Sizes);
+BENCHMARK(Edit)->Apply(Sizes);
+BENCHMARK(UndoAndRedo)->Apply(Sizes);
+BENCHMARK(SelectAll)->Apply(Sizes);
+BENCHMARK(EditUnseen)->Apply(Sizes);
+
+}  // namespace
+}  // namespace trillomat
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication app(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}
