@@ -6,6 +6,7 @@
 
 #include "files/files_fixture.h"
 #include "files/system_faults.h"
+#include "platform/trash_posix.h"
 
 namespace trillomat {
 namespace {
@@ -70,6 +71,88 @@ TEST_F(FaultsTest, SaveAndSaveAsKeepTheOldOrTheNewContent) {
         prepare, [&] { isNew ? save.SaveAs() : save.Save(); }, check);
   }
   EXPECT_GT(cases_, 300);
+}
+
+// The same commands with what they replace or remove going to the trash.
+class KeepingFaultsTest : public FaultsTest {
+ protected:
+  KeepingFaultsTest() { host.browser = &browser; }
+
+  void Prepare() {
+    std::filesystem::remove_all(keptFolder / "Trash");
+    browser.CloseMessage();
+    FillWith({{"a.imy", "c2"}});
+    old_ = folder.Read("a.imy");
+    browser.Refresh();
+    browser.Click(0);
+  }
+  void Restore() { browser.Accept(FileMessage::Offer::Restore); }
+  static bool Happened(const SystemFaults& fault) {
+    return fault.count >= fault.fails && fault.code != EINTR;
+  }
+
+  Trash trash_{store, keptFolder / "Trash"};
+  KeptFiles inTrash_{store, trash_};
+  FileParts withTrash_{document, record, store, operations, *recovery, inTrash_, recent, host, services};
+  FileBrowser browser{withTrash_};
+  SaveCommands save{withTrash_, browser};
+  std::string old_;
+};
+
+TEST_F(KeepingFaultsTest, WhatIsSavedOverComesBack) {
+  const auto prepare = [this] { Prepare(), Compose("*5d3"); };
+  const auto work = [this] { save.Save(); };
+  const auto check = [this](const SystemFaults& fault) {
+    const bool saved = !document.IsChanged();
+    EXPECT_EQ(folder.Read("a.imy"), saved ? FileBytes() : old_);
+    const bool kept = host.notice == "Replaced a.imy";
+    EXPECT_TRUE(kept || Happened(fault)) << host.notice;
+    EXPECT_EQ(host.notice.starts_with("Replaced a.imy, but "), saved && !kept);
+    store.Sweep(folder.Path());
+    EXPECT_EQ(folder.Names().size(), 1U);
+    if (!kept) return;
+    Restore();
+    EXPECT_EQ(folder.Read("a.imy"), old_);
+  };
+  WithEachFault(prepare, work, check);
+  EXPECT_GT(cases_, 200);
+}
+
+TEST_F(KeepingFaultsTest, WhatIsDeletedIsThereOrComesBack) {
+  const auto prepare = [this] { Prepare(); };
+  const auto work = [this] { browser.DeleteSelected(); };
+  const auto check = [this](const SystemFaults& fault) {
+    const bool gone = !std::filesystem::exists(folder / "a.imy");
+    EXPECT_EQ(host.notice == "Deleted a.imy", gone) << host.notice;
+    EXPECT_TRUE(gone || Happened(fault));
+    if (gone) Restore();
+    EXPECT_EQ(folder.Read("a.imy"), old_);
+  };
+  WithEachFault(prepare, work, check);
+  EXPECT_GT(cases_, 100);
+}
+
+TEST_F(KeepingFaultsTest, RestoringLosesNeitherContent) {
+  std::string saved;
+  const auto prepare = [&] {
+    Prepare();
+    Compose("*5d3");
+    save.Save();
+    saved = folder.Read("a.imy");
+    ASSERT_NE(saved, old_);
+  };
+  const auto work = [this] { Restore(); };
+  const auto check = [&](const SystemFaults& fault) {
+    const bool restored = host.notice == "Restored a.imy";
+    EXPECT_TRUE(restored || Happened(fault)) << host.notice;
+    EXPECT_EQ(folder.Read("a.imy"), restored ? old_ : saved);
+    Restore();
+    EXPECT_EQ(folder.Read("a.imy"), restored ? saved : old_);
+    store.Sweep(folder.Path());
+    EXPECT_EQ(folder.Names().size(), 1U);
+  };
+  WithEachFault(prepare, work, check);
+  EXPECT_GT(cases_, 200);
 }
 
 TEST_F(FaultsTest, TheRecoveryFileKeepsTheOldOrTheNewSong) {

@@ -1,8 +1,12 @@
 // Programs that are killed or limited while they save. Needs fork(2), signals and resource limits.
+#include <sys/mman.h>
 #include <sys/resource.h>
 
+#include <array>
+#include <atomic>
 #include <chrono>
 #include <cstdlib>
+#include <memory>
 #include <random>
 #include <thread>
 
@@ -79,6 +83,104 @@ TEST_F(FilesTest, AKilledSaveLeavesTheOldOrTheNewContent) {
       EXPECT_GT(interrupted, KillRounds() / 10) << "kills came too rarely in the middle of a save";
     }
   }
+}
+
+// What a composer enters, seen by the test too: element i at times[i], in ms of the steady clock.
+struct Entered {
+  static constexpr int kMost = 1000;
+
+  std::atomic<int> count;
+  std::array<std::atomic<int64_t>, kMost> times;
+};
+
+int64_t SteadyTime() {
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+}
+
+// No two that follow each other are alike.
+Element EnteredElement(int index) { return Note(index % 2 == 0 ? "c" : "#d", 3 + index % 3); }
+
+// Enters an element every 20 to 50 ms, and writes the recovery file when the window would.
+int ComposeInto(const TempFolder& folder, Entered& entered, unsigned seed) {
+  FakeLog log;
+  Document document;
+  FolderStore store(folder.Path());
+  Recovery recovery(document, store, folder / "state", log);
+  recovery.Start();
+  std::minstd_rand random(seed);
+  int64_t nextTick = SteadyTime() + Recovery::kTickInterval;
+  for (int i = 0; i < Entered::kMost; ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20 + random() % 31));
+    document.Apply({.at = document.Elements().size(), .inserted = {EnteredElement(i)}, .cursor = i});
+    entered.times[static_cast<size_t>(i)] = SteadyTime();
+    entered.count = i + 1;
+    if (SteadyTime() < nextTick) continue;
+    recovery.Tick();
+    nextTick += Recovery::kTickInterval;
+  }
+  return 0;
+}
+
+// A composer in a process of its own, and what the next start finds after it was killed.
+class KilledComposer {
+ public:
+  explicit KilledComposer(unsigned seed)
+      : entered_(static_cast<Entered*>(
+            mmap(nullptr, sizeof(Entered), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))),
+        child_([this, seed] { return ComposeInto(folder_, *entered_, seed); }) {}
+  KilledComposer(const KilledComposer&) = delete;
+  KilledComposer& operator=(const KilledComposer&) = delete;
+  ~KilledComposer() { munmap(entered_, sizeof(Entered)); }
+
+  void Kill() {
+    killed_ = SteadyTime();
+    ASSERT_TRUE(child_.Kill());
+  }
+
+  /// How many ms before the kill the first element was entered that is lost; 0 where none is.
+  int64_t LostTime() const {
+    FakeLog log;
+    Document document;
+    FolderStore store(folder_.Path());
+    Recovery recovery(document, store, folder_ / "state", log);
+    const auto left = recovery.Start();
+    const auto song = left ? recovery.Recovered(left->file) : std::nullopt;
+    const ElementList found = song ? song->song.elements : ElementList();
+    for (size_t i = 0; i < found.size(); ++i) EXPECT_EQ(found[i], EnteredElement(static_cast<int>(i)));
+    if (found.size() >= static_cast<size_t>(entered_->count)) return 0;
+    return killed_ - entered_->times[found.size()];
+  }
+
+ private:
+  TempFolder folder_;
+  Entered* entered_;
+  ChildProcess child_;
+  int64_t killed_ = 0;
+};
+
+// Eight compose at a time.
+TEST(KilledComposing, LosesAtMostTheLastSecond) {
+  constexpr int kAtOnce = 8;
+  const char* rounds = std::getenv("TRILLOMAT_COMPOSING_KILLS");
+  const int kills = rounds == nullptr ? kAtOnce : std::atoi(rounds);
+  std::minstd_rand random(7);
+  int64_t most = 0;
+  for (int killed = 0; killed < kills;) {
+    std::vector<std::unique_ptr<KilledComposer>> composers;
+    for (int i = 0; i < kAtOnce; ++i) composers.push_back(std::make_unique<KilledComposer>(random()));
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    for (const auto& composer : composers) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(random() % 400));
+      composer->Kill();
+      const int64_t lost = composer->LostTime();
+      ASSERT_LE(lost, 1000) << "in kill " << killed;
+      most = std::max(most, lost);
+      ++killed;
+    }
+  }
+  RecordProperty("most_ms_lost", static_cast<int>(most));
+  EXPECT_GT(most, 0);
 }
 
 }  // namespace

@@ -1,0 +1,12 @@
+// Where desktops have what is the user's.
+#pragma once
+
+#include <filesystem>
+
+namespace trillomat {
+
+/// The folder that the variable names ("XDG_STATE_HOME"), else the one below the home folder. A relative path
+/// in the variable counts as none, as the standard for it says.
+std::filesystem::path UserFolder(const char* variable, const char* belowHome);
+
+}  // namespace trillomat
