@@ -46,8 +46,7 @@ constexpr std::array kTable{
     KeyRow{.command = Enter,
            .group = Entering,
            .keys = "Return Enter",
-           .words = "In the note strip, take over length and octave of the element at the cursor; elsewhere, "
-                    "press the button that has the focus"},
+           .words = "In the note strip, take over length and octave; elsewhere, press the button"},
     KeyRow{.command = MoveLeft,
            .group = Moving,
            .keys = "Left",

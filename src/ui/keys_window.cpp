@@ -1,6 +1,7 @@
 #include "ui/keys_window.h"
 
 #include <QHeaderView>
+#include <QScreen>
 #include <QStringList>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -36,7 +37,7 @@ void Fill(QTreeWidget& list) {
     }
   }
   list.expandAll();
-  list.resizeColumnToContents(0);
+  for (const int column : {0, 1}) list.resizeColumnToContents(column);
 }
 
 QTreeWidget* NewList(QWidget* parent) {
@@ -66,8 +67,10 @@ KeysWindow::KeysWindow(QWidget* parent) : QDialog(parent) {
   auto* column = new QVBoxLayout(this);
   column->addWidget(list, 1);
   column->addWidget(places);
-  const QFontMetrics metrics(font());
-  resize(metrics.averageCharWidth() * 100, metrics.lineSpacing() * 34);
+  // Wide enough for all words, on a screen that is.
+  const int wanted = list->header()->length() + 4 * fontMetrics().lineSpacing();
+  const QSize room = screen()->availableSize() * 0.9;
+  resize(QSize(wanted, fontMetrics().lineSpacing() * 40).boundedTo(room));
 }
 
 }  // namespace trillomat

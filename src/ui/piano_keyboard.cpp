@@ -3,6 +3,7 @@
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
+#include <algorithm>
 #include <utility>
 
 #include "ui/controls.h"
@@ -14,6 +15,7 @@ namespace {
 
 constexpr int kWhiteKeys = 7;
 constexpr int kWidestKey = 84;
+constexpr double kBlackHeight = 0.6;  // of a white key's
 
 struct KeyPlace {
   const char* spoken;
@@ -60,14 +62,15 @@ QColor Mix(const QColor& a, const QColor& b, double share) {
 PianoKey::PianoKey(int tone, QWidget* parent)
     : QAbstractButton(parent),
       black_(PlaceOf(tone).name == 0),
-      letter_(KeyName(KeyCommand::Tones, tone)),
-      above_(KeyName(KeyCommand::TonesAbove, tone)) {
+      letter_(KeyName(KeyCommand::Tones, tone).toLower()),
+      above_(KeyName(KeyCommand::TonesAbove, tone).toLower()) {
   const KeyPlace& place = PlaceOf(tone);
   const QString spoken = QString::fromLatin1(place.spoken);
   NameControl(*this, IndexedName("cmdTone", tone),
               {{},
                QStringLiteral("Insert ") + spoken,
-               QStringLiteral("%1 (key %2; an octave higher: key %3)").arg(spoken, letter_, above_)});
+               QStringLiteral("%1 (key %2; an octave higher: key %3)")
+                   .arg(spoken, letter_.toUpper(), above_.toUpper())});
   if (!black_) setText(QStringLiteral("\r\n\r\n\r\n") + QLatin1Char(place.name));
   setFocusPolicy(Qt::TabFocus);
 }
@@ -76,8 +79,9 @@ void PianoKey::SetSounding(bool sounding) {
   if (std::exchange(sounding_, sounding) != sounding) update();
 }
 
+// A key that sounds is lit, though it be locked while the melody plays.
 QColor PianoKey::Face() const {
-  if (sounding_) return palette().color(QPalette::Highlight);
+  if (sounding_) return palette().color(QPalette::Active, QPalette::Highlight);
   const QColor colour = black_ ? Darker(palette()) : Lighter(palette());
   if (isDown()) return Mix(colour, palette().color(QPalette::Highlight), 0.6);
   if (!isEnabled()) return Mix(colour, palette().color(QPalette::Window), 0.5);
@@ -85,7 +89,7 @@ QColor PianoKey::Face() const {
 }
 
 QColor PianoKey::Ink() const {
-  if (sounding_) return palette().color(QPalette::HighlightedText);
+  if (sounding_) return palette().color(QPalette::Active, QPalette::HighlightedText);
   const QColor ink = black_ ? Lighter(palette()) : Darker(palette());
   return isEnabled() ? ink : Mix(ink, Face(), 0.5);
 }
@@ -127,16 +131,20 @@ void PianoKey::PaintLetters(QPainter& painter) const {
     foot.adjust(0, 0, 0, -line);
   }
   painter.setFont(small);
-  painter.setPen(Mix(Ink(), Face(), 0.35));
-  painter.drawText(foot, Qt::AlignHCenter | Qt::AlignBottom, above_ + QLatin1Char('\n') + letter_);
+  painter.setPen(Mix(Ink(), Face(), sounding_ ? 0.0 : 0.35));
+  painter.drawText(foot, Qt::AlignHCenter | Qt::AlignBottom, letter_ + QLatin1Char(' ') + above_);
 }
 
-// Tells a key that sounds from the others without colour.
+// Tells a key that sounds from the others without colour. On a white key it is between the black ones and the
+// letters.
 void PianoKey::PaintMark(QPainter& painter) const {
-  const double radius = width() * 0.18;
+  const double letters = height() - 2.5 * QFontMetrics(font()).height();
+  const double middle = black_ ? letters / 2 : (height() * kBlackHeight + letters) / 2;
+  const double room = black_ ? letters : letters - height() * kBlackHeight;
+  const double radius = std::max(3.0, std::min(room * 0.4, width() * 0.16));
   painter.setPen(Qt::NoPen);
   painter.setBrush(Ink());
-  painter.drawEllipse(QPointF(width() / 2.0, height() * (black_ ? 0.3 : 0.5)), radius, radius);
+  painter.drawEllipse(QPointF(width() / 2.0, middle), radius, radius);
 }
 
 PianoKeyboard::PianoKeyboard(QWidget* parent) : QWidget(parent) {
@@ -169,7 +177,7 @@ void PianoKeyboard::resizeEvent(QResizeEvent* /*event*/) {
     const double at = kPlaces.at(tone).whiteLeft * white;
     const int left = qRound(keys_.at(tone)->IsBlack() ? at - black / 2 : at);
     const int right = qRound(keys_.at(tone)->IsBlack() ? at + black / 2 : at + white);
-    const int bottom = keys_.at(tone)->IsBlack() ? height() * 6 / 10 : height();
+    const int bottom = keys_.at(tone)->IsBlack() ? qRound(height() * kBlackHeight) : height();
     keys_.at(tone)->setGeometry(left, 0, right - left, bottom);
   }
 }

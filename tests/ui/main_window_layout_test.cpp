@@ -151,5 +151,32 @@ TEST_F(MainWindowLayout, ATitleIsTheWholeTitle) {
   EXPECT_EQ(QGuiApplication::applicationDisplayName(), QCoreApplication::applicationName());
 }
 
+// What the format has not says so: in words in its place, or where the pointer rests on it.
+TEST_F(MainWindowLayout, WhatDoesNothingInAFormatSaysWhy) {
+  using Case = std::tuple<FormatMode, bool, bool>;
+  for (const auto& [mode, songInfo, commands] :
+       {Case{FormatMode::EMelody, false, false}, Case{FormatMode::Rtttl, true, false},
+        Case{FormatMode::Melody, false, false}, Case{FormatMode::IMelody, true, true}}) {
+    SetMode(mode);
+    EXPECT_EQ(Get<QLabel>("lblNoSongInfo").isVisible(), !songInfo);
+    const QString why = "Files of this format hold no phone commands";
+    for (const char* control : {"cmdInsert(0)", "cmdInsert(10)", "cboVolume"}) {
+      EXPECT_EQ(Get<QWidget>(control).toolTip() == why, !commands) << control;
+    }
+    for (const auto* control : window.centralWidget()->findChildren<QWidget*>()) {
+      const bool disabled = control->isVisible() && !control->isEnabled();
+      const bool used = qobject_cast<const QAbstractButton*>(control) != nullptr ||
+                        qobject_cast<const QComboBox*>(control) != nullptr ||
+                        qobject_cast<const QLineEdit*>(control) != nullptr;
+      if (disabled && used && control->objectName().contains('(')) {
+        EXPECT_FALSE(control->toolTip().isEmpty()) << control->objectName().toStdString();
+      }
+    }
+  }
+  EXPECT_EQ(Get<QWidget>("txtSongInfo(0)").toolTip(), "Set by the file format");
+  EXPECT_EQ(Get<QWidget>("txtSongInfo(2)").toolTip(), "");
+  EXPECT_EQ(Get<QWidget>("cmdInsert(0)").toolTip(), "Insert LED on");
+}
+
 }  // namespace
 }  // namespace trillomat

@@ -206,5 +206,19 @@ TEST(MainWindowClosing, ClosingEndsPlayPauseAndEveryWait) {
   EXPECT_THAT(parts.log.lines, Not(Contains("1: Done Playing")));
 }
 
+TEST_F(MainWindowPlay, TheKeyThatSoundsIsLitBeforeItIsHeardAndDarkAfterwards) {
+  const auto lit = [this](int tone) {
+    const QImage key = Get<QWidget>(IndexedName("cmdTone", tone)).grab().toImage();
+    const QColor face = window.palette().color(QPalette::Highlight);
+    return key.pixelColor(key.width() / 2, key.height() / 4) == face;
+  };
+  Enter("Fa");
+  std::vector<std::pair<bool, bool>> seen;
+  sound.onBeep = [&] { seen.emplace_back(lit(6), lit(9)); };
+  Press("cmdControl(4)");
+  EXPECT_EQ(seen, (std::vector<std::pair<bool, bool>>{{true, false}, {false, true}}));
+  EXPECT_FALSE(lit(6) || lit(9));
+}
+
 }  // namespace
 }  // namespace trillomat
