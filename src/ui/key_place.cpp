@@ -12,8 +12,8 @@ struct PlaceRow {
   std::string_view keys;
 };
 
-constexpr std::array<PlaceRow, 4> kRows{
-    {{0x02, "1234567890"}, {0x10, "QWERTYUIOP"}, {0x1E, "ASDFGHJKL"}, {0x2C, "ZXCVBNM"}}};
+constexpr std::array<PlaceRow, 5> kRows{
+    {{0x02, "1234567890-"}, {0x10, "QWERTYUIOP"}, {0x1E, "ASDFGHJKL"}, {0x2C, "ZXCVBNM"}, {0x34, "."}}};
 
 }  // namespace
 

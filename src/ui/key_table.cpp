@@ -237,6 +237,15 @@ int PlacedKey(const QKeyEvent& press) {
   return IsLetterOrDigit(press.key()) && !press.modifiers().testFlag(Qt::KeypadModifier) ? press.key() : 0;
 }
 
+// Among the rows that mean places, or the others.
+std::optional<KeyStroke> Find(const QKeySequence& key, bool byPlace) {
+  for (const KeyRow& row : kTable) {
+    const auto index = row.byPlace == byPlace ? KeysOf(row.command).indexOf(key) : -1;
+    if (index >= 0) return KeyStroke{row.command, static_cast<int>(index)};
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::span<const KeyRow> KeyTable() { return kTable; }
@@ -272,18 +281,17 @@ QString TitleOf(KeyGroup group) {
   return QLatin1String(kTitles.at(static_cast<size_t>(group)));
 }
 
+// A sign that stands nowhere else on this keyboard, or where a letter means a tone, is found at its place,
+// too.
 std::optional<KeyStroke> StrokeOf(const QKeyEvent& press) {
   const Qt::KeyboardModifiers modifiers = ModifiersOf(press);
-  const QKeySequence asPlaced(QKeyCombination(modifiers, static_cast<Qt::Key>(PlacedKey(press))));
+  const int placed = PlacedKey(press);
+  const QKeySequence asPlaced(QKeyCombination(modifiers, static_cast<Qt::Key>(placed)));
   const QKeySequence asNamed(QKeyCombination(modifiers, static_cast<Qt::Key>(press.key())));
-  for (const bool byPlace : {true, false}) {
-    for (const KeyRow& row : kTable) {
-      if (row.byPlace != byPlace) continue;
-      const auto index = KeysOf(row.command).indexOf(byPlace ? asPlaced : asNamed);
-      if (index >= 0) return KeyStroke{row.command, static_cast<int>(index)};
-    }
-  }
-  return std::nullopt;
+  if (const auto stroke = Find(asPlaced, true)) return stroke;
+  if (const auto stroke = Find(asNamed, false)) return stroke;
+  const bool sign = placed != 0 && !IsLetterOrDigit(placed) && modifiers == Qt::NoModifier;
+  return sign ? Find(asPlaced, false) : std::nullopt;
 }
 
 }  // namespace trillomat

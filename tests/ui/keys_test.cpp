@@ -30,10 +30,10 @@ TEST(KeyTable, NoTwoRowsShareAKey) {
 
 TEST(KeyTable, TellsPlacesFromScanCodes) {
   // The rows of the keyboard from the left, as the published scan codes of set 1 number them.
-  const std::map<quint32, char> places{{2, '1'},  {3, '2'},  {8, '7'},  {16, 'Q'}, {22, 'U'},
-                                       {31, 'S'}, {36, 'J'}, {44, 'Z'}, {50, 'M'}};
+  const std::map<quint32, char> places{{2, '1'},  {3, '2'},  {8, '7'},  {16, 'Q'}, {22, 'U'}, {31, 'S'},
+                                       {36, 'J'}, {44, 'Z'}, {50, 'M'}, {12, '-'}, {52, '.'}};
   for (const auto& [code, key] : places) EXPECT_EQ(KeyAtPlace(code), key) << code;
-  for (const quint32 code : {0U, 1U, 12U, 26U, 28U, 42U, 51U, 52U, 71U, 0x120U})
+  for (const quint32 code : {0U, 1U, 13U, 26U, 28U, 42U, 51U, 53U, 71U, 0x120U})
     EXPECT_EQ(KeyAtPlace(code), 0);
 }
 
