@@ -97,6 +97,7 @@ void FileBrowser::RecoverLast() {
 
 void FileBrowser::OfferLeft(const KeptSong& left) {
   left_ = left;
+  parts_.recovery.Told();
   SayDone();
 }
 

@@ -37,7 +37,7 @@ std::optional<fs::path> FolderKeeper::Keep(const fs::path& file, How how) {
   if (folder_.empty() || how == How::Move) return std::nullopt;
   std::error_code fault;
   errno = EFBIG;
-  if (fs::file_size(file, fault) > kMostBytes && !fault) return std::nullopt;
+  if (fs::file_size(file, fault) > kLargestFile && !fault) return std::nullopt;
   errno = 0;
   MakePrivateFolder(folder_);
   store_.Sweep(folder_);

@@ -1,5 +1,6 @@
 // Keeps files in a folder of the program's own, for systems whose trash it does not use: the last 50 of them,
-// 20 MiB together at most, each named "NUMBER-NAME" with a number that grows. The oldest go.
+// 20 MiB together at most, each named "NUMBER-NAME" with a number that grows. The oldest go. The last two
+// always have room: to put one of them back, what it replaces has to be kept beside it.
 #pragma once
 
 #include <cstdint>
@@ -15,6 +16,7 @@ class FolderKeeper : public FileKeeper {
  public:
   static constexpr size_t kMostFiles = 50;
   static constexpr uint64_t kMostBytes = uint64_t{20} << 20;
+  static constexpr uint64_t kLargestFile = kMostBytes / 2;
 
   /// `folder` is made when it is needed, for the user alone; an empty one keeps nothing.
   FolderKeeper(FileStore& store, std::filesystem::path folder) : store_(store), folder_(std::move(folder)) {}

@@ -36,6 +36,13 @@ std::optional<uint64_t> NumberIn(std::string_view name) {
   return whole ? std::optional(number) : std::nullopt;
 }
 
+// The "kept-S-N.txt" of a "left-S-N.txt"; any other name as it is.
+fs::path NameOnceTold(const fs::path& left) {
+  const std::string name = Utf8OfPath(left.filename());
+  if (!name.starts_with(kLeft)) return left;
+  return left.parent_path() / (std::string(kKept) + name.substr(kLeft.size()));
+}
+
 double MillisecondsOf(const Song& song) {
   double beats = 0;
   for (const Element& element : song.elements) beats += double{element.duration} * element.extra;
@@ -107,8 +114,9 @@ std::optional<KeptSong> Recovery::Described(const fs::path& file) const {
 }
 
 std::optional<RecoveredSong> Recovery::Recovered(const fs::path& file) const {
-  if (!store_.Exists(file)) return std::nullopt;
-  const auto text = ReadFile(file, store_);
+  const fs::path there = store_.Exists(file) ? file : NameOnceTold(file);
+  if (!store_.Exists(there)) return std::nullopt;
+  const auto text = ReadFile(there, store_);
   if (!text) return std::nullopt;
   return ReadRecovery(*text);
 }
@@ -130,38 +138,38 @@ std::optional<KeptSong> Recovery::Start() {
     return std::nullopt;
   }
   store_.Sweep(folder_);
+  for (int slot = 1; slot <= kSlots; ++slot) {
+    if (store_.Exists(File("last-", slot))) Enlist(File("last-", slot), kKept);
+    TakeOverAbandoned(slot);
+  }
+  DropDoublesAndOldest();
   std::optional<KeptSong> newest;
   for (const Entry& entry : Entries()) {
     if (!entry.left) continue;
-    const fs::path kept =
-        folder_ / (std::string(kKept) + Utf8OfPath(entry.file.filename()).substr(kLeft.size()));
-    if (store_.Move(entry.file, kept) && !newest) newest = Described(kept);
+    left_.push_back(entry.file);
+    auto song = Described(entry.file);
+    if (song && (!newest || song->time > newest->time)) newest = std::move(song);
   }
-  for (int slot = 1; slot <= kSlots; ++slot) {
-    if (store_.Exists(File("last-", slot))) Enlist(File("last-", slot), kKept);
-    const auto kept = TakeOverAbandoned(slot);
-    auto song = kept ? Described(*kept) : std::nullopt;
-    if (song && (!newest || song->time >= newest->time)) newest = std::move(song);
-  }
-  DropDoublesAndOldest();
   return newest;
 }
 
+void Recovery::Told() {
+  for (const fs::path& left : left_) store_.Move(left, NameOnceTold(left));
+  left_.clear();
+}
+
 // Of a run that was killed: nobody holds its lock any more.
-std::optional<fs::path> Recovery::TakeOverAbandoned(int slot) {
-  if (!store_.Exists(File("recovery-", slot))) return std::nullopt;
+void Recovery::TakeOverAbandoned(int slot) {
+  if (!store_.Exists(File("recovery-", slot))) return;
   const auto lock = slot == slot_ ? nullptr : store_.TryLock(File("running-", slot, ""));
-  if (slot != slot_ && !lock) return std::nullopt;
-  return Enlist(File("recovery-", slot), kKept);
+  if (slot == slot_ || lock) Enlist(File("recovery-", slot), kLeft);
 }
 
 // Puts a file among those that are kept, as the newest.
-std::optional<fs::path> Recovery::Enlist(const fs::path& from, std::string_view kind) {
+bool Recovery::Enlist(const fs::path& from, std::string_view kind) {
   const std::vector<Entry> entries = Entries();
   const uint64_t number = entries.empty() ? 1 : entries.front().number + 1;
-  fs::path to = File(std::string(kind) + std::to_string(number) + "-", slot_);
-  if (!store_.Move(from, to)) return std::nullopt;
-  return to;
+  return store_.Move(from, File(std::string(kind) + std::to_string(number) + "-", slot_));
 }
 
 void Recovery::End() {

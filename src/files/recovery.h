@@ -5,7 +5,7 @@
 //   running-N       there, and locked, while a program runs
 //   recovery-N.txt  the song that this run composes, for as long as it is not saved
 //   kept-S-N.txt    a song that another took the place of; all programs share these
-//   left-S-N.txt    the same of one that a run ended with: the next start tells it
+//   left-S-N.txt    the same of one that a run ended with, until the user is told of it
 //   last-N.txt      what earlier versions kept
 #pragma once
 
@@ -43,9 +43,11 @@ class Recovery : private DocumentObserver {
   Recovery(Document& document, FileStore& store, std::filesystem::path folder, Log& log);
   ~Recovery() override;
 
-  /// To be called once at start. The newest song that a run left without saving it, however that run ended;
-  /// each is told once. Logs when no song can be kept. Until then nothing is kept.
+  /// To be called once at start. The newest song that a run left without saving it, however that run ended.
+  /// Logs when no song can be kept. Until then nothing is kept.
   std::optional<KeptSong> Start();
+  /// The user was told of it: no start tells it again.
+  void Told();
   /// To be called at a normal end: what is not saved is kept, and told by the next start.
   void End();
 
@@ -75,8 +77,8 @@ class Recovery : private DocumentObserver {
   std::vector<Entry> Entries() const;
   std::optional<KeptSong> Described(const std::filesystem::path& file) const;
   bool FindSlot();
-  std::optional<std::filesystem::path> TakeOverAbandoned(int slot);
-  std::optional<std::filesystem::path> Enlist(const std::filesystem::path& from, std::string_view kind);
+  void TakeOverAbandoned(int slot);
+  bool Enlist(const std::filesystem::path& from, std::string_view kind);
   void Leave(std::string_view kind);
   void DropDoublesAndOldest();
   bool Write();
@@ -86,7 +88,8 @@ class Recovery : private DocumentObserver {
   std::filesystem::path folder_;
   Log& log_;
   std::unique_ptr<FileLock> lock_;
-  int slot_ = 0;  ///< N, 0 for none
+  int slot_ = 0;                             ///< N, 0 for none
+  std::vector<std::filesystem::path> left_;  ///< what runs before left
   bool changed_ = false;
   bool written_ = false;  ///< recovery-N.txt is there
   bool cleared_ = false;  ///< all elements went at once since the last Tick

@@ -119,10 +119,10 @@ TEST_F(KeptFilesTest, TheFolderKeepsTheLastFiftyFilesAndTwentyMebibytes) {
   for (int i = 0; i < 60; ++i) ASSERT_TRUE(keeper.Keep(folder / longName, How::Copy));
   EXPECT_EQ(keptFolder.Names().size(), FolderKeeper::kMostFiles);
   for (const std::string& name : keptFolder.Names()) EXPECT_GT(std::stoi(name), 10);
-  folder.Write("large", std::string(FolderKeeper::kMostBytes / 2, 'l'));
+  folder.Write("large", std::string(FolderKeeper::kLargestFile, 'l'));
   for (int i = 0; i < 3; ++i) ASSERT_TRUE(keeper.Keep(folder / "large", How::Copy));
   EXPECT_THAT(keptFolder.Names(), ElementsAre("62-large", "63-large"));
-  folder.Write("larger", std::string(FolderKeeper::kMostBytes + 1, 'l'));
+  folder.Write("larger", std::string(FolderKeeper::kLargestFile + 1, 'l'));
   EXPECT_FALSE(keeper.Keep(folder / "larger", How::Copy));
   EXPECT_THAT(keptFolder.Names(), ElementsAre("62-large", "63-large"));
 }

@@ -62,6 +62,8 @@ class RecoveryTest : public FilesTest {
     const auto told = recovery->Start();
     EXPECT_EQ(told ? TokensIn(*recovery, *told) : "none", left);
     EXPECT_EQ(Songs(*recovery), songs);
+    recovery->Told();
+    EXPECT_EQ(told ? TokensIn(*recovery, *told) : "none", left);
   }
 
   void Edit(const std::string& tokens) {
@@ -96,7 +98,9 @@ TEST_F(RecoveryTest, WhatARunDidNotSaveIsToldByTheNext) {
   Restart("*4c2", {"*4c2"});  // once more, before any edit
   Edit("d2");
   recovery->End();
-  Compose("");
+  recovery->Start();
+  Compose("");  // nobody was told yet
+  recovery->End();
   Restart("*4d2", {"*4d2", "*4c2"});
   recovery->End();
   Restart("none", {"*4d2", "*4c2"});
@@ -165,6 +169,7 @@ TEST_F(RecoveryTest, ProgramsAtTheSameTimeShareTheirKeptSongs) {
   const auto told = third.Start();
   ASSERT_TRUE(told);
   EXPECT_EQ(TokensIn(third, *told), "*4d2");
+  third.Told();
   third.End();
   EXPECT_EQ(Songs(*recovery), Kept{"*4d2"});
   recovery->End();
