@@ -3,7 +3,6 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "ui/note_strip.h"
 
@@ -18,6 +17,9 @@ constexpr double kHighestRow = 0.55;
 constexpr double kMargin = 0.4;
 constexpr double kRoomBehind = 2;
 constexpr double kEdge = 0.25;  // above the highest row and below the lowest
+
+// A scroll bar counts pixels in whole numbers of 32 bits.
+constexpr double kLongestBar = 1 << 30;
 
 // So far out that a screen still shows no more than some thousand elements.
 constexpr double kFarthestZoom = 0.15;
@@ -73,7 +75,7 @@ void NoteStrip::Arrange() {
   layout_.scale = {.tick = kBeatWidth * line * zoom_ / kTicksPerBeat, .mark = kMarkWidth * line};
   const double seen = viewport()->width() - Geometry().keys;
   const double all = layout_.Width() + (kMargin + kRoomBehind) * line;
-  const double hidden = std::clamp(all - seen, 0.0, double{std::numeric_limits<int>::max() / 2});
+  const double hidden = std::clamp(all - seen, 0.0, kLongestBar);
   horizontalScrollBar()->setRange(0, static_cast<int>(std::ceil(hidden)));
   horizontalScrollBar()->setPageStep(std::max(static_cast<int>(seen), 1));
   horizontalScrollBar()->setSingleStep(static_cast<int>(kBeatWidth * line));

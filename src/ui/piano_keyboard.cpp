@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/colours.h"
 #include "ui/controls.h"
 #include "ui/key_table.h"
 #include "ui/qt_text.h"
@@ -50,11 +51,6 @@ QColor Darker(const QPalette& palette) {
   const QColor base = palette.color(QPalette::Base);
   const QColor text = palette.color(QPalette::Text);
   return base.lightness() > text.lightness() ? text : base;
-}
-
-QColor Mix(const QColor& a, const QColor& b, double share) {
-  const auto mix = [share](float x, float y) { return static_cast<float>(x * (1 - share) + y * share); };
-  return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()), mix(a.blueF(), b.blueF()));
 }
 
 }  // namespace
