@@ -29,7 +29,9 @@ void OptionBox::ShowState(int selected, const std::function<bool(int)>& isEnable
   for (QAbstractButton* option : group_.buttons()) {
     const bool enabled = isEnabled(group_.id(option));
     option->setEnabled(enabled);
-    option->setToolTip(enabled ? QString() : QStringLiteral("Files of this format hold no such length"));
+    const char* why = group_.id(option) == selected ? "Files of this format hold no other"
+                                                    : "Files of this format hold no such length";
+    option->setToolTip(enabled ? QString() : QLatin1String(why));
     // The Tab key goes to the selected option, the arrow keys from one to the next.
     option->setFocusPolicy(group_.id(option) == selected ? Qt::TabFocus : Qt::NoFocus);
   }
