@@ -93,7 +93,7 @@ void StripPainter::PaintTone(const StripItem& item, bool playing) {
   const double round = std::min(kRound, box.width() / 2);
   if (item.held) {
     painter_.setPen(QPen(playing ? Shade(1) : Mix(Accent(), Shade(1), 0.5), playing ? kThickLine : 1));
-    painter_.setBrush(playing ? Mix(Accent(), palette_.color(QPalette::HighlightedText), 0.6) : fill);
+    painter_.setBrush(playing ? Mix(Accent(), palette_.color(QPalette::HighlightedText), 0.35) : fill);
   } else {
     painter_.setPen(QPen(Shade(1), playing ? kThickLine : 1, Qt::DashLine));
     painter_.setBrush(Shade(0));
