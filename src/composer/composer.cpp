@@ -111,6 +111,11 @@ SongInfo Composer::RecordedInfo() {
   return record_.info;
 }
 
+void Composer::StartAfresh() {
+  history_.Clear();
+  document_.SetFile({});
+}
+
 void Composer::PlayStateChanged() {
   sound_.Forget();
   view_.ShowComposer();

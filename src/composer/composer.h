@@ -140,6 +140,8 @@ class Composer : public PlayHost {
   const History& Steps() const { return history_; }
   void Undo() { TakeStep(&History::Undo); }
   void Redo() { TakeStep(&History::Redo); }
+  /// The song is one that nothing was done to yet.
+  void StartAfresh();
   /// What is typed from here on is a step of its own.
   void EndTyping() { history_.Seal(); }
 

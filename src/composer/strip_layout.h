@@ -72,6 +72,7 @@ class StripLayout {
   /// To be called after each change of the document, before anything is asked.
   void Follow(const ChangedRange& range) { times_.Follow(range); }
 
+  const StripTimes& Times() const { return times_; }
   double Width() const { return scale.WidthOf(times_.Total()); }
   /// Where the element at `index` begins, for the number of elements the right end of all.
   double Left(int32_t index) const { return scale.WidthOf(times_.Before(index)); }

@@ -36,6 +36,12 @@ void History::Do(std::string_view name, Change change, std::string_view merge) {
   Limit(undo_);
 }
 
+void History::Clear() {
+  while (CanUndo()) Forget(undo_);
+  while (CanRedo()) Forget(redo_);
+  Seal();
+}
+
 bool History::Undo() { return Move(undo_, redo_); }
 
 bool History::Redo() { return Move(redo_, undo_); }

@@ -26,6 +26,8 @@ class History {
   /// `merge`, unless it is empty, are one step as long as nothing else comes between them; they have to
   /// replace the same part of the song.
   void Do(std::string_view name, Change change, std::string_view merge = {});
+  /// Forgets all steps.
+  void Clear();
   /// The next step is one of its own, whatever its `merge`.
   void Seal() { merge_.clear(); }
 

@@ -8,8 +8,8 @@
 namespace trillomat {
 namespace {
 
-constexpr int kTightSpacing = 2;
-constexpr int kTightMargin = 4;
+constexpr int kTightSpacing = 1;
+constexpr int kTightMargin = 2;
 constexpr int kRowSpacing = 6;
 
 // Only heights: what stands side by side keeps its distance.

@@ -1,7 +1,6 @@
 #include "ui/files_box.h"
 
 #include <QHBoxLayout>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <utility>
@@ -31,9 +30,7 @@ FilesBox::FilesBox(const FilesBoxParts& parts, QWidget* parent)
             browser_),
       drives_(new QComboBox(this)),
       folder_(new QLabel(this)),
-      notice_(new QLabel(this)),
       list_(new FileList(browser_.Rows(), this)),
-      progress_(NewLabel(QStringLiteral("lblRows"), {}, nullptr, this)),
       fileMenu_(new QMenu(this)),
       saveButton_(NewCommand("cmdSave",
                              {QStringLiteral("Sa&ve"), QStringLiteral("Save over the selected file"),
@@ -77,25 +74,14 @@ void FilesBox::NameControls() {
   folder_->setTextFormat(Qt::PlainText);
   // A long path must not widen the window.
   folder_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  progress_->hide();
-  NameControl(*notice_, QStringLiteral("lblNotice"),
-              {{}, QStringLiteral("Why the last file command did nothing")});
-  notice_->setWordWrap(true);
-  notice_->setTextFormat(Qt::PlainText);
-  notice_->hide();
 }
 
 void FilesBox::LayOut() {
   auto* drive = new QHBoxLayout;
   drive->addWidget(NewLabel(QStringLiteral("lblDrive"), QStringLiteral("Select drive:"), drives_, this));
   drive->addWidget(drives_, 1);
-  // Under the list alone, so that no button moves when a notice comes.
-  auto* listed = new QVBoxLayout;
-  listed->addWidget(list_, 1);
-  listed->addWidget(progress_);
-  listed->addWidget(notice_);
   auto* lower = new QHBoxLayout;
-  lower->addLayout(listed, 1);
+  lower->addWidget(list_, 1);
   lower->addLayout(NewButtonColumn());
   auto* column = new QVBoxLayout(this);
   column->addLayout(drive);
@@ -128,21 +114,11 @@ void FilesBox::Connect() {
   connect(list_, &FileList::Clicked, this, [this](int row) { browser_.Click(row); });
   connect(list_, &FileList::DoubleClicked, this, [this](int row) { browser_.DoubleClick(row); });
   connect(list_, &FileList::MenuRequested, this, [this](int row) { browser_.OpenMenu(row); });
-  connect(list_, &FileList::Progress, this, [this](const QString& text) {
-    progress_->setText(text);
-    progress_->setVisible(!text.isEmpty());
-  });
+  connect(list_, &FileList::Progress, this, &FilesBox::Progress);
   connect(drives_, &QComboBox::activated, this,
           [this](int index) { browser_.ChooseDrive(drives_->itemText(index).toStdString()); });
   connect(&clickTimer_, &QTimer::timeout, this, [this] { browser_.ClickTimerRan(); });
   connect(&recoveryTimer_, &QTimer::timeout, this, [this] { recovery_.Tick(); });
-  const auto shortcut = [this](const QKeySequence& keys, void (SaveCommands::*command)()) {
-    connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, command] {
-      if (parts_.composer.MayEdit()) std::invoke(command, save_);
-    });
-  };
-  shortcut(QKeySequence(Qt::CTRL | Qt::Key_S), &SaveCommands::SaveOrSaveAs);
-  shortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), &SaveCommands::SaveAs);
 }
 
 bool FilesBox::Start() {
@@ -236,11 +212,6 @@ void FilesBox::PopUpFileMenu() { fileMenu_->popup(list_->MenuPlace()); }
 void FilesBox::StartClickTimer() { clickTimer_.start(kClickDelay); }
 
 void FilesBox::StopClickTimer() { clickTimer_.stop(); }
-
-void FilesBox::Say(const FileMessage& message) {
-  notice_->setText(ShownMessage(ShownName(message.text)));
-  notice_->setVisible(!message.text.empty());
-}
 
 std::optional<std::string> FilesBox::AskNewName(std::string_view name) {
   RenameWindow dialog(FromUtf8Bytes(name), window());

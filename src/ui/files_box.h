@@ -1,6 +1,5 @@
 // "Files": the drive list, the file list, and the buttons that save, import and export. It is what the file
-// commands need of the window, and it keeps the composed song safe: the timer that writes the recovery file,
-// and the offer to bring a song back.
+// commands need of the window, and it keeps the composed song safe: the timer that writes the recovery file.
 #pragma once
 
 #include <QComboBox>
@@ -52,12 +51,30 @@ class FilesBox : public QGroupBox, private FilesHost {
   void OfferRecovery();
   void KeepBeforeClearing() { recovery_.KeepBeforeReplacing(); }
 
+  // The commands of the buttons and of the "File" menu.
+  void New() { browser_.New(); }
+  void Open() { browser_.Open(); }
+  void Save() { save_.Save(); }
+  void SaveOrSaveAs() { save_.SaveOrSaveAs(); }
+  void SaveAs() { save_.SaveAs(); }
+  void Import();
+  void Export();
+  RecentFiles& Recent() { return recent_; }
+  const RecentFiles& Recent() const { return recent_; }
+  std::vector<KeptSong> KeptSongs() const { return recovery_.Songs(); }
+  /// What the last message offered is wanted, or the message was closed.
+  void Accept(FileMessage::Offer offer) { browser_.Accept(offer); }
+  void CloseMessage() { browser_.CloseMessage(); }
+
   void ShowState();
   /// Lists the folder anew, once it was listed at the start.
   void ShowFilesOfMode();
 
-  /// A notice of many lines takes its room from the list, not from the window.
-  bool hasHeightForWidth() const override { return false; }
+ signals:
+  /// In the place of what was said before; without a text that no longer applies.
+  void Said(const FileMessage& message);
+  /// How far long work has come, empty at its end.
+  void Progress(const QString& text);
 
  private:
   void NameControls();
@@ -66,10 +83,6 @@ class FilesBox : public QGroupBox, private FilesHost {
   void AddMenuItems();
   void Connect();
   QPushButton* NewCommand(const char* objectName, const ControlText& text, void (FilesBox::*command)());
-  void Save() { save_.Save(); }
-  void SaveAs() { save_.SaveAs(); }
-  void Import();
-  void Export();
 
   // FilesHost
   bool ToneSounds() const override;
@@ -83,7 +96,7 @@ class FilesBox : public QGroupBox, private FilesHost {
   void PopUpFileMenu() override;
   void StartClickTimer() override;
   void StopClickTimer() override;
-  void Say(const FileMessage& message) override;
+  void Say(const FileMessage& message) override { emit Said(message); }
   std::optional<std::string> AskNewName(std::string_view name) override;
   std::optional<std::filesystem::path> AskSavePath(const SaveDialog& dialog) override;
   std::optional<std::filesystem::path> AskOpenPath(const OpenDialog& dialog) override;
@@ -105,9 +118,7 @@ class FilesBox : public QGroupBox, private FilesHost {
 
   QComboBox* drives_;
   QLabel* folder_;
-  QLabel* notice_;
   FileList* list_;
-  QLabel* progress_;
   QMenu* fileMenu_;
   QPushButton* saveButton_;
   QPushButton* saveAsButton_;

@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 
 #include "core/scoped_value.h"
-#include "ui/about_window.h"
+#include "files/path_text.h"
 #include "ui/key_commands.h"
 #include "ui/qt_text.h"
 #include "ui/window_size.h"
@@ -44,25 +44,28 @@ MainWindow::MainWindow(const WindowParts& parts)
       player_(parts.document, {parts.services, parts.clock, parts.sound, *this}),
       composer_(parts.document, parts.record, player_, play_, playSettings_, *this, parts.services),
       play_(parts.document, player_, playSettings_, composer_, parts.services),
+      edit_(parts.document, composer_, parts.services, [this](const QString& text) { status_->Say(text); }),
       menu_(new MainMenu(*menuBar(), parts.document, composer_, playSettings_, player_)),
       noteEntry_(new NoteEntryBox(composer_, this)),
       durations_(new OptionBox(QStringLiteral("Duration"), "optDuration", kDurationTexts, this)),
       extras_(new OptionBox(QStringLiteral("More..."), "optDurationExtra", kExtraTexts, this)),
       allNotes_(new AllNotesBox(composer_, this)),
       insert_(new InsertBox(composer_, this)),
-      melody_(new MelodyBox(composer_, play_, this)),
+      melody_(new MelodyBox(parts.document, composer_, play_, this)),
       songInfo_(new SongInfoBox(composer_, this)),
       phone_(new PhoneDisplay(this)),
       files_(new FilesBox({parts.document, parts.record, parts.files, parts.keeper, parts.questions,
                            composer_, play_, playSettings_, parts.services, parts.stateFolder},
-                          this)) {
+                          this)),
+      bar_(new MessageBar(this)),
+      status_(new StatusLine(*statusBar(), parts.document, melody_->Strip().Layout().Times())) {
   setObjectName(QStringLiteral("frmMain"));
-  setWindowTitle(QStringLiteral("Trillomat"));
   setAcceptDrops(true);
   LayOut();
   Connect();
   SetUpFocus();
   parts_.document.AddObserver(*this);
+  ShowTitle();
   ShowComposer();
   melody_->Line().TakeFocus();
 }
@@ -97,7 +100,8 @@ void MainWindow::LayOut() {
   centre->setMaximumWidth(kWidestCentre);
   auto* column = new QVBoxLayout(centre);
   column->addWidget(NewUpperRow(), 2);
-  column->addWidget(melody_);
+  column->addWidget(bar_);
+  column->addWidget(melody_, 2);
   column->addLayout(NewLowerRow(), 3);
   centre_ = new CentreArea(centre, this);
   setCentralWidget(centre_);
@@ -109,15 +113,12 @@ void MainWindow::LayOut() {
 void MainWindow::Connect() {
   connect(durations_, &OptionBox::Clicked, this, [this](int index) { composer_.SelectDuration(index); });
   connect(extras_, &OptionBox::Clicked, this, [this](int index) { composer_.SelectDurationExtra(index); });
-  connect(menu_, &MainMenu::ExitRequested, this, &QWidget::close);
-  connect(menu_, &MainMenu::CleanUpRequested, this, [this] {
-    CleanUpSettings(settings_, parts_.services.log);
-    ForgetSize(settings_);
-    Save(settings_, parts_.services.log);
-  });
-  connect(menu_, &MainMenu::RecoverRequested, files_, [this] { files_->Browser().RecoverLast(); });
-  connect(menu_, &MainMenu::AboutRequested, this,
-          [this] { AboutWindow(QCoreApplication::applicationVersion(), this).exec(); });
+  FillMenus();
+  connect(files_, &FilesBox::Said, this, &MainWindow::ShowMessage);
+  connect(files_, &FilesBox::Progress, status_, &StatusLine::Say);
+  connect(&melody_->Volume(), &QSlider::valueChanged, this,
+          [this](int percent) { parts_.sound.SetVolume(percent); });
+  connect(bar_, &MessageBar::Closed, files_, &FilesBox::CloseMessage);
   connect(melody_, &MelodyBox::Clearing, files_, &FilesBox::KeepBeforeClearing);
   connect(
       this, &MainWindow::Dropped, this,
@@ -171,6 +172,11 @@ void MainWindow::ApplySettings(const Settings& settings) {
     composer_.SelectDurationExtra(settings.durationExtra);
   }
   player_.outputType = static_cast<OutputType>(settings.output);
+  melody_->Volume().setValue(settings.volume);
+  melody_->Strip().setVisible(settings.noteStrip);
+  melody_->Strip().SetZoomPercent(settings.stripZoom);
+  files_->Recent().Set(settings.recentFiles);
+  composer_.StartAfresh();
   ShowComposer();
 }
 
@@ -184,7 +190,11 @@ Settings MainWindow::CurrentSettings() const {
           .playComposing = playSettings_.playComposing,
           .duration = static_cast<int16_t>(state.duration),
           .durationExtra = static_cast<int16_t>(state.durationExtra),
-          .output = static_cast<int16_t>(player_.outputType)};
+          .output = static_cast<int16_t>(player_.outputType),
+          .volume = static_cast<int16_t>(melody_->Volume().value()),
+          .noteStrip = !melody_->Strip().isHidden(),
+          .stripZoom = melody_->Strip().ZoomPercent(),
+          .recentFiles = files_->Recent().Paths()};
 }
 
 void MainWindow::OpenFile(const std::filesystem::path& file, bool mayPlay) {
@@ -225,11 +235,41 @@ void MainWindow::dropEvent(QDropEvent* event) {
 void MainWindow::ShowMelody(const MelodyText& text) {
   melodyBehind_ = false;
   melody_->Line().ShowMelody(text);
+  ShowEdited();
+}
+
+// What follows every change of the song or of the cursor.
+void MainWindow::ShowEdited() {
+  menu_->ShowState();
+  status_->ShowState();
+}
+
+void MainWindow::ShowMessage(const FileMessage& message) {
+  BarMessage shown{.text = ShownName(message.text)};
+  const auto offer = [&](const char* caption) {
+    shown.actions.push_back({QLatin1String(caption), [this, offered = message.offer] {
+                               if (composer_.MayEdit()) files_->Accept(offered);
+                             }});
+  };
+  if (message.offer == FileMessage::Offer::Restore) offer("Restore");
+  if (message.offer == FileMessage::Offer::Recover) offer("Bring it back");
+  if (shown.actions.empty()) status_->Say(shown.text);
+  bar_->Say(std::move(shown));
+}
+
+// A name can hold the mark that stands for where "*" is shown.
+void MainWindow::ShowTitle() {
+  const Document& document = parts_.document;
+  QString name = document.File().empty() ? QStringLiteral("Untitled")
+                                         : ShownName(Utf8OfPath(document.File().filename()));
+  name.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+  setWindowTitle(name + QStringLiteral("[*] - Trillomat"));
+  setWindowModified(document.IsChanged());
 }
 
 void MainWindow::ShowComposer() {
   const QWidget* focus = focusWidget();
-  menu_->ShowState();
+  ShowEdited();
   noteEntry_->ShowState(LimitsOf(parts_.document.Mode()).rangeNote);
   durations_->ShowState(composer_.State().duration,
                         [this](int index) { return composer_.HasDuration(index); });
@@ -255,6 +295,7 @@ void MainWindow::Vibrate(bool on) { phone_->Vibrate(on); }
 
 void MainWindow::ShowPlaying(const std::optional<NowPlaying>& now) {
   noteEntry_->ShowSounding(now ? now->tone : std::nullopt);
+  melody_->Strip().ShowPlaying(now ? now->index : -1);
 }
 
 // What changed the places of controls comes before what paints them. Both are done without the event queue.
@@ -267,6 +308,10 @@ void MainWindow::PaintNow() {
 
 void MainWindow::DocumentChanged(const ChangedRange& range) {
   melodyBehind_ = melodyBehind_ || range.ElementsChanged() || range.cursor || range.mode;
+  if (range.file || range.SongChanged()) ShowTitle();
+  if (range.SongChanged() || range.cursor || range.selection) status_->Say({});
+  // Why something was refused counts no more once something was done; what is offered is offered still.
+  if (range.SongChanged() && bar_->Said().actions.empty()) bar_->Say({});
 }
 
 }  // namespace trillomat

@@ -9,14 +9,18 @@
 #include "settings/settings.h"
 #include "ui/all_notes_box.h"
 #include "ui/centre_area.h"
+#include "ui/edit_commands.h"
 #include "ui/files_box.h"
 #include "ui/insert_box.h"
+#include "ui/keys_window.h"
 #include "ui/main_menu.h"
 #include "ui/melody_box.h"
+#include "ui/message_bar.h"
 #include "ui/note_entry_box.h"
 #include "ui/option_box.h"
 #include "ui/phone_display.h"
 #include "ui/song_info_box.h"
+#include "ui/status_line.h"
 
 namespace trillomat {
 
@@ -75,6 +79,21 @@ class MainWindow final : public QMainWindow,
   void LayOut();
   void Connect();
   void SetUpFocus();
+  void FillMenus();
+  std::vector<MenuItem> FileItems();
+  std::vector<MenuItem> EditItems();
+  std::vector<MenuItem> ViewItems();
+  std::vector<MenuItem> PlayItems();
+  std::vector<MenuItem> HelpItems();
+  QStringList RecentTexts() const;
+  QStringList RecoverTexts() const;
+  void OpenRecent(int index);
+  void Recover(int index);
+  void CleanUp();
+  void ShowKeys();
+  void ShowTitle();
+  void ShowEdited();
+  void ShowMessage(const FileMessage& message);
   void ApplySettings(const Settings& settings);
   Settings CurrentSettings() const;
 
@@ -97,6 +116,7 @@ class MainWindow final : public QMainWindow,
   Player player_;
   Composer composer_;
   PlayControls play_;
+  EditCommands edit_;
   bool melodyBehind_ = false;  ///< the text view shows an older document
 
   MainMenu* menu_;
@@ -109,6 +129,9 @@ class MainWindow final : public QMainWindow,
   SongInfoBox* songInfo_;
   PhoneDisplay* phone_;
   FilesBox* files_;
+  MessageBar* bar_;
+  StatusLine* status_;
+  KeysWindow* keys_ = nullptr;
   CentreArea* centre_ = nullptr;
 };
 

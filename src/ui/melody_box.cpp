@@ -45,17 +45,23 @@ constexpr std::array<ControlButton, 6> kControlButtons{
 
 }  // namespace
 
-MelodyBox::MelodyBox(Composer& composer, PlayControls& play, QWidget* parent)
+MelodyBox::MelodyBox(Document& document, Composer& composer, PlayControls& play, QWidget* parent)
     : QGroupBox(QStringLiteral("Melody"), parent),
       composer_(composer),
       play_(play),
-      line_(new MelodyLine(this)) {
+      line_(new MelodyLine(this)),
+      strip_(new NoteStrip(document, composer, this)),
+      volume_(new VolumeSlider(this)) {
   auto* column = new QVBoxLayout(this);
   column->addWidget(line_);
+  column->addWidget(strip_, 1);
   auto* below = new QHBoxLayout;
   below->addLayout(NewCursorRow());
   below->addStretch();
   below->addLayout(NewControlRow());
+  below->addSpacing(below->spacing());
+  below->addWidget(volume_);
+  setTabOrder(controls_.back(), volume_);
   column->addLayout(below);
 }
 
@@ -84,15 +90,22 @@ QLayout* MelodyBox::NewControlRow() {
     auto* button =
         NewButton(IndexedName("cmdControl", i),
                   {QLatin1String(made.caption), QLatin1String(made.spoken), QLatin1String(made.tip)}, this);
-    connect(button, &QPushButton::clicked, this, [this, i] {
-      if (i != static_cast<int>(Control::Clear)) return play_.Press(static_cast<Control>(i));
-      emit Clearing();
-      composer_.Clear();
-    });
+    connect(button, &QPushButton::clicked, this, [this, i] { Press(static_cast<Control>(i)); });
     row->addWidget(button);
     controls_.at(static_cast<size_t>(i)) = button;
   }
+  Button(Control::Pause)->setCheckable(true);
   return row;
+}
+
+// The look of "Pause" follows the melody, not the click.
+void MelodyBox::Press(Control control) {
+  if (control == Control::Clear) {
+    emit Clearing();
+    return composer_.Clear();
+  }
+  play_.Press(control);
+  if (control == Control::Pause) ShowState();
 }
 
 void MelodyBox::ShowState() {
@@ -102,6 +115,7 @@ void MelodyBox::ShowState() {
     Button(locked)->setEnabled(edit);
   }
   const bool stopped = play_.State() == PlayState::Stopped;
+  Button(Control::Pause)->setChecked(play_.State() == PlayState::Paused);
   Button(Control::Play)->setText(stopped ? QStringLiteral("&Play") : QStringLiteral("&Playing"));
 }
 

@@ -36,7 +36,9 @@ NoteStrip::~NoteStrip() { document_.RemoveObserver(*this); }
 
 QSize NoteStrip::sizeHint() const { return {minimumSizeHint().width(), fontMetrics().height() * 9}; }
 
-QSize NoteStrip::minimumSizeHint() const { return QSize(12, 6) * fontMetrics().height(); }
+QSize NoteStrip::minimumSizeHint() const {
+  return {12 * fontMetrics().height(), 7 * fontMetrics().height() / 2};
+}
 
 // Everything that is shown follows the change at once; what was painted is repainted only where it differs.
 void NoteStrip::DocumentChanged(const ChangedRange& range) {

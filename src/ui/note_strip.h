@@ -32,6 +32,9 @@ class NoteStrip final : public QAbstractScrollArea, private DocumentObserver {
   void ZoomIn();
   void ZoomOut();
   void ZoomReset();
+  /// 100 is the first zoom; as it goes, others are put to its nearest end.
+  int ZoomPercent() const { return qRound(zoom_ * 100); }
+  void SetZoomPercent(int percent);
 
   /// What is shown at the cursor, for screen readers.
   QString Words() const;

@@ -50,6 +50,7 @@ StripGeometry NoteStrip::Geometry() const {
 }
 
 void NoteStrip::ZoomIn() { SetZoom(zoom_ * kZoomStep, Geometry().X(cursorShown_)); }
+void NoteStrip::SetZoomPercent(int percent) { SetZoom(percent / 100.0, Geometry().X(cursorShown_)); }
 void NoteStrip::ZoomOut() { SetZoom(zoom_ / kZoomStep, Geometry().X(cursorShown_)); }
 void NoteStrip::ZoomReset() { SetZoom(1, Geometry().X(cursorShown_)); }
 

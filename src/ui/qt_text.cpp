@@ -1,5 +1,7 @@
 #include "ui/qt_text.h"
 
+#include <algorithm>
+
 #include "core/code_page.h"
 #include "core/terminal_text.h"
 
@@ -51,6 +53,11 @@ QString ShownMessage(const QString& text) {
     shown += ends || IsShown(character) ? character : QChar(QChar::ReplacementCharacter);
   }
   return shown;
+}
+
+QString MinutesText(double milliseconds) {
+  const auto seconds = static_cast<qint64>(std::max(milliseconds, 0.0) / 1000 + 0.5);
+  return QStringLiteral("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QLatin1Char('0'));
 }
 
 QString IndexedName(const char* group, int index) {

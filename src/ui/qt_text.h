@@ -24,6 +24,9 @@ QString ShownName(std::string_view text);
 /// at which a text without blanks can be broken into lines.
 QString ShownMessage(const QString& text);
 
+/// A length in minutes and seconds: "1:07". A negative one counts as none.
+QString MinutesText(double milliseconds);
+
 /// The name of member `index` of an indexed group of controls: "cmdTone(3)".
 QString IndexedName(const char* group, int index);
 

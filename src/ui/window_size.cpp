@@ -7,7 +7,7 @@ namespace trillomat {
 namespace {
 
 constexpr std::string_view kSection = "Window";
-constexpr QSize kFirstSize(1024, 720);
+constexpr QSize kFirstSize(1100, 820);
 constexpr QSize kSmallestSize(320, 240);
 
 int Length(SettingsDraft& draft, std::string_view key, int first) {

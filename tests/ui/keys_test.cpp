@@ -1,6 +1,7 @@
 // The table of keys: every row of it pressed in the real main window.
 #include <QMap>
 #include <QSet>
+#include <QSignalSpy>
 #include <QTreeWidget>
 
 #include "core/tone.h"
@@ -134,6 +135,44 @@ TEST_F(Keys, EveryRowThatNoMenuStandsForDoesWhatItSays) {
   for (const KeyRow& row : KeyTable()) {
     EXPECT_TRUE(pressed.contains(row.command) || *row.item != 0) << row.words << " was not pressed";
   }
+}
+
+TEST_F(Keys, EveryMenuItemOfTheTableIsRunByItsKeysAndShowsThem) {
+  const std::map<KeyCommand, std::string> expected{{KeyCommand::SelectAll, "*4c2 *4d2 *4e2| 0-3 420"},
+                                                   {KeyCommand::SemitoneUp, "*4c2 *4#d2|*4e2 1-2 420"},
+                                                   {KeyCommand::SemitoneDown, "*4c2 *4#c2|*4e2 1-2 420"},
+                                                   {KeyCommand::Cut, "*4c2|*4e2 0-0 420"},
+                                                   {KeyCommand::Copy, "*4c2 *4d2|*4e2 1-2 420"},
+                                                   {KeyCommand::Paste, "*4c2 *4d2|*4e2 0-0 420"},
+                                                   {KeyCommand::Duplicate, "*4c2 *4d2 *4d2|*4e2 2-3 420"},
+                                                   {KeyCommand::Undo, "*4c2 *4d2|*4e2 0-0 420"},
+                                                   {KeyCommand::Redo, "*4c2 *4d2 r2|*4e2 0-0 420"}};
+  for (const KeyRow& row : KeyTable()) {
+    if (*row.item == 0) continue;
+    EXPECT_EQ(Action(row.item).shortcuts(), KeysOf(row.command)) << row.item;
+    // These are not the menu's: they work while it is hidden, too, and when they are held down.
+    const bool bound = row.command == KeyCommand::EraseRight || row.command == KeyCommand::PlayOrStop ||
+                       row.command == KeyCommand::PlayFromCursor;
+    for (int key = 0; !bound && row.command != KeyCommand::Exit && key < KeysOf(row.command).size(); ++key) {
+      Prepare({1, 2});
+      const bool steps = row.command == KeyCommand::Undo || row.command == KeyCommand::Redo;
+      if (steps) {
+        document.Apply({.cursor = 1});
+        PressKeyOf(KeyCommand::Pause);
+      }
+      if (row.command == KeyCommand::Redo) PressKeyOf(KeyCommand::Undo);
+      const QSignalSpy triggered(&Action(row.item), &QAction::triggered);
+      PressKeyOf(row.command, key);
+      EXPECT_EQ(triggered.count(), 1) << row.item << " " << KeyName(row.command, key).toStdString();
+      if (expected.contains(row.command)) {
+        EXPECT_EQ(State(), expected.at(row.command)) << row.item;
+      }
+      window.activateWindow();
+    }
+  }
+  const QSignalSpy closed(&window, &MainWindow::Closed);
+  PressKeyOf(KeyCommand::Exit);
+  EXPECT_EQ(closed.count(), 1);
 }
 
 TEST_F(Keys, TheRowAboveIsRefusedWhereTheModeHasNoSuchOctave) {

@@ -257,14 +257,14 @@ TEST_F(MainWindowFiles, TheSelectedRowIsWhatCtrlSOverwritesAndWithoutOneItIsSave
   EXPECT_EQ(SavedAs("b.imy"), Tune("e2"));
 }
 
-TEST_F(MainWindowFiles, WhatWasNotDoneIsSaidBesideTheListUntilSomethingIsOpened) {
+TEST_F(MainWindowFiles, WhatWasNotDoneIsSaidAboveTheMelodyUntilSomethingIsOpened) {
   window.OpenFile(folder / "bad.imy");
   EXPECT_EQ(NoticeText().toStdString(), "Not opened: line 4 has no \":\": \"no colon\"");
   window.OpenFile(folder / "a.imy");
   EXPECT_EQ(NoticeText(), "");
   window.OpenFile(folder / "<b>nosuch.imy");
   EXPECT_THAT(NoticeText().toStdString(), HasSubstr("<b>nosuch.imy"));
-  EXPECT_EQ(Get<QLabel>("lblNotice").textFormat(), Qt::PlainText);
+  EXPECT_EQ(Get<QLabel>("lblMessage").textFormat(), Qt::PlainText);
   for (const char* name : {"a", "x/y"}) {
     window.OpenFile(folder / "b.imy");
     Answer<QLineEdit>("txtName", name, "cmdOK");
@@ -281,13 +281,14 @@ TEST(MainWindowRecovery, AMelodyComesBackAfterAnAbnormalEndAndOnDemand) {
     MainWindow window(parts.ForWindow(state.Path()));
     window.Load();
     window.OfferRecovery();
-    EXPECT_EQ(Find<QLabel>(window, "lblNotice").text().startsWith("Unsaved (1 element) was not saved"), left);
+    EXPECT_EQ(Find<QLabel>(window, "lblMessage").text().startsWith("Unsaved (1 element) was not saved"),
+              left);
     EXPECT_EQ(ShownIn(window), "|");
     Click(window, "cmdControl(0)");
     Find<QLineEdit>(window, "txtSongInfo(2)").setText("Unsaved");
     Click(window, "cmdTone(0)");
     Click(window, "cmdControl(0)");
-    window.findChild<QAction*>("mnuFileRecover")->trigger();
+    TriggerInList(window, "mnuFileRecover", 0);
     EXPECT_EQ(ShownIn(window), "|*4c4");
     EXPECT_EQ(parts.document.Info().name, "Unsaved");
     QTest::qWait(Recovery::kTickInterval + 200);  // for the timer that writes it down

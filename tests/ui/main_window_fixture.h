@@ -81,6 +81,12 @@ inline std::string ShownIn(const MainWindow& window) {
   return (half("txtLeft") + "|" + half("txtRight")).toStdString();
 }
 
+/// Opens a menu that is filled when it is opened, and takes an item of it.
+inline void TriggerInList(const MainWindow& window, const char* menu, int index) {
+  emit Find<QMenu>(window, menu).aboutToShow();
+  Find<QAction>(window, IndexedName(menu, index)).trigger();
+}
+
 class MainWindowTest : public testing::Test, public Parts {
  protected:
   /// A window that was loaded and shown, and played nothing yet.
@@ -114,7 +120,7 @@ class MainWindowTest : public testing::Test, public Parts {
   QString Text(const QString& name) const { return Get<QLineEdit>(name).text(); }
   std::string Shown() const { return ShownIn(window); }
   QString NoticeText() const {
-    return Get<QLabel>("lblNotice").isHidden() ? QString() : Get<QLabel>("lblNotice").text();
+    return Get<QWidget>("messageBar").isHidden() ? QString() : Get<QLabel>("lblMessage").text();
   }
   /// Enters tones by their keys ("c#d"), "-" for a pause.
   void Enter(const std::string& keys) {

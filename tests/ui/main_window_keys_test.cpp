@@ -99,9 +99,11 @@ TEST_F(MainWindowKeys, EveryControlIsNamedAndReachedByTabInTheOrderOfTheEye) {
       group("cmdTone", 12) +
       "cmdPause cmdDuration cmdLowHigh SliderOctave optDuration(2) optDurationExtra(0) cmdScaleDown "
       "cmdScaleUP " +
-      group("cmdInsert", 11) + "cboVolume txtLeft txtRight cmdEraseLeft cmdLeft cmdRight cmdEraseRight " +
+      group("cmdInsert", 11) +
+      "cboVolume txtLeft txtRight noteStrip cmdEraseLeft cmdLeft cmdRight cmdEraseRight " +
       group("cmdControl", 6) +
-      "txtSongInfo(2) txtSongInfo(3) txtSongInfo(4) cboSongInfo(0) cboSongInfo(1) cboDrives ListFiles "
+      "sldVolume txtSongInfo(2) txtSongInfo(3) txtSongInfo(4) cboSongInfo(0) cboSongInfo(1) cboDrives "
+      "ListFiles "
       "cmdSaveAs cmdImport cmdExport";
   EXPECT_EQ(reached.join(' ').toStdString(), expected.toStdString());
 }

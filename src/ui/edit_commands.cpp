@@ -1,0 +1,35 @@
+#include "ui/edit_commands.h"
+
+#include <utility>
+
+#include "core/scoped_value.h"
+#include "ui/melody_clipboard.h"
+#include "ui/qt_text.h"
+
+namespace trillomat {
+
+EditCommands::EditCommands(const Document& document, Composer& composer, const Services& services,
+                           std::function<void(const QString&)> say)
+    : document_(document), composer_(composer), services_(services), say_(std::move(say)) {}
+
+// What was copied is what is cut, whatever ran while the text of it was made.
+void EditCommands::Cut() {
+  if (!composer_.MayEdit() || !HasSelection()) return;
+  const ElementList cut = composer_.Selected();
+  CopyToClipboard(cut, document_, services_);
+  if (composer_.Selected() == cut) composer_.EraseSelected("cutting");
+}
+
+void EditCommands::Copy() {
+  if (HasSelection()) CopyToClipboard(composer_.Selected(), document_, services_);
+}
+
+void EditCommands::Paste() {
+  if (!composer_.MayEdit() || pasting_) return;
+  const ScopedValue pasting(pasting_, true);
+  ReadResult read = PasteFromClipboard(document_.Mode(), services_);
+  if (read) return composer_.Paste(std::move(read.elements));
+  say_(QStringLiteral("Not pasted: ") + ToQString(read.refusal->why));
+}
+
+}  // namespace trillomat

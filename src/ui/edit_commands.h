@@ -1,0 +1,33 @@
+// "Cut", "Copy", "Paste" and their kin: what the "Edit" menu does beside the composer's own commands.
+#pragma once
+
+#include <QString>
+#include <functional>
+
+#include "composer/composer.h"
+#include "core/services.h"
+
+namespace trillomat {
+
+class EditCommands {
+ public:
+  /// `say` shows why something was refused.
+  EditCommands(const Document& document, Composer& composer, const Services& services,
+               std::function<void(const QString&)> say);
+
+  /// Both do nothing where nothing is selected.
+  void Cut();
+  void Copy();
+  /// A text that is no melody is refused and changes nothing.
+  void Paste();
+  bool HasSelection() const { return !document_.Selection().IsEmpty(); }
+
+ private:
+  const Document& document_;
+  Composer& composer_;
+  Services services_;
+  std::function<void(const QString&)> say_;
+  bool pasting_ = false;  ///< reading lets events run, and with them another command
+};
+
+}  // namespace trillomat

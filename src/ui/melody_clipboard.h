@@ -1,0 +1,21 @@
+// Elements on the system's clipboard: exactly, in a type of the program's own, and as text in the notation of
+// the mode, for mails and other programs.
+#pragma once
+
+#include "core/services.h"
+#include "document/document.h"
+#include "formats/formats.h"
+
+namespace trillomat {
+
+/// Takes the text that recovery_text.h describes.
+inline constexpr const char* kElementsType = "application/x-trillomat-elements";
+
+/// Puts `elements` on the clipboard, with the song information and in the mode of `document`.
+void CopyToClipboard(const ElementList& elements, const Document& document, const Services& services);
+
+/// What the clipboard holds: the program's own elements, or what a text is read as in `mode`. Refused in
+/// words where that is no melody.
+ReadResult PasteFromClipboard(FormatMode mode, const Services& services);
+
+}  // namespace trillomat

@@ -1,0 +1,76 @@
+#include "ui/message_bar.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QStyle>
+#include <utility>
+
+#include "ui/controls.h"
+#include "ui/qt_text.h"
+
+namespace trillomat {
+
+MessageBar::MessageBar(QWidget* parent)
+    : QFrame(parent),
+      text_(NewLabel(QStringLiteral("lblMessage"), {}, nullptr, this)),
+      close_(new QToolButton(this)) {
+  NameControl(*this, QStringLiteral("messageBar"), {{}, QStringLiteral("Message")});
+  text_->setWordWrap(true);
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(10, 3, 3, 3);
+  row->addWidget(text_, 1);
+  for (size_t i = 0; i < actions_.size(); ++i) {
+    actions_.at(i) = NewButton(IndexedName("messageAction", static_cast<int>(i)), {}, this);
+    connect(actions_.at(i), &QPushButton::clicked, this, [this, i] { Run(i); });
+    row->addWidget(actions_.at(i));
+  }
+  NameControl(*close_, QStringLiteral("messageClose"),
+              {{}, QStringLiteral("Close the message"), QStringLiteral("Close")});
+  close_->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+  close_->setAutoRaise(true);
+  close_->setFocusPolicy(Qt::TabFocus);
+  connect(close_, &QToolButton::clicked, this, [this] {
+    Say({});
+    emit Closed();
+  });
+  row->addWidget(close_);
+  hide();
+}
+
+void MessageBar::Say(BarMessage message) {
+  message_ = std::move(message);
+  text_->setText(ShownMessage(message_.text));
+  for (size_t i = 0; i < actions_.size(); ++i) {
+    const bool used = i < message_.actions.size();
+    actions_.at(i)->setVisible(used);
+    if (!used) continue;
+    actions_.at(i)->setText(message_.actions[i].caption);
+    actions_.at(i)->setAccessibleName(message_.actions[i].caption.simplified().remove(QLatin1Char('&')));
+  }
+  setAccessibleDescription(message_.text);
+  setVisible(!message_.text.isEmpty());
+  if (message_.text.isEmpty() || !QAccessible::isActive()) return;
+  QAccessibleEvent alert(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+}
+
+// It says no more before what it offers is done, which may have something to say itself.
+void MessageBar::Run(size_t action) {
+  const auto run = message_.actions.at(action).run;
+  Say({});
+  run();
+}
+
+// In the colour of what is selected, thinned by that of the window, so that it is seen in any palette.
+void MessageBar::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  QColor face = palette().color(QPalette::Highlight);
+  painter.setPen(QPen(face, 1));
+  face.setAlphaF(0.15F);
+  painter.setBrush(face);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+}
+
+}  // namespace trillomat

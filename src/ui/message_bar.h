@@ -1,0 +1,52 @@
+// The one place for what the program says without a box: a line above the melody, with up to two buttons. It
+// goes when it no longer applies, or by its own small button.
+#pragma once
+
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+#include <QToolButton>
+#include <array>
+#include <functional>
+#include <vector>
+
+namespace trillomat {
+
+/// What the bar says, and what can be done about it.
+struct BarMessage {
+  struct Action {
+    QString caption;
+    std::function<void()> run;
+  };
+
+  QString text;                      ///< plain text; empty for nothing to say
+  std::vector<Action> actions = {};  ///< at most two; the bar has gone when one runs
+};
+
+class MessageBar : public QFrame {
+  Q_OBJECT
+
+ public:
+  explicit MessageBar(QWidget* parent);
+
+  /// Says this in the place of what was said before, to screen readers as well; without a text it goes.
+  void Say(BarMessage message);
+  const BarMessage& Said() const { return message_; }
+
+ signals:
+  /// The user has closed it.
+  void Closed();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void Run(size_t action);
+
+  BarMessage message_;
+  QLabel* text_;
+  std::array<QPushButton*, 2> actions_{};
+  QToolButton* close_;
+};
+
+}  // namespace trillomat

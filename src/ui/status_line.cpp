@@ -1,0 +1,69 @@
+#include "ui/status_line.h"
+
+#include "composer/element_words.h"
+#include "playback/player.h"
+#include "ui/controls.h"
+#include "ui/qt_text.h"
+
+namespace trillomat {
+namespace {
+
+QString TimeText(int64_t ticks, int32_t bpm) {
+  return MinutesText(static_cast<double>(ticks) * BeatLength(bpm) / kTicksPerBeat);
+}
+
+}  // namespace
+
+StatusLine::StatusLine(QStatusBar& bar, const Document& document, const StripTimes& times)
+    : QObject(&bar),
+      bar_(bar),
+      document_(document),
+      times_(times),
+      format_(NewPart("lblFormat", "Format", "Format of the melody", 0)),
+      position_(NewPart("lblPosition", "Position", "Element at the cursor and length of the melody", 0)),
+      element_(NewPart("lblElement", "Element", "Element at the cursor", 1)),
+      state_(NewPart("lblState", "Saved or not", "Whether the melody is saved", 0)) {
+  bar_.setSizeGripEnabled(false);
+  // A long text must not widen the window.
+  element_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+}
+
+QLabel* StatusLine::NewPart(const char* name, const char* spoken, const char* tip, int stretch) {
+  QLabel* part = NewLabel(QLatin1String(name), {}, nullptr, &bar_);
+  part->setAccessibleName(QLatin1String(spoken));
+  part->setToolTip(QLatin1String(tip));
+  part->setContentsMargins(6, 0, 6, 0);
+  bar_.addWidget(part, stretch);
+  return part;
+}
+
+void StatusLine::ShowState() {
+  format_->setText(ToQString(LimitsOf(document_.Mode()).caption));
+  position_->setText(PositionText());
+  element_->setText(ElementText());
+  state_->setText(document_.IsChanged()      ? QStringLiteral("Not saved")
+                  : document_.File().empty() ? QString()
+                                             : QStringLiteral("Saved"));
+}
+
+void StatusLine::Say(const QString& text) { bar_.showMessage(ShownName(text.toStdString())); }
+
+QString StatusLine::PositionText() const {
+  if (document_.IsEmpty()) return QStringLiteral("No elements");
+  const int32_t bpm = document_.Info().bpm;
+  const int32_t place = document_.Cursor() + 1;
+  return QStringLiteral("Element %L1 of %L2, %3 of %4")
+      .arg(place)
+      .arg(document_.LastIndex() + 1)
+      .arg(TimeText(times_.Before(place).ticks, bpm), TimeText(times_.Total().ticks, bpm));
+}
+
+QString StatusLine::ElementText() const {
+  if (document_.IsEmpty()) return {};
+  const ElementRange selected = document_.Selection();
+  if (selected.Size() > 1) return QStringLiteral("%L1 elements selected").arg(selected.Size());
+  if (!document_.HasElement(document_.Cursor())) return QStringLiteral("Before the first element");
+  return ToQString(ElementWords(document_.At(document_.Cursor()), document_.Info().bpm));
+}
+
+}  // namespace trillomat

@@ -1,0 +1,41 @@
+// The status bar: the format, where the cursor is and how long the melody, the element under the cursor in
+// words, and whether the song is saved; and, until the next thing happens, why the last one was refused or
+// how far long work has come.
+#pragma once
+
+#include <QLabel>
+#include <QStatusBar>
+
+#include "composer/strip_times.h"
+#include "document/document.h"
+
+namespace trillomat {
+
+class StatusLine : public QObject {
+  Q_OBJECT
+
+ public:
+  /// `times` are those of `document`.
+  StatusLine(QStatusBar& bar, const Document& document, const StripTimes& times);
+
+  /// Shows what is so now.
+  void ShowState();
+  /// Why the last thing was refused, or what is being done: stands in front until ShowState is called with
+  /// another song or cursor. Empty for nothing.
+  void Say(const QString& text);
+
+ private:
+  QLabel* NewPart(const char* name, const char* spoken, const char* tip, int stretch);
+  QString PositionText() const;
+  QString ElementText() const;
+
+  QStatusBar& bar_;
+  const Document& document_;
+  const StripTimes& times_;
+  QLabel* format_;
+  QLabel* position_;
+  QLabel* element_;
+  QLabel* state_;
+};
+
+}  // namespace trillomat
