@@ -22,6 +22,13 @@ QLabel* NewNothing(QWidget* parent) {
   return label;
 }
 
+// What is typed is a step of the song, so taking it back is not the text box's own affair.
+bool IsLeftToMenu(QKeyEvent& key) {
+  const bool left = key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
+  if (left) key.ignore();
+  return left;
+}
+
 }  // namespace
 
 SongInfoBox::SongInfoBox(Composer& composer, QWidget* parent)
@@ -72,6 +79,8 @@ QComboBox* SongInfoBox::NewList(int index) {
 
 // The key filter of the boxes for numbers. Keys that type nothing always pass.
 bool SongInfoBox::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusOut) composer_.EndTyping();
+  if (event->type() == QEvent::ShortcutOverride) return IsLeftToMenu(static_cast<QKeyEvent&>(*event));
   if (event->type() != QEvent::KeyPress) return QGroupBox::eventFilter(watched, event);
   const QString typed = static_cast<QKeyEvent*>(event)->text();
   for (int i = 0; i < static_cast<int>(texts_.size()); ++i) {
