@@ -309,6 +309,7 @@ void MainWindow::PaintNow() {
 void MainWindow::DocumentChanged(const ChangedRange& range) {
   melodyBehind_ = melodyBehind_ || range.ElementsChanged() || range.cursor || range.mode;
   if (range.file || range.SongChanged()) ShowTitle();
+  if (range.file) status_->ShowState();
   if (range.SongChanged() || range.cursor || range.selection) status_->Say({});
   // Why something was refused counts no more once something was done; what is offered is offered still.
   if (range.SongChanged() && bar_->Said().actions.empty()) bar_->Say({});

@@ -79,7 +79,7 @@ QComboBox* SongInfoBox::NewList(int index) {
 
 // The key filter of the boxes for numbers. Keys that type nothing always pass.
 bool SongInfoBox::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::FocusOut) composer_.EndTyping();
+  if (event->type() == QEvent::FocusIn) composer_.EndTyping();
   if (event->type() == QEvent::ShortcutOverride) return IsLeftToMenu(static_cast<QKeyEvent&>(*event));
   if (event->type() != QEvent::KeyPress) return QGroupBox::eventFilter(watched, event);
   const QString typed = static_cast<QKeyEvent*>(event)->text();

@@ -2,6 +2,7 @@
 // also in the middle of every operation that lets events run. After each event the views have to be those of
 // the document, and nothing may be locked. TRILLOMAT_MONKEY_EVENTS sets how many events,
 // TRILLOMAT_MONKEY_SEED which.
+#include <QClipboard>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPointer>
@@ -9,6 +10,7 @@
 #include <random>
 
 #include "composer/song_info.h"
+#include "files/path_text.h"
 #include "formats/formats.h"
 #include "support/silent_services.h"
 #include "ui/main_window_fixture.h"
@@ -17,10 +19,16 @@
 namespace trillomat {
 namespace {
 
-constexpr Qt::Key kKeys[] = {Qt::Key_Left,  Qt::Key_Right, Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Space,
-                             Qt::Key_Home,  Qt::Key_End,   Qt::Key_Tab,    Qt::Key_Backtab,   Qt::Key_Up,
-                             Qt::Key_Down,  Qt::Key_Z,     Qt::Key_S,      Qt::Key_X,         Qt::Key_1,
-                             Qt::Key_Enter, Qt::Key_Menu,  Qt::Key_Escape};
+constexpr Qt::Key kKeys[] = {Qt::Key_Left,  Qt::Key_Right,  Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Space,
+                             Qt::Key_Home,  Qt::Key_End,    Qt::Key_Tab,    Qt::Key_Backtab,   Qt::Key_Up,
+                             Qt::Key_Down,  Qt::Key_Z,      Qt::Key_S,      Qt::Key_X,         Qt::Key_1,
+                             Qt::Key_Enter, Qt::Key_Menu,   Qt::Key_Escape, Qt::Key_Q,         Qt::Key_5,
+                             Qt::Key_Minus, Qt::Key_Period, Qt::Key_PageUp, Qt::Key_A,         Qt::Key_D,
+                             Qt::Key_V};
+
+constexpr Qt::KeyboardModifiers kModifiers[] = {Qt::NoModifier, Qt::NoModifier,    Qt::NoModifier,
+                                                Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier,
+                                                Qt::AltModifier};
 
 constexpr const char* kTexts[] = {"",    "0",   "2",     "15",  "16",    "100",         "901",
                                   "abc", "-1",  "ä\nb",  "V7",  "S1",    "99999999999", ")",
@@ -68,11 +76,12 @@ class Monkey {
 
   void ActOn(MainWindow& window, const TempFolder& folder) {
     const int dice = Number(100);
-    if (dice < 45) return AnyOf(Usable<QAbstractButton>(window))->click();
+    if (dice < 35) return AnyOf(Usable<QAbstractButton>(window))->click();
+    if (dice < 47) return UseStrip(window);
     if (dice < 65) {
       QWidget* focus = window.focusWidget() == nullptr ? &window : window.focusWidget();
       return QTest::keyClick(focus, kKeys[Number(std::size(kKeys))],
-                             Number(10) == 0 ? Qt::AltModifier : Qt::NoModifier);
+                             kModifiers[Number(std::size(kModifiers))]);
     }
     if (dice < 72) return TypeText(*AnyOf(Usable<QLineEdit>(window)));
     if (dice < 82) return TriggerItem(window);
@@ -99,7 +108,26 @@ class Monkey {
     if (!box.isReadOnly()) box.setText(AnyText());
   }
 
+  // Presses, drags, releases and double clicks, each of them an event of its own, so that anything can come
+  // between them.
+  void UseStrip(const MainWindow& window) {
+    auto& strip = Find<NoteStrip>(window, "noteStrip");
+    if (!strip.isVisible()) return;
+    QWidget* view = strip.viewport();
+    const QPoint place(Number(view->width() + 40) - 20, Number(view->height() + 40) - 20);
+    const Qt::KeyboardModifiers held = Number(4) == 0 ? Qt::ShiftModifier : Qt::NoModifier;
+    switch (Number(6)) {
+      case 0: return QTest::mousePress(view, Qt::LeftButton, held, place);
+      case 1: return QTest::mouseRelease(view, Qt::LeftButton, held, place);
+      case 2: return QTest::mouseDClick(view, Qt::LeftButton, held, place);
+      case 3: return QTest::mouseClick(view, Qt::LeftButton, held, place);
+      default: return QTest::mouseMove(view, place);
+    }
+  }
+
   void TriggerItem(const MainWindow& window) {
+    for (const char* list : {"mnuFileRecent", "mnuFileRecover"}) emit Find<QMenu>(window, list).aboutToShow();
+    if (Number(10) == 0) QGuiApplication::clipboard()->setText(AnyText());
     QList<QAction*> items;
     for (QAction* item : window.menuBar()->findChildren<QAction*>()) {
       if (item->menu() == nullptr && !item->isSeparator()) items << item;
@@ -196,7 +224,9 @@ class MonkeyTest : public testing::Test {
     ASSERT_TRUE(Find<QWidget>(*window, "cmdPause").isEnabled());
     CheckMelody();
     CheckPanel();
+    CheckAround();
     if (++checks_ % 10 == 0) CheckSaving();
+    if (checks_ % 40 == 0) CheckSteps();
   }
 
   Monkey monkey{static_cast<unsigned>(qEnvironmentVariable("TRILLOMAT_MONKEY_SEED", "2002").toInt())};
@@ -240,6 +270,40 @@ class MonkeyTest : public testing::Test {
     ASSERT_EQ(Find<QComboBox>(*window, "cboSongInfo(0)").currentText(), ToQString(StyleText(info.style)));
     const QString volume = Find<QComboBox>(*window, "cboSongInfo(1)").currentText();
     ASSERT_TRUE(rtttl || volume == ToQString(info.volume));
+  }
+
+  /// Note strip, title and menu.
+  void CheckAround() {
+    const StripTimes times(*document);
+    const StripLayout& strip = Find<NoteStrip>(*window, "noteStrip").Layout();
+    ASSERT_EQ(strip.Times().Total(), times.Total());
+    const int32_t place = document->Cursor() + 1;
+    ASSERT_EQ(strip.CursorPlace(), strip.scale.WidthOf(times.Before(place)));
+    ASSERT_EQ(window->isWindowModified(), document->IsChanged());
+    const QString file = ShownName(Utf8OfPath(document->File().filename()));
+    ASSERT_TRUE(window->windowTitle().startsWith(file.isEmpty() ? "Untitled" : file));
+    const bool selected = !document->Selection().IsEmpty();
+    ASSERT_EQ(window->findChild<QAction*>("mnuEditCut")->isEnabled(), selected);
+    const ElementRange range = document->Selection();
+    ASSERT_TRUE(!selected || (range.begin >= 0 && range.end <= document->LastIndex() + 1));
+  }
+
+  /// All that was done is taken back and made again.
+  void CheckSteps() {
+    auto& undo = Find<QAction>(*window, "mnuEditUndo");
+    auto& redo = Find<QAction>(*window, "mnuEditRedo");
+    while (redo.isEnabled()) redo.trigger();
+    const Song song = document->CurrentSong();
+    const int32_t cursor = document->Cursor();
+    const ElementRange selection = document->Selection();
+    while (undo.isEnabled()) undo.trigger();
+    ASSERT_NO_FATAL_FAILURE(CheckAround());
+    ASSERT_NO_FATAL_FAILURE(CheckMelody());
+    while (redo.isEnabled()) redo.trigger();
+    ASSERT_EQ(document->CurrentSong(), song);
+    ASSERT_EQ(document->Cursor(), cursor);
+    ASSERT_EQ(document->Selection(), selection);
+    ASSERT_NO_FATAL_FAILURE(CheckMelody());
   }
 
   /// Save As can be pressed, which it cannot while a file operation runs, and writes the document's song.
