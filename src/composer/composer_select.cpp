@@ -76,11 +76,11 @@ void Composer::Duplicate() {
   if (!MayEdit() || !document_.HasElement(copied.begin)) return;
   const auto elements = ElementsIn(copied);
   const int32_t end = copied.end + copied.Size();
-  Change change{.at = static_cast<size_t>(copied.end),
-                .inserted = {elements.begin(), elements.end()},
-                .cursor = end - 1};
-  if (!selected.IsEmpty()) change.selection = ElementRange{copied.end, end};
-  history_.Do("duplicating", std::move(change));
+  const std::optional<ElementRange> copy(ElementRange{copied.end, end});
+  history_.Do("duplicating", {.at = static_cast<size_t>(copied.end),
+                              .inserted = {elements.begin(), elements.end()},
+                              .cursor = end - 1,
+                              .selection = selected.IsEmpty() ? std::nullopt : copy});
   RefreshMelodyView();
 }
 
