@@ -80,6 +80,9 @@ class FilesHost {
   /// Takes the place of what was said before. FileBrowser::Accept does what it offers.
   virtual void Say(const FileMessage& message) = 0;
 
+  /// How far long work has come; empty at its end.
+  virtual void ShowProgress(std::string_view text) = 0;
+
   // Questions, each answered when it returns.
   /// Shows `frmRename` with `name` in `txtName`. Its text after "OK", nothing after "Cancel".
   virtual std::optional<std::string> AskNewName(std::string_view name) = 0;

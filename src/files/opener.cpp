@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/code_page.h"
+#include "core/progress_pump.h"
 #include "files/path_text.h"
 #include "files/read_file.h"
 #include "files/recent_files.h"
@@ -32,7 +33,12 @@ bool Opener::Open(const fs::path& file, FormatMode mode) {
     LogReaderFault(mode, parts_.services.log);
     return Refuse(ToUtf8(bytes.Why().why));
   }
-  ReadResult read = Read(*bytes, mode, parts_.record, parts_.services);
+  ProgressPump pump(parts_.services.pump, [&](size_t elements) {
+    parts_.host.ShowProgress("Reading " + Utf8OfPath(file.filename()) + ": " + std::to_string(elements) +
+                             " elements");
+  });
+  ReadResult read = Read(*bytes, mode, parts_.record, {parts_.services.log, pump});
+  parts_.host.ShowProgress({});
   parts_.record = read.record;
   if (!read) return Refuse(ToUtf8(read.refusal->why));
   Replace(std::move(read), mode, fs::absolute(file), "opening");

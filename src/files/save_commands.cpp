@@ -5,6 +5,7 @@
 
 #include "core/ascii.h"
 #include "core/code_page.h"
+#include "core/progress_pump.h"
 #include "files/path_text.h"
 #include "files/recent_files.h"
 #include "files/recovery.h"
@@ -53,13 +54,24 @@ void SaveCommands::WriteSelected() {
   Log& log = parts_.services.log;
   const auto removed = [&log] { log.WriteLog("Removed file", 1); };
   const TargetFile file = browser_.SelectedFile();
-  const SaveResult result = SaveOver(file, WorkParts(), removed);
+  const SaveResult result = Write(file, true, removed);
   Say(file, result);
   switch (result.outcome) {
     case Outcome::Saved: return log.WriteLog("Saved the file", 1);
     case Outcome::NotWritten: return log.WriteLog("Failed to save the file", 2);
     default: return log.WriteLog("Could not remove the old file", 1);
   }
+}
+
+SaveResult SaveCommands::Write(const TargetFile& file, bool exists, const std::function<void()>& onRemoved) {
+  ProgressPump pump(parts_.services.pump, [&](size_t elements) {
+    parts_.host.ShowProgress("Writing " + Utf8OfPath(file.path.filename()) + ": " + std::to_string(elements) +
+                             " elements");
+  });
+  const SaveParts parts{parts_.store, parts_.document, parts_.kept, {parts_.services.log, pump}};
+  const SaveResult result = exists ? SaveOver(file, parts, onRemoved) : SaveNew(file, parts);
+  parts_.host.ShowProgress({});
+  return result;
 }
 
 void SaveCommands::SaveAs() {
@@ -80,7 +92,7 @@ void SaveCommands::AskAndWrite() {
   const bool exists = parts_.store.Exists(*file);
   if (exists && !parts_.host.AskYesNo("File Exist", "File Already exist! Remove?")) return;
   const TargetFile target{*file, LogText(*file, parts_.store)};
-  const SaveResult result = exists ? SaveOver(target, WorkParts(), [] {}) : SaveNew(target, WorkParts());
+  const SaveResult result = Write(target, exists, [] {});
   Say(target, result);
   switch (result.outcome) {
     case Outcome::Saved: log.WriteLog("File Saved", 1); return browser_.RefreshAndSelectSaved();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -40,7 +41,7 @@ class SaveCommands {
   void WriteSelected();
   void AskAndWrite();
   std::optional<std::filesystem::path> AskFile();
-  SaveParts WorkParts() const { return {parts_.store, parts_.document, parts_.kept, parts_.services}; }
+  SaveResult Write(const TargetFile& file, bool exists, const std::function<void()>& onRemoved);
   void Say(const TargetFile& file, const SaveResult& result);
 
   FileParts parts_;

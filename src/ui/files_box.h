@@ -18,6 +18,7 @@
 #include "files/save_commands.h"
 #include "ui/controls.h"
 #include "ui/file_list.h"
+#include "ui/qt_text.h"
 #include "ui/questions.h"
 
 namespace trillomat {
@@ -97,6 +98,7 @@ class FilesBox : public QGroupBox, private FilesHost {
   void StartClickTimer() override;
   void StopClickTimer() override;
   void Say(const FileMessage& message) override { emit Said(message); }
+  void ShowProgress(std::string_view text) override { emit Progress(FromUtf8Bytes(text)); }
   std::optional<std::string> AskNewName(std::string_view name) override;
   std::optional<std::filesystem::path> AskSavePath(const SaveDialog& dialog) override;
   std::optional<std::filesystem::path> AskOpenPath(const OpenDialog& dialog) override;

@@ -261,5 +261,14 @@ TEST_F(FilesTest, AFileFromOutsideOpensAsIfClicked) {
   EXPECT_FALSE(browser.CanSave());
 }
 
+TEST_F(FilesTest, LongWorkTellsHowFarItHasCome) {
+  std::string notes;
+  for (int i = 0; i < 45'000; ++i) notes += "c2";
+  folder.Write("long.imy", "BEGIN:IMELODY\r\nMELODY:" + notes + "\r\nEND:IMELODY\r\n");
+  ASSERT_TRUE(browser.OpenFile(folder / "long.imy"));
+  EXPECT_THAT(host.progress, testing::ElementsAre("Reading long.imy: 20000 elements",
+                                                  "Reading long.imy: 40000 elements", ""));
+}
+
 }  // namespace
 }  // namespace trillomat

@@ -29,6 +29,7 @@ class FakeFilesHost : public FilesHost {
 
   FileBrowser* browser = nullptr;
   std::vector<std::string> calls;
+  std::vector<std::string> progress;
   std::string notice;  ///< what was said last
   FileMessage::Offer offer = FileMessage::Offer::None;
   bool toneSounds = false;
@@ -65,6 +66,7 @@ class FakeFilesHost : public FilesHost {
     Meanwhile();
   }
   void ShowFiles() override {}
+  void ShowProgress(std::string_view text) override { progress.emplace_back(text); }
   void ShowSelectedFile() override {}
   void PopUpFileMenu() override {
     calls.emplace_back("menu");
