@@ -1,7 +1,6 @@
 #include "files/recent_files.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "files/path_text.h"
 
@@ -9,9 +8,9 @@ namespace trillomat {
 
 void RecentFiles::Set(const std::vector<std::string>& paths) {
   files_.clear();
-  for (const std::string& path : std::views::reverse(paths)) {
+  std::for_each(paths.rbegin(), paths.rend(), [this](const std::string& path) {
     if (!path.empty()) Add(PathOfUtf8(path));
-  }
+  });
 }
 
 std::vector<std::string> RecentFiles::Paths() const {

@@ -69,7 +69,7 @@ SaveResult SaveCommands::Write(const TargetFile& file, bool exists, const std::f
                              " elements");
   });
   const SaveParts parts{parts_.store, parts_.document, parts_.kept, {parts_.services.log, pump}};
-  const SaveResult result = exists ? SaveOver(file, parts, onRemoved) : SaveNew(file, parts);
+  SaveResult result = exists ? SaveOver(file, parts, onRemoved) : SaveNew(file, parts);
   parts_.host.ShowProgress({});
   return result;
 }

@@ -36,7 +36,10 @@ CentreArea::CentreArea(QWidget* content, QWidget* parent) : QScrollArea(parent) 
 }
 
 void CentreArea::resizeEvent(QResizeEvent* event) {
-  if (!tight_) roomy_ = roomy_.expandedTo(widget()->minimumSizeHint());
+  // What can do with little height, the note strip above all, is to have what it likes before the rest
+  // spreads.
+  if (!tight_)
+    roomy_ = roomy_.expandedTo({widget()->minimumSizeHint().width(), widget()->sizeHint().height()});
   SetTight(roomy_.boundedTo(maximumViewportSize()) != roomy_);
   QScrollArea::resizeEvent(event);
 }

@@ -101,7 +101,7 @@ void MainWindow::LayOut() {
   auto* column = new QVBoxLayout(centre);
   column->addWidget(NewUpperRow(), 2);
   column->addWidget(bar_);
-  column->addWidget(melody_, 2);
+  column->addWidget(melody_, 3);
   column->addLayout(NewLowerRow(), 3);
   centre_ = new CentreArea(centre, this);
   setCentralWidget(centre_);

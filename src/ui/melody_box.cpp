@@ -60,6 +60,7 @@ MelodyBox::MelodyBox(Document& document, Composer& composer, PlayControls& play,
   below->addStretch();
   below->addLayout(NewControlRow());
   below->addSpacing(below->spacing());
+  volume_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   below->addWidget(volume_);
   setTabOrder(controls_.back(), volume_);
   column->addLayout(below);

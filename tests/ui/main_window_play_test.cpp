@@ -216,7 +216,7 @@ TEST_F(MainWindowPlay, TheKeyThatSoundsIsLitBeforeItIsHeardAndDarkAfterwards) {
   const auto lit = [this](int tone) {
     const QImage key = Get<QWidget>(IndexedName("cmdTone", tone)).grab().toImage();
     const QColor face = window.palette().color(QPalette::Highlight);
-    return key.pixelColor(key.width() / 2, key.height() / 4) == face;
+    return key.pixelColor(key.width() / 2, key.height() / 10) == face;
   };
   Enter("Fa");
   std::vector<std::pair<bool, bool>> seen;
