@@ -271,7 +271,8 @@ QString KeyName(KeyCommand command, int index) {
 
 void SetShortcuts(QAction& item) {
   for (const KeyRow& row : kTable) {
-    if (item.objectName() == QLatin1String(row.item)) item.setShortcuts(KeysOf(row.command));
+    const QLatin1String name(row.item);
+    if (!name.isEmpty() && item.objectName() == name) item.setShortcuts(KeysOf(row.command));
   }
 }
 
