@@ -1,6 +1,7 @@
 #include "ui/qt_text.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/code_page.h"
 #include "core/terminal_text.h"
@@ -56,7 +57,7 @@ QString ShownMessage(const QString& text) {
 }
 
 QString MinutesText(double milliseconds) {
-  const auto seconds = static_cast<qint64>(std::max(milliseconds, 0.0) / 1000 + 0.5);
+  const auto seconds = std::llround(std::max(milliseconds, 0.0) / 1000);
   return QStringLiteral("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QLatin1Char('0'));
 }
 
