@@ -2,25 +2,11 @@
 // that no records have to be moved, and at the front, so that all have. It is erased again.
 #include <benchmark/benchmark.h>
 
-#include "composer/composer.h"
+#include "bench/idle_parts.h"
 #include "support/silent_services.h"
 
 namespace trillomat {
 namespace {
-
-class IdleClock : public Clock {
- public:
-  double SecondsSinceMidnight() const override { return 0; }
-  std::string DateText() const override { return {}; }
-  std::string TimeText() const override { return {}; }
-};
-
-class NoView : public ComposerView {
- public:
-  void ShowMelody(const MelodyText& text) override { benchmark::DoNotOptimize(text.left.data()); }
-  void ShowComposer() override {}
-  void ShowFilesOfMode() override {}
-};
 
 const Element kTone = Tone("#c", 4, 0.5F, 1.0F);
 

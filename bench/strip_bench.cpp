@@ -3,26 +3,13 @@
 #include <QApplication>
 #include <QImage>
 
+#include "bench/idle_parts.h"
 #include "bench/workload.h"
-#include "composer/composer.h"
+#include "ui/main_window_fixture.h"
 #include "ui/note_strip.h"
 
 namespace trillomat {
 namespace {
-
-class IdleClock : public Clock {
- public:
-  double SecondsSinceMidnight() const override { return 0; }
-  std::string DateText() const override { return {}; }
-  std::string TimeText() const override { return {}; }
-};
-
-class NoView : public ComposerView {
- public:
-  void ShowMelody(const MelodyText& text) override { benchmark::DoNotOptimize(text.left.data()); }
-  void ShowComposer() override {}
-  void ShowFilesOfMode() override {}
-};
 
 /// A strip of the size that it has in a window, with the cursor in the middle of its melody.
 struct Bench {
@@ -99,6 +86,26 @@ void EditUnseen(benchmark::State& state) {
   }
 }
 
+// The same as the user does it, by two keys, up to all that the window paints of it.
+void EditInWindow(benchmark::State& state) {
+  Parts parts;
+  MainWindow window(parts.ForWindow());
+  window.Load();
+  window.resize(1100, 820);
+  window.show();
+  for (const char* sounds : {"mnuSettingPlayComposing", "mnuSettingPlayMoving"})
+    Find<QAction>(window, sounds).trigger();
+  const auto elements = RandomElements(static_cast<size_t>(state.range(0)), LimitsOf(FormatMode::IMelody));
+  parts.document.Apply({.inserted = elements, .cursor = static_cast<int32_t>(state.range(0) / 2)});
+  QTest::qWait(100);
+  for (auto _ : state) {
+    for (const Qt::Key key : {Qt::Key_Z, Qt::Key_Backspace}) {
+      QTest::keyClick(window.focusWidget(), key);
+      QCoreApplication::processEvents();
+    }
+  }
+}
+
 void Sizes(benchmark::internal::Benchmark* bench) {
   bench->ArgName("elements")->Arg(100)->Arg(100000)->Unit(benchmark::kMicrosecond);
 }
@@ -108,6 +115,7 @@ BENCHMARK(Edit)->Apply(Sizes);
 BENCHMARK(UndoAndRedo)->Apply(Sizes);
 BENCHMARK(SelectAll)->Apply(Sizes);
 BENCHMARK(EditUnseen)->Apply(Sizes);
+BENCHMARK(EditInWindow)->Apply(Sizes);
 
 }  // namespace
 }  // namespace trillomat

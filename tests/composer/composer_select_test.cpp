@@ -1,26 +1,10 @@
 #include <random>
 
 #include "support/composer_fixture.h"
+#include "support/document_snapshot.h"
 
 namespace trillomat {
 namespace {
-
-/// All that taking a step back has to bring back.
-struct Snapshot {
-  explicit Snapshot(const Document& document)
-      : song(document.CurrentSong()),
-        cursor(document.Cursor()),
-        selection(document.Selection()),
-        file(document.File()),
-        changed(document.IsChanged()) {}
-  bool operator==(const Snapshot&) const = default;
-
-  Song song;
-  int32_t cursor;
-  ElementRange selection;
-  std::filesystem::path file;
-  bool changed;
-};
 
 /// Does whatever a user can, one command at a time.
 class AnyEditing {

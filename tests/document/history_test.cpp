@@ -4,6 +4,8 @@
 
 #include <random>
 
+#include "support/document_snapshot.h"
+
 namespace trillomat {
 namespace {
 
@@ -12,25 +14,6 @@ Change Insertion(size_t at, std::string_view note) {
   change.inserted.push_back(Tone(note, 4, 1.0F, 1.0F));
   return change;
 }
-
-/// All that taking back has to bring back.
-struct Snapshot {
-  explicit Snapshot(const Document& document)
-      : song(document.CurrentSong()),
-        cursor(document.Cursor()),
-        selection(document.Selection()),
-        mode(document.Mode()),
-        file(document.File()),
-        changed(document.IsChanged()) {}
-  bool operator==(const Snapshot&) const = default;
-
-  Song song;
-  int32_t cursor;
-  ElementRange selection;
-  FormatMode mode;
-  std::filesystem::path file;
-  bool changed;
-};
 
 TEST(HistoryTest, EverythingIsTakenBackAndMadeAgain) {
   std::mt19937 random(20020514);
