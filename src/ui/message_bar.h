@@ -33,6 +33,9 @@ class MessageBar : public QFrame {
   void Say(BarMessage message);
   const BarMessage& Said() const { return message_; }
 
+  /// The height of a long message must not depend on a width that a scroll bar takes and gives.
+  bool hasHeightForWidth() const override { return false; }
+
  signals:
   /// The user has closed it.
   void Closed();
