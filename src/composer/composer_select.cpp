@@ -14,12 +14,9 @@ std::string DragOf(int32_t index) { return "drag " + std::to_string(index); }
 
 }  // namespace
 
-// It began where the cursor is not, or where the cursor was when nothing was selected.
 void Composer::SelectTo(int32_t cursor) {
   if (!MayEdit() || document_.IsEmpty()) return;
-  const ElementRange old = document_.Selection();
-  const bool cursorFirst = document_.Cursor() < old.begin;
-  const int32_t began = old.IsEmpty() ? document_.Cursor() : cursorFirst ? old.end - 1 : old.begin - 1;
+  const int32_t began = document_.Anchor();
   const int32_t to = std::clamp(cursor, -1, document_.LastIndex());
   document_.Apply(
       {.cursor = to, .selection = ElementRange{std::min(began, to) + 1, std::max(began, to) + 1}});

@@ -42,6 +42,11 @@ void Document::Place(const Change& change, ChangedRange& range) {
   range.selection = std::exchange(selection_, selection) != selection;
 }
 
+int32_t Document::Anchor() const {
+  if (selection_.IsEmpty()) return cursor_;
+  return cursor_ < selection_.begin ? selection_.end - 1 : selection_.begin - 1;
+}
+
 ElementRange Document::InSong(ElementRange range) const {
   const ElementRange cut{std::max(range.begin, 0), std::min(range.end, LastIndex() + 1)};
   return cut.IsEmpty() ? ElementRange{} : cut;

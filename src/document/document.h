@@ -103,6 +103,9 @@ class Document {
   int32_t Cursor() const { return cursor_; }
   /// The selected elements, none when it is empty.
   ElementRange Selection() const { return selection_; }
+  /// Where the selection began, as a cursor: its end away from the cursor, or the cursor where nothing is
+  /// selected.
+  int32_t Anchor() const;
   FormatMode Mode() const { return mode_; }
   /// Another number after each change of the elements, for those who remember something about them.
   uint64_t Revision() const { return revision_; }

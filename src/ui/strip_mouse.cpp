@@ -16,10 +16,7 @@ void StripMouse::Press(const StripPoint& point, bool extend) {
 
 // The element that is clicked is to be in the selection, on whichever side of its other end it is.
 int32_t StripMouse::EndOfSelection(int32_t index) const {
-  const ElementRange selected = document_.Selection();
-  int32_t other = document_.Cursor();
-  if (!selected.IsEmpty()) other = other < selected.begin ? selected.end - 1 : selected.begin - 1;
-  return index > other ? index : index - 1;
+  return index > document_.Anchor() ? index : index - 1;
 }
 
 void StripMouse::Move(const StripPoint& point) {
