@@ -175,7 +175,7 @@ void Editing::Splice() {
   ReadResult read = ReadLine();
   if (!composer_.MayEdit()) return;
   Change change{.at = TakeByte(), .removed = TakeByte() % 8, .inserted = std::move(read.elements)};
-  if (document_.Elements().size() > kLongest) change.inserted.clear();
+  if (document_.Size() > kLongest) change.inserted.clear();
   if (Take(2) == 1) change.info = read.record.info;
   if (Take(2) == 1) change.cursor = Take(256) - 8;
   const Song before = document_.CurrentSong();

@@ -76,7 +76,7 @@ void Composer::TakeIn(IncomingSong song) {
   const bool otherMode = song.mode != document_.Mode();
   const bool held = !song.file.empty() || song.elements.empty();
   history_.Do(song.step,
-              {.removed = document_.Elements().size(),
+              {.removed = document_.Size(),
                .inserted = std::move(song.elements),
                .info = RecordedInfo(),
                .cursor = -1,

@@ -5,7 +5,6 @@
 
 #include <filesystem>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -168,7 +167,6 @@ class Composer : public PlayHost {
   void Replace(int32_t index, Element element, std::string_view step, std::string_view merge = {});
   void ReplaceRange(ElementRange range, std::optional<ElementList> moved, std::string_view step);
   ElementRange SelectionOrAll() const;
-  std::span<const Element> ElementsIn(ElementRange range) const;
   void MoveCursor(int32_t cursor);
   void TakeStep(bool (History::*step)());
   void ShowMode();

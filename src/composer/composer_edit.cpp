@@ -192,7 +192,7 @@ void Composer::EraseRight() {
 
 void Composer::Clear() {
   if (!MayEdit()) return;
-  history_.Do("clearing", {.removed = document_.Elements().size(), .cursor = -1});
+  history_.Do("clearing", {.removed = document_.Size(), .cursor = -1});
   RefreshMelodyView();
   player_.Rest();
 }

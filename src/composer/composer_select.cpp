@@ -29,20 +29,12 @@ void Composer::SelectElements(ElementRange range) {
   RefreshMelodyView();
 }
 
-std::span<const Element> Composer::ElementsIn(ElementRange range) const {
-  return std::span(document_.Elements())
-      .subspan(static_cast<size_t>(range.begin), static_cast<size_t>(range.Size()));
-}
-
 ElementRange Composer::SelectionOrAll() const {
   const ElementRange selected = document_.Selection();
   return selected.IsEmpty() ? ElementRange{0, document_.LastIndex() + 1} : selected;
 }
 
-ElementList Composer::Selected() const {
-  const auto selected = ElementsIn(document_.Selection());
-  return {selected.begin(), selected.end()};
-}
+ElementList Composer::Selected() const { return document_.Elements(document_.Selection()); }
 
 void Composer::EraseSelected(std::string_view step) {
   const ElementRange selected = document_.Selection();
@@ -71,11 +63,10 @@ void Composer::Duplicate() {
   const ElementRange copied =
       selected.IsEmpty() ? ElementRange{document_.Cursor(), document_.Cursor() + 1} : selected;
   if (!MayEdit() || !document_.HasElement(copied.begin)) return;
-  const auto elements = ElementsIn(copied);
   const int32_t end = copied.end + copied.Size();
   const std::optional<ElementRange> copy(ElementRange{copied.end, end});
   history_.Do("duplicating", {.at = static_cast<size_t>(copied.end),
-                              .inserted = {elements.begin(), elements.end()},
+                              .inserted = document_.Elements(copied),
                               .cursor = end - 1,
                               .selection = selected.IsEmpty() ? std::nullopt : copy});
   RefreshMelodyView();
@@ -84,17 +75,17 @@ void Composer::Duplicate() {
 void Composer::MoveScale(int16_t octaves) {
   if (!MayEdit() || document_.IsEmpty()) return;
   const ElementRange range = SelectionOrAll();
-  ReplaceRange(
-      range,
-      Transposed(ElementsIn(range), octaves, document_.Mode(), services_.log, int64_t{range.begin} + 1),
-      octaves < 0 ? "scale down" : "scale up");
+  ReplaceRange(range,
+               Transposed(document_.Elements(range), octaves, document_.Mode(), services_.log,
+                          int64_t{range.begin} + 1),
+               octaves < 0 ? "scale down" : "scale up");
 }
 
 void Composer::MoveSemitones(int semitones) {
   if (!MayEdit() || document_.IsEmpty()) return;
   const ElementRange range = SelectionOrAll();
   ReplaceRange(range,
-               TransposedBySemitones(ElementsIn(range), semitones, document_.Mode(), services_.log,
+               TransposedBySemitones(document_.Elements(range), semitones, document_.Mode(), services_.log,
                                      int64_t{range.begin} + 1),
                "transposing");
 }

@@ -45,9 +45,7 @@ int RowOf(const Element& element) {
   return std::clamp<int>(element.octave, 0, kHighestOctave) * kRowsPerOctave + semitone;
 }
 
-StripTimes::StripTimes(const Document& document) : document_(document) {
-  Replace(0, 0, 0, document_.Elements().size());
-}
+StripTimes::StripTimes(const Document& document) : document_(document) { Replace(0, 0, 0, document_.Size()); }
 
 void StripTimes::Follow(const ChangedRange& range) {
   if (!range.ElementsChanged()) return;
@@ -81,7 +79,7 @@ StripTimes::Row StripTimes::Sum(size_t first, size_t count) const {
   Row row;
   row.count = count;
   for (size_t i = first; i < first + count; ++i) {
-    const Element& element = document_.Elements()[i];
+    const Element& element = document_.At(static_cast<int32_t>(i));
     row.span.Add(SpanOf(element));
     const int pitch = RowOf(element);
     if (pitch >= 0) row.pitches.Add({pitch, pitch});
@@ -99,7 +97,7 @@ StripSpan StripTimes::Before(int32_t index) const {
     first += row.count;
     left -= row.count;
   }
-  for (size_t i = first; i < first + left; ++i) span.Add(SpanOf(document_.Elements()[i]));
+  for (size_t i = first; i < first + left; ++i) span.Add(SpanOf(document_.At(static_cast<int32_t>(i))));
   return span;
 }
 

@@ -1,26 +1,25 @@
 #include "document/document.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace trillomat {
 
 Document::Document(Song song, FormatMode mode)
-    : song_(std::move(song)), count_(song_.elements), cursor_(-1), mode_(mode) {}
+    : song_(std::move(song)), count_(Elements()), cursor_(-1), mode_(mode) {}
 
 Change Document::Apply(Change change) {
-  const size_t at = std::min(change.at, song_.elements.size());
-  const size_t removed = std::min(change.removed, song_.elements.size() - at);
+  const size_t at = std::min(change.at, Size());
+  const size_t removed = std::min(change.removed, Size() - at);
   ChangedRange range{.at = at,
                      .removed = removed,
                      .inserted = change.inserted.size(),
-                     .info = change.info && *change.info != song_.info,
+                     .info = change.info && *change.info != Info(),
                      .mode = change.mode.has_value(),
                      .file = change.file.has_value()};
   Change back{.at = at, .removed = range.inserted, .cursor = cursor_, .selection = selection_};
   back.inserted = Splice(at, removed, std::move(change.inserted));
-  if (change.info) back.info = std::exchange(song_.info, *std::move(change.info));
+  if (change.info) back.info = std::exchange(song_.Info(), *std::move(change.info));
   if (change.mode) back.mode = std::exchange(mode_, *change.mode);
   if (range.SongChanged()) back.song = std::exchange(number_, change.song ? *change.song : ++lastNumber_);
   if (change.file) {
@@ -57,25 +56,22 @@ void Document::SetFile(std::filesystem::path file, bool changed) {
   Tell({.file = true});
 }
 
-// A new song takes the place of the old one as a whole; what goes and what comes are moved, not copied.
+ElementList Document::Elements(ElementRange range) const {
+  ElementList elements;
+  elements.reserve(static_cast<size_t>(range.Size()));
+  for (int32_t i = range.begin; i < range.end; ++i) elements.push_back(At(i));
+  return elements;
+}
+
+// The counts follow, but for a new song, which is counted afresh.
 ElementList Document::Splice(size_t at, size_t removed, ElementList inserted) {
-  ElementList& all = song_.elements;
-  if (removed == all.size()) {
+  if (removed == Size()) {
     count_ = DefaultsCount(inserted);
-    return std::exchange(all, std::move(inserted));
+    return song_.Splice(at, removed, std::move(inserted));
   }
   for (const Element& element : inserted) count_.Add(element);
-  const auto first = all.begin() + static_cast<std::ptrdiff_t>(at);
-  const auto last = first + static_cast<std::ptrdiff_t>(removed);
-  for (auto element = first; element != last; ++element) count_.Remove(*element);
-  ElementList gone(std::make_move_iterator(first), std::make_move_iterator(last));
-  const size_t both = std::min(removed, inserted.size());
-  const auto middle =
-      std::move(inserted.begin(), inserted.begin() + static_cast<std::ptrdiff_t>(both), first);
-  all.erase(middle, last);
-  all.insert(all.begin() + static_cast<std::ptrdiff_t>(at + both),
-             std::make_move_iterator(inserted.begin() + static_cast<std::ptrdiff_t>(both)),
-             std::make_move_iterator(inserted.end()));
+  ElementList gone = song_.Splice(at, removed, std::move(inserted));
+  for (const Element& element : gone) count_.Remove(element);
   return gone;
 }
 

@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "core/format_mode.h"
-#include "core/song.h"
+#include "document/parted_song.h"
 
 namespace trillomat {
 
@@ -89,15 +89,19 @@ class Document {
   Document(const Document&) = delete;
   Document& operator=(const Document&) = delete;
 
-  const Song& CurrentSong() const { return song_; }
-  const ElementList& Elements() const { return song_.elements; }
-  const SongInfo& Info() const { return song_.info; }
-  bool IsEmpty() const { return song_.elements.empty(); }
+  /// The song in one piece, which takes time for its length; references to elements end.
+  const Song& CurrentSong() const { return song_.Whole(); }
+  const ElementList& Elements() const { return CurrentSong().elements; }
+  /// Copies of the elements of a range, which must exist.
+  ElementList Elements(ElementRange range) const;
+  const SongInfo& Info() const { return song_.Info(); }
+  size_t Size() const { return song_.Size(); }
+  bool IsEmpty() const { return Size() == 0; }
   /// Index of the last element, -1 for an empty song.
-  int32_t LastIndex() const { return static_cast<int32_t>(song_.elements.size()) - 1; }
+  int32_t LastIndex() const { return static_cast<int32_t>(Size()) - 1; }
   bool HasElement(int32_t index) const { return index >= 0 && index <= LastIndex(); }
   /// The element at `index`, which must exist.
-  const Element& At(int32_t index) const { return song_.elements[static_cast<size_t>(index)]; }
+  const Element& At(int32_t index) const { return song_.At(static_cast<size_t>(index)); }
 
   /// Index of the element directly left of the insertion point; -1 is before the first element.
   int32_t Cursor() const { return cursor_; }
@@ -136,7 +140,7 @@ class Document {
   ElementRange InSong(ElementRange range) const;
   void Tell(const ChangedRange& range);
 
-  Song song_;
+  PartedSong song_;
   DefaultsCount count_;
   uint64_t revision_ = 0;
   int32_t cursor_ = -1;

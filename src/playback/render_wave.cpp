@@ -103,7 +103,7 @@ std::optional<RenderFailure> RenderWave(const Document& document, const RenderOp
   const RenderFailure interrupted{"Interrupted."};
   // The header tells the size, and the stream may be one that cannot go back: so the walk is made twice.
   SilentLog silent;
-  Measure measure(document.Elements().size(), options.anyLength);
+  Measure measure(document.Size(), options.anyLength);
   const auto add = [&measure](const TraceStep& step) { return measure.Add(step.played); };
   if (!TraceMelody(document, options.endlessRounds, {silent, services.pump}, add)) {
     return measure.Why().value_or(interrupted);

@@ -21,10 +21,10 @@ NoteStrip::NoteStrip(Document& document, Composer& composer, QWidget* parent)
       composer_(composer),
       layout_(document),
       mouse_(document, layout_, composer) {
+  InstallNoteStripAccessible();  // before anything asks for it, as the naming does
   NameControl(*this, QStringLiteral("noteStrip"), {{}, QStringLiteral("Note strip")});
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
-  InstallNoteStripAccessible();
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // rows are not to jump when it gets long
   viewport()->setMouseTracking(true);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
@@ -48,7 +48,7 @@ void NoteStrip::DocumentChanged(const ChangedRange& range) {
   mouse_.Follow(range);
   playing_ = std::min(playing_, document_.LastIndex());
   TellReaders(range);
-  const bool other = range.mode || (range.ElementsChanged() && range.inserted == document_.Elements().size());
+  const bool other = range.mode || (range.ElementsChanged() && range.inserted == document_.Size());
   if (range.ElementsChanged() || range.mode) Arrange();
   if (other) CentrePitches();
   cursorShown_ = layout_.CursorPlace();

@@ -64,7 +64,7 @@ TEST_F(ComposerTest, AccidentalsCycleAndSoundWhateverTheSettings) {
                                                     {"b", "&b b "},    {"#e", "&e "},     {"&c", "c "},
                                                     {"D", "#D &D D "}, {"r", "r "},       {"R", "R "}};
   for (const auto& [start, next] : cases) {
-    document.Apply({.removed = document.Elements().size(), .inserted = {Note(start)}, .cursor = 0});
+    document.Apply({.removed = document.Size(), .inserted = {Note(start)}, .cursor = 0});
     std::string found;
     while (found.size() < next.size()) {
       composer.StepAccidental();

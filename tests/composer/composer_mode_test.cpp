@@ -83,7 +83,7 @@ TEST_F(ComposerTest, TheScaleMovesAllOrNothing) {
     ElementList elements;
     for (const int octave : c.before) elements.push_back(Note("c", octave));
     composer.SetMode(c.mode);
-    document.Apply({.removed = document.Elements().size(), .inserted = elements, .cursor = 0});
+    document.Apply({.removed = document.Size(), .inserted = elements, .cursor = 0});
     composer.MoveScale(c.octaves);
     std::vector<int> octaves;
     for (const Element& element : document.Elements()) octaves.push_back(element.octave);

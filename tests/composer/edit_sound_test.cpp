@@ -62,7 +62,7 @@ class EditSoundTest : public testing::TestWithParam<OutputType>, public Seams, p
     composer.SelectDuration(3);  // 300 ms
     phone.onFrequency = [this] {
       starts.push_back(clock.seconds);
-      lengths.push_back(document.Elements().size());
+      lengths.push_back(document.Size());
     };
   }
 

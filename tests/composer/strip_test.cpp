@@ -75,12 +75,12 @@ TEST(StripTimesTest, FollowsAnyChange) {
   Document document;
   const Followed followed(document);
   for (int round = 0; round < 1000; ++round) {
-    const size_t size = document.Elements().size();
+    const size_t size = document.Size();
     const size_t most = random() % 10 == 0 ? 1500 : 4;
     Change change{.at = random() % (size + 1), .removed = random() % most};
     for (size_t i = random() % most; i > 0; --i) change.inserted.push_back(kinds[random() % kinds.size()]);
     document.Apply(std::move(change));
-    if (random() % 200 == 0) document.Apply({.removed = document.Elements().size()});
+    if (random() % 200 == 0) document.Apply({.removed = document.Size()});
     ASSERT_NO_FATAL_FAILURE(ExpectTrue(followed.times, document.Elements(), random)) << round;
   }
 }

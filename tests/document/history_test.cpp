@@ -19,7 +19,7 @@ TEST(HistoryTest, EverythingIsTakenBackAndMadeAgain) {
   std::mt19937 random(20020514);
   const auto pick = [&random](size_t bound) { return random() % bound; };
   const auto place = [&](const Document& document) {
-    return static_cast<int32_t>(pick(document.Elements().size() + 1)) - 1;
+    return static_cast<int32_t>(pick(document.Size() + 1)) - 1;
   };
   Document document;
   History history(document);
@@ -30,7 +30,7 @@ TEST(HistoryTest, EverythingIsTakenBackAndMadeAgain) {
       history.Do("moving", {.cursor = place(document), .selection = ElementRange{begin, begin + 3}});
     }
     before.emplace_back(document);
-    Change change{.at = pick(document.Elements().size() + 1), .removed = pick(4), .cursor = place(document)};
+    Change change{.at = pick(document.Size() + 1), .removed = pick(4), .cursor = place(document)};
     for (size_t i = pick(3) + 1; i > 0; --i) {
       change.inserted.push_back(Tone("c", static_cast<int16_t>(pick(9)), kDurations.at(pick(6)), 1.0F));
     }

@@ -255,7 +255,7 @@ TEST_F(FilesTest, AFileFromOutsideOpensAsIfClicked) {
     EXPECT_THAT(log.lines, ElementsAre(line));
     EXPECT_EQ(host.notice, notice);
     EXPECT_EQ(document.Mode(), FormatMode::Melody);
-    EXPECT_EQ(document.Elements().size(), 3U);
+    EXPECT_EQ(document.Size(), 3U);
   }
   EXPECT_EQ(browser.Folder(), "C:\\") << "that of the last file that is there";
   EXPECT_FALSE(browser.CanSave());

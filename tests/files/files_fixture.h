@@ -53,7 +53,7 @@ class FakeFilesHost : public FilesHost {
   void TakeIn(ReadResult&& read, FormatMode mode, const std::filesystem::path& file,
               std::string_view /*step*/) override {
     const bool otherMode = mode != document_.Mode();
-    document_.Apply({.removed = document_.Elements().size(),
+    document_.Apply({.removed = document_.Size(),
                      .inserted = std::move(read.elements),
                      .info = read.record.info,
                      .cursor = -1,
@@ -153,7 +153,7 @@ class FilesTest : public testing::Test, public FakeServices {
   /// The song in I-Melody tokens.
   std::string Tokens() const { return TokensOf(document.Elements()); }
   void Compose(ElementList elements) {
-    document.Apply({.removed = document.Elements().size(), .inserted = std::move(elements)});
+    document.Apply({.removed = document.Size(), .inserted = std::move(elements)});
   }
   void Compose(const std::string& tokens) { Compose(ElementsOf(tokens)); }
   /// The bytes of its file.

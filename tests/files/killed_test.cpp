@@ -112,7 +112,7 @@ int ComposeInto(const TempFolder& folder, Entered& entered, unsigned seed) {
   int64_t nextTick = SteadyTime() + Recovery::kTickInterval;
   for (int i = 0; i < Entered::kMost; ++i) {
     std::this_thread::sleep_for(std::chrono::milliseconds(20 + random() % 31));
-    document.Apply({.at = document.Elements().size(), .inserted = {EnteredElement(i)}, .cursor = i});
+    document.Apply({.at = document.Size(), .inserted = {EnteredElement(i)}, .cursor = i});
     entered.times[static_cast<size_t>(i)] = SteadyTime();
     entered.count = i + 1;
     if (SteadyTime() < nextTick) continue;

@@ -39,7 +39,7 @@ struct Playing : FakeServices {
   }
 
   void Load(ElementList elements) {
-    document.Apply({.removed = document.Elements().size(), .inserted = std::move(elements), .cursor = -1});
+    document.Apply({.removed = document.Size(), .inserted = std::move(elements), .cursor = -1});
     log.lines.clear();
     sound.lines.clear();
   }

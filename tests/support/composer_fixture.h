@@ -41,7 +41,7 @@ struct Composing {
   }
 
   void Compose(const std::string& tokens, int32_t cursor) {
-    document.Apply({.removed = document.Elements().size(), .inserted = ElementsOf(tokens), .cursor = cursor});
+    document.Apply({.removed = document.Size(), .inserted = ElementsOf(tokens), .cursor = cursor});
   }
 
   Document document;

@@ -44,7 +44,7 @@ class Keys : public MainWindowTest {
   Keys() { SetToggle("mnuSettingPlayMoving", false); }
 
   void Prepare(ElementRange selected = {}) {
-    document.Apply({.removed = document.Elements().size(),
+    document.Apply({.removed = document.Size(),
                     .inserted = ElementsOf("*4c2 *4d2 *4e2"),
                     .cursor = 1,
                     .selection = selected});
@@ -102,7 +102,7 @@ TEST_F(Keys, EveryRowThatNoMenuStandsForDoesWhatItSays) {
     for (const auto& [command, octave] : {std::pair{KeyCommand::Tones, 4}, {KeyCommand::TonesAbove, 5}}) {
       Prepare();
       PressKeyOf(command, tone);
-      ASSERT_EQ(document.Elements().size(), 4U);
+      ASSERT_EQ(document.Size(), 4U);
       EXPECT_EQ(document.At(2), Note(kPianoTones.at(static_cast<size_t>(tone)), octave));
       EXPECT_THAT(sound.beeps, testing::SizeIs(1));
       pressed.insert(command);
@@ -185,7 +185,7 @@ TEST_F(Keys, TheRowAboveIsRefusedWhereTheModeHasNoSuchOctave) {
     log.lines.clear();
     PressKeyOf(command, 3);
     const bool entered = command == KeyCommand::Tones;
-    EXPECT_EQ(document.Elements().size(), entered ? 4U : 3U);
+    EXPECT_EQ(document.Size(), entered ? 4U : 3U);
     EXPECT_EQ(log.lines.size(), entered ? 0U : 1U);
   }
 }

@@ -73,7 +73,7 @@ TEST_F(MainWindowEdit, AnOpenedFileIsTakenBackWithItsModeAndItsName) {
   EXPECT_EQ(document.Mode(), FormatMode::IMelody);
   EXPECT_EQ(window.windowTitle(), "a.imy[*] - Trillomat");
   EXPECT_TRUE(window.isWindowModified());
-  EXPECT_EQ(document.Elements().size(), 2U);
+  EXPECT_EQ(document.Size(), 2U);
   Trigger("mnuEditUndo");
   EXPECT_FALSE(window.isWindowModified()) << "it is the saved song again";
 }
@@ -87,7 +87,7 @@ TEST_F(MainWindowEdit, APhraseGoesThroughTheClipboardExactlyAndAsText) {
     Enter("cde");
     Select(2);
     Trigger("mnuEditCut");
-    EXPECT_EQ(document.Elements().size(), 1U);
+    EXPECT_EQ(document.Size(), 1U);
     const QString text = QGuiApplication::clipboard()->text();
     Trigger("mnuEditPaste");
     const ElementList exact = document.Elements();
@@ -96,7 +96,7 @@ TEST_F(MainWindowEdit, APhraseGoesThroughTheClipboardExactlyAndAsText) {
     Trigger("mnuEditDelete");
     SetClipboard(text);
     Trigger("mnuEditPaste");
-    ASSERT_EQ(document.Elements().size(), 3U) << text.toStdString();
+    ASSERT_EQ(document.Size(), 3U) << text.toStdString();
     for (size_t i = 0; i < 2; ++i) {
       EXPECT_EQ(Encode(document.Elements()[i], mode, kNoTokenDefaults, log).text,
                 Encode(exact[i], mode, kNoTokenDefaults, log).text);
@@ -145,6 +145,9 @@ TEST_F(MainWindowEdit, WhatASaveReplacedIsRestoredFromTheMessageBar) {
   Trigger("mnuFileSave");
   EXPECT_EQ(NoticeText(), "Replaced a.imy");
   EXPECT_FALSE(window.isWindowModified());
+  sound.onBeep = [&] { EXPECT_FALSE(Get<QPushButton>("messageAction(0)").isEnabled()) << "while it plays"; };
+  Press("cmdControl(4)");
+  EXPECT_FALSE(sound.beeps.empty());
   Press("messageAction(0)");
   EXPECT_EQ(folder.Read("a.imy"), Tune("c2"));
   EXPECT_TRUE(window.isWindowModified()) << "the file holds other bytes now";

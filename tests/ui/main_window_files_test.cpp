@@ -203,7 +203,7 @@ TEST_F(MainWindowFiles, AClickDuringAToneWaitsForItAndForTheOperationThatRuns) {
   Enter("b");
   questions.whileAsking = [this] {
     QTest::qWait(500);
-    EXPECT_EQ(document.Elements().size(), 2U);
+    EXPECT_EQ(document.Size(), 2U);
   };
   EXPECT_THAT(SavedAs("new.imy"), HasSubstr("MELODY:a4b4"));
   EXPECT_TRUE(QTest::qWaitFor([this] { return Shown() == "|*4e2"; }, 2000)) << Shown();

@@ -55,7 +55,7 @@ TEST_F(MainWindowKeys, LettersAndSpaceWorkEverywhereButWhereTextIsTyped) {
     sound.beeps.clear();
     PressKey(Qt::Key_Space);
     EXPECT_THAT(sound.beeps, SizeIs(plays ? 2 : 0)) << control;
-    EXPECT_EQ(document.Elements().size(), plays ? 2U : 1U) << control << " was pressed";
+    EXPECT_EQ(document.Size(), plays ? 2U : 1U) << control << " was pressed";
   }
   EXPECT_EQ(Text("txtSongInfo(2)"), "Tune");
   EXPECT_EQ(Text("txtRepeat"), "x ");
