@@ -247,9 +247,8 @@ void MainWindow::ShowEdited() {
 void MainWindow::ShowMessage(const FileMessage& message) {
   BarMessage shown{.text = ShownName(message.text)};
   const auto offer = [&](const char* caption) {
-    shown.actions.push_back({QLatin1String(caption), [this, offered = message.offer] {
-                               if (composer_.MayEdit()) files_->Accept(offered);
-                             }});
+    shown.actions.push_back(
+        {QLatin1String(caption), [this, offered = message.offer] { files_->Accept(offered); }});
   };
   if (message.offer == FileMessage::Offer::Restore) offer("Restore");
   if (message.offer == FileMessage::Offer::Recover) offer("Bring it back");
@@ -280,6 +279,7 @@ void MainWindow::ShowComposer() {
   melody_->ShowState();
   songInfo_->ShowState();
   files_->ShowState();
+  bar_->EnableActions(composer_.MayEdit());
   // A control that was disabled or hidden under the user's fingers hands the focus to the melody, not to
   // whatever happens to come next.
   if (focus != nullptr && (!focus->isEnabled() || focus->isHidden())) melody_->Line().TakeFocus();

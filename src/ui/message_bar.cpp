@@ -55,6 +55,10 @@ void MessageBar::Say(BarMessage message) {
   QAccessible::updateAccessibility(&alert);
 }
 
+void MessageBar::EnableActions(bool enable) {
+  for (QPushButton* action : actions_) action->setEnabled(enable);
+}
+
 // It says no more before what it offers is done, which may have something to say itself.
 void MessageBar::Run(size_t action) {
   const auto run = message_.actions.at(action).run;

@@ -32,6 +32,8 @@ class MessageBar : public QFrame {
   /// Says this in the place of what was said before, to screen readers as well; without a text it goes.
   void Say(BarMessage message);
   const BarMessage& Said() const { return message_; }
+  /// Whether its buttons can be pressed, but for the one that closes it.
+  void EnableActions(bool enable);
 
   /// The height of a long message must not depend on a width that a scroll bar takes and gives.
   bool hasHeightForWidth() const override { return false; }
