@@ -7,6 +7,7 @@
 #include "core/tone.h"
 #include "exchange/import.h"
 #include "fuzz/bodies.h"
+#include "support/document_snapshot.h"
 #include "support/fake_sound.h"
 #include "support/silent_services.h"
 
@@ -35,6 +36,7 @@ class Editing {
       Step();
       Check();
     }
+    TakeAllBack();
   }
 
  private:
@@ -60,11 +62,13 @@ class Editing {
   void HandleEvent();
   void Step();
   void Edit(int command);
+  void Select(int command);
   void Choose(int command);
   ReadResult ReadLine();
   void Open();
-  void Splice();
+  void Paste();
   void Check();
+  void TakeAllBack();
   void CheckWriting();
 
   std::string_view rest_;
@@ -95,11 +99,14 @@ void Editing::HandleEvent() {
 
 void Editing::Step() {
   constexpr int kEdits = 14;
-  const int command = Take(kEdits + 10);
+  constexpr int kSelects = 12;
+  const int command = Take(kEdits + kSelects + 10);
   if (command < kEdits) {
     Edit(command);
+  } else if (command < kEdits + kSelects) {
+    Select(command - kEdits);
   } else {
-    Choose(command - kEdits);
+    Choose(command - kEdits - kSelects);
   }
 }
 
@@ -126,6 +133,27 @@ void Editing::Edit(int command) {
   }
 }
 
+// Places are those of elements, or just outside.
+void Editing::Select(int command) {
+  const auto place = [this] { return static_cast<int32_t>(TakeByte()) - 1; };
+  switch (command) {
+    case 0: return composer_.Undo();
+    case 1: return composer_.Redo();
+    case 2: return composer_.MoveTo(place());
+    case 3: return composer_.SelectTo(place());
+    case 4: return composer_.SelectAll();
+    case 5:
+      if (document_.Size() < kLongest) composer_.Duplicate();
+      return;
+    case 6: return composer_.MoveSemitones(Take(25) - 12);
+    case 7: return composer_.TakeLengthAndOctave(place());
+    case 8: return composer_.MoveTone(place(), Take(25) - 12);
+    case 9: return composer_.SetLength(place(), Take(kDurations.size()), Take(kDurationExtras.size()));
+    case 10: return composer_.EndDrag();
+    default: return composer_.Clear();
+  }
+}
+
 void Editing::Choose(int command) {
   switch (command) {
     case 0: return composer_.SetMode(kModeLimits.at(static_cast<size_t>(Take(kModeLimits.size()))).mode);
@@ -138,7 +166,7 @@ void Editing::Choose(int command) {
     case 4: player_.outputType = static_cast<OutputType>(Take(3)); return;
     case 5: settings_ = {Take(2) == 1, Take(2) == 1, Take(2) == 1}; return;
     case 6: return Open();
-    case 7: return Splice();
+    case 7: return Paste();
     case 8: composer_.ToggleUseDefaults(); return composer_.RefreshMelodyView();
     default: pump_.ending = Take(256) == 255;
   }
@@ -170,23 +198,28 @@ void Editing::Open() {
   if (settings_.autoPlay) play_.Press(Control::Play);
 }
 
-// What undo and paste do, and that each change can be taken back and made again.
-void Editing::Splice() {
+// A step can be taken back and made again.
+void Editing::Paste() {
   ReadResult read = ReadLine();
+  if (!composer_.MayEdit() || document_.Size() > kLongest || read.elements.empty()) return;
+  const Snapshot before(document_);
+  composer_.Paste(std::move(read.elements));
+  const Snapshot after(document_);
+  composer_.Undo();
+  Require(Snapshot(document_) == before, "what was pasted can be taken back");
+  composer_.Redo();
+  Require(Snapshot(document_) == after, "and pasted again");
+}
+
+// At the end: the first song of all, and the last.
+void Editing::TakeAllBack() {
   if (!composer_.MayEdit()) return;
-  Change change{.at = TakeByte(), .removed = TakeByte() % 8, .inserted = std::move(read.elements)};
-  if (document_.Size() > kLongest) change.inserted.clear();
-  if (Take(2) == 1) change.info = read.record.info;
-  if (Take(2) == 1) change.cursor = Take(256) - 8;
-  const Song before = document_.CurrentSong();
-  const int32_t cursor = document_.Cursor();
-  Change back = document_.Apply(std::move(change));
-  const Song after = document_.CurrentSong();
-  Change again = document_.Apply(std::move(back));
-  Require(document_.CurrentSong() == before && document_.Cursor() == cursor, "a change can be taken back");
-  document_.Apply(std::move(again));
-  Require(document_.CurrentSong() == after, "and made again");
-  composer_.RefreshMelodyView();
+  const Song last = document_.CurrentSong();
+  int steps = 0;
+  for (; composer_.Steps().CanUndo(); ++steps) composer_.Undo();
+  Require(document_.IsEmpty(), "everything can be taken back");
+  for (; steps > 0; --steps) composer_.Redo();
+  Require(document_.CurrentSong() == last, "and made again");
 }
 
 // After each step that nothing else waits for.
