@@ -104,8 +104,11 @@ void NoteStrip::CentreRow(double row) {
                                 qRound(geometry.Y(row - 1) - geometry.view.height() / 2));
 }
 
+// In an empty melody, where the first one comes.
 void NoteStrip::CentrePitches() {
-  const RowSpan pitches = layout_.Pitches();
+  RowSpan pitches = layout_.Pitches();
+  const int octave = composer_.State().octave * kRowsPerOctave;
+  if (document_.IsEmpty()) pitches = {octave, octave + kRowsPerOctave - 1};
   CentreRow((pitches.lowest + pitches.highest + 1) / 2.0);
 }
 
@@ -142,6 +145,7 @@ void NoteStrip::KeepRowInView(int32_t index) {
 void NoteStrip::resizeEvent(QResizeEvent* event) {
   QAbstractScrollArea::resizeEvent(event);
   Arrange();
+  if (document_.IsEmpty()) CentrePitches();
 }
 
 void NoteStrip::changeEvent(QEvent* event) {

@@ -52,8 +52,9 @@ QString StatusLine::PositionText() const {
   if (document_.IsEmpty()) return QStringLiteral("No elements");
   const int32_t bpm = document_.Info().bpm;
   const int32_t place = document_.Cursor() + 1;
-  return QStringLiteral("Element %L1 of %L2, %3 of %4")
-      .arg(place)
+  const QString where = place == 0 ? QStringLiteral("Before 1") : QStringLiteral("Element %L1").arg(place);
+  return QStringLiteral("%1 of %L2, %3 of %4")
+      .arg(where)
       .arg(document_.LastIndex() + 1)
       .arg(TimeText(times_.Before(place).ticks, bpm), TimeText(times_.Total().ticks, bpm));
 }

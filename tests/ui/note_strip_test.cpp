@@ -289,6 +289,18 @@ TEST_F(NoteStripTest, WhatIsShownCanBeToldApart) {
   }
 }
 
+TEST_F(NoteStripTest, AnEmptyMelodyShowsWhereTheFirstToneComes) {
+  for (const int octave : {0, 8, 4}) {
+    composer.SetOctave(octave);
+    Compose("*4c2", 0);
+    document.Apply({.removed = 1});
+    const StripGeometry geometry = strip.Geometry();
+    for (const int row : {octave * kRowsPerOctave, octave * kRowsPerOctave + 11}) {
+      EXPECT_TRUE(geometry.Y(row) >= 0 && geometry.Y(row) <= geometry.view.height()) << octave;
+    }
+  }
+}
+
 // In black and white, too.
 TEST_F(NoteStripTest, WhatTheModeLacksIsMarked) {
   composer.SetMode(FormatMode::Rtttl);
