@@ -37,6 +37,10 @@ Element Decode(std::string_view token, FormatMode mode, const TokenDefaults& def
 
 inline constexpr std::string_view kRefusedToken = "Error";
 
+/// Whether the element is a tone, a pause or a command of the iMelody format, with a length and an octave that
+/// there are: false for what a reader kept without knowing what it is.
+bool IsUnderstood(const Element& element);
+
 /// The token of one element; RTTTL tokens leave out what equals `defaults`.
 Token Encode(const Element& element, FormatMode mode, const TokenDefaults& defaults, Log& log);
 

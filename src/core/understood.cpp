@@ -1,0 +1,36 @@
+// Whether an element is one that a composer could have entered.
+#include <algorithm>
+#include <array>
+
+#include "core/ascii.h"
+#include "core/codec.h"
+#include "core/tone.h"
+
+namespace trillomat {
+namespace {
+
+constexpr int16_t kHighestOctave = 8;
+
+bool IsNumber(std::string_view text) {
+  return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
+}
+
+bool IsKnownCommand(std::string_view command) {
+  constexpr std::array<std::string_view, 9> kPlain{"ledon",   "ledoff", "vibeon", "vibeoff", "backon",
+                                                   "backoff", "V+",     "V-",     "("};
+  if (std::find(kPlain.begin(), kPlain.end(), command) != kPlain.end()) return true;
+  if (command.starts_with('V')) return IsNumber(command.substr(1));
+  return command.starts_with('@') && command.ends_with(')') &&
+         IsNumber(command.substr(1, command.size() - 2));
+}
+
+}  // namespace
+
+bool IsUnderstood(const Element& element) {
+  if (!element.Command().empty()) return IsKnownCommand(element.Command());
+  if (DurationIndex(element.duration) < 0 || DurationExtraIndex(element.extra) < 0) return false;
+  if (EqualNoCase(element.Note(), "r")) return true;
+  return ToneIndex(element.Note()) >= 0 && element.octave >= 0 && element.octave <= kHighestOctave;
+}
+
+}  // namespace trillomat
