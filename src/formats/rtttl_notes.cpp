@@ -84,7 +84,6 @@ void TakeKeys(const RtttlKeys& keys, SongInfo& info) {
   info.composer.clear();
 }
 
-// The notes as the codec wants them: in lower case, pauses as r, the German h as b.
 constexpr char NoteCharacter(char c) {
   const char lower = ToLower(c);
   if (lower == 'p' || lower == '-') return 'r';
@@ -93,8 +92,7 @@ constexpr char NoteCharacter(char c) {
 
 // Refused tokens are dropped.
 void TakeNotes(std::string_view notes, Reading& reading) {
-  std::string text = WithoutLayout(notes);
-  std::transform(text.begin(), text.end(), text.begin(), NoteCharacter);
+  const std::string text = RtttlNoteText(notes);
   Log& log = reading.services.log;
   for (std::string_view rest = text; !rest.empty();) {
     const size_t comma = rest.find(',');
@@ -112,6 +110,12 @@ void TakeNotes(std::string_view notes, Reading& reading) {
 }
 
 }  // namespace
+
+std::string RtttlNoteText(std::string_view notes) {
+  std::string text = WithoutLayout(notes);
+  std::transform(text.begin(), text.end(), text.begin(), NoteCharacter);
+  return text;
+}
 
 RtttlParts TakeRtttlText(Reading& reading) {
   const RtttlParts parts = Split(reading.bytes);

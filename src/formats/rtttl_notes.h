@@ -4,6 +4,7 @@
 //   Name:d=4,o=5,b=120:8c,p,c#6.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "formats/reading.h"
@@ -22,5 +23,8 @@ struct RtttlParts {
 /// and "Last Note??-->" for a last token without ",". Ends the read with a logged fault for fewer than two
 /// ":" and for a number that does not fit its field.
 RtttlParts TakeRtttlText(Reading& reading);
+
+/// Notes as the codec wants them: without layout, in lower case, pauses as "r", the German "h" as "b".
+std::string RtttlNoteText(std::string_view notes);
 
 }  // namespace trillomat

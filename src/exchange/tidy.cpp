@@ -1,0 +1,65 @@
+#include "exchange/tidy.h"
+
+#include <algorithm>
+
+#include "core/code_page.h"
+#include "exchange/tidy_functions.h"
+
+namespace trillomat {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+
+Tidied TidyCodePage(std::string_view text, FormatMode mode) {
+  TidyText tidy(text);
+  switch (mode) {
+    case FormatMode::IMelody: TidyIMelody(tidy); break;
+    case FormatMode::EMelody: TidyEMelody(tidy); break;
+    case FormatMode::Rtttl: TidyRtttl(tidy); break;
+    case FormatMode::Melody: TidyMelody(tidy); break;
+  }
+  return std::move(tidy).Finish();
+}
+
+// What stands for the part in a list, which is no place for all of a long text.
+std::string Shown(std::string_view part) {
+  constexpr size_t kLongest = 40;
+  std::string shown(part.substr(0, kLongest));
+  std::replace_if(
+      shown.begin(), shown.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+  return "\"" + shown + (part.size() > kLongest ? "...\"" : "\"");
+}
+
+}  // namespace
+
+Tidied Tidy(std::string_view text, FormatMode mode) {
+  const std::string_view marked =
+      text.starts_with(kByteOrderMark) ? text.substr(kByteOrderMark.size()) : text;
+  if (std::all_of(text.begin(), text.end(), IsAscii)) return TidyCodePage(text, mode);
+  const auto converted = FromUtf8(marked);
+  if (!converted) return TidyCodePage(text, mode);
+  Tidied tidied = TidyCodePage(*converted, mode);
+  tidied.changes.insert(tidied.changes.begin(), {.line = 1,
+                                                 .column = 1,
+                                                 .before = "UTF-8",
+                                                 .after = "Windows-1252",
+                                                 .why = "this program keeps texts in that code page"});
+  return tidied;
+}
+
+std::string ChangeText(const TidyChange& change) {
+  std::string text =
+      "line " + std::to_string(change.line) + ", column " + std::to_string(change.column) + ": ";
+  if (change.before.empty()) {
+    text += Shown(change.after) + " was added";
+  } else if (change.after.empty()) {
+    text += Shown(change.before) + " was left out";
+  } else {
+    text += Shown(change.before) + " is now " + Shown(change.after);
+  }
+  return text + ": " + change.why;
+}
+
+}  // namespace trillomat

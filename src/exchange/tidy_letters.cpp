@@ -1,0 +1,114 @@
+// Tidying E-Melody and Melody: tones and pauses by letters, whose case is their length.
+//
+//   [+|++] [#|(b)] letter [.]
+#include <algorithm>
+#include <string>
+
+#include "core/ascii.h"
+#include "core/tone.h"
+#include "exchange/reads_whole.h"
+#include "exchange/tidy_functions.h"
+
+namespace trillomat {
+namespace {
+
+constexpr std::string_view kStart = "MELODY:";
+constexpr std::string_view kEnd = "END:EMELODY";
+constexpr std::string_view kFlat = "(b)";
+
+/// A note at the front of a text.
+struct LooseNote {
+  size_t size = 0;  ///< characters of it, 0 when none begins there
+  size_t octave = 0;
+  int accidental = 0;  ///< semitones
+  char letter = 0;
+  bool dot = false;
+};
+
+bool IsNoteLetter(char c) { return std::string_view("abcdefghp").find(ToLower(c)) != std::string_view::npos; }
+
+LooseNote NoteAt(std::string_view text) {
+  LooseNote note;
+  size_t i = 0;
+  while (text.substr(i).starts_with('+')) ++i;
+  note.octave = std::min<size_t>(i, 2);
+  if (text.substr(i).starts_with('#') || text.substr(i).starts_with('&')) {
+    note.accidental = text[i++] == '#' ? 1 : -1;
+  } else if (EqualNoCase(text.substr(i, kFlat.size()), kFlat)) {
+    note.accidental = -1;
+    i += kFlat.size();
+  }
+  if (i >= text.size() || !IsNoteLetter(text[i])) return {};
+  note.letter = text[i++];
+  note.dot = text.substr(i).starts_with('.');
+  note.size = i + (note.dot ? 1 : 0);
+  return note;
+}
+
+std::string TextOf(const LooseNote& note, FormatMode mode) {
+  const bool upper = ToUpper(note.letter) == note.letter;
+  const char lower = ToLower(note.letter) == 'h' ? 'b' : ToLower(note.letter);
+  const std::string dot = note.dot && mode == FormatMode::EMelody ? "." : "";
+  const auto cased = [upper](char c) { return std::string(1, upper ? ToUpper(c) : c); };
+  if (lower == 'p') return cased('p') + dot;
+  const bool flat = note.accidental < 0 && ToneIndex("&" + std::string(1, lower)) >= 0;
+  if (flat) return std::string(note.octave, '+') + std::string(kFlat) + cased(lower) + dot;
+  constexpr int kSemitones = static_cast<int>(kPianoTones.size());
+  const int semitone = SemitoneOf({&lower, 1}) + note.accidental;
+  const size_t octave = note.octave + (semitone == kSemitones ? 1 : 0);
+  const std::string_view tone = kPianoTones.at(static_cast<size_t>((semitone + kSemitones) % kSemitones));
+  return std::string(octave, '+') + std::string(tone.substr(0, tone.size() - 1)) + cased(tone.back()) + dot;
+}
+
+// Passes what `notes` begins with; gives how many characters that was.
+size_t TidyFront(std::string_view notes, FormatMode mode, TidyText& text) {
+  const LooseNote note = NoteAt(notes);
+  if (note.size > 0) {
+    const std::string_view as = notes.substr(0, note.size);
+    // One note alone is too short for a file.
+    text.Replace(note.size, ReadsWhole("c" + std::string(as), mode) ? as : TextOf(note, mode),
+                 "that note is written so");
+    return note.size;
+  }
+  if (notes.front() == '-') {
+    text.Keep(1);
+    return 1;
+  }
+  size_t stray = 1;
+  while (stray < notes.size() && notes[stray] != '-' && NoteAt(notes.substr(stray)).size == 0) ++stray;
+  text.LeaveOut(stray, "that is no note");
+  return stray;
+}
+
+void TidyNotes(std::string_view notes, FormatMode mode, TidyText& text) {
+  if (ReadsWhole(notes, mode)) return text.Keep(notes.size());
+  while (!notes.empty()) notes.remove_prefix(TidyFront(notes, mode, text));
+}
+
+}  // namespace
+
+void TidyMelody(TidyText& text) { TidyNotes(text.Rest(), FormatMode::Melody, text); }
+
+// What stands outside the markers is not read and stays, but for tags where the first marker is missing.
+void TidyEMelody(TidyText& text) {
+  const std::string lowered = Lowered(text.Rest());
+  const size_t start = lowered.find(Lowered(kStart));
+  if (start == std::string::npos) {
+    const size_t tags = lowered.find("version:") == std::string::npos
+                            ? 0
+                            : lowered.find_first_of("\r\n", lowered.find("version:"));
+    text.Keep(std::min(tags, lowered.size()));
+    text.Insert(kStart, "the notes begin with it");
+  } else {
+    text.Keep(start);
+    text.Replace(kStart.size(), kStart, "the marker is written so");
+  }
+  const size_t before = lowered.size() - text.Rest().size();
+  const size_t end = lowered.find(Lowered(kEnd), before);
+  TidyNotes(text.Rest().substr(0, end == std::string::npos ? end : end - before), FormatMode::EMelody, text);
+  if (end == std::string::npos)
+    return text.Insert("\r\n" + std::string(kEnd) + "\r\n", "the notes end with it");
+  text.Replace(kEnd.size(), kEnd, "the marker is written so");
+}
+
+}  // namespace trillomat

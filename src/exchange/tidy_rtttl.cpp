@@ -1,0 +1,143 @@
+// Tidying RTTTL: the header is made whole, then the notes follow (tidy_rtttl_notes.h).
+#include <algorithm>
+#include <array>
+
+#include "core/ascii.h"
+#include "core/codec.h"
+#include "core/number_text.h"
+#include "exchange/recognise.h"
+#include "exchange/rtttl_shape.h"
+#include "exchange/tidy_functions.h"
+#include "exchange/tidy_rtttl_notes.h"
+
+namespace trillomat {
+namespace {
+
+// With the values that the published format gives a header without them.
+struct Key {
+  char letter;
+  std::string_view published;
+};
+constexpr std::array<Key, 3> kNeededKeys{{{'d', "4"}, {'o', "6"}, {'b', "63"}}};
+
+std::string_view PublishedOf(char letter) {
+  const auto* const key = std::find_if(kNeededKeys.begin(), kNeededKeys.end(),
+                                       [letter](const Key& each) { return each.letter == letter; });
+  return key == kNeededKeys.end() ? "" : key->published;
+}
+
+// The value of a key that the reader takes for what it means; `value` where it does.
+std::string TidyValue(char key, const std::string& value) {
+  constexpr double kHighestCount = 32767;
+  const double number = LeadingNumber(value);
+  if (key == 's') return value;
+  if (value.empty()) return std::string(PublishedOf(key));
+  if (key == 'd') return NearestRtttlLength(value);
+  if (key == 'o') return NearestRtttlOctave(value);
+  if (key == 'l') return number > kHighestCount ? std::to_string(kHighestLoop) : value;
+  return RoundToInt32(number) ? value : std::string(PublishedOf(key));
+}
+
+class Keys {
+ public:
+  explicit Keys(TidyText& text) : text_(text) {}
+
+  void Tidy(std::string_view all) {
+    std::string_view keys = all;
+    while (!keys.empty()) {
+      const size_t length = std::min(keys.find_first_of(",;"), keys.size());
+      TidyItem(keys.substr(0, length));
+      keys.remove_prefix(length);
+      if (keys.empty()) break;
+      text_.Keep(1);
+      keys.remove_prefix(1);
+    }
+    AddMissing(!WithoutLayout(all).empty());
+  }
+
+  TokenDefaults Defaults() const {
+    SilentLog silent;
+    return {.octave = static_cast<int16_t>(LeadingNumber(octave_) - 2),
+            .duration = DecodeDuration(duration_, FormatMode::Rtttl, silent)};
+  }
+
+ private:
+  // "d=4": the reader finds a lower-case key whatever stands around it, and takes the digits behind it.
+  void TidyItem(std::string_view item) {
+    const size_t sign = item.find('=');
+    if (sign == std::string_view::npos || !StartsWithRtttlKey(item)) return text_.Keep(item.size());
+    const char key = ToLower(item.substr(item.find_first_not_of(" \r\n\t")).front());
+    const std::string value = WithoutLayout(item.substr(sign + 1));
+    const auto* const end = std::find_if_not(value.data(), value.data() + value.size(), IsDigit);
+    const std::string digits(value.data(), end);
+    const std::string tidy = TidyValue(key, key == 's' ? value : digits);
+    found_ += key;
+    if (key == 'd') duration_ = tidy;
+    if (key == 'o') octave_ = tidy;
+    const bool asItIs = tidy == (key == 's' ? value : digits) && Contains(item, std::string(1, key));
+    if (asItIs) return text_.Keep(item.size());
+    text_.Replace(item.size(), std::string(1, key) + "=" + tidy, "that is no value of this key");
+  }
+
+  void AddMissing(bool behindOthers) {
+    std::string missing;
+    for (const Key& key : kNeededKeys) {
+      if (Contains(found_, std::string(1, key.letter))) continue;
+      missing += (behindOthers || !missing.empty() ? "," : "") + std::string(1, key.letter) + "=" +
+                 std::string(key.published);
+    }
+    if (!missing.empty()) text_.Insert(missing, "a header without it means that");
+  }
+
+  TidyText& text_;
+  std::string found_;
+  std::string duration_{kNeededKeys[0].published};
+  std::string octave_{kNeededKeys[1].published};
+};
+
+// A ":" in it would end it, and what is quoted begins behind the quote.
+void TidyName(std::string_view name, TidyText& text) {
+  const size_t quote = name.rfind('"');
+  if (quote != std::string_view::npos) {
+    text.LeaveOut(quote + 1, "it is no part of the tune");
+    name.remove_prefix(quote + 1);
+  }
+  const size_t length = name.find_last_not_of(": \t\r\n") + 1;
+  const std::string_view kept = name.substr(0, length);
+  if (!Contains(name, ":")) return text.Keep(name.size());
+  text.Replace(name.size(), ReplaceAll(kept, ":", "-"), "a \":\" would end the name");
+}
+
+// The only tune, or the first of several.
+std::string_view TuneIn(TidyText& text) {
+  const std::vector<std::string_view> tunes = TunesIn(text.Rest());
+  if (tunes.empty()) return text.Rest();
+  text.LeaveOut(static_cast<size_t>(tunes.front().data() - text.Rest().data()), "it is no part of the tune");
+  return tunes.front();
+}
+
+}  // namespace
+
+void TidyRtttl(TidyText& text) {
+  const std::string_view tune = TuneIn(text);
+  const RtttlShape shape = RtttlShapeOf(tune);
+  const bool bare = shape.keys.empty();
+  if (bare && !HoldsRtttlNotes(shape.notes)) return;
+  if (shape.name.data() + shape.name.size() == shape.keys.data()) {
+    text.Insert(":", "the name ends with it");
+  } else {
+    TidyName(shape.name, text);
+    text.Keep(1);
+  }
+  Keys keys(text);
+  keys.Tidy(shape.keys);
+  if (bare || text.Rest().data() == shape.notes.data()) {
+    text.Insert(":", "the keys end with it");
+  } else {
+    text.Replace(1, ":", "the keys end with it");
+  }
+  TidyRtttlNotes(shape.notes, keys.Defaults(), text);
+  text.LeaveOut(text.Rest().size(), "it is no part of the tune");
+}
+
+}  // namespace trillomat

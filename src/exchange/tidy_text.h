@@ -1,0 +1,40 @@
+// A text that is tidied from its front to its end, and the list of what is changed on the way.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "exchange/tidy.h"
+
+namespace trillomat {
+
+class TidyText {
+ public:
+  /// `original` has to outlive it.
+  explicit TidyText(std::string_view original) : rest_(original) {}
+
+  /// What was not passed yet.
+  std::string_view Rest() const { return rest_; }
+
+  /// The next `count` characters stay.
+  void Keep(size_t count);
+  /// Everything up to `place` stays, a part of Rest().
+  void KeepTo(std::string_view place) { Keep(static_cast<size_t>(place.data() - rest_.data())); }
+  /// The next `count` characters become `after`; that is no change where they are just that.
+  void Replace(size_t count, std::string_view after, std::string_view why);
+  void Insert(std::string_view after, std::string_view why) { Replace(0, after, why); }
+  /// Leaves out the next `count` characters; that is no change where they are layout.
+  void LeaveOut(size_t count, std::string_view why);
+
+  Tidied Finish() &&;
+
+ private:
+  void Pass(size_t count);
+
+  std::string_view rest_;
+  Tidied tidied_;
+  size_t line_ = 1;
+  size_t column_ = 1;
+};
+
+}  // namespace trillomat
