@@ -38,6 +38,7 @@ class CommandLine {
   void AddIn(CLI::App* command, std::string name = "FILE");
   void AddOut(CLI::App* command, std::string name = "OUT");
   void AddForce(CLI::App* command, std::string description = "Replace OUT when it exists");
+  void AddSpelling(CLI::App* command);
   void AddEndless(CLI::App* command);
   void AddFileCommands();
   void AddPlayCommands();
@@ -92,6 +93,16 @@ void CommandLine::AddForce(CLI::App* command, std::string description) {
   command->add_flag("--force", call_.force, std::move(description));
 }
 
+void CommandLine::AddSpelling(CLI::App* command) {
+  const auto take = [this](const std::string& name) {
+    call_.spelling = name == "modern" ? RtttlSpelling::Modern : RtttlSpelling::Classic;
+  };
+  const auto* const description =
+      "How RTTTL is written: classic, as ever, or modern, as today's players read it (lower case, b for b)";
+  command->add_option_function<std::string>("--spelling", take, description)
+      ->check(CLI::IsMember(std::vector<std::string>{"classic", "modern"}));
+}
+
 void CommandLine::AddEndless(CLI::App* command) {
   command->add_option("--endless", call_.endless, "How often a block that repeats without end is played")
       ->check(CLI::Range(1, 1'000'000));
@@ -104,6 +115,7 @@ void CommandLine::AddFileCommands() {
   AddIn(show);
 
   CLI::App* convert = AddCommand("convert", "Read one melody file and write another", ConvertCommand);
+  AddSpelling(convert);
   AddForce(convert);
   AddMode(convert);
   AddIn(convert, "IN");
@@ -124,6 +136,7 @@ void CommandLine::AddFileCommands() {
   std::transform(kExportTargets.begin(), kExportTargets.end(), targets.begin(),
                  [](const ExportTarget& target) { return std::string(target.option); });
   exporter->add_option("--to", call_.to, "What to print")->required()->check(CLI::IsMember(targets));
+  AddSpelling(exporter);
   AddMode(exporter);
   AddIn(exporter);
 

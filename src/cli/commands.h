@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "core/codec.h"
 #include "core/format_mode.h"
 #include "core/services.h"
 #include "files/file_store.h"
@@ -22,8 +23,9 @@ struct Invocation {
   bool force = false;  ///< replaces a file, and writes more sound than anybody means to
   bool adaptT68i = false;
   bool trace = false;
-  std::string from;             ///< "rtttl", "emelody" or "melody"
-  std::string to;               ///< an option of kExportTargets
+  std::string from;  ///< "rtttl", "emelody" or "melody"
+  std::string to;    ///< an option of kExportTargets
+  std::optional<RtttlSpelling> spelling;
   std::string output = "wave";  ///< "wave", "beep" or "midi"
   int16_t octaves = 0;
   int32_t endless = 1;  ///< how often an endless block is played

@@ -30,8 +30,9 @@ std::string PastedText(std::string bytes) {
 void ConvertCommand(const Invocation& call, const CommandServices& services) {
   const FormatMode from = FormatOfPath(call.in, call.mode);
   const FormatMode to = FormatOfPath(call.out, call.mode);
+  const RtttlSpelling spelling = SpellingOf(call, to == FormatMode::Rtttl);
   CheckOutput(call, from == to, services.store);
-  SaveSong(LoadSong(call.in, from, services), call.out, to, services);
+  SaveSong(LoadSong(call.in, from, services), call.out, to, services, spelling);
 }
 
 void ImportCommand(const Invocation& call, const CommandServices& services) {
@@ -50,14 +51,17 @@ void ImportCommand(const Invocation& call, const CommandServices& services) {
 }
 
 void ExportCommand(const Invocation& call, const CommandServices& services) {
+  const Phone phone = PhoneOfOption(call.to).value();
+  const RtttlSpelling spelling = SpellingOf(call, phone == Phone::Rtttl);
   const Song song = LoadSong(call.in, FormatOfPath(call.in, call.mode), services);
   const std::string in = Utf8OfPath(call.in);
   if (song.elements.empty()) {
     services.log.WriteLog("Nothing to export", 2);
     throw Refused(in + ": the melody has no elements");
   }
-  const auto text = Export(PhoneOfOption(call.to).value(), song, services);
+  const auto text = Export(phone, song, services, spelling);
   if (!text) throw Refused(in + ": " + ToUtf8(text.Why().why));
+  if (phone == Phone::Rtttl) WarnOfName(song.info, spelling);
   WriteOutput("-", services.store, *text);
 }
 

@@ -1,6 +1,7 @@
 #include "cli/melody_source.h"
 
 #include <algorithm>
+#include <iostream>
 #include <utility>
 
 #include "cli/byte_files.h"
@@ -9,6 +10,7 @@
 #include "core/code_page.h"
 #include "files/path_text.h"
 #include "formats/formats.h"
+#include "formats/rtttl_text.h"
 
 namespace trillomat {
 namespace {
@@ -52,10 +54,23 @@ Song LoadSong(const std::filesystem::path& file, FormatMode mode, const CommandS
 }
 
 void SaveSong(const Song& song, const std::filesystem::path& file, FormatMode mode,
-              const CommandServices& services) {
-  const auto bytes = Write(song, mode, services);
+              const CommandServices& services, RtttlSpelling spelling) {
+  if (mode == FormatMode::Rtttl) WarnOfName(song.info, spelling);
+  const auto bytes = spelling == RtttlSpelling::Classic
+                         ? Write(song, mode, services)
+                         : Result<std::string>(RtttlFile(song, spelling, services.log));
   if (!bytes) throw Refused(ToUtf8(bytes.Why().why));
   WriteOutput(file, services.store, *bytes);
+}
+
+RtttlSpelling SpellingOf(const Invocation& call, bool isRtttl) {
+  if (call.spelling && !isRtttl) throw WrongUsage("--spelling is for RTTTL alone");
+  return call.spelling.value_or(RtttlSpelling::Classic);
+}
+
+void WarnOfName(const SongInfo& info, RtttlSpelling spelling) {
+  const std::string warning = RtttlNameWarning(info, spelling);
+  if (!warning.empty()) std::cerr << "trillomat-cli: warning: " << ToUtf8(warning) << '\n';
 }
 
 }  // namespace trillomat

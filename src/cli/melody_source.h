@@ -24,9 +24,15 @@ FormatMode FormatOfPath(const std::filesystem::path& file, std::optional<FormatM
 /// Throws Refused when it is refused.
 Song LoadSong(const std::filesystem::path& file, FormatMode mode, const CommandServices& services);
 
-/// Saves the song as `file` in the format `mode`. Throws Refused when it cannot be written; an existing file
-/// is then as it was.
+/// Saves the song as `file` in the format `mode`, RTTTL in that spelling; a name that RTTTL cannot hold is
+/// said before. Throws Refused when it cannot be written; an existing file is then as it was.
 void SaveSong(const Song& song, const std::filesystem::path& file, FormatMode mode,
-              const CommandServices& services);
+              const CommandServices& services, RtttlSpelling spelling = RtttlSpelling::Classic);
+
+/// The spelling that the user asked for. Throws WrongUsage where that was asked for what is not RTTTL.
+RtttlSpelling SpellingOf(const Invocation& call, bool isRtttl);
+
+/// Says on standard error what comes of a name that RTTTL cannot hold.
+void WarnOfName(const SongInfo& info, RtttlSpelling spelling);
 
 }  // namespace trillomat

@@ -37,12 +37,23 @@ Element Decode(std::string_view token, FormatMode mode, const TokenDefaults& def
 
 inline constexpr std::string_view kRefusedToken = "Error";
 
-/// Whether the element is a tone, a pause or a command of the iMelody format, with a length and an octave that
-/// there are: false for what a reader kept without knowing what it is.
+/// Whether the element is a tone, a pause or a command of the iMelody format, with a length and an octave
+/// that there are: false for what a reader kept without knowing what it is.
 bool IsUnderstood(const Element& element);
 
 /// The token of one element; RTTTL tokens leave out what equals `defaults`.
 Token Encode(const Element& element, FormatMode mode, const TokenDefaults& defaults, Log& log);
+
+/// How RTTTL is spelled.
+enum class RtttlSpelling {
+  Classic,  ///< as the phones of the time write it, "8C#6.": what Encode gives
+  Modern,   ///< as today's players read it, "8c#.6": lower case, "b" for b, the dot before the octave
+};
+
+/// What RTTTL text holds of an element: its token in that spelling, "" where it cannot express it. Modern
+/// spelling has the octave below those of the phones' composers as well, RTTTL's 4.
+std::string RtttlToken(const Element& element, RtttlSpelling spelling, const TokenDefaults& defaults,
+                       Log& log);
 
 /// Whether `mode` can express the element: its token does not come out in brackets.
 bool Supports(const Element& element, FormatMode mode);

@@ -1,4 +1,6 @@
 // Encode: one element into a token, a function for each notation.
+#include <algorithm>
+
 #include "core/ascii.h"
 #include "core/codec.h"
 #include "core/tone.h"
@@ -72,24 +74,38 @@ Token EncodeEMelody(const Element& element, Log& log) {
   return token;
 }
 
-Token EncodeRtttl(const Element& element, const TokenDefaults& defaults, Log& log) {
+// The octave of today's players that the phones' composers lack.
+constexpr int16_t kLowestModernOctave = 2;
+
+FieldText RtttlOctave(int16_t octave, RtttlSpelling spelling) {
+  if (spelling == RtttlSpelling::Modern && octave == kLowestModernOctave) return {.text = "4"};
+  return EncodeOctave(octave, FormatMode::Rtttl);
+}
+
+void AddRtttlName(Draft& token, const Element& element, Log& log) {
+  const int tone = ToneIndex(element.Note());
+  if (tone < 0) {
+    log.WriteLog("Couldnot find the note", 1);
+    token.supported = false;
+  } else {
+    token.text += kRtttlNames.at(static_cast<size_t>(tone));
+  }
+}
+
+Token EncodeRtttl(const Element& element, RtttlSpelling spelling, const TokenDefaults& defaults, Log& log) {
   Draft token;
   const std::string duration = token.Checked(EncodeDuration(element.duration, FormatMode::Rtttl, log));
   if (element.duration != defaults.duration) token.text = duration;
+  const std::string extra = token.Checked(EncodeDurationExtra(element.extra, FormatMode::Rtttl));
+  std::string octave;
   if (IsPause(element)) {
     token.text += "P";
   } else {
-    const int tone = ToneIndex(element.Note());
-    if (tone < 0) {
-      log.WriteLog("Couldnot find the note", 1);
-      token.supported = false;
-    } else {
-      token.text += kRtttlNames.at(static_cast<size_t>(tone));
-    }
-    const std::string octave = token.Checked(EncodeOctave(element.octave, FormatMode::Rtttl));
-    if (element.octave != defaults.octave) token.text += octave;
+    AddRtttlName(token, element, log);
+    const std::string digit = token.Checked(RtttlOctave(element.octave, spelling));
+    if (element.octave != defaults.octave) octave = digit;
   }
-  token.Add(EncodeDurationExtra(element.extra, FormatMode::Rtttl));
+  token.text += spelling == RtttlSpelling::Modern ? extra + octave : octave + extra;
   return token;
 }
 
@@ -111,7 +127,7 @@ Token EncodeSound(const Element& element, FormatMode mode, const TokenDefaults& 
   switch (mode) {
     case FormatMode::IMelody: return EncodeIMelody(element, log);
     case FormatMode::EMelody: return EncodeEMelody(element, log);
-    case FormatMode::Rtttl: return EncodeRtttl(element, defaults, log);
+    case FormatMode::Rtttl: return EncodeRtttl(element, RtttlSpelling::Classic, defaults, log);
     case FormatMode::Melody: break;
   }
   return EncodeMelody(element, log);
@@ -126,6 +142,17 @@ Token Encode(const Element& element, FormatMode mode, const TokenDefaults& defau
   Token token = EncodeSound(element, mode, defaults, log);
   if (!token.supported) token.text = "[" + token.text + "]";
   return token;
+}
+
+std::string RtttlToken(const Element& element, RtttlSpelling spelling, const TokenDefaults& defaults,
+                       Log& log) {
+  if (!element.Command().empty()) return {};
+  const Token token = EncodeRtttl(element, spelling, defaults, log);
+  if (!token.supported) return {};
+  if (spelling == RtttlSpelling::Classic) return token.text;
+  std::string text = Lowered(token.text);
+  std::replace(text.begin(), text.end(), 'h', 'b');
+  return text;
 }
 
 bool Supports(const Element& element, FormatMode mode) {

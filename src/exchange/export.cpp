@@ -6,27 +6,6 @@
 #include "formats/rtttl_text.h"
 
 namespace trillomat {
-namespace {
-
-template <typename Keys>
-std::string KeysOf(const Song& song, int16_t movedUp, const Services& services) {
-  Keys keys(services.log);
-  return KeyPressText(keys, song.elements, movedUp, services);
-}
-
-// Of a song that was moved into the phone's octaves.
-std::string TextFor(Phone phone, const Song& song, int16_t movedUp, const Services& services) {
-  switch (phone) {
-    case Phone::Nokia: return KeysOf<NokiaKeys>(song, movedUp, services);
-    case Phone::T68i: return KeysOf<T68iKeys>(song, movedUp, services);
-    case Phone::T39: return KeysOf<T39Keys>(song, movedUp, services);
-    case Phone::R320: return KeysOf<R320Keys>(song, movedUp, services);
-    case Phone::Rtttl: break;
-  }
-  return RtttlText(song, services.log);
-}
-
-}  // namespace
 
 const std::array<ExportTarget, 5> kExportTargets{{{Phone::Rtttl, "rtttl", "RTTTL", {3, 6}},
                                                   {Phone::Nokia, "nokia", "the Nokia Composer", {3, 6}},
@@ -52,7 +31,18 @@ std::optional<Phone> PhoneOfOption(std::string_view option) {
   return std::nullopt;
 }
 
-Result<std::string> Export(Phone phone, const Song& song, const Services& services) {
+std::unique_ptr<PhoneKeys> KeysOf(Phone phone, Log& log) {
+  switch (phone) {
+    case Phone::Nokia: return std::make_unique<NokiaKeys>(log);
+    case Phone::T68i: return std::make_unique<T68iKeys>(log);
+    case Phone::T39: return std::make_unique<T39Keys>(log);
+    case Phone::R320: return std::make_unique<R320Keys>(log);
+    case Phone::Rtttl: break;
+  }
+  return nullptr;
+}
+
+Result<std::string> Export(Phone phone, const Song& song, const Services& services, RtttlSpelling spelling) {
   const LogOperation operation(services.log);
   const ExportTarget& target = TargetOf(phone);
   try {
@@ -61,7 +51,9 @@ Result<std::string> Export(Phone phone, const Song& song, const Services& servic
     if (song.elements.empty() || !movedUp) {
       return Refusal{.why = RangeRefusal(song.elements, target.range, target.name)};
     }
-    return TextFor(phone, moved, *movedUp, services);
+    const std::unique_ptr<PhoneKeys> keys = KeysOf(phone, services.log);
+    if (!keys) return RtttlText(moved, spelling, services.log);
+    return KeyPressText(*keys, moved.elements, *movedUp, services);
   } catch (const ExportFault& fault) {
     return Refusal{.why = fault.what()};
   } catch (const std::exception& fault) {

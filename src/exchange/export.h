@@ -2,13 +2,16 @@
 #pragma once
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "core/codec.h"
 #include "core/refusal.h"
 #include "core/services.h"
 #include "core/song.h"
+#include "exchange/key_press_run.h"
 #include "exchange/range_adaptation.h"
 
 namespace trillomat {
@@ -32,8 +35,12 @@ const ExportTarget& TargetOf(Phone phone);
 std::optional<Phone> PhoneOfOption(std::string_view option);
 
 /// The Result text of an export: RTTTL text, or the key presses that type the song into the phone, moved into
-/// its octaves. Refused when the song has no elements or does not fit.
-Result<std::string> Export(Phone phone, const Song& song, const Services& services);
+/// its octaves. Refused when the song has no elements or does not fit. `spelling` is that of RTTTL.
+Result<std::string> Export(Phone phone, const Song& song, const Services& services,
+                           RtttlSpelling spelling = RtttlSpelling::Classic);
+
+/// The keys of that phone's composer; null for RTTTL, which has none.
+std::unique_ptr<PhoneKeys> KeysOf(Phone phone, Log& log);
 
 /// One button of the export window.
 struct ExportButton {

@@ -29,7 +29,7 @@ void ReadRtttl(Reading& reading) {
 }
 
 Result<std::string> WriteRtttl(const Song& song, const Services& services) {
-  return RtttlText(song, services.log) + "\r\n";
+  return RtttlFile(song, RtttlSpelling::Classic, services.log);
 }
 
 }  // namespace trillomat

@@ -109,5 +109,24 @@ TEST_F(FilesTest, ExportPrintsTheResultByteForByte) {
   });
 }
 
+TEST_F(FilesTest, RtttlIsSpelledForTodaysPlayersOnRequest) {
+  folder_.Write("name.imy", "NAME:Am:I\r\nBEAT:90\r\nMELODY:*4b3.*4#c2*5d2\r\nEND:IMELODY\r\n");
+  const std::string modern = "Am:d=4,o=6,b=90:8b.,c#,d7";
+  const auto warns = HasSubstr(
+      "warning: the name \"Am:I\" holds \":\", which ends a name in RTTTL: it will be "
+      "read back as \"Am\"");
+  const auto misuse = HasSubstr("--spelling is for RTTTL alone");
+  ExpectEach(
+      {{"export --to rtttl --spelling modern name.imy", 0, Eq(modern), warns},
+       {"export --to rtttl --spelling classic name.imy", 0, "Am:I:d=4,o=6,b=90:8H.,C#,D7", warns},
+       {"export --to rtttl --spelling modern tune.rtx", 0, "Fr\xE8re:d=4,o=5,b=120:c,d,8e.,2p", IsEmpty()},
+       {"convert --spelling modern name.imy a.rtx", 0, IsEmpty(), warns},
+       {"convert --spelling modern a.rtx - --mode rtttl", 0, modern + "\r\n", IsEmpty()},
+       {"export --to nokia --spelling modern tune.rtx", 2, IsEmpty(), misuse},
+       {"convert --spelling classic tune.rtx a.mel", 2, IsEmpty(), misuse},
+       {"convert --spelling odd tune.rtx b.rtx", 2, IsEmpty(), HasSubstr("odd")}});
+  EXPECT_EQ(folder_.Read("a.rtx"), modern + "\r\n");
+}
+
 }  // namespace
 }  // namespace trillomat

@@ -1,3 +1,5 @@
+#include "core/tone.h"
+#include "formats/rtttl_text.h"
 #include "read_case.h"
 
 namespace trillomat {
@@ -84,6 +86,60 @@ TEST(Rtttl, WritesTheCommonestDefaults) {
       << "ties";
   EXPECT_EQ(Written(FormatMode::Rtttl, {Command("(")}, info), "A name too:d=1,o=5,b=120,l=3\r\n")
       << "no notes";
+}
+
+std::string Modern(const Song& song) {
+  SilentLog log;
+  return RtttlFile(song, RtttlSpelling::Modern, log);
+}
+
+TEST(Rtttl, ModernSpellingIsWhatTodaysPlayersRead) {
+  const SongInfo info{.name = "A: b", .bpm = 120, .loop = 3};
+  EXPECT_EQ(
+      Modern({{Note("&d", 4, 0.5F, 1.5F), Note("b", 3, 0.5F, 1.5F), Note("&b", 4, 4.0F), Rest(1.0F, 1.5F),
+               Rest(0.5F), Note("#g", 6, 0.25F), Note("c", 2), Note("b", 2, 0.125F, 1.5F)},
+              info}),
+      "A:d=8,o=6,b=120:c#.,b.5,1a#,4p.,p,16g#8,4c4,32b.4\r\n");
+  EXPECT_EQ(Modern({{Command("("), Note("c", 1), Note("c", 7), Note("x", 4), Note("c", 4, 1.0F, 1.75F),
+                     Note("c", 4, 0.3F), Command("@3)")},
+                    info}),
+            "A:d=4,o=6,b=120\r\n")
+      << "nothing that RTTTL can express";
+}
+
+TEST(Rtttl, ModernTextIsReadBackAsTheSameElements) {
+  ElementList elements;
+  for (const std::string_view tone : kPianoTones) {
+    for (const float duration : kDurations) {
+      for (int16_t octave = 2; octave <= 6; ++octave) {
+        elements.push_back(Tone(tone, octave, duration, duration < 1 ? 1.5F : 1.0F));
+      }
+      elements.push_back(Pause(duration, 1.5F));
+    }
+  }
+  FakeServices fake;
+  const ReadResult read =
+      Read(Modern({elements, {.name = "all", .bpm = 90}}), FormatMode::Rtttl, {}, fake.services);
+  EXPECT_EQ(read.elements, elements);
+  EXPECT_EQ(read.record.info.bpm, 90);
+}
+
+TEST(Rtttl, ANameThatAColonEndsIsSaid) {
+  struct Case {
+    std::string name;
+    std::string modern;
+  };
+  const std::string holds = " holds \":\", which ends a name in RTTTL: it will be read back ";
+  for (const auto& [name, modern] : {Case{"Tune", ""},
+                                     {"0123456789:", ""},
+                                     {"Am: a", "the name \"Am: a\"" + holds + "as \"Am\""},
+                                     {":", "the name \":\"" + holds + "without a name"}}) {
+    SongInfo info;
+    info.name = name;
+    EXPECT_EQ(RtttlNameWarning(info, RtttlSpelling::Modern), modern);
+    const std::string rest = modern.empty() ? "" : ", and what follows the \":\" not as it is meant";
+    EXPECT_EQ(RtttlNameWarning(info, RtttlSpelling::Classic), modern + rest);
+  }
 }
 
 }  // namespace
