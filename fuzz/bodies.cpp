@@ -6,6 +6,8 @@
 #include "core/codec.h"
 #include "exchange/export.h"
 #include "exchange/import.h"
+#include "exchange/recognise.h"
+#include "exchange/tidy.h"
 #include "formats/reading.h"
 #include "support/silent_services.h"
 
@@ -101,6 +103,43 @@ void FuzzExports(std::string_view input) {
   CheckExports({.elements = std::move(read.elements), .info = std::move(read.record.info)}, fuzz.services);
 }
 
+bool IsClean(const ReadResult& read) {
+  return !read.elements.empty() && std::all_of(read.elements.begin(), read.elements.end(), IsUnderstood);
+}
+
+// Whether the RTTTL reader may have dropped a token that tidying makes something of.
+bool MayDropTokens(std::string_view text) {
+  return text.find_first_of("soSO", text.find(':', text.find(':') + 1)) != std::string_view::npos;
+}
+
+// Tidying tells all that it changes, leaves nothing to do, and keeps what was understood.
+template <FormatMode mode>
+void CheckTidying(std::string_view input, const Services& services) {
+  const Tidied tidied = Tidy(input, mode);
+  Require(tidied.changes.empty() == (tidied.text == input), "what changes is told");
+  for (const TidyChange& change : tidied.changes) {
+    Require(change.line > 0 && change.column > 0 && !change.why.empty(), "where and why");
+  }
+  const bool ascii = std::all_of(input.begin(), input.end(), [](char c) { return c > 0; });
+  if (ascii) Require(Tidy(tidied.text, mode).changes.empty(), "nothing is left to do");
+  const ReadResult read = Read(input, mode, {}, services);
+  if (!IsClean(read) || (mode == FormatMode::Rtttl && MayDropTokens(input))) return;
+  Require(Read(tidied.text, mode, {}, services).elements == read.elements, "what was understood stays");
+}
+
+void FuzzTidying(std::string_view input) {
+  SilentServices fuzz;
+  CheckTidying<FormatMode::IMelody>(input, fuzz.services);
+  CheckTidying<FormatMode::EMelody>(input, fuzz.services);
+  CheckTidying<FormatMode::Rtttl>(input, fuzz.services);
+  CheckTidying<FormatMode::Melody>(input, fuzz.services);
+  for (const std::string_view tune : TunesIn(input)) {
+    Require(tune.data() >= input.data() && tune.data() + tune.size() <= input.data() + input.size(),
+            "tunes are parts of the text");
+  }
+  RecognisedFormat(input);
+}
+
 // An input for the codec: six bytes of numbers, a note or command up to a line feed, and a token.
 class CodecInput {
  public:
@@ -160,6 +199,7 @@ constexpr auto kBodies = std::to_array<FuzzBody>({
     {"import_emelody", FuzzImport<PastedFormat::EMelody>},
     {"import_melody", FuzzImport<PastedFormat::Melody>},
     {"export_keys", FuzzExports},
+    {"tidy", FuzzTidying},
 });
 
 }  // namespace

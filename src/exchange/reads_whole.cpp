@@ -18,13 +18,16 @@ class IdlePump : public EventPump {
 
 }  // namespace
 
-bool ReadsWhole(std::string_view notes, FormatMode mode) {
+bool ReadsWhole(std::string_view text, FormatMode mode) {
   SilentLog silent;
   IdlePump pump;
-  const std::string end = mode == FormatMode::Melody ? "" : "\r\nEND:EMELODY\r\n";
-  const std::string text = (mode == FormatMode::Melody ? "" : "MELODY:") + std::string(notes) + end;
   const ReadResult read = Read(text, mode, {}, {silent, pump});
   return read && std::all_of(read.elements.begin(), read.elements.end(), IsUnderstood);
+}
+
+bool NotesReadWhole(std::string_view notes, FormatMode mode) {
+  if (mode == FormatMode::Melody) return ReadsWhole(notes, mode);
+  return ReadsWhole("MELODY:" + std::string(notes) + "\r\nEND:EMELODY\r\n", mode);
 }
 
 }  // namespace trillomat

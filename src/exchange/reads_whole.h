@@ -1,4 +1,4 @@
-// Whether notes need no tidying.
+// Whether a text needs no tidying.
 #pragma once
 
 #include <string_view>
@@ -7,8 +7,10 @@
 
 namespace trillomat {
 
-/// Whether the reader of `mode` (not RTTTL, whose notes need a header) understands every one of these notes,
-/// which stand without what surrounds them in a file.
-bool ReadsWhole(std::string_view notes, FormatMode mode);
+/// Whether the reader of `mode` reads the text and understands every element of it.
+bool ReadsWhole(std::string_view text, FormatMode mode);
+
+/// The same for notes alone, without what surrounds them in a file of I-Melody, E-Melody or Melody.
+bool NotesReadWhole(std::string_view notes, FormatMode mode);
 
 }  // namespace trillomat

@@ -40,10 +40,14 @@ bool StartsWithRtttlKey(std::string_view text) {
 }
 
 RtttlShape RtttlShapeOf(std::string_view tune) {
-  if (StartsWithRtttlKey(tune)) return ShapeAt(tune, 0);
   for (size_t colon = tune.find(':'); colon != std::string_view::npos; colon = tune.find(':', colon + 1)) {
     if (StartsWithRtttlKey(tune.substr(colon + 1))) return ShapeAt(tune, colon + 1);
   }
+  if (StartsWithRtttlKey(tune)) return ShapeAt(tune, 0);
+  return ShapeByColons(tune);
+}
+
+RtttlShape ShapeByColons(std::string_view tune) {
   const size_t first = tune.find(':');
   if (first == std::string_view::npos) return {tune.substr(0, 0), tune.substr(0, 0), tune};
   const size_t second = tune.find(':', first + 1);

@@ -19,6 +19,9 @@ struct RtttlShape {
 /// notes; without a ":" all of it.
 RtttlShape RtttlShapeOf(std::string_view tune);
 
+/// The parts as the reader cuts them, around the first two ":"; what of them is missing is empty.
+RtttlShape ShapeByColons(std::string_view tune);
+
 /// Whether the text begins with a key of a header: "d=4", "o = 5".
 bool StartsWithRtttlKey(std::string_view text);
 

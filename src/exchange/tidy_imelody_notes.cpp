@@ -47,7 +47,7 @@ LooseNote NoteAt(std::string_view text) {
   takesAccidental();
   if (!IsIn(ToLower(next()), "abcdefghrp") || next() == '\0') return {};
   note.letter = text[note.size++];
-  if (!IsDigit(next())) takesAccidental();
+  if (note.size + 1 < text.size() && IsDigit(text[note.size + 1])) takesAccidental();
   if (IsDigit(next())) note.length = text[note.size++];
   if (next() != '\0' && IsIn(next(), ".:;")) note.mark = text[note.size++];
   return note;
@@ -113,7 +113,7 @@ size_t TidyFront(std::string_view notes, TidyText& text) {
     const std::string_view why =
         note.length == 0 ? "a length was missing, a quarter was meant" : "that note is written so";
     const std::string_view as = notes.substr(0, note.size);
-    text.Replace(note.size, ReadsWhole(as, FormatMode::IMelody) ? as : TextOf(note), why);
+    text.Replace(note.size, NotesReadWhole(as, FormatMode::IMelody) ? as : TextOf(note), why);
     return note.size;
   }
   size_t stray = 1;
@@ -129,7 +129,7 @@ size_t TidyFront(std::string_view notes, TidyText& text) {
 }  // namespace
 
 void TidyIMelodyNotes(std::string_view notes, TidyText& text) {
-  if (ReadsWhole(notes, FormatMode::IMelody)) return text.Keep(notes.size());
+  if (NotesReadWhole(notes, FormatMode::IMelody)) return text.Keep(notes.size());
   while (!notes.empty()) notes.remove_prefix(TidyFront(notes, text));
 }
 

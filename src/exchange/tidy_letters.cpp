@@ -18,8 +18,8 @@ constexpr std::string_view kFlat = "(b)";
 
 /// A note at the front of a text.
 struct LooseNote {
-  size_t size = 0;  ///< characters of it, 0 when none begins there
-  size_t octave = 0;
+  size_t size = 0;     ///< characters of it, 0 when none begins there
+  size_t octave = 0;   ///< marks in front
   int accidental = 0;  ///< semitones
   char letter = 0;
   bool dot = false;
@@ -31,7 +31,7 @@ LooseNote NoteAt(std::string_view text) {
   LooseNote note;
   size_t i = 0;
   while (text.substr(i).starts_with('+')) ++i;
-  note.octave = std::min<size_t>(i, 2);
+  note.octave = i;
   if (text.substr(i).starts_with('#') || text.substr(i).starts_with('&')) {
     note.accidental = text[i++] == '#' ? 1 : -1;
   } else if (EqualNoCase(text.substr(i, kFlat.size()), kFlat)) {
@@ -51,11 +51,12 @@ std::string TextOf(const LooseNote& note, FormatMode mode) {
   const std::string dot = note.dot && mode == FormatMode::EMelody ? "." : "";
   const auto cased = [upper](char c) { return std::string(1, upper ? ToUpper(c) : c); };
   if (lower == 'p') return cased('p') + dot;
+  const auto highest = static_cast<size_t>(LimitsOf(mode).highestOctave - LimitsOf(mode).lowestOctave);
   const bool flat = note.accidental < 0 && ToneIndex("&" + std::string(1, lower)) >= 0;
-  if (flat) return std::string(note.octave, '+') + std::string(kFlat) + cased(lower) + dot;
+  if (flat) return std::string(std::min(note.octave, highest), '+') + std::string(kFlat) + cased(lower) + dot;
   constexpr int kSemitones = static_cast<int>(kPianoTones.size());
   const int semitone = SemitoneOf({&lower, 1}) + note.accidental;
-  const size_t octave = note.octave + (semitone == kSemitones ? 1 : 0);
+  const size_t octave = std::min(note.octave + (semitone == kSemitones ? 1 : 0), highest);
   const std::string_view tone = kPianoTones.at(static_cast<size_t>((semitone + kSemitones) % kSemitones));
   return std::string(octave, '+') + std::string(tone.substr(0, tone.size() - 1)) + cased(tone.back()) + dot;
 }
@@ -66,23 +67,33 @@ size_t TidyFront(std::string_view notes, FormatMode mode, TidyText& text) {
   if (note.size > 0) {
     const std::string_view as = notes.substr(0, note.size);
     // One note alone is too short for a file.
-    text.Replace(note.size, ReadsWhole("c" + std::string(as), mode) ? as : TextOf(note, mode),
+    text.Replace(note.size, NotesReadWhole("c" + std::string(as), mode) ? as : TextOf(note, mode),
                  "that note is written so");
     return note.size;
   }
-  if (notes.front() == '-') {
+  if (notes.front() == '-' || IsLayout(notes.front())) {
     text.Keep(1);
     return 1;
   }
   size_t stray = 1;
-  while (stray < notes.size() && notes[stray] != '-' && NoteAt(notes.substr(stray)).size == 0) ++stray;
-  text.LeaveOut(stray, "that is no note");
+  while (stray < notes.size() && notes[stray] != '-' && !IsLayout(notes[stray]) &&
+         NoteAt(notes.substr(stray)).size == 0)
+    ++stray;
+  text.Replace(stray, "", "that is no note");
   return stray;
 }
 
 void TidyNotes(std::string_view notes, FormatMode mode, TidyText& text) {
-  if (ReadsWhole(notes, mode)) return text.Keep(notes.size());
+  if (NotesReadWhole(notes, mode)) return text.Keep(notes.size());
   while (!notes.empty()) notes.remove_prefix(TidyFront(notes, mode, text));
+}
+
+// Where the notes begin in a text that has tags at most.
+size_t BehindTags(std::string_view lowered) {
+  const size_t version = lowered.find("version:");
+  if (version == std::string_view::npos) return 0;
+  const size_t end = lowered.find_first_of("\r\n", version);
+  return std::min(lowered.find_first_not_of("\r\n", end), lowered.size());
 }
 
 }  // namespace
@@ -91,13 +102,11 @@ void TidyMelody(TidyText& text) { TidyNotes(text.Rest(), FormatMode::Melody, tex
 
 // What stands outside the markers is not read and stays, but for tags where the first marker is missing.
 void TidyEMelody(TidyText& text) {
+  if (ReadsWhole(text.Rest(), FormatMode::EMelody)) return;
   const std::string lowered = Lowered(text.Rest());
   const size_t start = lowered.find(Lowered(kStart));
   if (start == std::string::npos) {
-    const size_t tags = lowered.find("version:") == std::string::npos
-                            ? 0
-                            : lowered.find_first_of("\r\n", lowered.find("version:"));
-    text.Keep(std::min(tags, lowered.size()));
+    text.Keep(BehindTags(lowered));
     text.Insert(kStart, "the notes begin with it");
   } else {
     text.Keep(start);

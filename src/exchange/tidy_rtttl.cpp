@@ -5,6 +5,7 @@
 #include "core/ascii.h"
 #include "core/codec.h"
 #include "core/number_text.h"
+#include "exchange/reads_whole.h"
 #include "exchange/recognise.h"
 #include "exchange/rtttl_shape.h"
 #include "exchange/tidy_functions.h"
@@ -26,11 +27,10 @@ std::string_view PublishedOf(char letter) {
   return key == kNeededKeys.end() ? "" : key->published;
 }
 
-// The value of a key that the reader takes for what it means; `value` where it does.
+// The value of a key that the reader takes for what it means: the digits, where it does.
 std::string TidyValue(char key, const std::string& value) {
   constexpr double kHighestCount = 32767;
   const double number = LeadingNumber(value);
-  if (key == 's') return value;
   if (value.empty()) return std::string(PublishedOf(key));
   if (key == 'd') return NearestRtttlLength(value);
   if (key == 'o') return NearestRtttlOctave(value);
@@ -62,21 +62,37 @@ class Keys {
   }
 
  private:
-  // "d=4": the reader finds a lower-case key whatever stands around it, and takes the digits behind it.
+  // The reader finds a lower-case key wherever it stands, and takes the digits behind it.
   void TidyItem(std::string_view item) {
     const size_t sign = item.find('=');
-    if (sign == std::string_view::npos || !StartsWithRtttlKey(item)) return text_.Keep(item.size());
-    const char key = ToLower(item.substr(item.find_first_not_of(" \r\n\t")).front());
-    const std::string value = WithoutLayout(item.substr(sign + 1));
-    const auto* const end = std::find_if_not(value.data(), value.data() + value.size(), IsDigit);
-    const std::string digits(value.data(), end);
-    const std::string tidy = TidyValue(key, key == 's' ? value : digits);
+    if (sign == std::string_view::npos) return text_.Keep(item.size());
+    const size_t place = item.substr(0, sign).find_last_not_of(" \r\n\t");
+    const char key = place == std::string_view::npos ? '\0' : ToLower(item[place]);
+    if (!Contains("dobl", std::string(1, key))) {
+      text_.Keep(sign + 1);
+      return TidyItem(item.substr(sign + 1));
+    }
+    text_.Keep(place);
+    text_.Replace(1, std::string(1, key), "keys are written so");
+    text_.Keep(sign - place);
+    TidyItem(TidyKey(key, item.substr(sign + 1)));
+  }
+
+  // Gives what follows the value.
+  std::string_view TidyKey(char key, std::string_view item) {
+    const size_t end = std::min(item.find_first_not_of("0123456789 \r\n\t"), item.size());
+    const std::string digits = WithoutLayout(item.substr(0, end));
+    const size_t length = digits.empty() && !Contains(item, "=") ? item.size() : end;
+    const std::string tidy = TidyValue(key, digits);
     found_ += key;
     if (key == 'd') duration_ = tidy;
     if (key == 'o') octave_ = tidy;
-    const bool asItIs = tidy == (key == 's' ? value : digits) && Contains(item, std::string(1, key));
-    if (asItIs) return text_.Keep(item.size());
-    text_.Replace(item.size(), std::string(1, key) + "=" + tidy, "that is no value of this key");
+    if (tidy == digits) {
+      text_.Keep(length);
+    } else {
+      text_.Replace(length, tidy, "that is no value of this key");
+    }
+    return item.substr(length);
   }
 
   void AddMissing(bool behindOthers) {
@@ -119,10 +135,11 @@ std::string_view TuneIn(TidyText& text) {
 }  // namespace
 
 void TidyRtttl(TidyText& text) {
-  const std::string_view tune = TuneIn(text);
-  const RtttlShape shape = RtttlShapeOf(tune);
+  // What the reader understands is cut as it cuts it.
+  const RtttlShape shape =
+      ReadsWhole(text.Rest(), FormatMode::Rtttl) ? ShapeByColons(text.Rest()) : RtttlShapeOf(TuneIn(text));
   const bool bare = shape.keys.empty();
-  if (bare && !HoldsRtttlNotes(shape.notes)) return;
+  if (bare ? !HoldsRtttlNotes(shape.notes) : WithoutLayout(shape.notes).empty()) return;
   if (shape.name.data() + shape.name.size() == shape.keys.data()) {
     text.Insert(":", "the name ends with it");
   } else {
@@ -131,7 +148,7 @@ void TidyRtttl(TidyText& text) {
   }
   Keys keys(text);
   keys.Tidy(shape.keys);
-  if (bare || text.Rest().data() == shape.notes.data()) {
+  if (text.Rest().data() == shape.notes.data()) {
     text.Insert(":", "the keys end with it");
   } else {
     text.Replace(1, ":", "the keys end with it");

@@ -82,7 +82,9 @@ class LooseToken {
       if (note_.octave == 0) note_.octave = digits.front();
     } else {
       const size_t octave = blank_ == i ? 0 : OctaveDigits(digits);
-      if (octave > 0) note_.octave = digits.front();
+      if (octave > 0 && digits.substr(0, 1) == NearestRtttlOctave(digits.substr(0, 1))) {
+        note_.octave = digits.front();
+      }
       Blame(kMissingComma);
       Finish();
       note_.length = digits.substr(octave);

@@ -25,8 +25,8 @@ void TidyText::Replace(size_t count, std::string_view after, std::string_view wh
 
 void TidyText::LeaveOut(size_t count, std::string_view why) {
   const std::string_view before = rest_.substr(0, count);
-  if (!std::all_of(before.begin(), before.end(), IsLayout)) return Replace(count, "", why);
-  Pass(count);
+  if (std::all_of(before.begin(), before.end(), IsLayout)) return Keep(count);
+  Replace(count, "", why);
 }
 
 Tidied TidyText::Finish() && {
