@@ -60,6 +60,10 @@ std::string DecimalText(int64_t value) {
 
 std::string SignedText(int64_t value) { return (value < 0 ? "" : " ") + std::to_string(value); }
 
+std::string Counted(size_t count, std::string_view one, std::string_view more) {
+  return std::to_string(count) + " " + std::string(count == 1 ? one : more);
+}
+
 std::string FloatText(float value) {
   std::array<char, 64> buffer{};
   const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);

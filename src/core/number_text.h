@@ -1,6 +1,7 @@
 // Numbers as text and back, the one place where the program's conversions are made.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -21,6 +22,9 @@ std::string DecimalText(int64_t value);
 
 /// Decimal text with a blank in the sign position of a number that is not negative: " 2", "-2".
 std::string SignedText(int64_t value);
+
+/// "1 tone" or "2 tones": the number and the one word or the other.
+std::string Counted(size_t count, std::string_view one, std::string_view more);
 
 /// The shortest decimal text of a single-precision number: "0.25", "4", "-1".
 std::string FloatText(float value);

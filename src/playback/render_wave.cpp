@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "playback/play_trace.h"
+#include "playback/played_length.h"
 #include "playback/wave_synthesis.h"
 
 namespace trillomat {
@@ -13,10 +14,6 @@ namespace {
 
 constexpr int64_t kRampFrames = kSampleRate * 3 / 1000;
 constexpr int64_t kMaxDataSize = std::numeric_limits<uint32_t>::max() - int64_t{kWaveHeaderSize};
-
-constexpr int64_t kHour = 3'600'000;  // milliseconds
-// No block that repeats without end stays below it, for the count of its rounds stops at 32,767.
-constexpr size_t kMostRepeated = 30'000;
 
 // The position of a time in samples. Counted from the start of the melody, so that nothing adds up.
 int64_t FramesAt(int64_t milliseconds) { return (milliseconds * kSampleRate + 500) / 1000; }
@@ -67,34 +64,19 @@ class WaveWriter {
   int64_t time_ = 0;  // milliseconds
 };
 
-// How long a song sounds, and whether that is more than can or should be rendered.
-class Measure {
- public:
-  Measure(size_t elements, bool anyLength) : mostSteps_(elements + kMostRepeated), anyLength_(anyLength) {}
-
-  /// False when that is too much.
-  bool Add(const PlayedElement& played) {
-    ++steps_;
-    time_ += std::max(0, played.length);
-    return !Why();
+// Why what has been measured is more than can or should be rendered.
+std::optional<RenderFailure> TooMuch(const PlayedLength& length, bool anyLength) {
+  if (!anyLength && length.ExceedsHour()) {
+    return RenderFailure{"The melody has more than an hour of sound.", true};
   }
-  std::optional<RenderFailure> Why() const {
-    if (!anyLength_ && time_ > kHour)
-      return RenderFailure{"The melody has more than an hour of sound.", true};
-    if (!anyLength_ && steps_ > mostSteps_) {
-      return RenderFailure{"The melody plays more than 30,000 elements over again.", true};
-    }
-    if (DataSizeAt(time_) > kMaxDataSize) return RenderFailure{"The melody is too long for a WAV file."};
-    return std::nullopt;
+  if (!anyLength && length.RepeatsTooOften()) {
+    return RenderFailure{"The melody plays more than 30,000 elements over again.", true};
   }
-  uint32_t DataSize() const { return static_cast<uint32_t>(DataSizeAt(time_)); }
-
- private:
-  size_t mostSteps_;
-  bool anyLength_;
-  size_t steps_ = 0;
-  int64_t time_ = 0;  // milliseconds
-};
+  if (DataSizeAt(length.Milliseconds()) > kMaxDataSize) {
+    return RenderFailure{"The melody is too long for a WAV file."};
+  }
+  return std::nullopt;
+}
 
 }  // namespace
 
@@ -103,12 +85,16 @@ std::optional<RenderFailure> RenderWave(const Document& document, const RenderOp
   const RenderFailure interrupted{"Interrupted."};
   // The header tells the size, and the stream may be one that cannot go back: so the walk is made twice.
   SilentLog silent;
-  Measure measure(document.Size(), options.anyLength);
-  const auto add = [&measure](const TraceStep& step) { return measure.Add(step.played); };
+  PlayedLength length(document.Size());
+  const auto add = [&](const TraceStep& step) {
+    length.Add(step.played);
+    return !TooMuch(length, options.anyLength);
+  };
   if (!TraceMelody(document, options.endlessRounds, {silent, services.pump}, add)) {
-    return measure.Why().value_or(interrupted);
+    return TooMuch(length, options.anyLength).value_or(interrupted);
   }
-  const auto header = WaveHeader(WaveFormat{}, measure.DataSize());
+  const auto size = static_cast<uint32_t>(DataSizeAt(length.Milliseconds()));
+  const auto header = WaveHeader(WaveFormat{}, size);
   out.write(reinterpret_cast<const char*>(header.data()), header.size());
   WaveWriter writer(out);
   const auto write = [&writer](const TraceStep& step) { return writer.Write(step.played); };

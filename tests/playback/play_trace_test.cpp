@@ -1,5 +1,6 @@
 #include "playback/play_trace.h"
 
+#include "playback/played_elements.h"
 #include "playing.h"
 
 namespace trillomat {
@@ -85,6 +86,26 @@ TEST(PlayTrace, MatchesThePlayLoop) {
   p.controls.Press(Control::Play);
   EXPECT_EQ(traced, p.sound.lines);
   EXPECT_NEAR(p.clock.seconds, time / 1000.0, 0.001);
+}
+
+TEST(PlayedElements, AreWhatIsHeardInTheOrderOfPlaying) {
+  Playing p("ledon *3a2. ( r3 *4#c4 @2) *3h2 ( *5e5; @0) V10");
+  const auto heard = [&p](int32_t rounds) {
+    return TokensOf(*PlayedElements(p.document, rounds, p.services), " ");
+  };
+  EXPECT_EQ(heard(1), "*3a2. r3 *4#c4 r3 *4#c4 *5e5;");
+  EXPECT_EQ(heard(3), "*3a2. r3 *4#c4 r3 *4#c4 *5e5; *5e5; *5e5;");
+}
+
+TEST(PlayedElements, AreRefusedWhenTheyTakeTooLong) {
+  const auto why = [](const std::string& tokens, bool ending = false) {
+    Playing p(tokens);
+    p.pump.ending = ending;
+    return PlayedElements(p.document, 1, p.services).Why().why;
+  };
+  EXPECT_EQ(why("( *3a0 r0 @2000)"), "the melody has more than an hour of sound");
+  EXPECT_EQ(why("( V10 @32000)"), "the melody plays more than 30,000 elements over again");
+  EXPECT_EQ(why("*3a2", true), "the program is ending");
 }
 
 }  // namespace
