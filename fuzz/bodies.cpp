@@ -6,6 +6,8 @@
 #include "core/codec.h"
 #include "exchange/export.h"
 #include "exchange/import.h"
+#include "exchange/midi_read.h"
+#include "exchange/midi_write.h"
 #include "exchange/recognise.h"
 #include "exchange/tidy.h"
 #include "formats/reading.h"
@@ -140,6 +142,40 @@ void FuzzTidying(std::string_view input) {
   RecognisedFormat(input);
 }
 
+// What is read is a melody of the mode, and comes back when it is written and read again.
+void CheckMidi(std::string_view bytes, FormatMode mode, const Services& services) {
+  const MidiRead midi = ReadMidiFile(bytes, mode, {}, {}, services);
+  if (midi.read.refusal) {
+    Require(midi.read.elements.empty() && !midi.read.refusal->why.empty(), "a refused read says why");
+    return;
+  }
+  const ElementList& elements = midi.read.elements;
+  Require(!elements.empty() && std::all_of(elements.begin(), elements.end(),
+                                           [mode](const Element& each) { return Supports(each, mode); }),
+          "what is read is of the mode");
+  const SongInfo& info = midi.read.record.info;
+  const WrittenMidi written = WriteMidi({elements, info});
+  const MidiRead again = ReadMidiFile(written.bytes, mode, {}, {}, services);
+  Require(again.read.elements.size() == elements.size() && again.read.record.info.bpm == info.bpm,
+          "what was read comes back");
+  // A melody that was moved up for its lowest tones may have others that no key of MIDI sounds.
+  if (!written.changes.empty()) return;
+  Require(again.read.elements == elements && again.dropped.empty(), "what was read comes back as it was");
+}
+
+// As a file, and as the events of the one track of a file.
+void FuzzMidi(std::string_view input) {
+  constexpr std::string_view kHead{"MThd\0\0\0\6\0\0\0\1\0\x60MTrk", 18};
+  SilentServices fuzz;
+  std::string file(kHead);
+  for (int shift = 24; shift >= 0; shift -= 8) file += static_cast<char>(input.size() >> shift);
+  file += input;
+  for (const ModeLimits& limits : kModeLimits) {
+    CheckMidi(input, limits.mode, fuzz.services);
+    CheckMidi(file, limits.mode, fuzz.services);
+  }
+}
+
 // An input for the codec: six bytes of numbers, a note or command up to a line feed, and a token.
 class CodecInput {
  public:
@@ -200,6 +236,7 @@ constexpr auto kBodies = std::to_array<FuzzBody>({
     {"import_melody", FuzzImport<PastedFormat::Melody>},
     {"export_keys", FuzzExports},
     {"tidy", FuzzTidying},
+    {"midi", FuzzMidi},
 });
 
 }  // namespace
