@@ -39,6 +39,7 @@ class CommandLine {
   void AddOut(CLI::App* command, std::string name = "OUT");
   void AddForce(CLI::App* command, std::string description = "Replace OUT when it exists");
   void AddSpelling(CLI::App* command);
+  void AddTrack(CLI::App* command);
   void AddEndless(CLI::App* command);
   void AddFileCommands();
   void AddPlayCommands();
@@ -103,6 +104,13 @@ void CommandLine::AddSpelling(CLI::App* command) {
       ->check(CLI::IsMember(std::vector<std::string>{"classic", "modern"}));
 }
 
+void CommandLine::AddTrack(CLI::App* command) {
+  const auto take = [this](size_t number) { call_.track = number; };
+  const auto* const description =
+      "Track of a MIDI file, or channel where it has one track; without it, that with the most notes";
+  command->add_option_function<size_t>("--track", take, description);
+}
+
 void CommandLine::AddEndless(CLI::App* command) {
   command->add_option("--endless", call_.endless, "How often a block that repeats without end is played")
       ->check(CLI::Range(1, 1'000'000));
@@ -114,17 +122,20 @@ void CommandLine::AddFileCommands() {
   AddMode(show);
   AddIn(show);
 
-  CLI::App* convert = AddCommand("convert", "Read one melody file and write another", ConvertCommand);
+  CLI::App* convert = AddCommand("convert", "Read one melody or MIDI file and write another", ConvertCommand);
+  AddTrack(convert);
   AddSpelling(convert);
   AddForce(convert);
   AddMode(convert);
   AddIn(convert, "IN");
   AddOut(convert);
 
-  CLI::App* import = AddCommand("import", "Turn a pasted text into a melody file", ImportCommand);
+  CLI::App* import =
+      AddCommand("import", "Turn a pasted text or a MIDI file into a melody file", ImportCommand);
   import->add_option("--from", call_.from, "Format of the text")
       ->required()
-      ->check(CLI::IsMember(std::vector<std::string>{"rtttl", "emelody", "melody"}));
+      ->check(CLI::IsMember(std::vector<std::string>{"rtttl", "emelody", "melody", "midi"}));
+  AddTrack(import);
   import->add_flag("--adapt-t68i", call_.adaptT68i, "Move the melody into the octaves of the T68i");
   AddForce(import);
   AddMode(import);

@@ -23,10 +23,11 @@ struct Invocation {
   bool force = false;  ///< replaces a file, and writes more sound than anybody means to
   bool adaptT68i = false;
   bool trace = false;
-  std::string from;  ///< "rtttl", "emelody" or "melody"
+  std::string from;  ///< "rtttl", "emelody", "melody" or "midi"
   std::string to;    ///< an option of kExportTargets
   std::optional<RtttlSpelling> spelling;
   std::string output = "wave";  ///< "wave", "beep" or "midi"
+  std::optional<size_t> track;  ///< of a MIDI file, as MidiTrackTitle counts
   int16_t octaves = 0;
   int32_t endless = 1;  ///< how often an endless block is played
 };
@@ -37,9 +38,9 @@ struct CommandServices : Services {
 
 /// Prints the melody as a listing or as JSON.
 void ShowCommand(const Invocation& call, const CommandServices& services);
-/// Reads one file and writes another.
+/// Reads one file and writes another; either may be a MIDI file.
 void ConvertCommand(const Invocation& call, const CommandServices& services);
-/// Converts a pasted text into a file.
+/// Converts a pasted text, or a MIDI file, into a file.
 void ImportCommand(const Invocation& call, const CommandServices& services);
 /// Prints the Result of an export as it is: Windows-1252, lines ended by CR LF.
 void ExportCommand(const Invocation& call, const CommandServices& services);

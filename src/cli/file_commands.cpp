@@ -5,6 +5,7 @@
 #include "cli/commands.h"
 #include "cli/failure.h"
 #include "cli/melody_source.h"
+#include "cli/midi_files.h"
 #include "cli/output_check.h"
 #include "composer/song_info.h"
 #include "composer/transpose.h"
@@ -28,6 +29,8 @@ std::string PastedText(std::string bytes) {
 }  // namespace
 
 void ConvertCommand(const Invocation& call, const CommandServices& services) {
+  if (IsMidiPath(call.in) || IsMidiPath(call.out)) return ConvertMidi(call, services);
+  if (call.track) throw WrongUsage("--track is for MIDI files that are read");
   const FormatMode from = FormatOfPath(call.in, call.mode);
   const FormatMode to = FormatOfPath(call.out, call.mode);
   const RtttlSpelling spelling = SpellingOf(call, to == FormatMode::Rtttl);
@@ -36,6 +39,8 @@ void ConvertCommand(const Invocation& call, const CommandServices& services) {
 }
 
 void ImportCommand(const Invocation& call, const CommandServices& services) {
+  if (call.from == "midi") return ImportMidi(call, services);
+  if (call.track) throw WrongUsage("--track is for MIDI files that are read");
   const FormatMode to = FormatOfPath(call.out, call.mode);
   CheckOutput(call, ModeOfName(call.from) == to, services.store);
   const std::string in = Utf8OfPath(call.in);

@@ -28,7 +28,7 @@ TEST_F(ProgramTest, HelpAndVersionSucceedAndWrongUsageIsTwo) {
       {"show a.txt", 2, IsEmpty(), complains(".imy, .emy, .rtx or .mel")},
       {"show --mode midi a.txt", 2, IsEmpty(), complains("midi")},
       {"show -", 2, IsEmpty(), complains("--mode")},
-      {"convert a.imy b.mid", 2, IsEmpty(), complains("b.mid")},
+      {"convert a.imy b.mp3", 2, IsEmpty(), complains("b.mp3")},
       {"import --from imelody a.txt b.imy", 2, IsEmpty(), complains("imelody")},
       {"import a.txt b.imy", 2, IsEmpty(), complains("--from is required")},
       {"export --to r380 a.imy", 2, IsEmpty(), complains("r380")},
