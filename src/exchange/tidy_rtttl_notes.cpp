@@ -14,11 +14,12 @@ namespace trillomat {
 namespace {
 
 constexpr std::string_view kToneLetters = "abcdefgh";
+constexpr std::string_view kNoteLetters = "abcdefghpr";
 constexpr int kOctaveOffset = 2;  // of RTTTL's numbers
 constexpr int kSemitones = static_cast<int>(kPianoTones.size());
 
 bool IsIn(char c, std::string_view characters) { return characters.find(c) != std::string_view::npos; }
-bool IsNoteLetter(char c) { return IsIn(c, kToneLetters) || c == 'p' || c == 'r'; }
+bool IsNoteLetter(char c) { return IsIn(c, kNoteLetters); }
 
 bool IsTokenUnderstood(std::string_view token, const TokenDefaults& defaults) {
   SilentLog silent;
@@ -38,7 +39,7 @@ struct LooseNote {
 class LooseToken {
  public:
   /// `token` in lower case.
-  explicit LooseToken(std::string_view token) : token_(token) {
+  explicit LooseToken(std::string_view token) : token_(token), lastLetter_(token.find_last_of(kNoteLetters)) {
     for (size_t i = 0; i < token_.size(); i += std::max<size_t>(Take(i), 1)) {
     }
     Finish();
@@ -75,7 +76,7 @@ class LooseToken {
   size_t TakeDigits(size_t i) {
     const auto* const end = std::find_if_not(token_.begin() + i, token_.end(), IsDigit);
     const std::string_view digits = token_.substr(i, static_cast<size_t>(end - token_.begin()) - i);
-    const bool more = std::any_of(end, token_.end(), IsNoteLetter);
+    const bool more = lastLetter_ != std::string_view::npos && lastLetter_ > i;
     if (note_.letter == 0) {
       note_.length = digits;
     } else if (!more) {
@@ -122,6 +123,7 @@ class LooseToken {
   static constexpr std::string_view kMissingComma = "a \",\" was missing";
 
   std::string_view token_;
+  size_t lastLetter_;
   std::vector<LooseNote> notes_;
   LooseNote note_;
   size_t letterEnd_ = 0;
