@@ -24,9 +24,11 @@ struct ExportTarget {
   std::string_view option;  ///< its name on the command line
   std::string_view name;    ///< in a sentence, "the Nokia Composer"
   OctaveRange range;
+  size_t mostNotes = 0;  ///< the longest tune that it takes, in tones and pauses; 0 where none is known
 };
 
-/// The exports, in the order of Phone.
+/// The exports, in the order of Phone. The 50 notes of Nokia's built-in composer are those of the ring tone
+/// formats listed at geocities.ws/free2ringtones/ringtone-formats.html.
 extern const std::array<ExportTarget, 5> kExportTargets;
 
 const ExportTarget& TargetOf(Phone phone);

@@ -24,6 +24,17 @@ class ExportFault : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// What an export cannot say of an element as it is.
+enum class Loss {
+  None,
+  NotUnderstood,  ///< no reader knew what it is
+  Command,
+  Octave,
+  Length,
+  Extra,    ///< a dot, double dot or triplet
+  TooMany,  ///< it stands behind the longest tune that the phone takes
+};
+
 /// One phone's way to type a melody. Abstract because each phone's composer wants other keys.
 class PhoneKeys {
  public:
@@ -32,8 +43,9 @@ class PhoneKeys {
   PhoneKeys& operator=(const PhoneKeys&) = delete;
   virtual ~PhoneKeys() = default;
 
-  /// Turns `keyText`, the text of the element before, into that of `element`, its CR LF included.
-  virtual void Press(const Element& element, std::string& keyText) = 0;
+  /// Turns `keyText`, the text of the element before, into that of `element`, its CR LF included. Gives what
+  /// the keys do not say of it.
+  virtual Loss Press(const Element& element, std::string& keyText) = 0;
 };
 
 /// The Result text for `elements`, which have been adapted: a line on the move up by `movedUp` octaves, if

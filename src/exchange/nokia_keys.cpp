@@ -18,28 +18,34 @@ bool IsDotted(const Element& element) {
 
 }  // namespace
 
-void NokiaKeys::Press(const Element& element, std::string& keyText) {
+Loss NokiaKeys::Press(const Element& element, std::string& keyText) {
+  Loss loss = Loss::Command;
   if (IsPause(element)) {
-    PressPause(element, keyText);
+    loss = PressPause(element, keyText);
   } else if (!element.Command().empty()) {
     keyText = "Not supported";
   } else {
-    PressTone(element, keyText);
+    loss = PressTone(element, keyText);
   }
   keyText += kLineEnd;
+  return loss;
 }
 
-void NokiaKeys::PressPause(const Element& element, std::string& keyText) {
+Loss NokiaKeys::PressPause(const Element& element, std::string& keyText) {
   // Other extras cannot be typed: their line repeats the text of the element before.
+  Loss loss = Loss::None;
   if (IsPlain(element)) {
     keyText = "Press: 0";
   } else if (IsDotted(element)) {
     keyText = "Press and hold 0 ";
+  } else {
+    loss = Loss::Extra;
   }
   composer_.StepLength(DurationCode(element, log_), keyText);
+  return loss;
 }
 
-void NokiaKeys::PressTone(const Element& element, std::string& keyText) {
+Loss NokiaKeys::PressTone(const Element& element, std::string& keyText) {
   const int code = DurationCode(element, log_);
   const int tone = ToneIndex(element.Note());
   if (tone >= 0) {
@@ -49,7 +55,10 @@ void NokiaKeys::PressTone(const Element& element, std::string& keyText) {
   }
   composer_.StepOctave(element.octave, keyText);
   composer_.StepLength(code, keyText);
-  keyText.insert(0, IsDotted(element) ? "Press: (hold) " : "Press: ");
+  const bool dotted = IsDotted(element);
+  keyText.insert(0, dotted ? "Press: (hold) " : "Press: ");
+  if (tone < 0) return Loss::NotUnderstood;
+  return dotted || IsPlain(element) ? Loss::None : Loss::Extra;
 }
 
 }  // namespace trillomat

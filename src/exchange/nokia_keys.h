@@ -9,11 +9,11 @@ namespace trillomat {
 class NokiaKeys : public PhoneKeys {
  public:
   explicit NokiaKeys(Log& log) : log_(log) {}
-  void Press(const Element& element, std::string& keyText) override;
+  Loss Press(const Element& element, std::string& keyText) override;
 
  private:
-  void PressPause(const Element& element, std::string& keyText);
-  void PressTone(const Element& element, std::string& keyText);
+  Loss PressPause(const Element& element, std::string& keyText);
+  Loss PressTone(const Element& element, std::string& keyText);
 
   Log& log_;
   SteppingComposer composer_{

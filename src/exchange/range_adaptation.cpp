@@ -14,14 +14,27 @@ struct Extremes {
   int max;
 };
 
+// A scan starts inside out, so a melody without octaves is never outside a range.
+constexpr Extremes kInsideOut{.min = 10, .max = 0};
+
+void Widen(Extremes& used, const Element& element) {
+  if (element.octave == kNoOctave) return;
+  used.min = std::min<int>(used.min, element.octave);
+  used.max = std::max<int>(used.max, element.octave);
+}
+
 // Widens `start` to the octaves in use.
 Extremes OctavesIn(const ElementList& elements, Extremes start) {
-  for (const Element& element : elements) {
-    if (element.octave == kNoOctave) continue;
-    start.min = std::min<int>(start.min, element.octave);
-    start.max = std::max<int>(start.max, element.octave);
-  }
+  for (const Element& element : elements) Widen(start, element);
   return start;
+}
+
+bool IsInside(const Extremes& used, OctaveRange range) {
+  return used.max <= range.high && used.min >= range.low;
+}
+
+bool CanMoveInside(const Extremes& used, OctaveRange range) {
+  return IsInside(used, range) || used.max - used.min <= range.high - range.low;
 }
 
 int16_t Saturated(int value) {
@@ -43,10 +56,10 @@ void MoveBy(int octaves, ElementList& elements, Log& log) {
 }  // namespace
 
 std::optional<int16_t> AdaptRange(ElementList& elements, OctaveRange range, Log& log) {
-  // The scan starts inside out, so a melody without octaves is never outside a range.
-  const auto [min, max] = OctavesIn(elements, {.min = 10, .max = 0});
-  if (max <= range.high && min >= range.low) return int16_t{0};
-  if (max - min > range.high - range.low) return std::nullopt;
+  const Extremes used = OctavesIn(elements, kInsideOut);
+  if (IsInside(used, range)) return int16_t{0};
+  if (!CanMoveInside(used, range)) return std::nullopt;
+  const auto [min, max] = used;
   if (min < range.low) {
     MoveBy(range.low - min, elements, log);
     return Saturated(range.low - min);
@@ -57,6 +70,15 @@ std::optional<int16_t> AdaptRange(ElementList& elements, OctaveRange range, Log&
     log.WriteLog("No adaption Done", 1);
   }
   return int16_t{0};
+}
+
+std::optional<size_t> FirstBeyond(const ElementList& elements, OctaveRange range) {
+  Extremes used = kInsideOut;
+  for (size_t i = 0; i < elements.size(); ++i) {
+    Widen(used, elements[i]);
+    if (!CanMoveInside(used, range)) return i;
+  }
+  return std::nullopt;
 }
 
 std::string RangeRefusal(const ElementList& elements, OctaveRange range, std::string_view phone) {

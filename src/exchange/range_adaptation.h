@@ -2,6 +2,7 @@
 // has. Tones, lengths and order stay. Octaves are internal numbers; elements without one are skipped.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -22,6 +23,9 @@ struct OctaveRange {
 /// when they went down or stayed; nothing, with the elements as they were, when they span more octaves than
 /// the range.
 std::optional<int16_t> AdaptRange(ElementList& elements, OctaveRange range, Log& log);
+
+/// The first element whose octave is too far from those before it, where AdaptRange gives nothing.
+std::optional<size_t> FirstBeyond(const ElementList& elements, OctaveRange range);
 
 /// Plain words on why `elements` do not fit into the octaves of `phone` ("the Nokia Composer").
 std::string RangeRefusal(const ElementList& elements, OctaveRange range, std::string_view phone);

@@ -4,19 +4,10 @@
 #include <string>
 
 #include "core/codec.h"
-#include "core/event_pump.h"
+#include "exchange/idle_pump.h"
 #include "formats/formats.h"
 
 namespace trillomat {
-namespace {
-
-class IdlePump : public EventPump {
- public:
-  bool PumpEvents() override { return true; }
-  bool WaitForEvents(double /*milliseconds*/) override { return true; }
-};
-
-}  // namespace
 
 bool ReadsWhole(std::string_view text, FormatMode mode) {
   SilentLog silent;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "core/ascii.h"
 #include "core/codec.h"
@@ -51,24 +52,34 @@ std::string Hold(std::string_view key, std::string_view until) {
 
 std::string Once(std::string_view key) { return "Press: " + std::string(key); }
 
+// Neither phone types dots and triplets.
+Loss LossOf(const Element& element, bool saysLength) {
+  if (!saysLength) return Loss::Length;
+  return element.extra == 1.0F ? Loss::None : Loss::Extra;
+}
+
 }  // namespace
 
-void HeldKeys::Press(const Element& element, std::string& keyText) {
+Loss HeldKeys::Press(const Element& element, std::string& keyText) {
+  Loss loss = Loss::Command;
   if (IsPause(element)) {
-    keyText = PauseText(element);
+    Keys keys = PauseKeys(element);
+    keyText = std::move(keys.text);
+    loss = LossOf(element, keys.saysLength);
   } else if (IsCommand(element.Command())) {
     keyText = "Not supported";
   } else {
-    PressTone(element, keyText);
+    loss = PressTone(element, keyText);
   }
   keyText += kLineEnd;
+  return loss;
 }
 
-std::string HeldKeys::LengthCode(const Element& element) const {
-  return EncodeDuration(element.duration, FormatMode::EMelody, log_).text;
+FieldText HeldKeys::LengthCode(const Element& element, Log& log) {
+  return EncodeDuration(element.duration, FormatMode::EMelody, log);
 }
 
-void HeldKeys::PressTone(const Element& element, std::string& keyText) {
+Loss HeldKeys::PressTone(const Element& element, std::string& keyText) {
   const int tone = ToneIndex(element.Note());
   if (tone >= 0) {
     const ToneKey& found = kToneKeys.at(static_cast<size_t>(tone));
@@ -78,35 +89,46 @@ void HeldKeys::PressTone(const Element& element, std::string& keyText) {
     log_.WriteLog(UnknownToneMessage(), 1);
   }
   AppendKeys(modifier_, "0", OctavePresses(element.octave));
-  keyText = ToneText(key_, LengthCode(element));
+  const FieldText length = LengthCode(element, log_);
+  Keys keys = ToneKeys(key_, length.text);
+  keyText = std::move(keys.text);
   if (!modifier_.empty()) keyText += " Then press: " + modifier_;
+  if (!element.Command().empty()) return Loss::Command;
+  return tone < 0 ? Loss::NotUnderstood : LossOf(element, length.supported && keys.saysLength);
 }
 
-std::string T39Keys::PauseText(const Element& element) const {
-  const std::string code = LengthCode(element);
-  if (code == "0") return Hold("*", "P. is shown");
-  if (code == "1") return Hold("*", "P is shown");
-  return code == "2" ? Hold("*", "p. is shown") : Once("*");
+HeldKeys::Keys T39Keys::PauseKeys(const Element& element) const {
+  const FieldText length = LengthCode(element, EventLog());
+  if (length.text == "0") return {Hold("*", "P. is shown")};
+  if (length.text == "1") return {Hold("*", "P is shown")};
+  if (length.text == "2") return {Hold("*", "p. is shown")};
+  return {Once("*"), length.supported};
 }
 
 bool T39Keys::IsCommand(std::string_view special) const {
   return HasCommand(special) || Contains(special, "V");
 }
 
-std::string T39Keys::ToneText(std::string_view key, std::string_view lengthCode) const {
-  if (lengthCode == "0") return Hold(key, R"(uppercase with a ".")");
-  if (lengthCode == "1") return Hold(key, "uppercase.");
-  return lengthCode == "2" ? Hold(key, R"(lowercase with a ".")") : Once(key);
+HeldKeys::Keys T39Keys::ToneKeys(std::string_view key, std::string_view lengthCode) const {
+  if (lengthCode == "0") return {Hold(key, R"(uppercase with a ".")")};
+  if (lengthCode == "1") return {Hold(key, "uppercase.")};
+  return {lengthCode == "2" ? Hold(key, R"(lowercase with a ".")") : Once(key)};
 }
 
-std::string R320Keys::PauseText(const Element& /*element*/) const { return Once("*"); }
+// Every pause is an eighth.
+HeldKeys::Keys R320Keys::PauseKeys(const Element& element) const {
+  SilentLog silent;
+  const FieldText length = LengthCode(element, silent);
+  return {Once("*"), length.text == "3" && length.supported};
+}
 
 // An absolute volume is no command here: it takes the way of a tone without a key.
 bool R320Keys::IsCommand(std::string_view special) const { return HasCommand(special); }
 
-std::string R320Keys::ToneText(std::string_view key, std::string_view lengthCode) const {
-  if (lengthCode == "2") return Hold(key, "uppercase.");
-  return lengthCode == "3" ? Once(key) : "Not supported";
+HeldKeys::Keys R320Keys::ToneKeys(std::string_view key, std::string_view lengthCode) const {
+  if (lengthCode == "2") return {Hold(key, "uppercase.")};
+  if (lengthCode == "3") return {Once(key)};
+  return {"Not supported", false};
 }
 
 }  // namespace trillomat

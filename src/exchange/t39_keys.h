@@ -3,6 +3,7 @@
 // kept in between.
 #pragma once
 
+#include "core/codec.h"
 #include "exchange/key_press_run.h"
 
 namespace trillomat {
@@ -11,21 +12,28 @@ namespace trillomat {
 class HeldKeys : public PhoneKeys {
  public:
   explicit HeldKeys(Log& log) : log_(log) {}
-  void Press(const Element& element, std::string& keyText) final;
+  Loss Press(const Element& element, std::string& keyText) final;
 
  protected:
-  /// The E-Melody duration code, "0" whole to "3" eighth and shorter.
-  std::string LengthCode(const Element& element) const;
+  /// What types an element, and whether that says its length.
+  struct Keys {
+    std::string text;
+    bool saysLength = true;
+  };
+
+  /// The E-Melody duration code, "0" whole to "3" eighth; "3", which it is not, for what is shorter.
+  static FieldText LengthCode(const Element& element, Log& log);
+  Log& EventLog() const { return log_; }
 
  private:
-  void PressTone(const Element& element, std::string& keyText);
+  Loss PressTone(const Element& element, std::string& keyText);
 
-  virtual std::string PauseText(const Element& element) const = 0;
+  virtual Keys PauseKeys(const Element& element) const = 0;
   virtual bool IsCommand(std::string_view special) const = 0;
   virtual std::string_view UnknownToneMessage() const = 0;
   /// How often the octave key is pressed.
   virtual int OctavePresses(int octave) const = 0;
-  virtual std::string ToneText(std::string_view key, std::string_view lengthCode) const = 0;
+  virtual Keys ToneKeys(std::string_view key, std::string_view lengthCode) const = 0;
 
   Log& log_;
   // A tone without a key takes over both from the tone before, octave keys included.
@@ -38,12 +46,12 @@ class T39Keys : public HeldKeys {
   using HeldKeys::HeldKeys;
 
  private:
-  std::string PauseText(const Element& element) const override;
+  Keys PauseKeys(const Element& element) const override;
   bool IsCommand(std::string_view special) const override;
   // The T39 shares the T68i's message.
   std::string_view UnknownToneMessage() const override { return "Critical error in Make T68i Keypress"; }
   int OctavePresses(int octave) const override { return octave - 3; }
-  std::string ToneText(std::string_view key, std::string_view lengthCode) const override;
+  Keys ToneKeys(std::string_view key, std::string_view lengthCode) const override;
 };
 
 class R320Keys : public HeldKeys {
@@ -51,11 +59,11 @@ class R320Keys : public HeldKeys {
   using HeldKeys::HeldKeys;
 
  private:
-  std::string PauseText(const Element& element) const override;
+  Keys PauseKeys(const Element& element) const override;
   bool IsCommand(std::string_view special) const override;
   std::string_view UnknownToneMessage() const override { return "Critical error in Make R320 Keypress"; }
   int OctavePresses(int octave) const override { return octave == 3 ? 0 : 1; }
-  std::string ToneText(std::string_view key, std::string_view lengthCode) const override;
+  Keys ToneKeys(std::string_view key, std::string_view lengthCode) const override;
 };
 
 }  // namespace trillomat

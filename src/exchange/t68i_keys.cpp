@@ -62,17 +62,20 @@ std::string VolumeKeys(std::string_view special) {
 }
 
 // A command that the phone does not have leaves the text of the element before.
-void PressCommand(std::string_view special, std::string& keyText) {
+Loss PressCommand(std::string_view special, std::string& keyText) {
   for (const CommandKeys& command : kCommandKeys) {
     if (command.special != special) continue;
     keyText = command.keys;
-    return;
+    return Loss::None;
   }
   if (Contains(special, ")")) {
     keyText = RepeatKeys(special);
   } else if (Contains(special, "V")) {
     keyText = VolumeKeys(special);
+  } else {
+    return Loss::Command;
   }
+  return Loss::None;
 }
 
 std::string_view ExtraKeys(float extra) {
@@ -87,19 +90,21 @@ std::string_view ExtraKeys(float extra) {
 
 }  // namespace
 
-void T68iKeys::Press(const Element& element, std::string& keyText) {
+Loss T68iKeys::Press(const Element& element, std::string& keyText) {
+  Loss loss = Loss::None;
   if (IsPause(element)) {
     keyText = "Press: *";
-    PressLength(element, keyText);
+    loss = PressLength(element, keyText);
   } else if (!element.Command().empty()) {
-    PressCommand(element.Command(), keyText);
+    loss = PressCommand(element.Command(), keyText);
   } else {
-    PressTone(element, keyText);
+    loss = PressTone(element, keyText);
   }
   keyText += kLineEnd;
+  return loss;
 }
 
-void T68iKeys::PressTone(const Element& element, std::string& keyText) {
+Loss T68iKeys::PressTone(const Element& element, std::string& keyText) {
   const int tone = ToneIndex(element.Note());
   if (tone >= 0) {
     keyText = kToneKeys.at(static_cast<size_t>(tone));
@@ -108,15 +113,18 @@ void T68iKeys::PressTone(const Element& element, std::string& keyText) {
   }
   // A tone without an octave has the text "*4".
   composer_.StepOctave(EncodeOctave(element.octave, FormatMode::IMelody).text.at(1) - '0', keyText);
-  PressLength(element, keyText);
+  const Loss loss = PressLength(element, keyText);
   keyText.insert(0, "Press: ");
+  return tone < 0 ? Loss::NotUnderstood : loss;
 }
 
-void T68iKeys::PressLength(const Element& element, std::string& keyText) {
+Loss T68iKeys::PressLength(const Element& element, std::string& keyText) {
   composer_.StepLength(DurationCode(element, log_), keyText);
-  if (element.extra == 1.0F) return;
+  if (element.extra == 1.0F) return Loss::None;
+  const std::string_view extra = ExtraKeys(element.extra);
   keyText += "OptionKey 6";
-  keyText += ExtraKeys(element.extra);
+  keyText += extra;
+  return extra.empty() ? Loss::Extra : Loss::None;
 }
 
 }  // namespace trillomat

@@ -10,11 +10,11 @@ namespace trillomat {
 class T68iKeys : public PhoneKeys {
  public:
   explicit T68iKeys(Log& log) : log_(log) {}
-  void Press(const Element& element, std::string& keyText) override;
+  Loss Press(const Element& element, std::string& keyText) override;
 
  private:
-  void PressTone(const Element& element, std::string& keyText);
-  void PressLength(const Element& element, std::string& keyText);
+  Loss PressTone(const Element& element, std::string& keyText);
+  Loss PressLength(const Element& element, std::string& keyText);
 
   Log& log_;
   SteppingComposer composer_{

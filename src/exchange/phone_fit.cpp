@@ -1,0 +1,161 @@
+#include "exchange/phone_fit.h"
+
+#include <numeric>
+
+namespace trillomat {
+namespace {
+
+struct LossWords {
+  std::string_view first;  ///< why the first one does not fit
+  std::string_view one;    ///< in a list, behind its number
+  std::string_view more;
+};
+
+// In the order of Loss.
+constexpr std::array<LossWords, kLosses> kLossWords{
+    {{"", "", ""},
+     {"is not understood", "not understood", "not understood"},
+     {"is a command that it lacks", "command", "commands"},
+     {"is too far from the octaves before it", "octave", "octaves"},
+     {"has a length that it lacks", "length", "lengths"},
+     {"has a dot or a triplet that it lacks", "dot or triplet", "dots or triplets"},
+     {"is one more than it takes", "more than it takes", "more than it takes"}}};
+
+// A header's repeat count brings back the repeat that the reader makes of it.
+bool IsHeldByLoop(const Song& song, size_t index) {
+  const std::string_view command = song.elements[index].Command();
+  return song.info.loop != 0 &&
+         ((index == 0 && command == "(") || (index + 1 == song.elements.size() && command.starts_with('@')));
+}
+
+// Of a song in the octaves of RTTTL, which has all lengths.
+Loss RtttlLoss(const Song& song, size_t index, RtttlSpelling spelling) {
+  SilentLog silent;
+  const Element& element = song.elements[index];
+  if (!RtttlToken(element, spelling, kNoTokenDefaults, silent).empty()) return Loss::None;
+  if (element.Command().empty()) return Loss::Extra;
+  return spelling == RtttlSpelling::Classic && IsHeldByLoop(song, index) ? Loss::None : Loss::Command;
+}
+
+Loss KeyLoss(PhoneKeys& keys, const Element& element) {
+  try {
+    std::string keyText;
+    return keys.Press(element, keyText);
+  } catch (const ExportFault&) {
+    return Loss::Command;  // a count beyond all limits
+  }
+}
+
+// Counts what becomes of the elements of a song that is in the export's octaves.
+class LossCount {
+ public:
+  LossCount(const Song& song, RtttlSpelling spelling, PhoneFit& fit)
+      : song_(song), spelling_(spelling), fit_(fit), keys_(KeysOf(fit.phone, silent_)) {}
+
+  void Count() {
+    for (size_t i = 0; i < song_.elements.size(); ++i) {
+      const Loss loss = LossAt(i);
+      ++fit_.losses.at(static_cast<size_t>(loss));
+      if (loss != Loss::None && !fit_.first) fit_.first = Misfit{i, loss};
+    }
+  }
+
+ private:
+  Loss LossAt(size_t index) {
+    const Element& element = song_.elements[index];
+    const Loss loss = keys_ ? KeyLoss(*keys_, element) : RtttlLoss(song_, index, spelling_);
+    if (!IsUnderstood(element)) return Loss::NotUnderstood;
+    if (loss != Loss::None || !element.Command().empty()) return loss;
+    const size_t most = TargetOf(fit_.phone).mostNotes;
+    return ++notes_ > most && most > 0 ? Loss::TooMany : Loss::None;
+  }
+
+  const Song& song_;
+  RtttlSpelling spelling_;
+  PhoneFit& fit_;
+  SilentLog silent_;
+  std::unique_ptr<PhoneKeys> keys_;
+  size_t notes_ = 0;
+};
+
+int MovedBy(const ElementList& from, const ElementList& to) {
+  for (size_t i = 0; i < from.size(); ++i) {
+    if (from[i].octave != kNoOctave) return to[i].octave - from[i].octave;
+  }
+  return 0;
+}
+
+std::string Counted(size_t count, std::string_view one, std::string_view more) {
+  return std::to_string(count) + ' ' + std::string(count == 1 ? one : more);
+}
+
+size_t LostCount(const PhoneFit& fit) {
+  return std::accumulate(fit.losses.begin() + 1, fit.losses.end(), size_t{0});
+}
+
+std::string MoveText(int octaves) {
+  if (octaves == 0) return {};
+  const auto count = static_cast<size_t>(octaves < 0 ? -octaves : octaves);
+  return " when moved " + Counted(count, "octave", "octaves") + (octaves > 0 ? " up" : " down");
+}
+
+std::string SizeText(const PhoneFit& fit) {
+  std::string text = Counted(fit.elements, "element", "elements");
+  const size_t most = TargetOf(fit.phone).mostNotes;
+  if (most > 0) text += ", it takes " + std::to_string(most) + " notes";
+  return text;
+}
+
+std::string MisfitText(const PhoneFit& fit, std::string_view firstWords) {
+  const auto [index, loss] = *fit.first;
+  std::string text = "does not fit: element " + std::to_string(index + 1);
+  text += " (" + std::string(firstWords) + ") ";
+  text += kLossWords.at(static_cast<size_t>(loss)).first;
+  const size_t lost = LostCount(fit);
+  if (lost > 1) text += "; " + std::to_string(lost) + " of " + std::to_string(fit.elements) + " in all";
+  return text;
+}
+
+}  // namespace
+
+PhoneFit FitOf(Phone phone, const Song& song, RtttlSpelling spelling) {
+  SilentLog silent;
+  PhoneFit fit{.phone = phone, .elements = song.elements.size()};
+  const OctaveRange range = TargetOf(phone).range;
+  Song moved = song;
+  if (AdaptRange(moved.elements, range, silent)) {
+    fit.octaves = MovedBy(song.elements, moved.elements);
+    LossCount(moved, spelling, fit).Count();
+  } else {
+    fit.inRange = false;
+    fit.first = Misfit{FirstBeyond(song.elements, range).value_or(0), Loss::Octave};
+  }
+  return fit;
+}
+
+std::string FitText(const PhoneFit& fit, std::string_view firstWords) {
+  constexpr std::string_view kArticle = "the ";
+  std::string_view name = TargetOf(fit.phone).name;
+  if (name.starts_with(kArticle)) name.remove_prefix(kArticle.size());
+  std::string text = std::string(name) + ": ";
+  if (fit.first) return text + MisfitText(fit, firstWords);
+  return text + "fits" + MoveText(fit.octaves) + "; " + SizeText(fit);
+}
+
+std::string LossText(const PhoneFit& fit) {
+  const size_t lost = LostCount(fit);
+  if (lost == 0) return {};
+  std::string text = std::to_string(lost) + " of " + Counted(fit.elements, "element", "elements");
+  text += fit.phone == Phone::Rtttl ? " left out" : " not typed as composed";
+  std::string_view separator = ": ";
+  for (size_t i = 1; i < kLosses; ++i) {
+    const size_t count = fit.losses.at(i);
+    if (count == 0) continue;
+    text += separator;
+    text += Counted(count, kLossWords.at(i).one, kLossWords.at(i).more);
+    separator = ", ";
+  }
+  return text;
+}
+
+}  // namespace trillomat
