@@ -140,6 +140,7 @@ Settings LoadSettings(SettingsDraft& draft, Log& log) {
           .volume = loader.Index("Volume", first.volume, 101),
           .noteStrip = loader.Boolean("NoteStrip", first.noteStrip),
           .stripZoom = loader.Number(kSettings, "StripZoom", first.stripZoom, 1, 10000),
+          .modernSpelling = loader.Boolean("ModernSpelling", first.modernSpelling),
           .recentFiles = RecentIn([&](std::string_view key) { return loader.Text(kRecent, key, ""); })};
 }
 
@@ -163,6 +164,7 @@ void PutSettings(const Settings& settings, SettingsDraft& draft) {
   number("Volume", settings.volume);
   boolean("NoteStrip", settings.noteStrip);
   number("StripZoom", settings.stripZoom);
+  boolean("ModernSpelling", settings.modernSpelling);
   PutRecent(settings.recentFiles, draft);
 }
 

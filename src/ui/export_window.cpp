@@ -9,7 +9,9 @@
 #include <optional>
 #include <utility>
 
+#include "composer/element_words.h"
 #include "core/scoped_value.h"
+#include "formats/rtttl_text.h"
 #include "ui/dialog_parts.h"
 #include "ui/qt_text.h"
 
@@ -56,15 +58,17 @@ class ResultBox : public QPlainTextEdit {
 
 }  // namespace
 
-ExportWindow::ExportWindow(Song song, const Services& services, QWidget* parent)
+ExportWindow::ExportWindow(Song song, bool modernSpelling, const Services& services, QWidget* parent)
     : QDialog(parent), song_(std::move(song)), services_(services) {
   SetUpDialog(*this, QStringLiteral("frmExport"), QStringLiteral("Trillomat - Export"));
   auto* frames = new QHBoxLayout;
   frames->addWidget(NewTargetFrame());
-  frames->addWidget(NewResultFrame(), 1);
+  frames->addWidget(NewResultFrame(modernSpelling), 1);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(frames, 1);
+  layout->addWidget(NewFitFrame());
   layout->addLayout(NewButtonRow());
+  ShowFits();
   resize(sizeHint() * kRoomToSpare);
 }
 
@@ -84,7 +88,7 @@ QWidget* ExportWindow::NewTargetFrame() {
   return frame;
 }
 
-QWidget* ExportWindow::NewResultFrame() {
+QWidget* ExportWindow::NewResultFrame(bool modernSpelling) {
   auto* frame = new QGroupBox(QStringLiteral("Res&ult"), this);
   auto* box = new ResultBox(frame);
   resultBox_ = box;
@@ -97,9 +101,25 @@ QWidget* ExportWindow::NewResultFrame() {
   connect(copy, &QShortcut::activated, box, &ResultBox::Copy);
   status_ = NewLabel(QStringLiteral("lblStatus"), {}, nullptr, frame);
   status_->setWordWrap(true);
+  const ControlText modern{QStringLiteral("Modern s&pelling"), QStringLiteral("Modern spelling of RTTTL"),
+                           QStringLiteral("RTTTL as today's players read it: lower case, b for b")};
+  modern_ = new QCheckBox(modern.caption, frame);
+  NameControl(*modern_, QStringLiteral("chkModernSpelling"), modern);
+  modern_->setChecked(modernSpelling);
+  connect(modern_, &QCheckBox::toggled, this, &ExportWindow::ChangeSpelling);
   auto* layout = new QVBoxLayout(frame);
   layout->addWidget(box, 1);
+  layout->addWidget(modern_);
   layout->addWidget(status_);
+  return frame;
+}
+
+QWidget* ExportWindow::NewFitFrame() {
+  auto* frame = new QGroupBox(QStringLiteral("Fits this phone?"), this);
+  fitsLabel_ = NewLabel(QStringLiteral("lblFits"), {}, nullptr, frame);
+  fitsLabel_->setWordWrap(true);
+  auto* layout = new QVBoxLayout(frame);
+  layout->addWidget(fitsLabel_);
   return frame;
 }
 
@@ -134,20 +154,53 @@ void ExportWindow::MakeText(Phone phone) {
   std::optional<trillomat::Result<std::string>> text;
   {
     const ScopedValue<StoppablePump*> running(running_, &pump);
-    text = Export(phone, song_, {services_.log, pump});
+    text = Export(phone, song_, {services_.log, pump}, Spelling());
   }
   if (closing_) return reject();
   if (*text) {
-    ShowResult(std::move(**text), CopyKey() + " copies the Result.");
+    ShowResult(std::move(**text), StatusOf(phone));
+    shown_ = phone;
   } else {
     ShowResult({}, ShownMessage("No Result: " + ToQString(text->Why().why) + '.'));
   }
 }
 
 void ExportWindow::ShowResult(std::string result, const QString& status) {
+  shown_.reset();
   result_ = std::move(result);
   resultBox_->setPlainText(ToQString(result_));
   status_->setText(status);
+}
+
+// In the middle of another export nothing is shown that it could change.
+void ExportWindow::ChangeSpelling() {
+  ShowFits();
+  if (shown_ == Phone::Rtttl) MakeText(Phone::Rtttl);
+}
+
+RtttlSpelling ExportWindow::Spelling() const {
+  return ModernSpelling() ? RtttlSpelling::Modern : RtttlSpelling::Classic;
+}
+
+void ExportWindow::ShowFits() {
+  QStringList lines;
+  for (const ExportTarget& target : kExportTargets) {
+    PhoneFit& fit = fits_.at(static_cast<size_t>(target.phone));
+    fit = FitOf(target.phone, song_, Spelling());
+    const std::string words = fit.first ? ElementWords(song_.elements[fit.first->index]) : "";
+    lines << ShownMessage(ToQString(FitText(fit, words)));
+  }
+  fitsLabel_->setText(lines.join('\n'));
+}
+
+// What is left out, and a name that will not come back, are said before the text leaves the window.
+QString ExportWindow::StatusOf(Phone phone) const {
+  QString status = CopyKey() + " copies the Result.";
+  const std::string losses = LossText(fits_.at(static_cast<size_t>(phone)));
+  if (!losses.empty()) status += ' ' + ToQString(losses) + '.';
+  const std::string name = phone == Phone::Rtttl ? RtttlNameWarning(song_.info, Spelling()) : "";
+  if (!name.empty()) status += " Warning: " + ToQString(name) + '.';
+  return ShownMessage(status);
 }
 
 void ExportWindow::reject() {

@@ -1,14 +1,15 @@
 // The window "Trillomat - Export": the exports of the composed song. It is made anew each time and shown
-// modally, and changes nothing but itself.
+// modally, and changes nothing but itself. What becomes of the song in each export it tells beforehand.
 #pragma once
 
+#include <QCheckBox>
 #include <QDialog>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <string>
 
-#include "exchange/export.h"
+#include "exchange/phone_fit.h"
 
 namespace trillomat {
 
@@ -16,10 +17,12 @@ class ExportWindow : public QDialog {
   Q_OBJECT
 
  public:
-  ExportWindow(Song song, const Services& services, QWidget* parent = nullptr);
+  ExportWindow(Song song, bool modernSpelling, const Services& services, QWidget* parent = nullptr);
 
   /// The Result in Windows-1252 and with its own line ends, which the box does not keep.
   const std::string& Result() const { return result_; }
+
+  bool ModernSpelling() const { return modern_->isChecked(); }
 
   /// "Close", Escape and the window's own close button. An export that runs ends as soon as it can, and the
   /// window with it.
@@ -27,21 +30,30 @@ class ExportWindow : public QDialog {
 
  private:
   QWidget* NewTargetFrame();
-  QWidget* NewResultFrame();
+  QWidget* NewResultFrame(bool modernSpelling);
+  QWidget* NewFitFrame();
   QLayout* NewButtonRow();
 
   void Press(const ExportButton& button);
   void MakeText(Phone phone);
   void ShowResult(std::string result, const QString& status);
+  void ChangeSpelling();
+  void ShowFits();
+  RtttlSpelling Spelling() const;
+  QString StatusOf(Phone phone) const;
 
   const Song song_;
   Services services_;
   std::string result_;
   StoppablePump* running_ = nullptr;  ///< of the export that runs
   bool closing_ = false;
+  std::optional<Phone> shown_;  ///< what the Result is of
+  std::array<PhoneFit, kExportTargets.size()> fits_;
 
   QPlainTextEdit* resultBox_;
   QLabel* status_;
+  QLabel* fitsLabel_;
+  QCheckBox* modern_;
   QPushButton* saveToFile_;
 };
 

@@ -162,7 +162,9 @@ void FilesBox::Export() {
   const auto token = operations_.Begin();
   if (!token) return;
   if (parts_.document.IsEmpty()) return parts_.services.log.WriteLog("Nothing to export", 2);
-  ExportWindow(parts_.document.CurrentSong(), parts_.services, window()).exec();
+  ExportWindow window(parts_.document.CurrentSong(), modernSpelling, parts_.services, this->window());
+  window.exec();
+  modernSpelling = window.ModernSpelling();
 }
 
 void FilesBox::ShowState() {

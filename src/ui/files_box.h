@@ -67,6 +67,8 @@ class FilesBox : public QGroupBox, private FilesHost {
   void Accept(FileMessage::Offer offer) { browser_.Accept(offer); }
   void CloseMessage() { browser_.CloseMessage(); }
 
+  bool modernSpelling = false;  ///< the Export window's check box
+
   void ShowState();
   /// Lists the folder anew, once it was listed at the start.
   void ShowFilesOfMode();

@@ -175,6 +175,7 @@ void MainWindow::ApplySettings(const Settings& settings) {
   melody_->Volume().setValue(settings.volume);
   melody_->Strip().setVisible(settings.noteStrip);
   melody_->Strip().SetZoomPercent(settings.stripZoom);
+  files_->modernSpelling = settings.modernSpelling;
   files_->Recent().Set(settings.recentFiles);
   composer_.StartAfresh();
   ShowComposer();
@@ -194,6 +195,7 @@ Settings MainWindow::CurrentSettings() const {
           .volume = static_cast<int16_t>(melody_->Volume().value()),
           .noteStrip = !melody_->Strip().isHidden(),
           .stripZoom = melody_->Strip().ZoomPercent(),
+          .modernSpelling = files_->modernSpelling,
           .recentFiles = files_->Recent().Paths()};
 }
 

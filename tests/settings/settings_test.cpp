@@ -35,8 +35,9 @@ TEST(SettingsTest, FirstStartCleansUpAndTakesEveryDefault) {
 TEST(SettingsTest, WhatWasSavedComesBack) {
   MemoryStore store;
   FakeLog log;
-  const Settings settings{6,   FormatMode::Rtttl,       "z:\\tunes\\", false, false, true, 3, 1, 0, 55, false,
-                          250, {"/b\xff.imy", "/a.imy"}};
+  const Settings settings{
+      6,    FormatMode::Rtttl,       "z:\\tunes\\", false, false, true, 3, 1, 0, 55, false, 250,
+      true, {"/b\xff.imy", "/a.imy"}};
   SaveIn(store, settings);
   EXPECT_EQ(store.values["Version/Counter"], "2");
   EXPECT_EQ(store.values["Settings/AutoPlay"], "False");
@@ -58,7 +59,7 @@ TEST(SettingsTest, ValuesThatMakeNoSenseAreLoggedAndReplaced) {
                         {"Duration", "6"},       {"Duration", ""},         {"DurationExtra", "4"},
                         {"OutPut", "3"},         {"Scale", "99999999999"}, {"Scale", "4 or 5"},
                         {"AutoPlay", "perhaps"}, {"PlayMoving", ""},       {"Volume", "101"},
-                        {"NoteStrip", "1"},      {"StripZoom", "0"}};
+                        {"NoteStrip", "1"},      {"ModernSpelling", "on"}, {"StripZoom", "0"}};
   for (const Case& c : cases) {
     MemoryStore store;
     FakeLog log;

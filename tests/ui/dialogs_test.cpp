@@ -1,5 +1,6 @@
 // The modal windows, driven through their controls.
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QFontMetrics>
 #include <QLineEdit>
@@ -102,7 +103,7 @@ class ExportWindowTest : public testing::Test, public FakeServices {
   static QString Shown(const std::string& text) { return ToQString(text).replace("\r\n", "\n"); }
   static QString Clipboard() { return QApplication::clipboard()->text().remove('\r'); }
 
-  ExportWindow window{{{Note("c", 4), Note("d", 4, 0.5F)}, {.name = "Caf\xE9"}}, services};
+  ExportWindow window{{{Note("c", 4), Note("d", 4, 0.5F)}, {.name = "Caf\xE9"}}, false, services};
   QPlainTextEdit& result = Find<QPlainTextEdit>(window, "txtResult");
   QPushButton& save = Find<QPushButton>(window, "cmdSaveToFile");
   QLabel& status = Find<QLabel>(window, "lblStatus");
@@ -136,7 +137,7 @@ TEST_F(ExportWindowTest, EachButtonMakesItsTextOrSaysWhyNot) {
     EXPECT_EQ(save.isEnabled(), c.saves);
     EXPECT_EQ(status.text().isEmpty(), *c.start == '\0');
   }
-  ExportWindow wide({Tones({3, 5}), {}}, services);
+  ExportWindow wide({Tones({3, 5}), {}}, false, services);
   Click(wide, "cmdExport(7)");
   EXPECT_EQ(wide.Result(), "");
   const QString why = Find<QLabel>(wide, "lblStatus").text();
@@ -172,7 +173,7 @@ TEST_F(ExportWindowTest, IgnoresPressesWhileItExportsAndEveryWayOutEndsThat) {
   EXPECT_EQ(window.Result(), kNokiaKeys);
   EXPECT_FALSE(save.isEnabled());
   for (void (*leave)(QDialog&) : {+[](QDialog& w) { Click(w, "cmdAbort"); }, &PressEscape, &CloseFrame}) {
-    ExportWindow w({ElementList(1000, Note("c")), {}}, services);
+    ExportWindow w({ElementList(1000, Note("c")), {}}, false, services);
     w.show();
     pump.pumps = 0;
     pump.onPump = [&](int) {
@@ -183,6 +184,45 @@ TEST_F(ExportWindowTest, IgnoresPressesWhileItExportsAndEveryWayOutEndsThat) {
     EXPECT_LT(pump.pumps, 5);
     EXPECT_FALSE(w.isVisible());
   }
+}
+
+TEST_F(ExportWindowTest, ModernSpellingRemakesRtttlAlone) {
+  auto& modern = Find<QCheckBox>(window, "chkModernSpelling");
+  EXPECT_FALSE(modern.isChecked());
+  modern.click();
+  EXPECT_EQ(window.Result(), "") << "nothing is shown yet";
+  Export(3);
+  EXPECT_EQ(window.Result(), "Caf\xE9:d=4,o=6,b=100:c,8d");
+  modern.click();
+  EXPECT_EQ(window.Result(), "Caf\xE9:d=4,o=6,b=100:C,8D");
+  EXPECT_EQ(result.toPlainText(), Shown(window.Result()));
+  Export(2);
+  modern.click();
+  EXPECT_EQ(window.Result(), kNokiaKeys);
+  EXPECT_TRUE(window.ModernSpelling());
+  EXPECT_TRUE(ExportWindow({Tones({4}), {}}, true, services).ModernSpelling());
+}
+
+TEST_F(ExportWindowTest, TellsWhatFitsAndWhatIsLost) {
+  const ElementList elements{Note("c", 2), Note("d", 4, 0.25F), Command("ledon")};
+  ExportWindow w({elements, {.name = "<b>Am: I"}}, false, services);
+  EXPECT_EQ(
+      Find<QLabel>(w, "lblFits").text(),
+      "RTTTL: does not fit: element 3 (light on) is a command that it lacks\n"
+      "Nokia Composer: does not fit: element 3 (light on) is a command that it lacks\n"
+      "T68i: fits when moved 2 octaves up; 3 elements\n"
+      "T39: does not fit: element 2 (d, octave 4, sixteenth) has a length that it lacks; 2 of 3 in all\n"
+      "R320 and T28: does not fit: element 2 (d, octave 4, sixteenth) is too far from the octaves before "
+      "it");
+  auto& said = Find<QLabel>(w, "lblStatus");
+  Click(w, "cmdExport(1)");
+  EXPECT_TRUE(said.text().endsWith("2 of 3 elements not typed as composed: 1 command, 1 length."));
+  Click(w, "cmdExport(0)");
+  EXPECT_FALSE(said.text().contains("not typed"));
+  Click(w, "cmdExport(3)");
+  EXPECT_TRUE(
+      said.text().contains("1 of 3 elements left out: 1 command. Warning: the name \"<b>Am: I\" holds"));
+  EXPECT_TRUE(said.text().contains("read back as \"<b>Am\""));
 }
 
 }  // namespace
