@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <iostream>
+#include <utility>
 
 #include "cli/byte_files.h"
 #include "cli/commands.h"
@@ -36,8 +37,12 @@ class CommandLine {
   CLI::App* AddCommand(std::string name, std::string description, Command command);
   void AddMode(CLI::App* command);
   void AddIn(CLI::App* command, std::string name = "FILE");
-  void AddOut(CLI::App* command, std::string name = "OUT");
+  CLI::Option* AddOut(CLI::App* command, std::string name = "OUT");
   void AddForce(CLI::App* command, std::string description = "Replace OUT when it exists");
+  CLI::Option* AddInputs(CLI::App* command, const std::string& name, const std::string& description);
+  void AddMany(CLI::App* command, Command run, const std::string& output);
+  void SortInputs(const std::string& output);
+  void AddTidy(CLI::App* command);
   void AddSpelling(CLI::App* command);
   void AddTrack(CLI::App* command);
   void AddEndless(CLI::App* command);
@@ -45,8 +50,9 @@ class CommandLine {
   void AddPlayCommands();
   void Execute();
 
-  CLI::App app_{"Ringtone melodies without a window: show, convert, import, export, transpose, play, render.",
-                "trillomat-cli"};
+  CLI::App app_{
+      "Ringtone melodies without a window: show, check, convert, import, export, transpose, play, render.",
+      "trillomat-cli"};
   Invocation call_;
   Command command_ = nullptr;
 };
@@ -85,13 +91,49 @@ void CommandLine::AddIn(CLI::App* command, std::string name) {
   command->add_option_function<std::string>(std::move(name), take, "The file to read")->required();
 }
 
-void CommandLine::AddOut(CLI::App* command, std::string name) {
+CLI::Option* CommandLine::AddOut(CLI::App* command, std::string name) {
   const auto take = [this](const std::string& text) { call_.out = PathOfUtf8(text); };
-  command->add_option_function<std::string>(std::move(name), take, "The file to write")->required();
+  return command->add_option_function<std::string>(std::move(name), take, "The file to write")->required();
 }
 
 void CommandLine::AddForce(CLI::App* command, std::string description) {
   command->add_flag("--force", call_.force, std::move(description));
+}
+
+CLI::Option* CommandLine::AddInputs(CLI::App* command, const std::string& name,
+                                    const std::string& description) {
+  const auto take = [this](const std::vector<std::string>& texts) {
+    for (const std::string& text : texts) call_.inputs.push_back(PathOfUtf8(text));
+  };
+  return command->add_option_function<std::vector<std::string>>(name, take, description);
+}
+
+// Takes one input, and the output if it has one that is named; or many with --to-folder.
+void CommandLine::AddMany(CLI::App* command, Command run, const std::string& output) {
+  AddInputs(command, "MORE", "More files to read, with --to-folder");
+  const auto take = [this](const std::string& text) { call_.toFolder = PathOfUtf8(text); };
+  command->add_option_function<std::string>("--to-folder", take,
+                                            "Read many files and write each into a folder");
+  AddForce(command, "Replace what exists");
+  command->callback([this, run, output] {
+    command_ = run;
+    SortInputs(output);
+  });
+}
+
+void CommandLine::SortInputs(const std::string& output) {
+  std::vector<std::filesystem::path>& inputs = call_.inputs;
+  if (call_.toFolder.empty()) {
+    if (!output.empty() && call_.out.empty()) throw CLI::RequiredError(output);
+    if (!inputs.empty()) throw CLI::ExtrasError({Utf8OfPath(inputs.front())});
+    return;
+  }
+  if (!call_.out.empty()) inputs.insert(inputs.begin(), std::exchange(call_.out, {}));
+  inputs.insert(inputs.begin(), call_.in);
+}
+
+void CommandLine::AddTidy(CLI::App* command) {
+  command->add_flag("--tidy", call_.tidy, "Tidy common slips of the text first, and list them");
 }
 
 void CommandLine::AddSpelling(CLI::App* command) {
@@ -119,16 +161,28 @@ void CommandLine::AddEndless(CLI::App* command) {
 void CommandLine::AddFileCommands() {
   CLI::App* show = AddCommand("show", "Print the song information and every element", ShowCommand);
   show->add_flag("--json", call_.json, "Print JSON");
+  AddTidy(show);
   AddMode(show);
   AddIn(show);
 
+  CLI::App* check =
+      AddCommand("check", "Say what reads, what tidying would change, and what holds it", CheckCommand);
+  check->add_flag("--json", call_.json, "Print a JSON array");
+  AddMode(check);
+  AddInputs(check, "FILE", "Melody files, and folders of them")->required();
+
   CLI::App* convert = AddCommand("convert", "Read one melody or MIDI file and write another", ConvertCommand);
+  std::vector<std::string> formats(kModeNames.begin(), kModeNames.end());
+  formats.emplace_back(kMidiName);
+  convert->add_option("--to", call_.to, "Format of the files in the folder of --to-folder")
+      ->check(CLI::IsMember(std::move(formats)));
+  AddTidy(convert);
   AddTrack(convert);
   AddSpelling(convert);
-  AddForce(convert);
   AddMode(convert);
   AddIn(convert, "IN");
-  AddOut(convert);
+  AddOut(convert)->required(false);
+  AddMany(convert, ConvertCommand, "OUT");
 
   CLI::App* import =
       AddCommand("import", "Turn a pasted text or a MIDI file into a melody file", ImportCommand);
@@ -137,6 +191,7 @@ void CommandLine::AddFileCommands() {
       ->check(CLI::IsMember(std::vector<std::string>{"rtttl", "emelody", "melody", "midi"}));
   AddTrack(import);
   import->add_flag("--adapt-t68i", call_.adaptT68i, "Move the melody into the octaves of the T68i");
+  AddTidy(import);
   AddForce(import);
   AddMode(import);
   AddIn(import, "TEXTFILE");
@@ -147,9 +202,12 @@ void CommandLine::AddFileCommands() {
   std::transform(kExportTargets.begin(), kExportTargets.end(), targets.begin(),
                  [](const ExportTarget& target) { return std::string(target.option); });
   exporter->add_option("--to", call_.to, "What to print")->required()->check(CLI::IsMember(targets));
+  exporter->add_flag("--report", call_.report, "Say on standard error what is left out, and why");
+  AddTidy(exporter);
   AddSpelling(exporter);
   AddMode(exporter);
   AddIn(exporter);
+  AddMany(exporter, ExportCommand, "");
 
   CLI::App* transpose = AddCommand("transpose", "Move every tone by octaves", TransposeCommand);
   transpose->add_option("--octaves", call_.octaves, "Octaves up, or down when negative")->required();
@@ -166,12 +224,14 @@ void CommandLine::AddPlayCommands() {
       ->check(CLI::IsMember(std::vector<std::string>{"wave", "beep", "midi"}));
   play->add_flag("--trace", call_.trace, "Print index, kind, ms and Hz of each element instead");
   AddEndless(play);
+  AddTidy(play);
   AddMode(play);
   AddIn(play);
 
   CLI::App* render = AddCommand("render", "Write the sound of the melody as a WAV file", RenderCommand);
   AddForce(render, "Replace OUT.wav when it exists, and write more than an hour of sound");
   AddEndless(render);
+  AddTidy(render);
   AddMode(render);
   AddIn(render);
   AddOut(render, "OUT.wav");
@@ -194,7 +254,8 @@ void CommandLine::Execute() {
   if (command_ == nullptr) throw WrongUsage("no command given; see trillomat-cli --help");
   const std::unique_ptr<FileStore> store = SystemFileStore();
   std::unique_ptr<SignalWatch> watch;
-  if (!call_.out.empty()) watch = WatchSignals([&store] { store->DeleteUnfinished(); });
+  if (!call_.out.empty() || !call_.toFolder.empty())
+    watch = WatchSignals([&store] { store->DeleteUnfinished(); });
   SleepPump pump;
   StreamLog log(std::cerr, call_.verbose);
   command_(call_, {{log, pump}, *store});

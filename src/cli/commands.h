@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/codec.h"
 #include "core/format_mode.h"
@@ -17,14 +18,18 @@ namespace trillomat {
 struct Invocation {
   std::filesystem::path in;
   std::filesystem::path out;
-  std::optional<FormatMode> mode;  ///< of paths whose name does not tell
+  std::vector<std::filesystem::path> inputs;  ///< of commands that take many
+  std::filesystem::path toFolder;             ///< gets a file for each of them
+  std::optional<FormatMode> mode;             ///< of paths whose name does not tell
   bool verbose = false;
+  bool tidy = false;    ///< the text, before it is read
+  bool report = false;  ///< what an export leaves out
   bool json = false;
   bool force = false;  ///< replaces a file, and writes more sound than anybody means to
   bool adaptT68i = false;
   bool trace = false;
   std::string from;  ///< "rtttl", "emelody", "melody" or "midi"
-  std::string to;    ///< an option of kExportTargets
+  std::string to;    ///< an option of kExportTargets, one of kModeNames, or "midi"
   std::optional<RtttlSpelling> spelling;
   std::string output = "wave";  ///< "wave", "beep" or "midi"
   std::optional<size_t> track;  ///< of a MIDI file, as MidiTrackTitle counts
@@ -38,11 +43,15 @@ struct CommandServices : Services {
 
 /// Prints the melody as a listing or as JSON.
 void ShowCommand(const Invocation& call, const CommandServices& services);
-/// Reads one file and writes another; either may be a MIDI file.
+/// Says of each file, and of each melody file in the folders, whether it reads, what tidying would change,
+/// and which formats and phones hold it without loss. Throws Refused at the end when one did not read.
+void CheckCommand(const Invocation& call, const CommandServices& services);
+/// Reads one file and writes another, or many into a folder; any may be a MIDI file.
 void ConvertCommand(const Invocation& call, const CommandServices& services);
 /// Converts a pasted text, or a MIDI file, into a file.
 void ImportCommand(const Invocation& call, const CommandServices& services);
-/// Prints the Result of an export as it is: Windows-1252, lines ended by CR LF.
+/// Prints the Result of an export as it is: Windows-1252, lines ended by CR LF; of many, writes them into a
+/// folder.
 void ExportCommand(const Invocation& call, const CommandServices& services);
 /// Moves a melody by octaves within the range of its own format.
 void TransposeCommand(const Invocation& call, const CommandServices& services);

@@ -4,14 +4,17 @@
 #include "cli/byte_files.h"
 #include "cli/commands.h"
 #include "cli/failure.h"
+#include "cli/many_files.h"
 #include "cli/melody_source.h"
 #include "cli/midi_files.h"
 #include "cli/output_check.h"
+#include "cli/tidying.h"
 #include "composer/song_info.h"
 #include "composer/transpose.h"
 #include "core/code_page.h"
 #include "exchange/export.h"
 #include "exchange/import.h"
+#include "exchange/phone_fit.h"
 #include "files/path_text.h"
 
 namespace trillomat {
@@ -26,16 +29,48 @@ std::string PastedText(std::string bytes) {
   return bytes;
 }
 
-}  // namespace
-
-void ConvertCommand(const Invocation& call, const CommandServices& services) {
+void ConvertOne(const Invocation& call, const CommandServices& services) {
   if (IsMidiPath(call.in) || IsMidiPath(call.out)) return ConvertMidi(call, services);
   if (call.track) throw WrongUsage("--track is for MIDI files that are read");
   const FormatMode from = FormatOfPath(call.in, call.mode);
   const FormatMode to = FormatOfPath(call.out, call.mode);
   const RtttlSpelling spelling = SpellingOf(call, to == FormatMode::Rtttl);
   CheckOutput(call, from == to, services.store);
-  SaveSong(LoadSong(call.in, from, services), call.out, to, services, spelling);
+  SaveSong(LoadSong(call, services).song, call.out, to, services, spelling);
+}
+
+// The extension of the files that many become.
+std::string_view ExtensionOfTo(const Invocation& call) {
+  if (call.to == kMidiName) return "mid";
+  const std::optional<FormatMode> mode = call.to.empty() ? call.mode : ModeOfName(call.to);
+  if (!mode) throw WrongUsage("--to-folder needs --to imelody, emelody, rtttl, melody or midi");
+  return LimitsOf(*mode).extension;
+}
+
+// The Result text of an export, after what there is to say of it.
+std::string ExportOne(const Invocation& call, Phone phone, const CommandServices& services) {
+  const RtttlSpelling spelling = SpellingOf(call, phone == Phone::Rtttl);
+  const Song song = LoadSong(call, services).song;
+  const std::string in = Utf8OfPath(call.in);
+  if (song.elements.empty()) {
+    services.log.WriteLog("Nothing to export", 2);
+    throw Refused(in + ": the melody has no elements");
+  }
+  Result<std::string> text = Export(phone, song, services, spelling);
+  if (!text) throw Refused(in + ": " + ToUtf8(text.Why().why));
+  if (phone == Phone::Rtttl) WarnOfName(song.info, spelling);
+  const std::string losses = call.report ? LossText(FitOf(phone, song, spelling)) : "";
+  if (!losses.empty()) std::cerr << in << ": " << losses << '\n';
+  return std::move(*text);
+}
+
+}  // namespace
+
+void ConvertCommand(const Invocation& call, const CommandServices& services) {
+  if (call.toFolder.empty()) return ConvertOne(call, services);
+  const std::string_view extension = ExtensionOfTo(call);
+  SpellingOf(call, ModeOfExtension(extension) == FormatMode::Rtttl);
+  ForEachInput(call, extension, [&](const Invocation& one) { ConvertOne(one, services); });
 }
 
 void ImportCommand(const Invocation& call, const CommandServices& services) {
@@ -44,7 +79,9 @@ void ImportCommand(const Invocation& call, const CommandServices& services) {
   const FormatMode to = FormatOfPath(call.out, call.mode);
   CheckOutput(call, ModeOfName(call.from) == to, services.store);
   const std::string in = Utf8OfPath(call.in);
-  const std::string text = PastedText(ReadInput(call.in, services.store));
+  const std::string bytes = ReadInput(call.in, services.store);
+  const std::string text =
+      call.tidy ? TidyAloud(bytes, ModeOfName(call.from).value(), in) : PastedText(bytes);
   Imported imported = Import(PastedFormatOf(call.from).value(), text, call.adaptT68i, {}, services);
   ReadResult& read = imported.read;
   if (!read) throw Refused(in + ": " + ToUtf8(read.refusal->why));
@@ -57,24 +94,20 @@ void ImportCommand(const Invocation& call, const CommandServices& services) {
 
 void ExportCommand(const Invocation& call, const CommandServices& services) {
   const Phone phone = PhoneOfOption(call.to).value();
-  const RtttlSpelling spelling = SpellingOf(call, phone == Phone::Rtttl);
-  const Song song = LoadSong(call.in, FormatOfPath(call.in, call.mode), services);
-  const std::string in = Utf8OfPath(call.in);
-  if (song.elements.empty()) {
-    services.log.WriteLog("Nothing to export", 2);
-    throw Refused(in + ": the melody has no elements");
-  }
-  const auto text = Export(phone, song, services, spelling);
-  if (!text) throw Refused(in + ": " + ToUtf8(text.Why().why));
-  if (phone == Phone::Rtttl) WarnOfName(song.info, spelling);
-  WriteOutput("-", services.store, *text);
+  if (call.toFolder.empty()) return WriteOutput("-", services.store, ExportOne(call, phone, services));
+  const bool isRtttl = phone == Phone::Rtttl;
+  SpellingOf(call, isRtttl);
+  ForEachInput(call, isRtttl ? LimitsOf(FormatMode::Rtttl).extension : "txt", [&](const Invocation& one) {
+    CheckOutput(one, false, services.store);
+    WriteOutput(one.out, services.store, ExportOne(one, phone, services));
+  });
 }
 
 void TransposeCommand(const Invocation& call, const CommandServices& services) {
   const FormatMode from = FormatOfPath(call.in, call.mode);
   const FormatMode to = FormatOfPath(call.out, call.mode);
   CheckOutput(call, from == to, services.store);
-  Song song = LoadSong(call.in, from, services);
+  Song song = LoadSong(call, services).song;
   auto moved = Transposed(song.elements, call.octaves, from, services.log);
   if (!moved && !song.elements.empty()) {
     throw Refused(Utf8OfPath(call.in) + ": not moved, and nothing written");

@@ -6,6 +6,7 @@
 
 #include "cli/byte_files.h"
 #include "cli/failure.h"
+#include "cli/tidying.h"
 #include "composer/song_info.h"
 #include "core/code_page.h"
 #include "files/path_text.h"
@@ -33,11 +34,15 @@ std::optional<FormatMode> ModeOfName(std::string_view name) {
   return kModeLimits.at(static_cast<size_t>(found - kModeNames.begin())).mode;
 }
 
-FormatMode FormatOfPath(const std::filesystem::path& file, std::optional<FormatMode> told) {
+std::optional<FormatMode> ModeOfPath(const std::filesystem::path& file, std::optional<FormatMode> told) {
   std::string extension = Utf8OfPath(file.extension());
   if (!extension.empty()) extension.erase(0, 1);
-  if (const auto mode = ModeOfExtension(extension)) return *mode;
-  if (told) return *told;
+  const auto mode = ModeOfExtension(extension);
+  return mode ? mode : told;
+}
+
+FormatMode FormatOfPath(const std::filesystem::path& file, std::optional<FormatMode> told) {
+  if (const auto mode = ModeOfPath(file, told)) return *mode;
   if (IsStandardStream(file)) throw WrongUsage("\"-\" needs --mode imelody, emelody, rtttl or melody");
   throw WrongUsage(
       Utf8OfPath(file) +
@@ -45,12 +50,18 @@ FormatMode FormatOfPath(const std::filesystem::path& file, std::optional<FormatM
       "--mode imelody, emelody, rtttl or melody");
 }
 
-Song LoadSong(const std::filesystem::path& file, FormatMode mode, const CommandServices& services) {
-  const std::string bytes = BytesOf(file, mode, services);
-  ReadResult read = Read(bytes, mode, {}, services);
-  if (!read) throw Refused(Utf8OfPath(file) + ": " + ToUtf8(read.refusal->why));
+LoadedSong LoadSong(const Invocation& call, const CommandServices& services) {
+  FormatMode mode = FormatOfPath(call.in, call.mode);
+  const std::string name = Utf8OfPath(call.in);
+  std::string text = BytesOf(call.in, mode, services);
+  if (call.tidy) {
+    mode = LookOf(text, mode, name);
+    text = TidyAloud(text, mode, name);
+  }
+  ReadResult read = Read(text, mode, {}, services);
+  if (!read) throw Refused(name + ": " + ToUtf8(read.refusal->why));
   NormaliseStyleAndVolume(read.record.info);
-  return {std::move(read.elements), std::move(read.record.info)};
+  return {{std::move(read.elements), std::move(read.record.info)}, mode};
 }
 
 void SaveSong(const Song& song, const std::filesystem::path& file, FormatMode mode,

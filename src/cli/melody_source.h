@@ -14,15 +14,28 @@ namespace trillomat {
 /// The modes as the command line calls them, in the order of FormatMode.
 inline constexpr std::array<const char*, 4> kModeNames{"imelody", "emelody", "rtttl", "melody"};
 
+/// What is none of them, and can be read and written all the same.
+inline constexpr const char* kMidiName = "midi";
+
 std::optional<FormatMode> ModeOfName(std::string_view name);
+
+/// The format of `file` by its extension, `told` where that is none of the four.
+std::optional<FormatMode> ModeOfPath(const std::filesystem::path& file, std::optional<FormatMode> told);
 
 /// The format of `file` by its extension, or `told` (--mode) for "-" and for an extension that is none
 /// of the four. Throws WrongUsage when neither tells.
 FormatMode FormatOfPath(const std::filesystem::path& file, std::optional<FormatMode> told);
 
-/// The song of `file` as the window program would open it: style and volume have passed through the panel.
-/// Throws Refused when it is refused.
-Song LoadSong(const std::filesystem::path& file, FormatMode mode, const CommandServices& services);
+/// A song, and the format that it was read in.
+struct LoadedSong {
+  Song song;
+  FormatMode mode;
+};
+
+/// The song of `call.in` as the window program would open it: style and volume have passed through the panel;
+/// with --tidy its text has been tidied. Throws Refused when it is refused, WrongUsage when nothing tells its
+/// format.
+LoadedSong LoadSong(const Invocation& call, const CommandServices& services);
 
 /// Saves the song as `file` in the format `mode`, RTTTL in that spelling; a name that RTTTL cannot hold is
 /// said before. Throws Refused when it cannot be written; an existing file is then as it was.

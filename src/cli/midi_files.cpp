@@ -64,11 +64,12 @@ void ConvertMidi(const Invocation& call, const CommandServices& services) {
   const FormatMode to = ModeFor(call.out, call.mode);
   const RtttlSpelling spelling = SpellingOf(call, !toMidi && to == FormatMode::Rtttl);
   CheckOutput(call, fromMidi && toMidi, services.store);
-  const Song song = fromMidi ? LoadMidi(call, to, services) : LoadSong(call.in, from, services);
+  const LoadedSong loaded =
+      fromMidi ? LoadedSong{LoadMidi(call, to, services), from} : LoadSong(call, services);
   if (toMidi) {
-    SaveMidi(song, from, call.out, services);
+    SaveMidi(loaded.song, loaded.mode, call.out, services);
   } else {
-    SaveSong(song, call.out, to, services, spelling);
+    SaveSong(loaded.song, call.out, to, services, spelling);
   }
 }
 

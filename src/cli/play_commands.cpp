@@ -47,8 +47,8 @@ void PrintTrace(const Document& document, int32_t endlessRounds, const Services&
 }  // namespace
 
 void PlayCommand(const Invocation& call, const CommandServices& services) {
-  const FormatMode mode = FormatOfPath(call.in, call.mode);
-  Document document(LoadSong(call.in, mode, services), mode);
+  LoadedSong loaded = LoadSong(call, services);
+  Document document(std::move(loaded.song), loaded.mode);
   if (call.trace) {
     PrintTrace(document, call.endless, services);
   } else {
@@ -57,9 +57,10 @@ void PlayCommand(const Invocation& call, const CommandServices& services) {
 }
 
 void RenderCommand(const Invocation& call, const CommandServices& services) {
-  const FormatMode mode = FormatOfPath(call.in, call.mode);
+  FormatOfPath(call.in, call.mode);
   CheckOutput(call, false, services.store);
-  const Document document(LoadSong(call.in, mode, services), mode);
+  LoadedSong loaded = LoadSong(call, services);
+  const Document document(std::move(loaded.song), loaded.mode);
   WriteOutput(call.out, services.store, [&](std::ostream& stream) {
     const RenderOptions options{.endlessRounds = call.endless, .anyLength = call.force};
     const auto failure = RenderWave(document, options, services, stream);

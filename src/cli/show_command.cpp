@@ -6,8 +6,7 @@
 namespace trillomat {
 
 void ShowCommand(const Invocation& call, const CommandServices& services) {
-  const FormatMode mode = FormatOfPath(call.in, call.mode);
-  const Song song = LoadSong(call.in, mode, services);
+  const auto [song, mode] = LoadSong(call, services);
   WriteOutput("-", services.store,
               call.json ? ShowJson(song, mode, services.log) : ShowText(song, mode, services.log));
 }

@@ -1,0 +1,85 @@
+#include <algorithm>
+#include <iostream>
+
+#include "cli/byte_files.h"
+#include "cli/checked_file.h"
+#include "cli/commands.h"
+#include "cli/failure.h"
+#include "cli/melody_source.h"
+#include "files/path_text.h"
+
+namespace trillomat {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The melody files of a folder and its folders, sorted. What cannot be looked into is passed over.
+std::vector<fs::path> MelodiesIn(const fs::path& folder) {
+  std::vector<fs::path> files;
+  std::error_code error;
+  fs::recursive_directory_iterator each(folder, fs::directory_options::skip_permission_denied, error);
+  for (; !error && each != fs::end(each); each.increment(error)) {
+    std::error_code gone;
+    if (each->is_regular_file(gone) && ModeOfPath(each->path(), {})) files.push_back(each->path());
+  }
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+CheckedFile Check(const fs::path& file, const Invocation& call, const FileStore& store) {
+  const std::string name = Utf8OfPath(file);
+  const auto mode = ModeOfPath(file, call.mode);
+  if (!mode) return Unreadable(name, "its name tells no format; tell it with --mode");
+  try {
+    return CheckText(name, ReadInput(file, store), *mode);
+  } catch (const Refused& refused) {
+    const std::string why = refused.what();
+    return Unreadable(name, why.starts_with(name + ": ") ? why.substr(name.size() + 2) : why);
+  }
+}
+
+// Prints each file as soon as it is checked.
+class Report {
+ public:
+  explicit Report(bool json) : json_(json) {}
+
+  void Print(const CheckedFile& file) {
+    ++files_;
+    if (file.asItIs.refusal) ++refused_;
+    if (json_) {
+      std::cout << (files_ == 1 ? "[\n  " : ",\n  ") << CheckedJson(file);
+    } else {
+      std::cout << CheckedLine(file) << '\n';
+    }
+  }
+
+  void End() const {
+    if (json_) std::cout << (files_ == 0 ? "[]\n" : "]\n");
+    FlushStandardOutput();
+    if (refused_ == 0) return;
+    throw Refused(std::to_string(refused_) + " of " + std::to_string(files_) +
+                  (files_ == 1 ? " file does not read" : " files do not read"));
+  }
+
+ private:
+  bool json_;
+  size_t files_ = 0;
+  size_t refused_ = 0;
+};
+
+}  // namespace
+
+void CheckCommand(const Invocation& call, const CommandServices& services) {
+  Report report(call.json);
+  for (const fs::path& input : call.inputs) {
+    std::error_code notThere;
+    if (!fs::is_directory(input, notThere)) {
+      report.Print(Check(input, call, services.store));
+      continue;
+    }
+    for (const fs::path& file : MelodiesIn(input)) report.Print(Check(file, call, services.store));
+  }
+  report.End();
+}
+
+}  // namespace trillomat

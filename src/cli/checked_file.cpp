@@ -1,0 +1,136 @@
+#include "cli/checked_file.h"
+
+#include <algorithm>
+
+#include "cli/json_text.h"
+#include "cli/melody_source.h"
+#include "core/code_page.h"
+#include "exchange/format_fit.h"
+#include "exchange/idle_pump.h"
+#include "exchange/phone_fit.h"
+#include "exchange/tidy.h"
+#include "formats/formats.h"
+
+namespace trillomat {
+namespace {
+
+std::string_view NameOf(FormatMode mode) { return kModeNames.at(static_cast<size_t>(mode)); }
+std::string_view NameOf(Phone phone) { return TargetOf(phone).option; }
+
+void FindUnderstood(const ElementList& elements, Finding& finding) {
+  finding.elements = elements.size();
+  for (size_t i = 0; i < elements.size(); ++i) {
+    if (IsUnderstood(elements[i])) continue;
+    ++finding.notUnderstood;
+    if (!finding.firstNotUnderstood) finding.firstNotUnderstood = i;
+  }
+}
+
+Finding Find(std::string_view text, FormatMode mode) {
+  SilentLog silent;
+  IdlePump pump;
+  ReadResult read = Read(text, mode, {}, {silent, pump});
+  Finding finding{.refusal = std::move(read.refusal)};
+  if (finding.refusal) return finding;
+  const Song song{std::move(read.elements), std::move(read.record.info)};
+  FindUnderstood(song.elements, finding);
+  for (const ModeLimits& limits : kModeLimits) {
+    if (FormatHolds(limits.mode, song)) finding.formats.push_back(limits.mode);
+  }
+  for (const ExportTarget& target : kExportTargets) {
+    if (!song.elements.empty() && FitOf(target.phone, song).Fits()) finding.phones.push_back(target.phone);
+  }
+  return finding;
+}
+
+template <typename Names>
+std::string ListText(std::string_view label, const Names& names) {
+  std::string text = "; " + std::string(label);
+  if (names.empty()) text += " none";
+  for (const auto name : names) text += ' ' + std::string(NameOf(name));
+  return text;
+}
+
+std::string FindingLine(const Finding& finding) {
+  if (const auto& refusal = finding.refusal) {
+    std::string text = "does not read: ";
+    if (refusal->line > 0) {
+      text += "line " + std::to_string(refusal->line) + ", column " + std::to_string(refusal->column) + ": ";
+    }
+    return text + ToUtf8(refusal->why);
+  }
+  std::string text = "reads; " + std::to_string(finding.elements) + " elements";
+  if (finding.firstNotUnderstood) {
+    text += ", " + std::to_string(finding.notUnderstood) + " not understood, the first is element " +
+            std::to_string(*finding.firstNotUnderstood + 1);
+  }
+  return text + ListText("formats", finding.formats) + ListText("phones", finding.phones);
+}
+
+template <typename Names>
+std::string ListJson(const Names& names) {
+  std::string json = "[";
+  for (const auto name : names) AddItem(json, JsonString(NameOf(name)));
+  return json + ']';
+}
+
+std::string RefusalJson(const std::optional<Refusal>& refusal) {
+  if (!refusal) return "null";
+  std::string json = "{";
+  AddMember(json, "line", std::to_string(refusal->line));
+  AddMember(json, "column", std::to_string(refusal->column));
+  AddMember(json, "text", JsonStringOfCodePage(refusal->text));
+  AddMember(json, "why", JsonStringOfCodePage(refusal->why));
+  return json + '}';
+}
+
+void AddFinding(std::string& json, const Finding& finding) {
+  AddMember(json, "reads", finding.refusal ? "false" : "true");
+  AddMember(json, "refusal", RefusalJson(finding.refusal));
+  AddMember(json, "elements", std::to_string(finding.elements));
+  AddMember(json, "notUnderstood", std::to_string(finding.notUnderstood));
+  AddMember(json, "formats", ListJson(finding.formats));
+  AddMember(json, "phones", ListJson(finding.phones));
+}
+
+}  // namespace
+
+CheckedFile CheckText(std::string name, std::string_view text, FormatMode mode) {
+  CheckedFile file{.name = std::move(name), .mode = mode, .asItIs = Find(text, mode)};
+  const Tidied tidied = Tidy(text, mode);
+  file.changes = tidied.changes.size();
+  file.tidied = tidied.changes.empty() ? file.asItIs : Find(tidied.text, mode);
+  return file;
+}
+
+CheckedFile Unreadable(std::string name, const std::string& why) {
+  const Finding finding{.refusal = Refusal{.why = FromUtf8(why).value_or(why)}};
+  return {.name = std::move(name), .mode = {}, .asItIs = finding, .tidied = finding};
+}
+
+std::string CheckedLine(const CheckedFile& file) {
+  std::string line = file.name + ": " + FindingLine(file.asItIs);
+  if (file.changes > 0) {
+    line +=
+        "; tidied with " + std::to_string(file.changes) + (file.changes == 1 ? " change: " : " changes: ");
+    line += FindingLine(file.tidied);
+  }
+  // A name may hold anything, and this is one line.
+  std::replace_if(
+      line.begin(), line.end(), [](unsigned char c) { return c < ' '; }, '?');
+  return line;
+}
+
+std::string CheckedJson(const CheckedFile& file) {
+  std::string json = "{";
+  AddMember(json, "file", JsonString(file.name));
+  AddMember(json, "format", file.mode ? JsonString(NameOf(*file.mode)) : "null");
+  AddFinding(json, file.asItIs);
+  std::string tidied = "{";
+  AddMember(tidied, "changes", std::to_string(file.changes));
+  AddFinding(tidied, file.tidied);
+  AddMember(json, "tidied", tidied + '}');
+  return json + '}';
+}
+
+}  // namespace trillomat

@@ -1,0 +1,41 @@
+// What `check` finds in one file, as a line of text and as JSON.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/format_mode.h"
+#include "core/refusal.h"
+#include "exchange/export.h"
+
+namespace trillomat {
+
+/// What came of reading a text.
+struct Finding {
+  std::optional<Refusal> refusal = {};  ///< why it did not read
+  size_t elements = 0;
+  size_t notUnderstood = 0;
+  std::optional<size_t> firstNotUnderstood = {};  ///< index of an element
+  std::vector<FormatMode> formats = {};           ///< that hold the melody without loss
+  std::vector<Phone> phones = {};                 ///< exports that say all of it
+};
+
+struct CheckedFile {
+  std::string name = {};                ///< UTF-8
+  std::optional<FormatMode> mode = {};  ///< that it was read in; nothing where it could not be
+  Finding asItIs = {};
+  size_t changes = 0;   ///< of tidying
+  Finding tidied = {};  ///< the same as `asItIs` without changes
+};
+
+/// Reads the text, as it is and tidied.
+CheckedFile CheckText(std::string name, std::string_view text, FormatMode mode);
+/// A file without a text. Both are UTF-8.
+CheckedFile Unreadable(std::string name, const std::string& why);
+
+/// One line without its end.
+std::string CheckedLine(const CheckedFile& file);
+std::string CheckedJson(const CheckedFile& file);
+
+}  // namespace trillomat
