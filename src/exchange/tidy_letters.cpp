@@ -15,6 +15,7 @@ namespace {
 constexpr std::string_view kStart = "MELODY:";
 constexpr std::string_view kEnd = "END:EMELODY";
 constexpr std::string_view kFlat = "(b)";
+constexpr size_t kMostMarks = 2;  // for the octave
 
 /// A note at the front of a text.
 struct LooseNote {
@@ -30,7 +31,7 @@ bool IsNoteLetter(char c) { return std::string_view("abcdefghp").find(ToLower(c)
 LooseNote NoteAt(std::string_view text) {
   LooseNote note;
   size_t i = 0;
-  while (text.substr(i).starts_with('+')) ++i;
+  while (i < kMostMarks && text.substr(i).starts_with('+')) ++i;
   note.octave = i;
   if (text.substr(i).starts_with('#') || text.substr(i).starts_with('&')) {
     note.accidental = text[i++] == '#' ? 1 : -1;

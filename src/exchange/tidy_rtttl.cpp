@@ -64,18 +64,21 @@ class Keys {
  private:
   // The reader finds a lower-case key wherever it stands, and takes the digits behind it.
   void TidyItem(std::string_view item) {
-    const size_t sign = item.find('=');
-    if (sign == std::string_view::npos) return text_.Keep(item.size());
-    const size_t place = item.substr(0, sign).find_last_not_of(" \r\n\t");
-    const char key = place == std::string_view::npos ? '\0' : ToLower(item[place]);
-    if (!Contains("dobl", std::string(1, key))) {
-      text_.Keep(sign + 1);
-      return TidyItem(item.substr(sign + 1));
+    for (size_t sign = item.find('='); sign != std::string_view::npos; sign = item.find('=')) {
+      const size_t place = item.substr(0, sign).find_last_not_of(" \r\n\t");
+      const char key = place == std::string_view::npos ? '\0' : ToLower(item[place]);
+      const std::string_view behind = item.substr(sign + 1);
+      if (!Contains("dobl", std::string(1, key))) {
+        text_.Keep(sign + 1);
+        item = behind;
+        continue;
+      }
+      text_.Keep(place);
+      text_.Replace(1, std::string(1, key), "keys are written so");
+      text_.Keep(sign - place);
+      item = TidyKey(key, behind);
     }
-    text_.Keep(place);
-    text_.Replace(1, std::string(1, key), "keys are written so");
-    text_.Keep(sign - place);
-    TidyItem(TidyKey(key, item.substr(sign + 1)));
+    text_.Keep(item.size());
   }
 
   // Gives what follows the value.
