@@ -9,6 +9,7 @@
 #include "exchange/idle_pump.h"
 #include "exchange/phone_fit.h"
 #include "exchange/tidy.h"
+#include "files/refusal_text.h"
 #include "formats/formats.h"
 
 namespace trillomat {
@@ -52,13 +53,7 @@ std::string ListText(std::string_view label, const Names& names) {
 }
 
 std::string FindingLine(const Finding& finding) {
-  if (const auto& refusal = finding.refusal) {
-    std::string text = "does not read: ";
-    if (refusal->line > 0) {
-      text += "line " + std::to_string(refusal->line) + ", column " + std::to_string(refusal->column) + ": ";
-    }
-    return text + ToUtf8(refusal->why);
-  }
+  if (finding.refusal) return "does not read: " + RefusalText({}, *finding.refusal);
   std::string text = "reads; " + std::to_string(finding.elements) + " elements";
   if (finding.firstNotUnderstood) {
     text += ", " + std::to_string(finding.notUnderstood) + " not understood, the first is element " +

@@ -16,6 +16,7 @@
 #include "exchange/import.h"
 #include "exchange/phone_fit.h"
 #include "files/path_text.h"
+#include "files/refusal_text.h"
 
 namespace trillomat {
 namespace {
@@ -84,7 +85,7 @@ void ImportCommand(const Invocation& call, const CommandServices& services) {
       call.tidy ? TidyAloud(bytes, ModeOfName(call.from).value(), in) : PastedText(bytes);
   Imported imported = Import(PastedFormatOf(call.from).value(), text, call.adaptT68i, {}, services);
   ReadResult& read = imported.read;
-  if (!read) throw Refused(in + ": " + ToUtf8(read.refusal->why));
+  if (!read) throw Refused(in + ": " + RefusalText({}, *read.refusal));
   if (!imported.notAdapted.empty()) {
     std::cerr << "trillomat-cli: not adapted: " << ToUtf8(imported.notAdapted) << '\n';
   }

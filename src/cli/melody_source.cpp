@@ -10,6 +10,7 @@
 #include "composer/song_info.h"
 #include "core/code_page.h"
 #include "files/path_text.h"
+#include "files/refusal_text.h"
 #include "formats/formats.h"
 #include "formats/rtttl_text.h"
 
@@ -59,7 +60,7 @@ LoadedSong LoadSong(const Invocation& call, const CommandServices& services) {
     text = TidyAloud(text, mode, name);
   }
   ReadResult read = Read(text, mode, {}, services);
-  if (!read) throw Refused(name + ": " + ToUtf8(read.refusal->why));
+  if (!read) throw Refused(name + ": " + RefusalText({}, *read.refusal));
   NormaliseStyleAndVolume(read.record.info);
   return {{std::move(read.elements), std::move(read.record.info)}, mode};
 }

@@ -11,10 +11,11 @@ namespace trillomat {
 
 /// Why something was refused, for the user. Texts are Windows-1252.
 struct Refusal {
-  std::string why;        ///< a plain sentence without its full stop, which names what is wrong
-  size_t line = 0;        ///< of the text that was read, from 1; 0 where no place is to blame
-  size_t column = 0;      ///< in bytes, from 1
-  std::string text = {};  ///< what stands there, up to the end of the line, cut when it is long
+  std::string why;          ///< a plain sentence without its full stop, which names what is wrong
+  size_t line = 0;          ///< of the text that was read, from 1; 0 where no place is to blame
+  size_t column = 0;        ///< in bytes, from 1
+  std::string text = {};    ///< what stands there, up to the end of the line, cut when it is long
+  std::string advice = {};  ///< what was expected, a sentence without its full stop; empty for nothing to add
 
   bool operator==(const Refusal&) const = default;
 };

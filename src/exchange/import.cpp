@@ -13,7 +13,7 @@ using Kind = ReadFault::Kind;
 void TakePastedRtttl(Reading& reading) {
   const RtttlParts parts = TakeRtttlText(reading);
   if (!reading.elements.empty()) return;
-  throw ReadFault(Kind::Logged, "there is no note behind the second \":\"", parts.notes);
+  throw ReadFault(Kind::Logged, "there is no note behind the second \":\"", parts.notes, kRtttlAdvice);
 }
 
 void TakePastedEMelody(Reading& reading) {
@@ -22,7 +22,7 @@ void TakePastedEMelody(Reading& reading) {
   const MarkedNotes marked = FindMarkedNotes(text);
   if (marked.start && !marked.notes) {
     throw ReadFault(Kind::Logged, "there is no \"END:EMELODY\" behind \"MELODY:\"",
-                    OriginOf(*marked.start, text, reading.bytes));
+                    OriginOf(*marked.start, text, reading.bytes), kMarkersAdvice);
   }
   TakeLetterNotes(marked.notes.value_or(text), text, FormatMode::EMelody, reading);
 }

@@ -2,12 +2,12 @@
 
 #include <utility>
 
-#include "core/code_page.h"
 #include "core/progress_pump.h"
 #include "files/path_text.h"
 #include "files/read_file.h"
 #include "files/recent_files.h"
 #include "files/recovery.h"
+#include "files/refusal_text.h"
 
 namespace trillomat {
 namespace {
@@ -29,18 +29,18 @@ std::string WhyNoFile(const fs::path& file, const FileStore& store) {
 bool Opener::Open(const fs::path& file, FormatMode mode) {
   if (const std::string why = WhyNoFile(file, parts_.store); !why.empty()) return Refuse(why);
   const auto bytes = ReadFile(file, parts_.store);
+  const std::string name = Utf8OfPath(file.filename());
   if (!bytes) {
     LogReaderFault(mode, parts_.services.log);
-    return Refuse(ToUtf8(bytes.Why().why));
+    return Refuse(RefusalText(name, bytes.Why()));
   }
   ProgressPump pump(parts_.services.pump, [&](size_t elements) {
-    parts_.host.ShowProgress("Reading " + Utf8OfPath(file.filename()) + ": " + std::to_string(elements) +
-                             " elements");
+    parts_.host.ShowProgress("Reading " + name + ": " + std::to_string(elements) + " elements");
   });
   ReadResult read = Read(*bytes, mode, parts_.record, {parts_.services.log, pump});
   parts_.host.ShowProgress({});
   parts_.record = read.record;
-  if (!read) return Refuse(ToUtf8(read.refusal->why));
+  if (!read) return Refuse(RefusalText(name, *read.refusal));
   Replace(std::move(read), mode, fs::absolute(file), "opening");
   parts_.recent.Add(file);
   return true;

@@ -19,10 +19,12 @@ void ReadEMelody(Reading& reading) {
   SetUnknownSong(reading.record.info);
   const std::string text = JoinLines(reading.bytes);
   const MarkedNotes marked = FindMarkedNotes(text);
-  if (!marked.start) throw ReadFault(Kind::Quiet, "the file holds no \"MELODY:\"", reading.bytes);
+  if (!marked.start) {
+    throw ReadFault(Kind::Quiet, "the file holds no \"MELODY:\"", reading.bytes, kMarkersAdvice);
+  }
   if (!marked.notes) {
     throw ReadFault(Kind::Quiet, "no \"END:EMELODY\" follows \"MELODY:\"",
-                    OriginOf(*marked.start, text, reading.bytes));
+                    OriginOf(*marked.start, text, reading.bytes), kMarkersAdvice);
   }
   TakeLetterNotes(*marked.notes, text, FormatMode::EMelody, reading);
 }

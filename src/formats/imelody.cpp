@@ -80,7 +80,7 @@ class MelodyRest {
 
   size_t RepeatEndLength() const {
     const size_t end = rest_.find(')');
-    if (end == std::string_view::npos) Fail("a repeat end has no \")\": ");
+    if (end == std::string_view::npos) Fail("a repeat end has no \")\"", "A repeat ends like \"@2)\"");
     return end + 1;
   }
 
@@ -93,13 +93,14 @@ class MelodyRest {
       const std::string_view mark = rest_.substr(i + 1, 1);
       return mark == "." || mark == ":" || mark == ";" ? i + 2 : i + 1;
     }
-    Fail("no note with a length digit follows in the melody: ");
+    Fail("no note with a length follows",
+         "A note is a letter and a digit from 0 to 5, like \"c2\" or \"*5#f3\"");
   }
 
-  [[noreturn]] void Fail(const std::string& why) const {
+  [[noreturn]] void Fail(const std::string& why, std::string_view advice) const {
     const std::string_view melody = std::string_view(text_).substr(0, text_.size() - kSentinel.size());
     const std::string_view left = melody.substr(std::min(melody.size(), text_.size() - rest_.size()));
-    throw ReadFault(Kind::Logged, why + Quoted(left), OriginOf(left, melody, original_));
+    throw ReadFault(Kind::Logged, why, OriginOf(left, melody, original_), advice);
   }
 
   std::string_view original_;
@@ -123,14 +124,15 @@ size_t TakeMelodyLines(std::string_view value, std::span<const std::string_view>
   const auto end = std::find_if(following.begin(), following.end(),
                                 [](std::string_view line) { return Contains(line, "END"); });
   if (end == following.end()) {
-    throw ReadFault(Kind::Logged, "no END line follows the MELODY line", value);
+    throw ReadFault(Kind::Logged, "no END line follows the MELODY line", value,
+                    "A melody ends with the line \"END:IMELODY\"");
   }
   const std::string_view last = end == following.begin() ? value : *(end - 1);
   TakeMelody({value.data(), static_cast<size_t>(last.data() + last.size() - value.data())}, reading);
   return static_cast<size_t>(end - following.begin());
 }
 
-void TakeField(std::string_view tag, std::string_view value, size_t number, Reading& reading) {
+void TakeField(std::string_view tag, std::string_view value, Reading& reading) {
   const auto* const known = std::find_if(kTextTags.begin(), kTextTags.end(),
                                          [tag](const TextTag& each) { return each.tag == tag; });
   if (known != kTextTags.end()) {
@@ -138,9 +140,8 @@ void TakeField(std::string_view tag, std::string_view value, size_t number, Read
   } else if (tag == "BEAT") {
     const auto bpm = RoundToInt32(LeadingNumber(value));
     if (!bpm) {
-      throw ReadFault(Kind::Logged,
-                      "line " + std::to_string(number) + ": the beat is out of range: " + Quoted(value),
-                      value);
+      throw ReadFault(Kind::Logged, "the beat is out of range", value,
+                      "Beats per minute are expected, like \"BEAT:120\"");
     }
     reading.record.info.bpm = *bpm;
   } else if (tag != "END") {
@@ -160,20 +161,21 @@ std::string FileToken(const Element& element, Log& log) {
 
 void ReadIMelody(Reading& reading) {
   const std::vector<std::string_view> lines = SplitLines(reading.bytes);
-  if (lines.empty()) throw ReadFault(Kind::Logged, "the file is empty", reading.bytes);
+  if (lines.empty()) throw ReadFault(Kind::Logged, "the file is empty");
   for (size_t next = 0; next < lines.size();) {
     const std::string_view line = lines[next];
     ++next;
     const size_t colon = line.find(':');
     if (colon == std::string_view::npos) {
-      throw ReadFault(Kind::Quiet, "line " + std::to_string(next) + " has no \":\": " + Quoted(line), line);
+      throw ReadFault(Kind::Quiet, "the line has no \":\"", line,
+                      "Each line begins with a tag and \":\", like \"NAME:Tune\"");
     }
     const std::string_view tag = line.substr(0, colon);
     const std::string_view value = line.substr(colon + 1);
     if (tag == "MELODY") {
       next += TakeMelodyLines(value, std::span(lines).subspan(next), reading);
     } else {
-      TakeField(tag, value, next, reading);
+      TakeField(tag, value, reading);
     }
   }
 }

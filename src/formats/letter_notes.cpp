@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::string_view kStart = "MELODY:";
 constexpr std::string_view kEnd = "END:EMELODY";
+constexpr std::string_view kAdvice = "Each note ends with its letter, a to h, or p for a pause";
 
 constexpr char PauseAndGermanB(char c) {
   switch (c) {
@@ -62,15 +63,16 @@ MarkedNotes FindMarkedNotes(std::string_view text) {
 void TakeLetterNotes(std::string_view notes, std::string_view text, FormatMode mode, Reading& reading) {
   std::string tokens = WithoutLayout(notes);
   if (tokens.empty()) {
-    throw ReadFault(ReadFault::Kind::Logged, "the text holds no notes", OriginOf(notes, text, reading.bytes));
+    throw ReadFault(ReadFault::Kind::Logged, "the text holds no notes", OriginOf(notes, text, reading.bytes),
+                    kAdvice);
   }
   std::transform(tokens.begin(), tokens.end(), tokens.begin(), PauseAndGermanB);
   for (std::string_view rest = tokens; !rest.empty();) {
     const std::string_view token = FrontToken(rest);
     if (token.empty()) {
       reading.services.log.WriteLog("Critical error when converting!!!!", 1);
-      throw ReadFault(ReadFault::Kind::Quiet, "the notes end without a tone letter: " + Quoted(rest),
-                      OriginOf(rest, tokens, OriginOf(notes, text, reading.bytes)));
+      throw ReadFault(ReadFault::Kind::Quiet, "the notes end without a tone letter",
+                      OriginOf(rest, tokens, OriginOf(notes, text, reading.bytes)), kAdvice);
     }
     rest.remove_prefix(token.size());
     reading.Append(Decode(token, mode, {}, reading.services.log));

@@ -24,6 +24,9 @@ struct MarkedNotes {
 };
 MarkedNotes FindMarkedNotes(std::string_view text);
 
+/// For a refusal of a text whose markers are missing.
+inline constexpr std::string_view kMarkersAdvice = "Notes stand between \"MELODY:\" and \"END:EMELODY\"";
+
 /// Removes layout from `notes`, turns p, P and "-" into pauses and h, H into b, cuts the tokens and takes in
 /// their elements in `mode`. A remainder that ends no token is logged ("Critical error when converting!!!!",
 /// level 1) and ends the read quietly; a text without any token ends it with a logged fault. `notes` is a

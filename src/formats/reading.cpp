@@ -14,6 +14,7 @@ constexpr bool EndsLine(char c) { return c == '\r' || c == '\n'; }
 // For a message: cut when it is long, control characters as "?".
 std::string Shown(std::string_view text) {
   std::string shown(text.substr(0, kLongestShown));
+  if (text.size() > kLongestShown) shown += "...";
   std::replace_if(
       shown.begin(), shown.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
   return shown;
@@ -68,6 +69,7 @@ ReadResult RunReader(std::string_view routine, std::string_view bytes, const Rea
   } catch (const ReadFault& fault) {
     if (fault.kind == ReadFault::Kind::Logged) logFault();
     refusal.why = fault.what();
+    refusal.advice = fault.advice;
     if (fault.where) SetPlace(refusal, bytes, *fault.where);
   } catch (const std::exception& fault) {
     logFault();
@@ -90,10 +92,6 @@ std::string_view OriginOf(std::string_view part, std::string_view text, std::str
   const size_t visible = CountVisible(part);
   if (visible > 0) original.remove_prefix(LengthOfVisible(original, 1) - 1);
   return original.substr(0, LengthOfVisible(original, visible));
-}
-
-std::string Quoted(std::string_view text) {
-  return "\"" + Shown(text) + (text.size() > kLongestShown ? "...\"" : "\"");
 }
 
 std::vector<std::string_view> SplitLines(std::string_view bytes) {

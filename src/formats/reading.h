@@ -37,12 +37,14 @@ class ReadFault : public std::runtime_error {
   };
 
   /// `where` is the part of the bytes that is to blame, if any; an empty one stands for what is missing
-  /// there.
-  ReadFault(Kind kind, const std::string& why, std::optional<std::string_view> where = {})
-      : std::runtime_error(why), kind(kind), where(where) {}
+  /// there. `advice` as in Refusal.
+  ReadFault(Kind kind, const std::string& why, std::optional<std::string_view> where = {},
+            std::string_view advice = {})
+      : std::runtime_error(why), kind(kind), where(where), advice(advice) {}
 
   Kind kind;
   std::optional<std::string_view> where;
+  std::string advice;
 };
 
 /// Runs `body` over `bytes` in one log operation. A ReadFault, or any other standard exception (which counts
@@ -57,9 +59,6 @@ void RequireCharacters(const Reading& reading, size_t fewest);
 /// layout. An empty part stands right behind the character before it. So places cost nothing until a read
 /// fails.
 std::string_view OriginOf(std::string_view part, std::string_view text, std::string_view original);
-
-/// `text` in double quotes for use in a message, cut when it is long, control characters as "?".
-std::string Quoted(std::string_view text);
 
 /// The lines of `bytes` without their ends. CR, CR LF or a lone LF ends a line; a last line without an end
 /// counts.

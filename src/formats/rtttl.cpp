@@ -24,7 +24,7 @@ void ReadRtttl(Reading& reading) {
   const RtttlParts parts = TakeRtttlText(reading);
   if (reading.record.info.loop != 0) AddRepeat(reading);
   if (reading.elements.empty()) {
-    throw ReadFault(ReadFault::Kind::Logged, "the text holds no notes", parts.notes);
+    throw ReadFault(ReadFault::Kind::Logged, "the text holds no notes", parts.notes, kRtttlAdvice);
   }
 }
 

@@ -13,7 +13,7 @@ RtttlParts Split(std::string_view bytes) {
   const size_t first = bytes.find(':');
   const size_t second = first == std::string_view::npos ? first : bytes.find(':', first + 1);
   if (second == std::string_view::npos) {
-    throw ReadFault(ReadFault::Kind::Logged, "the text holds fewer than two \":\"", bytes);
+    throw ReadFault(ReadFault::Kind::Logged, "the text holds fewer than two \":\"", bytes, kRtttlAdvice);
   }
   return {bytes.substr(0, second), bytes.substr(second + 1)};
 }
@@ -64,8 +64,8 @@ class Header {
   Int Fitting(std::string_view text, std::optional<Int> number) const {
     if (number) return *number;
     const std::string_view field = text.substr(0, 2 + FrontDigits(text).size());
-    throw ReadFault(ReadFault::Kind::Logged, "the header's " + Quoted(field) + " is out of range",
-                    OriginOf(field, text_, original_));
+    throw ReadFault(ReadFault::Kind::Logged, "a number of the header is out of range",
+                    OriginOf(field, text_, original_), kRtttlAdvice);
   }
 
   std::string_view original_;

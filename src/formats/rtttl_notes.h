@@ -11,6 +11,9 @@
 
 namespace trillomat {
 
+/// For a refusal of a text that is no RTTTL.
+inline constexpr std::string_view kRtttlAdvice = "A tune looks like \"name:d=4,o=5,b=120:c,8d,2e6\"";
+
 /// The two halves of an RTTTL text, around its second ":".
 struct RtttlParts {
   std::string_view header;  ///< name, ":" and keys

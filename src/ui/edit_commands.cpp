@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/scoped_value.h"
+#include "files/refusal_text.h"
 #include "ui/melody_clipboard.h"
 #include "ui/qt_text.h"
 
@@ -29,7 +30,7 @@ void EditCommands::Paste() {
   const ScopedValue pasting(pasting_, true);
   ReadResult read = PasteFromClipboard(document_.Mode(), services_);
   if (read) return composer_.Paste(std::move(read.elements));
-  say_(QStringLiteral("Not pasted: ") + ToQString(read.refusal->why));
+  say_(QStringLiteral("Not pasted: ") + FromUtf8Bytes(RefusalText({}, *read.refusal)));
 }
 
 }  // namespace trillomat

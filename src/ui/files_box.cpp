@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/code_page.h"
+#include "files/refusal_text.h"
 #include "ui/export_window.h"
 #include "ui/import_window.h"
 #include "ui/qt_text.h"
@@ -152,7 +153,7 @@ void FilesBox::Import() {
   if (!imported) return;
   if (!imported->read) {
     parts_.record = imported->read.record;
-    return Say({"Not imported: " + ToUtf8(imported->read.refusal->why)});
+    return Say({"Not imported: " + RefusalText({}, *imported->read.refusal)});
   }
   browser_.TakeImported(std::move(imported->read));
   if (!imported->notAdapted.empty()) Say({"Not adapted: " + ToUtf8(imported->notAdapted)});

@@ -37,18 +37,21 @@ TEST(Import, RefusesWithALogLineAndAPlace) {
   const std::string cut = "1: Critical error when converting!!!!";
   const std::vector<std::string> rtttl{"1: Error in Convert_RTTTL", failed};
   const std::vector<std::string> eMelody{"1: Error in bConvert_EMelody", failed};
-  CheckImports(PastedFormat::Rtttl,
-               {{"one colon", "one:colon,", "1:1 the text holds fewer than two \":\"", rtttl},
-                {"no notes", "a:\r\no=5,:so,", "2:6 there is no note behind the second \":\"", rtttl},
-                {"loop", "a:\n l=40 000,:c,", "2:2 the header's \"l=40000\" is out of range", rtttl}});
-  CheckImports(PastedFormat::EMelody,
-               {{"nothing", "", "1:1 the text holds no notes", eMelody},
-                {"no end", "x\n MELODY:c", "2:2 there is no \"END:EMELODY\" behind \"MELODY:\"", eMelody},
-                {"no notes", "MELODY: END:EMELODY", "1:8 the text holds no notes", eMelody},
-                {"no letter", "c\n z", "2:2 the notes end without a tone letter: \"z\"", {cut, failed}}});
-  CheckImports(PastedFormat::Melody,
-               {{"blanks", " \r\n", "1:1 the text holds no notes", {"1: Error in bConvert_Melody", failed}},
-                {"no letter", "cd\n x)", "2:2 the notes end without a tone letter: \"x)\"", {cut, failed}}});
+  CheckImports(
+      PastedFormat::Rtttl,
+      {{"one colon", "one:colon,", "1:1 the text holds fewer than two \":\": \"one:colon,\"", rtttl},
+       {"no notes", "a:\r\no=5,:so,", "2:6 there is no note behind the second \":\": \"so,\"", rtttl},
+       {"loop", "a:\n l=40 000,:c,", "2:2 a number of the header is out of range: \"l=40 000\"", rtttl}});
+  CheckImports(
+      PastedFormat::EMelody,
+      {{"nothing", "", "1:1 the text holds no notes: \"\"", eMelody},
+       {"no end", "x\n MELODY:c", "2:2 there is no \"END:EMELODY\" behind \"MELODY:\": \"MELODY:\"", eMelody},
+       {"no notes", "MELODY: END:EMELODY", "1:8 the text holds no notes: \"\"", eMelody},
+       {"no letter", "c\n z", "2:2 the notes end without a tone letter: \"z\"", {cut, failed}}});
+  CheckImports(
+      PastedFormat::Melody,
+      {{"blanks", " \r\n", "1:1 the text holds no notes: \"\"", {"1: Error in bConvert_Melody", failed}},
+       {"no letter", "cd\n x)", "2:2 the notes end without a tone letter: \"x)\"", {cut, failed}}});
 }
 
 TEST(Import, SetsTheSongInformation) {

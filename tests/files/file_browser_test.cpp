@@ -248,7 +248,9 @@ TEST_F(FilesTest, AFileFromOutsideOpensAsIfClicked) {
   const std::array<std::string, 3> refused[] = {
       {"x/b.txt", "2: Not a melody file (imy, emy, rtx, mel)->C:\\x\\b.txt", ""},
       {"gone/a.MEL", failure, "Not opened: there is no file a.MEL"},
-      {"bad.emy", failure, "Not opened: the file holds no \"MELODY:\""}};
+      {"bad.emy", failure,
+       "Not opened: bad.emy, line 1, column 1: the file holds no \"MELODY:\" (\"no melody at all\"). "
+       "Notes stand between \"MELODY:\" and \"END:EMELODY\"."}};
   for (const auto& [file, line, notice] : refused) {
     log.lines.clear();
     EXPECT_FALSE(browser.OpenFile(folder / file));

@@ -68,7 +68,7 @@ TEST(Formats, ARefusalShowsWhatStandsThereOnItsLine) {
     return Read(notes, FormatMode::Melody, {}, fake.services).refusal->text;
   };
   EXPECT_EQ(textOf("cd\n 7\t7\r\n7"), "7?7");
-  EXPECT_EQ(textOf("c\n" + std::string(61, '7')), std::string(60, '7'));
+  EXPECT_EQ(textOf("c\n" + std::string(61, '7')), std::string(60, '7') + "...");
 }
 
 }  // namespace

@@ -8,7 +8,7 @@ constexpr const char* kFault = "1: Error in bReadFile_IMelody";
 std::string Song(const std::string& melody) { return "MELODY:" + melody + "\r\nEND:IMELODY\r\n"; }
 
 std::string NoLength(const std::string& place, const std::string& rest) {
-  return place + " no note with a length digit follows in the melody: \"" + rest + "\"";
+  return place + " no note with a length follows: \"" + rest + "\"";
 }
 
 TEST(IMelody, CutsTheMelodyIntoTokens) {
@@ -21,13 +21,13 @@ TEST(IMelody, CutsTheMelodyIntoTokens) {
               {"layout anywhere, over lines", Song(" c\t2\r\n *5\r\n c 3"), "4 c 1 1, 5 c 0.5 1"},
               {"the octave digit ends no token", Song("*5c2*6*7"), NoLength("1:12", "*6*7"), {kFault}},
               {"a star of the token before does not count", Song("V*3c2"), "V*3, 4 c 1 1"},
-              {"no length, over lines", Song("c2\nd \n\td"), NoLength("2:1", "dd"), {kFault}},
+              {"no length, over lines", Song("c2\nd \n\td"), NoLength("2:1", "d "), {kFault}},
               {"no token at all", Song(""), NoLength("1:8", ""), {kFault}},
               {"a volume at the end eats into the sentinel", Song("c2V"), NoLength("1:11", ""), {kFault}},
               {"half a command does, too", Song("c2led"), NoLength("1:13", ""), {half, kFault}},
               {"a repeat end without a bracket",
                Song("c2 \r\n d2@\t3"),
-               "2:4 a repeat end has no \")\": \"@3\"",
+               "2:4 a repeat end has no \")\": \"@?3\"",
                {kFault}},
               {"a token that is none", Song("xy2"), "0  0 0", {"1: Could not decode the note....-->xy2"}}});
 }
@@ -53,15 +53,15 @@ TEST(IMelody, WalksTheTagLines) {
               {"any END closes it", "MELODY:c2\nd2\nTREND:x\n", "4 c 1 1, 4 d 1 1", {unknown + "TREND"}},
               {"an END in the melody line itself does not",
                "MELODY:ENDc2",
-               "1:8 no END line follows the MELODY line",
+               "1:8 no END line follows the MELODY line: \"ENDc2\"",
                {kFault}},
-              {"a line without a colon", "NAME:x\r\nOops\r\n", "2:1 line 2 has no \":\": \"Oops\""},
-              {"a blank line after the last", Song("c2") + "\r\n", "3:1 line 3 has no \":\": \"\""},
-              {"a line of NUL", std::string("NAME:x\n\0", 8), "2:1 line 2 has no \":\": \"?\""},
-              {"no bytes", "", "1:1 the file is empty", {kFault}},
+              {"a line without a colon", "NAME:x\r\nOops\r\n", "2:1 the line has no \":\": \"Oops\""},
+              {"a blank line after the last", Song("c2") + "\r\n", "3:1 the line has no \":\": \"\""},
+              {"a line of NUL", std::string("NAME:x\n\0", 8), "2:1 the line has no \":\": \"?\""},
+              {"no bytes", "", "0:0 the file is empty: \"\"", {kFault}},
               {"a beat of eleven digits",
                "NAME:\rBEAT:99999999999",
-               "2:6 line 2: the beat is out of range: \"99999999999\"",
+               "2:6 the beat is out of range: \"99999999999\"",
                {kFault}}});
 }
 

@@ -23,13 +23,16 @@ TEST(EMelody, ReadsWhatStandsBetweenTheMarkers) {
        {"a letter before a bracket ends no token", Song("c)d"), "3 c)d 0.5 1"},
        {"signs between the letters end tokens", Song("^."), "3 ^ 4 1"},
        {"a z ends none", Song("zczz"), NoLetter("3:10", "zz"), {kCritical}},
-       {"digits alone, over lines", Song("c2 1\n2"), NoLetter("3:9", "212"), {kCritical}},
+       {"digits alone, over lines", Song("c2 1\n2"), NoLetter("3:9", "2 1"), {kCritical}},
        {"one dot belongs to a token", Song("c.."), NoLetter("3:10", "."), {kCritical}},
-       {"nothing between", Song(" \t"), "3:8 the text holds no notes", {"1: Error in bReadFile_EMelody"}},
-       {"no start", "cde", "1:1 the file holds no \"MELODY:\""},
-       {"no end", "x\nMEL\nODY:cde\r\nEND:IMELODY", "2:1 no \"END:EMELODY\" follows \"MELODY:\""},
+       {"nothing between",
+        Song(" \t"),
+        "3:8 the text holds no notes: \"\"",
+        {"1: Error in bReadFile_EMelody"}},
+       {"no start", "cde", "1:1 the file holds no \"MELODY:\": \"cde\""},
+       {"no end", "x\nMEL\nODY:cde\r\nEND:IMELODY", "2:1 no \"END:EMELODY\" follows \"MELODY:\": \"MEL\""},
        {"markers across lines", "MELO\r\nDY:c\nEND:EMEL\rODY", "3 c 0.5 1"},
-       {"one character", "c\r\n", "1:1 the file holds fewer than 2 characters"}});
+       {"one character", "c\r\n", "1:1 the file holds fewer than 2 characters: \"c\""}});
 }
 
 TEST(Melody, ReadsTheWholeText) {
@@ -40,9 +43,9 @@ TEST(Melody, ReadsTheWholeText) {
        {"pauses and the German h", "pP-hH", "3 r 0.5 1, 3 R 1 1, 3 r 0.5 1, 3 b 0.5 1, 3 B 1 1"},
        {"a dot stays with its letter", "c.d", "3 c. 0.5 1, 3 d 0.5 1"},
        {"a long rest without a letter", "c\n" + sixty + "8", NoLetter("2:1", sixty + "..."), {kCritical}},
-       {"blanks alone", "  \t", "1:1 the text holds no notes", {"1: Error in bReadFile_Melody"}},
-       {"an empty line", "\r\n", "1:1 the file holds fewer than 2 characters"},
-       {"one character", "c", "1:1 the file holds fewer than 2 characters"}});
+       {"blanks alone", "  \t", "1:1 the text holds no notes: \"\"", {"1: Error in bReadFile_Melody"}},
+       {"an empty line", "\r\n", "1:1 the file holds fewer than 2 characters: \"\""},
+       {"one character", "c", "1:1 the file holds fewer than 2 characters: \"c\""}});
 }
 
 TEST(LetterFormats, LeaveOutWhatTheyCannotHold) {

@@ -12,11 +12,12 @@
 
 namespace trillomat {
 
-/// The elements as Described tells them, or "LINE:COLUMN WHY" of a refusal.
+/// The elements as Described tells them, or 'LINE:COLUMN WHY: "TEXT"' of a refusal.
 inline std::string OutcomeOf(const ReadResult& read) {
   if (read) return Described(read.elements);
   const Refusal& refusal = *read.refusal;
-  return std::to_string(refusal.line) + ":" + std::to_string(refusal.column) + " " + refusal.why;
+  return std::to_string(refusal.line) + ":" + std::to_string(refusal.column) + " " + refusal.why + ": \"" +
+         refusal.text + "\"";
 }
 
 struct ReadCase {

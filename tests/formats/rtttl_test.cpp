@@ -11,7 +11,7 @@ constexpr const char* kFault = "1: Error in bReadFile_RTTTL";
 std::string LastNote(const std::string& token) { return "1: Last Note?\?-->" + token; }
 
 std::string OutOfRange(const std::string& place, const std::string& field) {
-  return place + " the header's \"" + field + "\" is out of range";
+  return place + " a number of the header is out of range: \"" + field + "\"";
 }
 
 TEST(Rtttl, ReadsNotes) {
@@ -31,14 +31,14 @@ TEST(Rtttl, ReadsNotes) {
        {"the last repeat with an end", "t:l=14,s=N:c,", "(, 4 c 1 1, @14)", {repeat}},
        {"no more with an end", "t:l=15,s=N:c,", "(, 4 c 1 1, @0)", {repeat}},
        {"a repeat without notes", "t:l=2,s=N:o", "(, @2)", {LastNote("o"), repeat}},
-       {"no notes", "t:s=N:", "1:7 the text holds no notes", {kFault}},
-       {"only refused notes", "t:s=N:o,s,", "1:7 the text holds no notes", {kFault}},
-       {"one colon", "t:c,d,e", "1:1 the text holds fewer than two \":\"", {kFault}},
-       {"four characters", "t::\r\nc", "1:1 the file holds fewer than 5 characters"},
-       {"five characters with blanks", "t : : \n", "1:6 the text holds no notes", {kFault}},
+       {"no notes", "t:s=N:", "1:7 the text holds no notes: \"\"", {kFault}},
+       {"only refused notes", "t:s=N:o,s,", "1:7 the text holds no notes: \"o,s,\"", {kFault}},
+       {"one colon", "t:c,d,e", "1:1 the text holds fewer than two \":\": \"t:c,d,e\"", {kFault}},
+       {"four characters", "t::\r\nc", "1:1 the file holds fewer than 5 characters: \"t::\""},
+       {"five characters with blanks", "t : : \n", "1:6 the text holds no notes: \" \"", {kFault}},
        {"a beat that does not fit",
         "t:\nb = 99999 99999:c",
-        OutOfRange("2:1", "b=9999999999"),
+        OutOfRange("2:1", "b = 99999 99999"),
         {kAtTheEnd, kFault}},
        {"a loop that does not fit", "t:l=40000,s=N:c", OutOfRange("1:3", "l=40000"), {kFault}},
        {"an octave that does not fit", "t:o=32770,s=N:c", OutOfRange("1:3", "o=32770"), {kFault}}});

@@ -259,7 +259,9 @@ TEST_F(MainWindowFiles, TheSelectedRowIsWhatCtrlSOverwritesAndWithoutOneItIsSave
 
 TEST_F(MainWindowFiles, WhatWasNotDoneIsSaidAboveTheMelodyUntilSomethingIsOpened) {
   window.OpenFile(folder / "bad.imy");
-  EXPECT_EQ(NoticeText().toStdString(), "Not opened: line 4 has no \":\": \"no colon\"");
+  EXPECT_EQ(NoticeText().toStdString(),
+            "Not opened: bad.imy, line 4, column 1: the line has no \":\" (\"no colon\"). "
+            "Each line begins with a tag and \":\", like \"NAME:Tune\".");
   window.OpenFile(folder / "a.imy");
   EXPECT_EQ(NoticeText(), "");
   window.OpenFile(folder / "<b>nosuch.imy");

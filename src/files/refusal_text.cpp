@@ -1,0 +1,31 @@
+#include "files/refusal_text.h"
+
+#include "core/code_page.h"
+
+namespace trillomat {
+namespace {
+
+std::string PlaceText(const Refusal& refusal) {
+  if (refusal.line == 0) return {};
+  return "line " + std::to_string(refusal.line) + ", column " + std::to_string(refusal.column);
+}
+
+std::string FoundText(const Refusal& refusal) {
+  if (refusal.line == 0) return {};
+  if (!refusal.text.empty()) return " (\"" + refusal.text + "\")";
+  return refusal.column == 1 ? " (an empty line)" : " (the line ends there)";
+}
+
+}  // namespace
+
+std::string RefusalText(std::string_view name, const Refusal& refusal) {
+  const std::string place = PlaceText(refusal);
+  std::string text(name);
+  if (!text.empty() && !place.empty()) text += ", ";
+  text += place;
+  if (!text.empty()) text += ": ";
+  text += ToUtf8(refusal.why + FoundText(refusal));
+  return refusal.advice.empty() ? text : text + ". " + ToUtf8(refusal.advice) + ".";
+}
+
+}  // namespace trillomat

@@ -1,0 +1,16 @@
+// Why a text was refused, in words for the message bar and the command line. UTF-8, as all messages of files.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/refusal.h"
+
+namespace trillomat {
+
+/// One or two short sentences: 'tune.imy, line 12, column 1: the line has no ":" (an empty line). Each line
+/// begins with a tag and ":", like "NAME:Tune".' What is not known is left out. `name` (UTF-8) is that of
+/// what was read, empty for a text without one.
+std::string RefusalText(std::string_view name, const Refusal& refusal);
+
+}  // namespace trillomat
