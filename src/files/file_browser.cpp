@@ -156,9 +156,9 @@ bool FileBrowser::ReadSelected(std::string_view missingBackslash) {
     parts_.services.log.WriteLog(missingBackslash, 1);
     given += '\\';
   }
-  const bool opened = opener_.Open(parts_.store.NativePath(given + Selected()->name), parts_.document.Mode());
-  if (opened) SayDone();
-  return opened;
+  const auto done = opener_.Open(parts_.store.NativePath(given + Selected()->name), parts_.document.Mode());
+  if (done) SayDone(*done);
+  return done.has_value();
 }
 
 // The second press of a double click on a file belongs to the first, which has opened it or will.

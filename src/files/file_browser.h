@@ -60,9 +60,9 @@ class FileBrowser {
   /// mode follows its extension, the browse folder its folder, and its row is selected. False when it was
   /// not opened; a file that is no melody file is said so to the user (level 2).
   bool OpenFile(const std::filesystem::path& file);
-  /// Takes in what was imported and not refused, under the token of who imported it. Nothing is selected
-  /// any more.
-  void TakeImported(ReadResult&& read);
+  /// Takes in what was imported and not refused, under the token of who imported it, and says `done`. Nothing
+  /// is selected any more.
+  void TakeImported(ReadResult&& read, const FileMessage& done = {});
 
   // Commands that put another song in the place of the composed one, which is kept if it was not saved. None
   // of them does anything while a melody plays.
@@ -101,7 +101,7 @@ class FileBrowser {
   void EnterFolder(const FileRow& row);
   FileMessage Delete(const TargetFile& file);
   void Restore();
-  void SayDone();
+  void SayDone(const FileMessage& done = {});
   void AddRows(const FolderListing& listing, RowKind kind, std::string_view failure);
   std::string Rename(const TargetFile& file, const std::string& newGiven);
 

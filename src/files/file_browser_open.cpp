@@ -27,7 +27,7 @@ std::string OpenFilter() {
 bool FileBrowser::OpenFile(const std::filesystem::path& file) {
   const std::string extension = Utf8OfPath(file.extension());
   const auto mode = ModeOfExtension(std::string_view(extension).substr(extension.empty() ? 0 : 1));
-  bool opened = false;
+  std::optional<FileMessage> opened;
   {
     const auto operation = parts_.operations.Begin();
     if (!operation) return false;
@@ -43,15 +43,15 @@ bool FileBrowser::OpenFile(const std::filesystem::path& file) {
     Refresh();
     if (shown) Select(RowOf({RowKind::File, given->substr(given->rfind('\\') + 1)}), true);
     parts_.host.ShowSelectedFile();
-    if (opened) SayDone();
+    if (opened) SayDone(*opened);
   }
   if (opened) parts_.host.PlayOrShow();
-  return opened;
+  return opened.has_value();
 }
 
-void FileBrowser::TakeImported(ReadResult&& read) {
+void FileBrowser::TakeImported(ReadResult&& read, const FileMessage& done) {
   opener_.TakeImported(std::move(read));
-  SayDone();
+  SayDone(done);
   Select(kNoRow, false);
   parts_.host.ShowSelectedFile();
 }
@@ -112,6 +112,8 @@ void FileBrowser::CloseMessage() {
 }
 
 // What an earlier command came to is of no interest any more, but what the last run left is.
-void FileBrowser::SayDone() { parts_.host.Say(left_ ? MessageOf(*left_) : FileMessage{}); }
+void FileBrowser::SayDone(const FileMessage& done) {
+  parts_.host.Say(done.text.empty() && left_ ? MessageOf(*left_) : done);
+}
 
 }  // namespace trillomat

@@ -26,7 +26,7 @@ std::string WhyNoFile(const fs::path& file, const FileStore& store) {
 
 }  // namespace
 
-bool Opener::Open(const fs::path& file, FormatMode mode) {
+std::optional<FileMessage> Opener::Open(const fs::path& file, FormatMode mode) {
   if (const std::string why = WhyNoFile(file, parts_.store); !why.empty()) return Refuse(why);
   const auto bytes = ReadFile(file, parts_.store);
   const std::string name = Utf8OfPath(file.filename());
@@ -41,15 +41,16 @@ bool Opener::Open(const fs::path& file, FormatMode mode) {
   parts_.host.ShowProgress({});
   parts_.record = read.record;
   if (!read) return Refuse(RefusalText(name, *read.refusal));
+  FileMessage done{NotUnderstoodText(read.notUnderstood)};
   Replace(std::move(read), mode, fs::absolute(file), "opening");
   parts_.recent.Add(file);
-  return true;
+  return done;
 }
 
-bool Opener::Refuse(std::string_view why) {
+std::nullopt_t Opener::Refuse(std::string_view why) {
   parts_.services.log.WriteLog("Error when decoding file", 1);
   parts_.host.Say({"Not opened: " + std::string(why)});
-  return false;
+  return std::nullopt;
 }
 
 void Opener::TakeImported(ReadResult&& read) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 
 #include "files/files_host.h"
 
@@ -12,10 +13,10 @@ class Opener {
  public:
   explicit Opener(const FileParts& parts) : parts_(parts) {}
 
-  /// Reads the file as one of `mode`, which the composer enters when the song is taken in. True when it
-  /// replaced the song. Otherwise song and mode stay, "Error when decoding file" stands in the log, and why
-  /// is said.
-  bool Open(const std::filesystem::path& file, FormatMode mode);
+  /// Reads the file as one of `mode`, which the composer enters when the song is taken in. Gives what is to
+  /// be said once it has replaced the song. Otherwise song and mode stay, "Error when decoding file" stands
+  /// in the log, and why is said.
+  std::optional<FileMessage> Open(const std::filesystem::path& file, FormatMode mode);
 
   /// Takes in what was imported, which was not refused. It belongs to no file.
   void TakeImported(ReadResult&& read);
@@ -29,7 +30,7 @@ class Opener {
 
  private:
   void Replace(ReadResult&& read, FormatMode mode, const std::filesystem::path& file, std::string_view step);
-  bool Refuse(std::string_view why);
+  std::nullopt_t Refuse(std::string_view why);
 
   FileParts parts_;
 };

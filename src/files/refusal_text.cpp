@@ -28,4 +28,13 @@ std::string RefusalText(std::string_view name, const Refusal& refusal) {
   return refusal.advice.empty() ? text : text + ". " + ToUtf8(refusal.advice) + ".";
 }
 
+std::string NotUnderstoodText(const NotUnderstood& lost) {
+  if (lost.count == 0) return {};
+  const std::string elements = std::to_string(lost.of) + (lost.of == 1 ? " element" : " elements");
+  const std::string first = lost.first.text.empty() ? "empty" : "\"" + ToUtf8(lost.first.text) + "\"";
+  return std::to_string(lost.count) + " of " + elements +
+         (lost.count == 1 ? " was not understood: it is " : " were not understood, the first is ") + first +
+         " in " + PlaceText(lost.first);
+}
+
 }  // namespace trillomat

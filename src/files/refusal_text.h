@@ -1,10 +1,11 @@
-// Why a text was refused, in words for the message bar and the command line. UTF-8, as all messages of files.
+// Why a text was refused, or what of it was not understood, in words for the message bar and the command
+// line. UTF-8, as all messages of files.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-#include "core/refusal.h"
+#include "formats/formats.h"
 
 namespace trillomat {
 
@@ -12,5 +13,8 @@ namespace trillomat {
 /// begins with a tag and ":", like "NAME:Tune".' What is not known is left out. `name` (UTF-8) is that of
 /// what was read, empty for a text without one.
 std::string RefusalText(std::string_view name, const Refusal& refusal);
+
+/// '3 of 120 elements were not understood, the first is "85_" in line 1, column 24'; empty where all were.
+std::string NotUnderstoodText(const NotUnderstood& lost);
 
 }  // namespace trillomat

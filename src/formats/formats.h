@@ -15,11 +15,19 @@
 
 namespace trillomat {
 
+/// What a reader kept, or dropped, without knowing what it is: IsUnderstood is false for it.
+struct NotUnderstood {
+  size_t count = 0;
+  size_t of = 0;       ///< elements that were read, those that were dropped too
+  Refusal first = {};  ///< where the first stands, without a why
+};
+
 /// What a read or an import came to.
 struct ReadResult {
   ElementList elements;            ///< empty when it was refused
   ReadRecord record;               ///< what was read of the song information, refused or not: see ReadRecord
   std::optional<Refusal> refusal;  ///< why there are no elements
+  NotUnderstood notUnderstood = {};
 
   explicit operator bool() const { return !refusal; }
 };

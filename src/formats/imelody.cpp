@@ -64,6 +64,9 @@ class MelodyRest {
     return token;
   }
 
+  /// Where a token stands in the file.
+  std::string_view Origin(std::string_view token) const { return OriginOf(token, text_, original_); }
+
  private:
   size_t TokenLength() const {
     for (const NamedCommand& command : kNamedCommands) {
@@ -110,10 +113,14 @@ class MelodyRest {
 
 void TakeMelody(std::string_view original, Reading& reading) {
   reading.elements.clear();
+  reading.notUnderstood = {};
   MelodyRest rest(original);
   // The end is looked for behind a token, so a melody without one fails.
   do {
-    reading.Append(Decode(rest.TakeToken(), FormatMode::IMelody, {}, reading.services.log));
+    const std::string_view token = rest.TakeToken();
+    Element element = Decode(token, FormatMode::IMelody, {}, reading.services.log);
+    reading.Count(element, [&] { return rest.Origin(token); });
+    reading.Append(std::move(element));
   } while (!rest.IsEmpty());
 }
 

@@ -67,15 +67,19 @@ void TakeLetterNotes(std::string_view notes, std::string_view text, FormatMode m
                     kAdvice);
   }
   std::transform(tokens.begin(), tokens.end(), tokens.begin(), PauseAndGermanB);
+  const auto origin = [&](std::string_view part) {
+    return OriginOf(part, tokens, OriginOf(notes, text, reading.bytes));
+  };
   for (std::string_view rest = tokens; !rest.empty();) {
     const std::string_view token = FrontToken(rest);
     if (token.empty()) {
       reading.services.log.WriteLog("Critical error when converting!!!!", 1);
-      throw ReadFault(ReadFault::Kind::Quiet, "the notes end without a tone letter",
-                      OriginOf(rest, tokens, OriginOf(notes, text, reading.bytes)), kAdvice);
+      throw ReadFault(ReadFault::Kind::Quiet, "the notes end without a tone letter", origin(rest), kAdvice);
     }
     rest.remove_prefix(token.size());
-    reading.Append(Decode(token, mode, {}, reading.services.log));
+    Element element = Decode(token, mode, {}, reading.services.log);
+    reading.Count(element, [&] { return origin(token); });
+    reading.Append(std::move(element));
   }
 }
 

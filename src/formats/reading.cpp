@@ -65,7 +65,12 @@ ReadResult RunReader(std::string_view routine, std::string_view bytes, const Rea
   const auto logFault = [&] { services.log.WriteLog("Error in " + std::string(routine), 1); };
   try {
     body(reading);
-    return {.elements = std::move(reading.elements), .record = std::move(reading.record), .refusal = {}};
+    NotUnderstood& lost = reading.notUnderstood;
+    if (lost.count > 0) SetPlace(lost.first, bytes, reading.firstNotUnderstood);
+    return {.elements = std::move(reading.elements),
+            .record = std::move(reading.record),
+            .refusal = {},
+            .notUnderstood = std::move(lost)};
   } catch (const ReadFault& fault) {
     if (fault.kind == ReadFault::Kind::Logged) logFault();
     refusal.why = fault.what();
@@ -93,6 +98,8 @@ std::string_view OriginOf(std::string_view part, std::string_view text, std::str
   if (visible > 0) original.remove_prefix(LengthOfVisible(original, 1) - 1);
   return original.substr(0, LengthOfVisible(original, visible));
 }
+
+std::string Quoted(std::string_view text) { return "\"" + Shown(text) + "\""; }
 
 std::vector<std::string_view> SplitLines(std::string_view bytes) {
   std::vector<std::string_view> lines;

@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/codec.h"
 #include "formats/formats.h"
 
 namespace trillomat {
@@ -21,7 +22,17 @@ struct Reading {
   ReadRecord record;
   ElementList elements;
   Services services;
+  NotUnderstood notUnderstood = {};
+  std::string_view firstNotUnderstood = {};  ///< where it stands in the bytes
 
+  /// Counts an element that was cut and decoded. `where` gives the part of the bytes that it was; it is asked
+  /// for that of the first which is not understood, so that places cost nothing for all others.
+  template <typename Where>
+  void Count(const Element& element, const Where& where) {
+    ++notUnderstood.of;
+    if (IsUnderstood(element)) return;
+    if (notUnderstood.count++ == 0) firstNotUnderstood = where();
+  }
   /// Takes in one element, then lets events run.
   void Append(Element element);
   /// Throws when the program is ending.
@@ -59,6 +70,9 @@ void RequireCharacters(const Reading& reading, size_t fewest);
 /// layout. An empty part stands right behind the character before it. So places cost nothing until a read
 /// fails.
 std::string_view OriginOf(std::string_view part, std::string_view text, std::string_view original);
+
+/// `text` in double quotes for use in a message, cut when it is long, control characters as "?".
+std::string Quoted(std::string_view text);
 
 /// The lines of `bytes` without their ends. CR, CR LF or a lone LF ends a line; a last line without an end
 /// counts.

@@ -101,6 +101,7 @@ void TakeNotes(std::string_view notes, Reading& reading) {
     // Escaped, because "??-" was a trigraph once and compilers warn of it.
     if (comma == std::string_view::npos) log.WriteLog("Last Note?\?-->" + std::string(token), 1);
     Element element = Decode(token, FormatMode::Rtttl, reading.record.rtttl.defaults, log);
+    reading.Count(element, [&] { return OriginOf(token, text, notes); });
     if (element.Command() == kRefusedToken) {
       reading.LetEventsRun();
     } else {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "composer/problems.h"
 #include "core/scoped_value.h"
 #include "files/refusal_text.h"
 #include "ui/melody_clipboard.h"
@@ -29,8 +30,18 @@ void EditCommands::Paste() {
   if (!composer_.MayEdit() || pasting_) return;
   const ScopedValue pasting(pasting_, true);
   ReadResult read = PasteFromClipboard(document_.Mode(), services_);
-  if (read) return composer_.Paste(std::move(read.elements));
+  if (read) {
+    composer_.Paste(std::move(read.elements));
+    return say_(FromUtf8Bytes(NotUnderstoodText(read.notUnderstood)));
+  }
   say_(QStringLiteral("Not pasted: ") + FromUtf8Bytes(RefusalText({}, *read.refusal)));
+}
+
+void EditCommands::GoToNextProblem() {
+  if (!composer_.MayEdit()) return;
+  const auto index = NextProblem(document_);
+  if (index) composer_.SelectElements({*index, *index + 1});
+  say_(ToQString(ProblemWords(document_, index)));
 }
 
 }  // namespace trillomat

@@ -11,7 +11,7 @@ namespace trillomat {
 
 class EditCommands {
  public:
-  /// `say` shows why something was refused.
+  /// `say` shows why something was refused, and what was found.
   EditCommands(const Document& document, Composer& composer, const Services& services,
                std::function<void(const QString&)> say);
 
@@ -20,6 +20,9 @@ class EditCommands {
   void Copy();
   /// A text that is no melody is refused and changes nothing.
   void Paste();
+  /// Selects the next element that was not understood or that the format cannot hold, and says which and why,
+  /// or that there is none.
+  void GoToNextProblem();
   bool HasSelection() const { return !document_.Selection().IsEmpty(); }
 
  private:

@@ -155,8 +155,11 @@ void FilesBox::Import() {
     parts_.record = imported->read.record;
     return Say({"Not imported: " + RefusalText({}, *imported->read.refusal)});
   }
-  browser_.TakeImported(std::move(imported->read));
-  if (!imported->notAdapted.empty()) Say({"Not adapted: " + ToUtf8(imported->notAdapted)});
+  std::string done = NotUnderstoodText(imported->read.notUnderstood);
+  if (!imported->notAdapted.empty()) {
+    done = "Not adapted: " + ToUtf8(imported->notAdapted) + (done.empty() ? "" : ". " + done);
+  }
+  browser_.TakeImported(std::move(imported->read), {done});
 }
 
 void FilesBox::Export() {

@@ -33,6 +33,7 @@ enum class KeyCommand {
   SelectToStart,
   SelectToEnd,
   SelectAll,
+  NextProblem,
   Enter,  ///< presses the button that has the focus; in the note strip takes over length and octave
   Leave,  ///< gives the focus back to the melody
   EraseLeft,

@@ -106,6 +106,7 @@ std::vector<MenuItem> MainWindow::EditItems() {
           {kEdit, "mnuEditDelete", "&Delete", [this] { composer_.EraseSelected("erasing"); }, selected},
           {kEdit, nullptr},
           {kEdit, "mnuEditSelectAll", "Select &all", [this] { composer_.SelectAll(); }, filled},
+          {kEdit, "mnuEditNextProblem", "&Next problem", [this] { edit_.GoToNextProblem(); }, filled},
           {kEdit, nullptr},
           {kEdit, "mnuEditSemitoneUp", "Transpose up by a &semitone", [this] { composer_.MoveSemitones(1); },
            filled},

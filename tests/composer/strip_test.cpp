@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "composer/problems.h"
 #include "composer/strip_layout.h"
 #include "composer/strip_words.h"
 #include "core/ascii.h"
@@ -204,6 +205,24 @@ TEST(StripWordsTest, SayWhatIsAtTheCursor) {
   document.Apply({.cursor = 2, .selection = ElementRange{2, 3}});
   EXPECT_EQ(StripWords(document),
             "Element 3 of 3: d, octave 9, eighth, 300 ms, not in this format. Selected: 3.");
+}
+
+TEST(ProblemsTest, ComeInTurnBehindTheCursorAndRoundAgain) {
+  Document document({ElementsOf("*4c2 ledon *4d2"), {}}, FormatMode::Rtttl);
+  document.Apply({.at = 3, .inserted = {Note("85_", 5), Note("e", 2)}});
+  const auto next = [&document](int32_t cursor) {
+    document.Apply({.cursor = cursor});
+    return ProblemWords(document, NextProblem(document));
+  };
+  EXPECT_EQ(next(-1), "Element 2 of 5: RTTTL cannot hold it (light on)");
+  EXPECT_EQ(next(1), "Element 4 of 5: not understood (unknown tone \"85_\", quarter)");
+  EXPECT_EQ(next(3), "Element 5 of 5: RTTTL cannot hold it (e, octave 2, quarter)");
+  EXPECT_EQ(next(4), next(0));
+  document.Apply({.mode = FormatMode::IMelody});
+  for (const int32_t cursor : {0, 3, 4})
+    EXPECT_EQ(next(cursor).substr(0, 32), "Element 4 of 5: not understood (");
+  document.Apply({.at = 3, .removed = 1});
+  EXPECT_EQ(next(2), "No problem: all elements are understood, and I-Melody can hold them");
 }
 
 }  // namespace

@@ -71,5 +71,26 @@ TEST(Formats, ARefusalShowsWhatStandsThereOnItsLine) {
   EXPECT_EQ(textOf("c\n" + std::string(61, '7')), std::string(60, '7') + "...");
 }
 
+TEST(Formats, TellHowMuchWasNotUnderstoodAndWhereTheFirstStands) {
+  const std::string imelody = "NAME:x\r\nMELODY:";
+  const std::tuple<FormatMode, std::string, std::string> cases[] = {
+      {FormatMode::IMelody, imelody + "c2x\r\n y2d3\r\nEND:IMELODY\r\n", "1 of 3, 2:10 x"},
+      {FormatMode::IMelody, imelody + "x2\r\nEND:x\r\nMELODY:c2d2\r\nEND:x", "0 of 2, 0:0 "},
+      {FormatMode::EMelody, "MELO\nDY:c^d ^eEND:EMELODY", "2 of 5, 2:5 ^"},
+      {FormatMode::Melody, "c\n(b)d.e\tx.", "2 of 4, 2:1 (b)d."},
+      {FormatMode::Rtttl, "t:d=4,o=5,b=63:c,\n 8 5_,so,,9d,e", "4 of 6, 2:2 8 5_"},
+      {FormatMode::Rtttl, "t:d=4,o=5,b=63:c,,d,", "1 of 3, 1:18 "},
+      {FormatMode::Rtttl, "t:d=4,l=3,b=63:c,d#6.,", "0 of 2, 0:0 "}};
+  for (const auto& [mode, text, told] : cases) {
+    FakeServices fake;
+    const NotUnderstood lost = Read(text, mode, {}, fake.services).notUnderstood;
+    EXPECT_EQ(std::to_string(lost.count) + " of " + std::to_string(lost.of) + ", " +
+                  std::to_string(lost.first.line) + ":" + std::to_string(lost.first.column) + " " +
+                  lost.first.text,
+              told)
+        << text;
+  }
+}
+
 }  // namespace
 }  // namespace trillomat

@@ -1,6 +1,7 @@
 // Start and end of the program, settings, files, import, recovery and what is said of them in the window.
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QStatusBar>
 #include <QTimer>
 #include <QUrl>
 
@@ -255,6 +256,28 @@ TEST_F(MainWindowFiles, TheSelectedRowIsWhatCtrlSOverwritesAndWithoutOneItIsSave
   EXPECT_THAT(folder.Read("other.imy"), HasSubstr("MELODY:d2"));
   questions.yes = false;
   EXPECT_EQ(SavedAs("b.imy"), Tune("e2"));
+}
+
+TEST_F(MainWindowFiles, WhatWasNotUnderstoodIsSaidAndFoundOneByOne) {
+  const auto status = [this] { return window.statusBar()->currentMessage().toStdString(); };
+  SetToggle("mnuSettingAutoPlay", false);
+  folder.Write("slips.rtx", "slips:d=4,o=5,b=63:c,8c_,d,,oops,e,");
+  window.OpenFile(folder / "slips.rtx");
+  EXPECT_EQ(NoticeText(), "3 of 6 elements were not understood, the first is \"8c_\" in line 1, column 22");
+  for (const char* problem : {"2 of 5", "4 of 5", "2 of 5"}) {
+    PressKey(Qt::Key_F8);
+    EXPECT_THAT(status(), testing::StartsWith("Element " + std::string(problem) + ": not understood ("));
+    EXPECT_EQ(document.Selection(), (ElementRange{document.Cursor(), document.Cursor() + 1}));
+  }
+  for (int problem = 0; problem < 2; ++problem) {
+    PressKey(Qt::Key_F8);
+    PressKey(Qt::Key_Delete);
+  }
+  EXPECT_EQ(NoticeText(), "") << "it counts no more once the song has changed";
+  PressKey(Qt::Key_F8);
+  EXPECT_EQ(status(), "No problem: all elements are understood, and RTTTL can hold them");
+  Import("slips:d=4,o=5,b=63:c,8c_,d");
+  EXPECT_EQ(NoticeText(), "1 of 3 elements was not understood: it is \"8c_\" in line 1, column 22");
 }
 
 TEST_F(MainWindowFiles, WhatWasNotDoneIsSaidAboveTheMelodyUntilSomethingIsOpened) {

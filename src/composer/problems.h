@@ -1,0 +1,20 @@
+// The elements that want the user's eye: those that no reader understood, and those that the mode cannot
+// hold.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "document/document.h"
+
+namespace trillomat {
+
+/// The index of the first such element behind the cursor, going round to the one at the cursor; nothing where
+/// there is none.
+std::optional<int32_t> NextProblem(const Document& document);
+
+/// 'Element 12 of 40: not understood (unknown tone "5_", quarter)' or 'Element 3 of 40: RTTTL cannot hold it
+/// (light on)'; without an index that there is none.
+std::string ProblemWords(const Document& document, std::optional<int32_t> index);
+
+}  // namespace trillomat
