@@ -16,12 +16,13 @@ std::string_view NameReadBack(const SongInfo& info) {
   return name.substr(0, name.find(':'));
 }
 
+// Players divide by the tempo, so one of 0 is written as the one that it is played at.
 std::string Header(const SongInfo& info, RtttlSpelling spelling, const TokenDefaults& defaults, Log& log) {
   const bool modern = spelling == RtttlSpelling::Modern;
   std::string text(modern ? NameReadBack(info) : WrittenName(info));
   text += ":d=" + EncodeDuration(defaults.duration, FormatMode::Rtttl, log).text;
   text += ",o=" + DecimalText(defaults.octave + 2);
-  text += ",b=" + DecimalText(info.bpm);
+  text += ",b=" + DecimalText(modern && info.bpm == 0 ? kDefaultTempo : info.bpm);
   if (info.loop != 0 && !modern) text += ",l=" + DecimalText(info.loop);
   return text + ':';
 }

@@ -105,6 +105,7 @@ TEST(Rtttl, ModernSpellingIsWhatTodaysPlayersRead) {
                     info}),
             "A:d=4,o=6,b=120\r\n")
       << "nothing that RTTTL can express";
+  EXPECT_EQ(Modern({{Note("c")}, {.name = "a", .bpm = 0}}), "a:d=4,o=6,b=100:c\r\n") << "no tempo";
 }
 
 TEST(Rtttl, ModernTextIsReadBackAsTheSameElements) {
