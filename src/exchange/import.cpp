@@ -34,6 +34,7 @@ void TakePastedMelody(Reading& reading) {
 
 struct Converter {
   PastedFormat format;
+  FormatMode mode;
   std::string_view option;   ///< its name on the command line
   std::string_view routine;  ///< its name in the log
   void (*take)(Reading& reading);
@@ -41,9 +42,9 @@ struct Converter {
 
 // In the order of PastedFormat.
 constexpr std::array<Converter, 3> kConverters{
-    {{PastedFormat::Rtttl, "rtttl", "Convert_RTTTL", TakePastedRtttl},
-     {PastedFormat::EMelody, "emelody", "bConvert_EMelody", TakePastedEMelody},
-     {PastedFormat::Melody, "melody", "bConvert_Melody", TakePastedMelody}}};
+    {{PastedFormat::Rtttl, FormatMode::Rtttl, "rtttl", "Convert_RTTTL", TakePastedRtttl},
+     {PastedFormat::EMelody, FormatMode::EMelody, "emelody", "bConvert_EMelody", TakePastedEMelody},
+     {PastedFormat::Melody, FormatMode::Melody, "melody", "bConvert_Melody", TakePastedMelody}}};
 
 // Gives why the elements could not be moved, if so.
 std::string AdaptForT68i(ElementList& elements, Log& log) {
@@ -81,6 +82,15 @@ std::optional<PastedFormat> PastedFormatOf(std::string_view option) {
   }
   return std::nullopt;
 }
+
+std::optional<PastedFormat> PastedFormatOf(FormatMode mode) {
+  for (const Converter& converter : kConverters) {
+    if (converter.mode == mode) return converter.format;
+  }
+  return std::nullopt;
+}
+
+FormatMode ModeOf(PastedFormat format) { return kConverters.at(static_cast<size_t>(format)).mode; }
 
 void ImportChoice::Update(Options options, std::string_view text) {
   const std::optional<PastedFormat> format = Selected(options).format;

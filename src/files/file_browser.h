@@ -101,6 +101,7 @@ class FileBrowser {
   void EnterFolder(const FileRow& row);
   FileMessage Delete(const TargetFile& file);
   void Restore();
+  bool TakeBetter();
   void SayDone(const FileMessage& done = {});
   void AddRows(const FolderListing& listing, RowKind kind, std::string_view failure);
   std::string Rename(const TargetFile& file, const std::string& newGiven);

@@ -103,7 +103,24 @@ void FileBrowser::OfferLeft(const KeptSong& left) {
 
 void FileBrowser::Accept(Offer offer) {
   if (offer == Offer::Restore) Restore();
+  if (offer == Offer::ReadBetter && TakeBetter()) parts_.host.PlayOrShow();
+  if (offer == Offer::ShowChanges) parts_.host.ShowChanges();
   if (offer == Offer::Recover && left_) Recover(std::filesystem::path(left_->file));
+}
+
+// True when it is to be played, as a file is that was opened.
+bool FileBrowser::TakeBetter() {
+  const auto operation = parts_.operations.Begin();
+  if (!operation || !parts_.host.MayEdit()) return false;
+  auto better = parts_.host.ReadBetter();
+  if (!better) return false;
+  const FileMessage done = better->done;
+  const bool plays = better->plays;
+  opener_.TakeBetter(*std::move(better));
+  Select(kNoRow, false);
+  SayDone(done);
+  parts_.host.ShowSelectedFile();
+  return plays;
 }
 
 void FileBrowser::CloseMessage() {

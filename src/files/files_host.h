@@ -23,12 +23,24 @@ class Recovery;
 struct FileMessage {
   enum class Offer {
     None,
-    Restore,  ///< puts the file back that was replaced or removed last
-    Recover,  ///< brings the melody back that the last run left
+    Restore,      ///< puts the file back that was replaced or removed last
+    Recover,      ///< brings the melody back that the last run left
+    ReadBetter,   ///< reads what was read last in the way that was found better
+    ShowChanges,  ///< lists what tidying changed
   };
 
   std::string text = {};  ///< empty: there is nothing to say any more
   Offer offer = Offer::None;
+  std::string caption = {};  ///< of the button for ReadBetter
+};
+
+/// A text that was read in the way that was offered.
+struct BetterReading {
+  ReadResult read;  ///< not refused
+  FormatMode mode;
+  std::string_view step;  ///< as in FilesHost::TakeIn
+  FileMessage done;       ///< what is said once it was taken in
+  bool plays = false;     ///< with "AutoPlay" on
 };
 
 /// What the save dialog opens with.
@@ -79,6 +91,16 @@ class FilesHost {
   virtual void StopClickTimer() = 0;
   /// Takes the place of what was said before. FileBrowser::Accept does what it offers.
   virtual void Say(const FileMessage& message) = 0;
+
+  // Reading a text in another way than as a file of its format: tidied, or as the format that it looks like.
+  /// What is to be said of a file's bytes that were read as one of `mode`: `said`, and where they were
+  /// refused or not wholly understood the offer of a better reading, if there is one.
+  virtual FileMessage WithBetterReading(std::string said, std::string_view bytes, FormatMode mode,
+                                        const ReadResult& read) = 0;
+  /// Reads as was offered last; asks which tune where there are several. Nothing when that was cancelled.
+  virtual std::optional<BetterReading> ReadBetter() = 0;
+  /// Lists what tidying changed in what was read last.
+  virtual void ShowChanges() = 0;
 
   /// How far long work has come; empty at its end.
   virtual void ShowProgress(std::string_view text) = 0;

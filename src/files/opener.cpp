@@ -27,34 +27,42 @@ std::string WhyNoFile(const fs::path& file, const FileStore& store) {
 }  // namespace
 
 std::optional<FileMessage> Opener::Open(const fs::path& file, FormatMode mode) {
-  if (const std::string why = WhyNoFile(file, parts_.store); !why.empty()) return Refuse(why);
+  if (const std::string why = WhyNoFile(file, parts_.store); !why.empty()) {
+    return Refuse({"Not opened: " + why});
+  }
   const auto bytes = ReadFile(file, parts_.store);
   const std::string name = Utf8OfPath(file.filename());
   if (!bytes) {
     LogReaderFault(mode, parts_.services.log);
-    return Refuse(RefusalText(name, bytes.Why()));
+    return Refuse({"Not opened: " + RefusalText(name, bytes.Why())});
   }
   ProgressPump pump(parts_.services.pump, [&](size_t elements) {
     parts_.host.ShowProgress("Reading " + name + ": " + std::to_string(elements) + " elements");
   });
   ReadResult read = Read(*bytes, mode, parts_.record, {parts_.services.log, pump});
   parts_.host.ShowProgress({});
+  const std::string said =
+      read ? NotUnderstoodText(read.notUnderstood) : "Not opened: " + RefusalText(name, *read.refusal);
+  FileMessage done = parts_.host.WithBetterReading(said, *bytes, mode, read);
   parts_.record = read.record;
-  if (!read) return Refuse(RefusalText(name, *read.refusal));
-  FileMessage done{NotUnderstoodText(read.notUnderstood)};
+  if (!read) return Refuse(done);
   Replace(std::move(read), mode, fs::absolute(file), "opening");
   parts_.recent.Add(file);
   return done;
 }
 
-std::nullopt_t Opener::Refuse(std::string_view why) {
+std::nullopt_t Opener::Refuse(const FileMessage& said) {
   parts_.services.log.WriteLog("Error when decoding file", 1);
-  parts_.host.Say({"Not opened: " + std::string(why)});
+  parts_.host.Say(said);
   return std::nullopt;
 }
 
 void Opener::TakeImported(ReadResult&& read) {
   Replace(std::move(read), parts_.document.Mode(), {}, "importing");
+}
+
+void Opener::TakeBetter(BetterReading&& better) {
+  Replace(std::move(better.read), better.mode, {}, better.step);
 }
 
 bool Opener::TakeRecovered(const fs::path& kept) {

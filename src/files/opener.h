@@ -21,6 +21,9 @@ class Opener {
   /// Takes in what was imported, which was not refused. It belongs to no file.
   void TakeImported(ReadResult&& read);
 
+  /// Takes in what was read in another way. It belongs to no file, so that nothing overwrites the original.
+  void TakeBetter(BetterReading&& better);
+
   /// Takes in a song that Recovery kept, with its mode, as one that belongs to no file. False, and a message,
   /// when there is none any more.
   bool TakeRecovered(const std::filesystem::path& kept);
@@ -30,7 +33,7 @@ class Opener {
 
  private:
   void Replace(ReadResult&& read, FormatMode mode, const std::filesystem::path& file, std::string_view step);
-  std::nullopt_t Refuse(std::string_view why);
+  std::nullopt_t Refuse(const FileMessage& said);
 
   FileParts parts_;
 };

@@ -32,9 +32,10 @@ std::string NotUnderstoodText(const NotUnderstood& lost) {
   if (lost.count == 0) return {};
   const std::string elements = std::to_string(lost.of) + (lost.of == 1 ? " element" : " elements");
   const std::string first = lost.first.text.empty() ? "empty" : "\"" + ToUtf8(lost.first.text) + "\"";
+  const std::string place = PlaceText(lost.first);
   return std::to_string(lost.count) + " of " + elements +
          (lost.count == 1 ? " was not understood: it is " : " were not understood, the first is ") + first +
-         " in " + PlaceText(lost.first);
+         (place.empty() ? "" : " in " + place);
 }
 
 }  // namespace trillomat

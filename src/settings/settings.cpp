@@ -141,6 +141,7 @@ Settings LoadSettings(SettingsDraft& draft, Log& log) {
           .noteStrip = loader.Boolean("NoteStrip", first.noteStrip),
           .stripZoom = loader.Number(kSettings, "StripZoom", first.stripZoom, 1, 10000),
           .modernSpelling = loader.Boolean("ModernSpelling", first.modernSpelling),
+          .tidyImport = loader.Boolean("TidyImport", first.tidyImport),
           .recentFiles = RecentIn([&](std::string_view key) { return loader.Text(kRecent, key, ""); })};
 }
 
@@ -165,6 +166,7 @@ void PutSettings(const Settings& settings, SettingsDraft& draft) {
   boolean("NoteStrip", settings.noteStrip);
   number("StripZoom", settings.stripZoom);
   boolean("ModernSpelling", settings.modernSpelling);
+  boolean("TidyImport", settings.tidyImport);
   PutRecent(settings.recentFiles, draft);
 }
 

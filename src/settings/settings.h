@@ -3,7 +3,7 @@
 //   [Version]   Counter        layout number of the settings; an older one makes them start afresh
 //   [Path]      BrowseFolder
 //   [Settings]  AutoPlay Mode Scale PlayMoving PlayComposing OutPut Duration DurationExtra Volume NoteStrip
-//               StripZoom ModernSpelling
+//               StripZoom ModernSpelling TidyImport
 //   [Recent]    0 to 9         the files that were opened or saved last, the newest first
 //
 // Every value is text: numbers in decimal, booleans as "True" or "False".
@@ -33,6 +33,7 @@ struct Settings {
   bool noteStrip = true;                      ///< it is shown
   int32_t stripZoom = 100;                    ///< in percent, 1 to 10000
   bool modernSpelling = false;                ///< of RTTTL that is exported
+  bool tidyImport = false;                    ///< pasted texts are tidied before they are read
   std::vector<std::string> recentFiles = {};  ///< in the system's bytes, the newest first, none twice
 
   bool operator==(const Settings&) const = default;

@@ -8,7 +8,6 @@
 #include "core/code_page.h"
 #include "files/refusal_text.h"
 #include "ui/export_window.h"
-#include "ui/import_window.h"
 #include "ui/qt_text.h"
 #include "ui/rename_window.h"
 
@@ -29,6 +28,7 @@ FilesBox::FilesBox(const FilesBoxParts& parts, QWidget* parent)
       save_({parts.document, parts.record, parts.files, operations_, recovery_, kept_, recent_, *this,
              parts.services},
             browser_),
+      second_(*this, parts.record, parts.services),
       drives_(new QComboBox(this)),
       folder_(new QLabel(this)),
       list_(new FileList(browser_.Rows(), this)),
@@ -148,18 +148,24 @@ void FilesBox::Import() {
   const auto token = operations_.Begin();
   if (!token) return;
   ImportWindow window(parts_.record, parts_.services, this->window());
+  window.SetTidies(tidyImports);
   window.exec();
-  auto& imported = window.Result();
-  if (!imported) return;
-  if (!imported->read) {
-    parts_.record = imported->read.record;
-    return Say({"Not imported: " + RefusalText({}, *imported->read.refusal)});
+  tidyImports = window.Tidies();
+  if (auto& imported = window.Result()) TakeImported(*std::move(imported), window.Origin());
+}
+
+void FilesBox::TakeImported(Imported&& imported, const ImportOrigin& origin) {
+  ReadResult& read = imported.read;
+  if (!read) {
+    const FileMessage said = second_.Refused("Not imported: " + RefusalText({}, *read.refusal), origin, read);
+    parts_.record = read.record;
+    return Say(said);
   }
-  std::string done = NotUnderstoodText(imported->read.notUnderstood);
-  if (!imported->notAdapted.empty()) {
-    done = "Not adapted: " + ToUtf8(imported->notAdapted) + (done.empty() ? "" : ". " + done);
+  FileMessage done = second_.Imported(origin, read);
+  if (!imported.notAdapted.empty()) {
+    done.text = JoinedSentences("Not adapted: " + ToUtf8(imported.notAdapted), done.text);
   }
-  browser_.TakeImported(std::move(imported->read), {done});
+  browser_.TakeImported(std::move(read), done);
 }
 
 void FilesBox::Export() {
@@ -239,6 +245,11 @@ bool FilesBox::AskYesNo(std::string_view title, std::string_view question) {
 
 void FilesBox::SetSaveCaption(std::string_view caption) {
   saveButton_->setText(caption == "Save" ? QStringLiteral("Sa&ve") : FromUtf8Bytes(caption));
+}
+
+FileMessage FilesBox::WithBetterReading(std::string said, std::string_view bytes, FormatMode mode,
+                                        const ReadResult& read) {
+  return second_.Offered(std::move(said), bytes, {.mode = mode}, read);
 }
 
 void FilesBox::SetSaveAsCaption(std::string_view caption) { saveAsButton_->setText(FromUtf8Bytes(caption)); }

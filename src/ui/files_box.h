@@ -18,8 +18,10 @@
 #include "files/save_commands.h"
 #include "ui/controls.h"
 #include "ui/file_list.h"
+#include "ui/import_window.h"
 #include "ui/qt_text.h"
 #include "ui/questions.h"
+#include "ui/second_readings.h"
 
 namespace trillomat {
 
@@ -68,6 +70,7 @@ class FilesBox : public QGroupBox, private FilesHost {
   void CloseMessage() { browser_.CloseMessage(); }
 
   bool modernSpelling = false;  ///< the Export window's check box
+  bool tidyImports = false;     ///< that of the Import window
 
   void ShowState();
   /// Lists the folder anew, once it was listed at the start.
@@ -80,6 +83,7 @@ class FilesBox : public QGroupBox, private FilesHost {
   void Progress(const QString& text);
 
  private:
+  void TakeImported(Imported&& imported, const ImportOrigin& origin);
   void NameControls();
   void LayOut();
   QLayout* NewButtonColumn();
@@ -107,6 +111,10 @@ class FilesBox : public QGroupBox, private FilesHost {
   bool AskYesNo(std::string_view title, std::string_view question) override;
   void SetSaveCaption(std::string_view caption) override;
   void SetSaveAsCaption(std::string_view caption) override;
+  FileMessage WithBetterReading(std::string said, std::string_view bytes, FormatMode mode,
+                                const ReadResult& read) override;
+  std::optional<BetterReading> ReadBetter() override { return second_.Read(); }
+  void ShowChanges() override { second_.ShowChanges(); }
 
   FilesBoxParts parts_;
   FileOperations operations_;
@@ -115,6 +123,7 @@ class FilesBox : public QGroupBox, private FilesHost {
   RecentFiles recent_;
   FileBrowser browser_;
   SaveCommands save_;
+  SecondReadings second_;
   QTimer clickTimer_;
   QTimer recoveryTimer_;
   bool started_ = false;

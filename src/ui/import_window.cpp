@@ -14,6 +14,7 @@
 #include "files/read_file.h"
 #include "ui/dialog_parts.h"
 #include "ui/qt_text.h"
+#include "ui/tune_window.h"
 
 namespace trillomat {
 namespace {
@@ -114,6 +115,11 @@ QLayout* ImportWindow::NewButtonRow() {
                           QStringLiteral("Moves the melody by whole octaves into those of the T68i")};
   adapt_ = new QCheckBox(adapt.caption, this);
   NameControl(*adapt_, QStringLiteral("chkAdapt"), adapt);
+  const ControlText tidy{
+      QStringLiteral("&Tidy common slips"), QStringLiteral("Tidy common slips before the text is read"),
+      QStringLiteral("Puts right what is often written wrong, and lists what was changed")};
+  tidy_ = new QCheckBox(tidy.caption, this);
+  NameControl(*tidy_, QStringLiteral("chkTidy"), tidy);
   import_ = NewDialogButton(QStringLiteral("cmdImport"),
                             {QStringLiteral("&Import"), QStringLiteral("Import the melody text"),
                              QStringLiteral("Replaces the composed melody")},
@@ -126,6 +132,7 @@ QLayout* ImportWindow::NewButtonRow() {
   connect(cancel, &QPushButton::clicked, this, &ImportWindow::reject);
   auto* row = new QHBoxLayout;
   row->addWidget(adapt_);
+  row->addWidget(tidy_);
   row->addStretch();
   row->addWidget(import_);
   row->addWidget(cancel);
@@ -160,14 +167,19 @@ void ImportWindow::Import() {
   if (running_ != nullptr) return;
   const auto format = ImportChoice::Selected(Options()).format;
   if (!format) return accept();
+  const ReadingWay way{ModeOf(*format), tidy_->isChecked(), TextSource::Paste};
+  const std::string source = source_;
+  const auto text = ChosenText(TextsFor(way, source), this);
+  if (!text) return;
+  Tidied tidied = way.tidied ? Tidy(*text, way.mode) : Tidied{std::string(*text), {}};
   StoppablePump pump(services_.pump);
   std::optional<Imported> imported;
   {
     const ScopedValue<StoppablePump*> running(running_, &pump);
-    const std::string source = source_;
-    imported = trillomat::Import(*format, source, adapt_->isChecked(), before_, {services_.log, pump});
+    imported = trillomat::Import(*format, tidied.text, adapt_->isChecked(), before_, {services_.log, pump});
   }
   if (cancelled_) return reject();
+  origin_ = {std::string(*text), way, std::move(tidied.changes)};
   result_ = std::move(imported);
   accept();
 }

@@ -11,10 +11,19 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "exchange/import.h"
+#include "exchange/second_reading.h"
 
 namespace trillomat {
+
+/// The text that was imported or refused last, and what became of it before.
+struct ImportOrigin {
+  std::string text;  ///< as it was before it was tidied; of several tunes the one that was chosen
+  ReadingWay way;
+  std::vector<TidyChange> changes;
+};
 
 class ImportWindow : public QDialog {
   Q_OBJECT
@@ -25,6 +34,11 @@ class ImportWindow : public QDialog {
 
   /// What was imported or refused; nothing when no import ran to its end.
   std::optional<Imported>& Result() { return result_; }
+  const ImportOrigin& Origin() const { return origin_; }
+
+  /// "Tidy common slips".
+  bool Tidies() const { return tidy_->isChecked(); }
+  void SetTidies(bool tidy) { tidy_->setChecked(tidy); }
 
   /// "Cancel", Escape and the window's own close button: nothing is imported. An import that runs ends as
   /// soon as it can, and the window with it.
@@ -47,11 +61,13 @@ class ImportWindow : public QDialog {
   StoppablePump* running_ = nullptr;  ///< of the import that runs
   bool cancelled_ = false;
   std::optional<Imported> result_;
+  ImportOrigin origin_;
 
   std::array<QRadioButton*, kImportOptions.size()> options_{};
   QPlainTextEdit* sourceBox_;
   QLabel* replaced_;
   QCheckBox* adapt_;
+  QCheckBox* tidy_;
   QPushButton* import_;
 };
 

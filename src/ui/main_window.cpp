@@ -176,6 +176,7 @@ void MainWindow::ApplySettings(const Settings& settings) {
   melody_->Strip().setVisible(settings.noteStrip);
   melody_->Strip().SetZoomPercent(settings.stripZoom);
   files_->modernSpelling = settings.modernSpelling;
+  files_->tidyImports = settings.tidyImport;
   files_->Recent().Set(settings.recentFiles);
   composer_.StartAfresh();
   ShowComposer();
@@ -196,6 +197,7 @@ Settings MainWindow::CurrentSettings() const {
           .noteStrip = !melody_->Strip().isHidden(),
           .stripZoom = melody_->Strip().ZoomPercent(),
           .modernSpelling = files_->modernSpelling,
+          .tidyImport = files_->tidyImports,
           .recentFiles = files_->Recent().Paths()};
 }
 
@@ -247,13 +249,16 @@ void MainWindow::ShowEdited() {
 }
 
 void MainWindow::ShowMessage(const FileMessage& message) {
+  using Offer = FileMessage::Offer;
   BarMessage shown{.text = ShownName(message.text)};
-  const auto offer = [&](const char* caption) {
-    shown.actions.push_back(
-        {QLatin1String(caption), [this, offered = message.offer] { files_->Accept(offered); }});
+  const auto offer = [&](Offer offered, const QString& caption, bool stays = false) {
+    if (message.offer != offered) return;
+    shown.actions.push_back({caption, [this, offered] { files_->Accept(offered); }, stays});
   };
-  if (message.offer == FileMessage::Offer::Restore) offer("Restore");
-  if (message.offer == FileMessage::Offer::Recover) offer("Bring it back");
+  offer(Offer::Restore, QStringLiteral("Restore"));
+  offer(Offer::Recover, QStringLiteral("Bring it back"));
+  offer(Offer::ReadBetter, ShownName(message.caption), true);
+  offer(Offer::ShowChanges, QStringLiteral("Show the changes"), true);
   if (shown.actions.empty()) status_->Say(shown.text);
   bar_->Say(std::move(shown));
 }

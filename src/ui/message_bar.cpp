@@ -61,9 +61,9 @@ void MessageBar::EnableActions(bool enable) {
 
 // It says no more before what it offers is done, which may have something to say itself.
 void MessageBar::Run(size_t action) {
-  const auto run = message_.actions.at(action).run;
-  Say({});
-  run();
+  const auto chosen = message_.actions.at(action);
+  if (!chosen.stays) Say({});
+  chosen.run();
 }
 
 // In the colour of what is selected, thinned by that of the window, so that it is seen in any palette.

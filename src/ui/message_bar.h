@@ -17,10 +17,11 @@ struct BarMessage {
   struct Action {
     QString caption;
     std::function<void()> run;
+    bool stays = false;  ///< the message stays until something else is said
   };
 
   QString text;                      ///< plain text; empty for nothing to say
-  std::vector<Action> actions = {};  ///< at most two; the bar has gone when one runs
+  std::vector<Action> actions = {};  ///< at most two; the bar has gone when one runs, unless that stays
 };
 
 class MessageBar : public QFrame {

@@ -40,6 +40,8 @@ class FakeFilesHost : public FilesHost {
   std::optional<SaveDialog> dialog;               ///< what it was opened with
   std::optional<std::filesystem::path> openPath;  ///< what the open dialog answers
   std::optional<OpenDialog> openDialog;
+  std::string lastBytes;  ///< that were read
+  std::optional<BetterReading> better;
   bool yes = true;                  ///< what the Yes/No box answers
   std::function<void()> meanwhile;  ///< while the menu or a dialog is open, or a song plays
 
@@ -93,6 +95,17 @@ class FakeFilesHost : public FilesHost {
     Meanwhile();
     return openPath;
   }
+  FileMessage WithBetterReading(std::string said, std::string_view bytes, FormatMode /*mode*/,
+                                const ReadResult& /*read*/) override {
+    lastBytes = bytes;
+    if (!better) return {said};
+    return {said, FileMessage::Offer::ReadBetter, "Open tidied"};
+  }
+  std::optional<BetterReading> ReadBetter() override {
+    Meanwhile();
+    return std::exchange(better, std::nullopt);
+  }
+  void ShowChanges() override { calls.emplace_back("changes"); }
   bool AskYesNo(std::string_view title, std::string_view question) override {
     calls.push_back(std::string(title) + "|" + std::string(question));
     return yes;

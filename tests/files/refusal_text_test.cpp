@@ -5,6 +5,8 @@
 namespace trillomat {
 namespace {
 
+using testing::HasSubstr;
+
 TEST(RefusalText, LeavesOutWhatIsNotKnown) {
   const std::tuple<const char*, Refusal, const char*> cases[] = {
       {"a.imy", {"it is gone"}, "a.imy: it is gone"},
@@ -36,6 +38,46 @@ TEST_F(FilesTest, WhatAFileHoldsThatIsNotUnderstoodIsSaidUntilAnotherIsOpened) {
   EXPECT_THAT(log.lines, testing::ElementsAre("1: Could not decode the note....-->xy3"));
   Click("clean.imy");
   EXPECT_EQ(host.notice, "");
+}
+
+TEST_F(FilesTest, ABetterReadingBelongsToNoFileAndNothingElseTakesItsPlaceMeanwhile) {
+  using Offer = FileMessage::Offer;
+  const std::string slips = TuneText("c2 d2") + "\r\n";
+  folder.Write("slips.imy", slips);
+  FillWith({{"clean.imy", "e2"}});
+  Click("clean.imy");
+  const auto offerReading = [this] {
+    host.better = BetterReading{};
+    host.better->read.elements = ElementsOf("g2 a2");
+    host.better->mode = FormatMode::Rtttl;
+    host.better->done = {"Opened tidied", Offer::ShowChanges};
+    host.better->plays = true;
+    Click("slips.imy");
+    EXPECT_EQ(host.offer, Offer::ReadBetter);
+    EXPECT_EQ(Tokens(), "*4e2");
+  };
+  offerReading();
+  EXPECT_EQ(host.lastBytes, slips);
+  EXPECT_THAT(host.notice, HasSubstr("Not opened: slips.imy, line 5, column 1: "));
+  host.plays = true;
+  browser.Accept(Offer::ReadBetter);
+  host.plays = false;
+  EXPECT_EQ(Tokens(), "*4e2");
+  host.meanwhile = [this] { EXPECT_FALSE(browser.OpenFile(folder / "clean.imy")); };
+  const int opened = host.opened;
+  browser.Accept(Offer::ReadBetter);
+  EXPECT_EQ(Tokens(), "*4g2*4a2");
+  EXPECT_EQ(document.Mode(), FormatMode::Rtttl);
+  EXPECT_EQ(document.File(), "");
+  EXPECT_EQ(SelectedText(), "");
+  EXPECT_FALSE(browser.CanSave());
+  EXPECT_EQ(host.opened, opened + 1);
+  EXPECT_EQ(host.notice, "Opened tidied");
+  host.calls.clear();
+  browser.Accept(host.offer);
+  EXPECT_THAT(host.calls, testing::ElementsAre("changes"));
+  browser.Accept(Offer::ReadBetter);
+  EXPECT_EQ(Tokens(), "*4g2*4a2") << "the offer has been taken";
 }
 
 }  // namespace

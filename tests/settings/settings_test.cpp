@@ -36,7 +36,7 @@ TEST(SettingsTest, WhatWasSavedComesBack) {
   MemoryStore store;
   FakeLog log;
   const Settings settings{
-      6,    FormatMode::Rtttl,       "z:\\tunes\\", false, false, true, 3, 1, 0, 55, false, 250,
+      6,    FormatMode::Rtttl,       "z:\\tunes\\", false, false, true, 3, 1, 0, 55, false, 250, true,
       true, {"/b\xff.imy", "/a.imy"}};
   SaveIn(store, settings);
   EXPECT_EQ(store.values["Version/Counter"], "2");
@@ -55,11 +55,11 @@ TEST(SettingsTest, ValuesThatMakeNoSenseAreLoggedAndReplaced) {
     std::string key;
     std::string value;
   };
-  const Case cases[] = {{"Mode", "4"},           {"Mode", "-1"},           {"Mode", "two"},
-                        {"Duration", "6"},       {"Duration", ""},         {"DurationExtra", "4"},
-                        {"OutPut", "3"},         {"Scale", "99999999999"}, {"Scale", "4 or 5"},
-                        {"AutoPlay", "perhaps"}, {"PlayMoving", ""},       {"Volume", "101"},
-                        {"NoteStrip", "1"},      {"ModernSpelling", "on"}, {"StripZoom", "0"}};
+  const Case cases[] = {
+      {"Mode", "4"},       {"Mode", "-1"},           {"Mode", "two"},    {"Duration", "6"},
+      {"Duration", ""},    {"DurationExtra", "4"},   {"OutPut", "3"},    {"Scale", "99999999999"},
+      {"Scale", "4 or 5"}, {"AutoPlay", "perhaps"},  {"PlayMoving", ""}, {"Volume", "101"},
+      {"NoteStrip", "1"},  {"ModernSpelling", "on"}, {"StripZoom", "0"}, {"TidyImport", "yes"}};
   for (const Case& c : cases) {
     MemoryStore store;
     FakeLog log;

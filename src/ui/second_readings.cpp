@@ -1,0 +1,102 @@
+#include "ui/second_readings.h"
+
+#include <QWidget>
+#include <utility>
+
+#include "core/code_page.h"
+#include "files/refusal_text.h"
+#include "ui/qt_text.h"
+#include "ui/tune_window.h"
+
+namespace trillomat {
+namespace {
+
+std::string CountText(size_t count, const std::string& one) {
+  return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
+}
+
+std::string AsFormat(FormatMode mode) { return " as " + std::string(LimitsOf(mode).caption); }
+
+std::string HintText(const BetterWay& better, bool otherFormat, const ReadResult& read) {
+  if (otherFormat) return "The text looks like " + std::string(LimitsOf(better.way.mode).caption);
+  if (better.tunes > 1) return "The text holds " + CountText(better.tunes, "tune");
+  if (!read || read.elements.empty()) return "Tidied, it can be read";
+  if (better.notUnderstood == 0) return "Tidied, all can be understood";
+  return "Tidied, " + std::to_string(better.notUnderstood) +
+         (better.notUnderstood == 1 ? " is left" : " are left");
+}
+
+}  // namespace
+
+// What stands alone needs no full stop.
+std::string JoinedSentences(std::string first, const std::string& second) {
+  if (first.empty() || second.empty()) return first + second;
+  if (!first.ends_with('.')) first += '.';
+  return first + " " + second + (second.ends_with('.') ? "" : ".");
+}
+
+FileMessage SecondReadings::Offered(std::string said, std::string_view text, const ReadingWay& way,
+                                    const ReadResult& read) {
+  offer_.reset();
+  if (read && !read.elements.empty() && read.notUnderstood.count == 0) return {std::move(said)};
+  const auto better = FindBetterWay(text, way, read, record_, services_.pump);
+  if (!better) return {std::move(said)};
+  const bool otherFormat = better->way.mode != way.mode;
+  offer_ = {std::string(text), better->way, otherFormat};
+  const std::string verb = way.source == TextSource::File ? "Open" : "Import";
+  return {JoinedSentences(std::move(said), HintText(*better, otherFormat, read)),
+          FileMessage::Offer::ReadBetter, verb + (otherFormat ? AsFormat(better->way.mode) : " tidied")};
+}
+
+// The places in what is said are those of the tidied text, so its changes are offered where nothing else is.
+FileMessage SecondReadings::Refused(std::string said, const ImportOrigin& origin, const ReadResult& read) {
+  FileMessage message = Offered(std::move(said), origin.text, origin.way, read);
+  const FileMessage::Offer changes = KeepChanges(origin.changes);
+  if (message.offer == FileMessage::Offer::None) message.offer = changes;
+  return message;
+}
+
+FileMessage SecondReadings::Imported(const ImportOrigin& origin, const ReadResult& read) {
+  if (origin.way.tidied) return Done(origin.way, false, read.notUnderstood, origin.changes);
+  return Offered(NotUnderstoodText(read.notUnderstood), origin.text, origin.way, read);
+}
+
+std::optional<BetterReading> SecondReadings::Read() {
+  if (!offer_) return std::nullopt;
+  const Offer offer = *offer_;
+  const auto text = ChosenText(TextsFor(offer.way, offer.text), &parent_);
+  if (!text) return std::nullopt;
+  WayResult result = ReadInWay(offer.way, *text, record_, services_);
+  if (!result.read) return std::nullopt;
+  FileMessage done = Done(offer.way, offer.otherFormat, result.read.notUnderstood, result.changes);
+  const bool file = offer.way.source == TextSource::File;
+  const std::string_view step =
+      offer.way.tidied ? (file ? "opening tidied" : "importing tidied") : (file ? "opening" : "importing");
+  return BetterReading{std::move(result.read), offer.way.mode, step, std::move(done), file};
+}
+
+FileMessage SecondReadings::Done(const ReadingWay& way, bool otherFormat, NotUnderstood lost,
+                                 const std::vector<TidyChange>& changes) {
+  std::string said;
+  if (otherFormat || way.tidied) said = way.source == TextSource::File ? "Opened" : "Imported";
+  if (otherFormat) said += AsFormat(way.mode);
+  if (way.tidied && changes.empty()) said += "; there was nothing to tidy";
+  if (!changes.empty()) said += " tidied, with " + CountText(changes.size(), "change");
+  // A place in the tidied text is none in the one that the user has.
+  if (!changes.empty()) lost.first.line = 0;
+  return {JoinedSentences(said, NotUnderstoodText(lost)), KeepChanges(changes)};
+}
+
+FileMessage::Offer SecondReadings::KeepChanges(const std::vector<TidyChange>& changes) {
+  changes_.clear();
+  for (const TidyChange& change : changes) changes_ << ToQString(ChangeText(change));
+  return changes.empty() ? FileMessage::Offer::None : FileMessage::Offer::ShowChanges;
+}
+
+void SecondReadings::ShowChanges() {
+  delete window_;
+  window_ = new ChangesWindow(changes_, parent_.window());
+  window_->show();
+}
+
+}  // namespace trillomat
