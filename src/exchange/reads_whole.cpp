@@ -1,9 +1,7 @@
 #include "exchange/reads_whole.h"
 
-#include <algorithm>
 #include <string>
 
-#include "core/codec.h"
 #include "exchange/idle_pump.h"
 #include "formats/formats.h"
 
@@ -13,7 +11,7 @@ bool ReadsWhole(std::string_view text, FormatMode mode) {
   SilentLog silent;
   IdlePump pump;
   const ReadResult read = Read(text, mode, {}, {silent, pump});
-  return read && std::all_of(read.elements.begin(), read.elements.end(), IsUnderstood);
+  return read && read.notUnderstood.count == 0;
 }
 
 bool NotesReadWhole(std::string_view notes, FormatMode mode) {

@@ -161,7 +161,7 @@ class NoteWriter {
     const int semitone = SemitoneOf({&note.letter, 1}) + note.accidental;
     const int up = semitone < 0 ? -1 : semitone / kSemitones;
     const std::string_view tone = kPianoTones.at(static_cast<size_t>(semitone - kSemitones * up));
-    const std::string name = tone.back() + std::string(tone.substr(0, tone.size() - 1));
+    std::string name = tone.back() + std::string(tone.substr(0, tone.size() - 1));
     if (why_.empty() && name.front() != note.letter) why_ = "that tone is written so";
     if (note.octave == 0 && up == 0) return name;
     const int octave = note.octave == 0 ? defaults_.octave + kOctaveOffset : note.octave - '0';
