@@ -5,6 +5,7 @@
 #include <QPlainTextEdit>
 #include <QTimer>
 #include <deque>
+#include <memory>
 
 #include "ui/main_window_fixture.h"
 
@@ -65,12 +66,15 @@ class MainWindowTidy : public MainWindowTest {
     if (dialog == nullptr || queue_.empty()) return;
     const AnswerTo answer = std::move(queue_.front());
     queue_.pop_front();
-    // From the event loop: a timer does not run inside what it runs, and one window can open another.
-    QMetaObject::invokeMethod(
-        &window, [answer, dialog] { answer(*dialog); }, Qt::QueuedConnection);
+    // By a timer of its own: one does not run inside what it runs, and one window can open another.
+    QTimer& timer = *timers_.emplace_back(std::make_unique<QTimer>());
+    timer.setSingleShot(true);
+    QObject::connect(&timer, &QTimer::timeout, &window, [answer, dialog] { answer(*dialog); });
+    timer.start(0);
   }
 
   QTimer answers_;
+  std::vector<std::unique_ptr<QTimer>> timers_;
   std::deque<AnswerTo> queue_;
 };
 
