@@ -63,19 +63,24 @@ class MainWindowTidy : public MainWindowTest {
  private:
   void AnswerNext() {
     const QWidget* dialog = QApplication::activeModalWidget();
-    if (dialog == nullptr || queue_.empty()) return;
+    if (dialog == nullptr || queue_.empty() || waits_) return;
     const AnswerTo answer = std::move(queue_.front());
     queue_.pop_front();
     // By a timer of its own: one does not run inside what it runs, and one window can open another.
     QTimer& timer = *timers_.emplace_back(std::make_unique<QTimer>());
     timer.setSingleShot(true);
-    QObject::connect(&timer, &QTimer::timeout, &window, [answer, dialog] { answer(*dialog); });
+    QObject::connect(&timer, &QTimer::timeout, &window, [this, answer, dialog] {
+      waits_ = false;
+      answer(*dialog);
+    });
+    waits_ = true;
     timer.start(0);
   }
 
   QTimer answers_;
   std::vector<std::unique_ptr<QTimer>> timers_;
   std::deque<AnswerTo> queue_;
+  bool waits_ = false;  ///< an answer does, for its timer
 };
 
 TEST_F(MainWindowTidy, ARefusedFileIsOpenedTidiedAsASongOfItsOwn) {
