@@ -147,16 +147,16 @@ struct VoiceCase {
 
 TEST(MidiRead, TakesTheHighestVoiceOnTheLengthsOfTheMode) {
   const std::vector<VoiceCase> cases{
-      {{{0, 96, 60}, {0, 96, 64}, {2, 96, 67}}, "*3g2"},                         // a chord
-      {{{0, 192, 72}, {96, 192, 60}, {192, 288, 71}}, "*4c1 *3b2"},              // beneath a longer tone
-      {{{0, 192, 60}, {96, 192, 72}}, "*3c2 *4c2"},                              // cut by a higher one
-      {{{0, 104, 72}, {96, 200, 71}, {192, 288, 69}}, "*4c2 *3b2 *3a2"},         // tones that overlap
+      {{{0, 96, 60}, {0, 96, 64}, {2, 96, 67}}, "*3g2"},                        // a chord
+      {{{0, 192, 72}, {96, 192, 60}, {192, 288, 71}}, "*4c1 *3b2"},             // beneath a longer tone
+      {{{0, 192, 60}, {96, 192, 72}}, "*3c2 *4c2"},                             // cut by a higher one
+      {{{0, 104, 72}, {96, 200, 71}, {192, 288, 69}}, "*4c2 *3b2 *3a2"},        // tones that overlap
       {{{0, 96, 72}, {96, 97, 60}, {144, 192, 71}}, "*4c2 *3c5; r4 r4; *3b3"},  // no length at all
-      {{{0, 87, 72}, {96, 183, 71}, {193, 237, 69}}, "*4c2 *3b2 *3a3"},          // played by hand
-      {{{96, 192, 60}, {240, 288, 62}}, "r2 *3c2 r3 *3d3"},                      // pauses
-      {{{0, 32, 60}, {32, 64, 62}, {64, 96, 64}}, "*3c3; *3d3; *3e3;"},          // a triplet
-      {{{0, 480, 60}, {480, 576, 62}}, "*3c0 r2 *3d2"},                          // longer than a whole
-      {{{0, 96, 12}, {96, 192, 36}}, "*0c2 *2c2"},                               // below all octaves
+      {{{0, 87, 72}, {96, 183, 71}, {193, 237, 69}}, "*4c2 *3b2 *3a3"},         // played by hand
+      {{{96, 192, 60}, {240, 288, 62}}, "r2 *3c2 r3 *3d3"},                     // pauses
+      {{{0, 32, 60}, {32, 64, 62}, {64, 96, 64}}, "*3c3; *3d3; *3e3;"},         // a triplet
+      {{{0, 480, 60}, {480, 576, 62}}, "*3c0 r2 *3d2"},                         // longer than a whole
+      {{{0, 96, 12}, {96, 192, 36}}, "*0c2 *2c2"},                              // below all octaves
   };
   for (const VoiceCase& each : cases) {
     MidiTrackDraft track;
