@@ -18,7 +18,7 @@ ChangesWindow::ChangesWindow(const QStringList& changes, QWidget* parent) : QDia
   list->setPlainText(changes.join(u'\n'));
   auto* column = new QVBoxLayout(this);
   column->addWidget(list);
-  resize(sizeHint() * kRoomToSpare);
+  OpenAt(*this, sizeHint() * kRoomToSpare);
 }
 
 }  // namespace trillomat

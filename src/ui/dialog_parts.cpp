@@ -2,10 +2,16 @@
 
 #include <QFontDatabase>
 #include <QFontMetrics>
+#include <QScreen>
 
 #include "ui/qt_text.h"
 
 namespace trillomat {
+
+void OpenAt(QDialog& dialog, QSize wanted) {
+  constexpr qreal kShare = 0.9;  // the frame and the panels of the desktop take the rest
+  dialog.resize(wanted.boundedTo(dialog.screen()->availableSize() * kShare));
+}
 
 void SetUpDialog(QDialog& dialog, const QString& objectName, const QString& title) {
   dialog.setObjectName(objectName);

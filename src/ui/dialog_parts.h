@@ -14,6 +14,9 @@ namespace trillomat {
 /// How much larger than it must be a window opens that shows a melody text.
 inline constexpr qreal kRoomToSpare = 1.3;
 
+/// Opens `dialog` at this size, or as much of it as its screen has room for.
+void OpenAt(QDialog& dialog, QSize wanted);
+
 /// Names `dialog`, titles it and makes it modal.
 void SetUpDialog(QDialog& dialog, const QString& objectName, const QString& title);
 

@@ -69,7 +69,7 @@ ExportWindow::ExportWindow(Song song, bool modernSpelling, const Services& servi
   layout->addWidget(NewFitFrame());
   layout->addLayout(NewButtonRow());
   ShowFits();
-  resize(sizeHint() * kRoomToSpare);
+  OpenAt(*this, sizeHint() * kRoomToSpare);
 }
 
 QWidget* ExportWindow::NewTargetFrame() {

@@ -64,7 +64,7 @@ ImportWindow::ImportWindow(const ReadRecord& before, const Services& services, Q
   layout->addWidget(NewFormatFrame());
   layout->addWidget(NewSourceFrame(), 1);
   layout->addLayout(NewButtonRow());
-  resize(sizeHint() * kRoomToSpare);
+  OpenAt(*this, sizeHint() * kRoomToSpare);
   sourceBox_->setFocus();
   UpdateImportButton();
 }

@@ -1,7 +1,6 @@
 #include "ui/keys_window.h"
 
 #include <QHeaderView>
-#include <QScreen>
 #include <QStringList>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -67,10 +66,9 @@ KeysWindow::KeysWindow(QWidget* parent) : QDialog(parent) {
   auto* column = new QVBoxLayout(this);
   column->addWidget(list, 1);
   column->addWidget(places);
-  // Wide enough for all words, on a screen that is.
+  // Wide enough for all words.
   const int wanted = list->header()->length() + 4 * fontMetrics().lineSpacing();
-  const QSize room = screen()->availableSize() * 0.9;
-  resize(QSize(wanted, fontMetrics().lineSpacing() * 40).boundedTo(room));
+  OpenAt(*this, {wanted, fontMetrics().lineSpacing() * 40});
 }
 
 }  // namespace trillomat
