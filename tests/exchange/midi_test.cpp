@@ -60,7 +60,7 @@ TEST(MidiRead, RefusesInPlainWords) {
       {whole.substr(0, 10), "broken off"},
       {whole.substr(0, 20), "broken off"},
       {whole.substr(0, whole.size() - 1), "broken off"},
-      {MidiChunk("MThd", "\0\0"), "broken off in its first part"},
+      {MidiChunk("MThd", Bytes({0, 0})), "broken off in its first part"},
       {MidiBytes(2, 96, {note + end}), "type 2"},
       {MidiBytes(7, 96, {note + end}), "unknown type 7"},
       {MidiBytes(0, 0xE728, {note + end}), "film frames"},
