@@ -43,9 +43,9 @@ std::string_view TakeChunk(std::string_view& bytes) {
 
 MidiFile ParseHeader(std::string_view header) {
   if (header.size() < kHeaderSize) Refuse("the MIDI file is broken off in its first part");
-  const MidiFile file{.type = static_cast<int>(NumberAt(header, 0, 2)),
-                      .division = static_cast<int>(NumberAt(header, 4, 2)),
-                      .tracks = {}};
+  MidiFile file{.type = static_cast<int>(NumberAt(header, 0, 2)),
+                .division = static_cast<int>(NumberAt(header, 4, 2)),
+                .tracks = {}};
   if (file.type == 2) Refuse("the MIDI file is of type 2, which holds several songs; types 0 and 1 are read");
   if (file.type > 2) Refuse("the MIDI file is of the unknown type " + std::to_string(file.type));
   if ((file.division & 0x8000) != 0) {

@@ -19,6 +19,7 @@ constexpr double kMicrosecondsInMinute = 60e6;
 
 std::vector<MidiTrackTitle> TitlesOf(const std::vector<MidiTrack>& tracks) {
   std::vector<MidiTrackTitle> titles;
+  titles.reserve(tracks.size());
   for (const MidiTrack& track : tracks) {
     titles.push_back({track.number, track.name, track.notes.size(), track.drums});
   }
