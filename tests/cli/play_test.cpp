@@ -56,7 +56,7 @@ TEST_F(PlayTest, PlayingTakesTheMelodysTime) {
 
 TEST_F(PlayTest, AnInterruptEndsPlayingCleanly) {
   const Ran ran =
-      Run("play endless.imy", "", "SDL_AUDIODRIVER=dummy timeout --preserve-status --signal=INT 1");
+      Run("play endless.imy", "", "SDL_AUDIODRIVER=dummy timeout --preserve-status --signal=INT 3");
   EXPECT_EQ(ran.status, 0) << ran.err;
 }
 
