@@ -5,7 +5,6 @@ namespace trillomat {
 namespace {
 
 using testing::AllOf;
-using testing::ElementsAre;
 using testing::Eq;
 using testing::HasSubstr;
 using testing::IsEmpty;

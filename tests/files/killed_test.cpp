@@ -168,6 +168,7 @@ TEST(KilledComposing, LosesAtMostTheLastSecond) {
   int64_t most = 0;
   for (int killed = 0; killed < kills;) {
     std::vector<std::unique_ptr<KilledComposer>> composers;
+    composers.reserve(kAtOnce);
     for (int i = 0; i < kAtOnce; ++i) composers.push_back(std::make_unique<KilledComposer>(random()));
     std::this_thread::sleep_for(std::chrono::milliseconds(500));
     for (const auto& composer : composers) {
