@@ -68,6 +68,7 @@ ExportWindow::ExportWindow(Song song, bool modernSpelling, const Services& servi
   layout->addLayout(frames, 1);
   layout->addWidget(NewFitFrame());
   layout->addLayout(NewButtonRow());
+  for (const ExportTarget& target : kExportTargets) FindFit(target.phone);
   ShowFits();
   OpenAt(*this, sizeHint() * kRoomToSpare);
 }
@@ -174,6 +175,7 @@ void ExportWindow::ShowResult(std::string result, const QString& status) {
 
 // In the middle of another export nothing is shown that it could change.
 void ExportWindow::ChangeSpelling() {
+  FindFit(Phone::Rtttl);
   ShowFits();
   if (shown_ == Phone::Rtttl) MakeText(Phone::Rtttl);
 }
@@ -182,11 +184,13 @@ RtttlSpelling ExportWindow::Spelling() const {
   return ModernSpelling() ? RtttlSpelling::Modern : RtttlSpelling::Classic;
 }
 
+void ExportWindow::FindFit(Phone phone) {
+  fits_.at(static_cast<size_t>(phone)) = FitOf(phone, song_, Spelling());
+}
+
 void ExportWindow::ShowFits() {
   QStringList lines;
-  for (const ExportTarget& target : kExportTargets) {
-    PhoneFit& fit = fits_.at(static_cast<size_t>(target.phone));
-    fit = FitOf(target.phone, song_, Spelling());
+  for (const PhoneFit& fit : fits_) {
     const std::string words = fit.first ? ElementWords(song_.elements[fit.first->index]) : "";
     lines << ShownMessage(ToQString(FitText(fit, words)));
   }

@@ -38,6 +38,7 @@ class ExportWindow : public QDialog {
   void MakeText(Phone phone);
   void ShowResult(std::string result, const QString& status);
   void ChangeSpelling();
+  void FindFit(Phone phone);
   void ShowFits();
   RtttlSpelling Spelling() const;
   QString StatusOf(Phone phone) const;
