@@ -10,22 +10,12 @@
 #include "exchange/phone_fit.h"
 #include "exchange/tidy.h"
 #include "files/refusal_text.h"
-#include "formats/formats.h"
 
 namespace trillomat {
 namespace {
 
 std::string_view NameOf(FormatMode mode) { return kModeNames.at(static_cast<size_t>(mode)); }
 std::string_view NameOf(Phone phone) { return TargetOf(phone).option; }
-
-void FindUnderstood(const ElementList& elements, Finding& finding) {
-  finding.elements = elements.size();
-  for (size_t i = 0; i < elements.size(); ++i) {
-    if (IsUnderstood(elements[i])) continue;
-    ++finding.notUnderstood;
-    if (!finding.firstNotUnderstood) finding.firstNotUnderstood = i;
-  }
-}
 
 Finding Find(std::string_view text, FormatMode mode) {
   SilentLog silent;
@@ -34,7 +24,8 @@ Finding Find(std::string_view text, FormatMode mode) {
   Finding finding{.refusal = std::move(read.refusal)};
   if (finding.refusal) return finding;
   const Song song{std::move(read.elements), std::move(read.record.info)};
-  FindUnderstood(song.elements, finding);
+  finding.elements = song.elements.size();
+  finding.notUnderstood = std::move(read.notUnderstood);
   for (const ModeLimits& limits : kModeLimits) {
     if (FormatHolds(limits.mode, song)) finding.formats.push_back(limits.mode);
   }
@@ -55,10 +46,7 @@ std::string ListText(std::string_view label, const Names& names) {
 std::string FindingLine(const Finding& finding) {
   if (finding.refusal) return "does not read: " + RefusalText({}, *finding.refusal);
   std::string text = "reads; " + std::to_string(finding.elements) + " elements";
-  if (finding.firstNotUnderstood) {
-    text += ", " + std::to_string(finding.notUnderstood) + " not understood, the first is element " +
-            std::to_string(*finding.firstNotUnderstood + 1);
-  }
+  if (finding.notUnderstood.count > 0) text += "; " + NotUnderstoodText(finding.notUnderstood);
   return text + ListText("formats", finding.formats) + ListText("phones", finding.phones);
 }
 
@@ -83,7 +71,7 @@ void AddFinding(std::string& json, const Finding& finding) {
   AddMember(json, "reads", finding.refusal ? "false" : "true");
   AddMember(json, "refusal", RefusalJson(finding.refusal));
   AddMember(json, "elements", std::to_string(finding.elements));
-  AddMember(json, "notUnderstood", std::to_string(finding.notUnderstood));
+  AddMember(json, "notUnderstood", std::to_string(finding.notUnderstood.count));
   AddMember(json, "formats", ListJson(finding.formats));
   AddMember(json, "phones", ListJson(finding.phones));
 }
@@ -95,6 +83,8 @@ CheckedFile CheckText(std::string name, std::string_view text, FormatMode mode) 
   const Tidied tidied = Tidy(text, mode);
   file.changes = tidied.changes.size();
   file.tidied = tidied.changes.empty() ? file.asItIs : Find(tidied.text, mode);
+  // A place in the tidied text is none in the file.
+  if (file.changes > 0) file.tidied.notUnderstood.first.line = 0;
   return file;
 }
 

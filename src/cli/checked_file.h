@@ -8,6 +8,7 @@
 #include "core/format_mode.h"
 #include "core/refusal.h"
 #include "exchange/export.h"
+#include "formats/formats.h"
 
 namespace trillomat {
 
@@ -15,10 +16,9 @@ namespace trillomat {
 struct Finding {
   std::optional<Refusal> refusal = {};  ///< why it did not read
   size_t elements = 0;
-  size_t notUnderstood = 0;
-  std::optional<size_t> firstNotUnderstood = {};  ///< index of an element
-  std::vector<FormatMode> formats = {};           ///< that hold the melody without loss
-  std::vector<Phone> phones = {};                 ///< exports that say all of it
+  NotUnderstood notUnderstood = {};
+  std::vector<FormatMode> formats = {};  ///< that hold the melody without loss
+  std::vector<Phone> phones = {};        ///< exports that say all of it
 };
 
 struct CheckedFile {

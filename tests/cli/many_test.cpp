@@ -27,7 +27,8 @@ TEST_F(ManyTest, CheckSaysOfEachFileWhatItIs) {
   folder_.Write("sub/deep/TUNE.MEL", "CD\r\n");
   folder_.Write("sub/other.txt", "x");
   const std::string sharp =
-      "sharp.rtx: reads; 2 elements, 1 not understood, the first is element 1; formats none; phones none; "
+      "sharp.rtx: reads; 2 elements; 1 of 2 elements was not understood: it is \"c_\" in line 1, column 21; "
+      "formats none; phones none; "
       "tidied with 1 change: reads; 2 elements; formats imelody emelody rtttl melody; phones rtttl nokia "
       "t68i t39 "
       "r320\n";
@@ -35,15 +36,18 @@ TEST_F(ManyTest, CheckSaysOfEachFileWhatItIs) {
       "sub/deep/TUNE.MEL: reads; 2 elements; formats imelody emelody rtttl melody; phones rtttl nokia t68i "
       "t39 "
       "r320\n";
-  ExpectEach({{"check clean.rtx", 0, HasSubstr("clean.rtx: reads; 4 elements; formats imelody"), IsEmpty()},
-              {"check sharp.rtx sub", 0, Eq(sharp + inFolder), IsEmpty()},
-              {"check bad.imy clean.rtx gone.mel sub/other.txt", 1,
-               AllOf(HasSubstr("bad.imy: does not read: line 1, column 1: "), HasSubstr("\nclean.rtx: reads"),
-                     HasSubstr("\ngone.mel: does not read: "),
-                     HasSubstr("\nsub/other.txt: does not read: its name tells no format")),
-               Eq("trillomat-cli: 3 of 4 files do not read\n")},
-              {"check --mode rtttl -", 0, HasSubstr("-: reads; 4 elements"), IsEmpty(), kClean},
-              {"check", 2, IsEmpty(), HasSubstr("FILE is required")}});
+  ExpectEach(
+      {{"check clean.rtx", 0, HasSubstr("clean.rtx: reads; 4 elements; formats imelody"), IsEmpty()},
+       {"check sharp.rtx sub", 0, Eq(sharp + inFolder), IsEmpty()},
+       {"check bad.imy clean.rtx gone.mel sub/other.txt", 1,
+        AllOf(HasSubstr("bad.imy: does not read: line 1, column 1: "), HasSubstr("\nclean.rtx: reads"),
+              HasSubstr("\ngone.mel: does not read: "),
+              HasSubstr("\nsub/other.txt: does not read: its name tells no format")),
+        Eq("trillomat-cli: 3 of 4 files do not read\n")},
+       {"check --mode rtttl -", 0, HasSubstr("-: reads; 2 elements; 1 of 3 elements was not understood"),
+        IsEmpty(), "a:d=4,o=5,b=90:c,so,d"},
+       {"check --mode rtttl -", 0, HasSubstr("-: reads; 4 elements"), IsEmpty(), kClean},
+       {"check", 2, IsEmpty(), HasSubstr("FILE is required")}});
 }
 
 TEST_F(ManyTest, CheckPrintsOneJsonArray) {
