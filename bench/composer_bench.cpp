@@ -3,7 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/idle_parts.h"
-#include "support/silent_services.h"
+#include "core/silent_services.h"
 
 namespace trillomat {
 namespace {

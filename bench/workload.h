@@ -7,8 +7,8 @@
 
 #include "core/element.h"
 #include "core/format_mode.h"
+#include "core/silent_services.h"
 #include "core/tone.h"
-#include "support/silent_services.h"
 
 namespace trillomat {
 

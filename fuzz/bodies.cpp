@@ -4,6 +4,7 @@
 #include <array>
 
 #include "core/codec.h"
+#include "core/silent_services.h"
 #include "exchange/export.h"
 #include "exchange/import.h"
 #include "exchange/midi_read.h"
@@ -11,7 +12,6 @@
 #include "exchange/recognise.h"
 #include "exchange/tidy.h"
 #include "formats/reading.h"
-#include "support/silent_services.h"
 
 namespace trillomat {
 namespace {

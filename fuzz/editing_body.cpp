@@ -4,12 +4,12 @@
 
 #include "composer/composer.h"
 #include "core/codec.h"
+#include "core/silent_services.h"
 #include "core/tone.h"
 #include "exchange/import.h"
 #include "fuzz/bodies.h"
 #include "support/document_snapshot.h"
 #include "support/fake_sound.h"
-#include "support/silent_services.h"
 
 namespace trillomat {
 namespace {

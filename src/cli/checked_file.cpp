@@ -5,8 +5,8 @@
 #include "cli/json_text.h"
 #include "cli/melody_source.h"
 #include "core/code_page.h"
+#include "core/silent_services.h"
 #include "exchange/format_fit.h"
-#include "exchange/idle_pump.h"
 #include "exchange/phone_fit.h"
 #include "exchange/tidy.h"
 #include "files/refusal_text.h"
@@ -18,9 +18,8 @@ std::string_view NameOf(FormatMode mode) { return kModeNames.at(static_cast<size
 std::string_view NameOf(Phone phone) { return TargetOf(phone).option; }
 
 Finding Find(std::string_view text, FormatMode mode) {
-  SilentLog silent;
-  IdlePump pump;
-  ReadResult read = Read(text, mode, {}, {silent, pump});
+  SilentServices silent;
+  ReadResult read = Read(text, mode, {}, silent.services);
   Finding finding{.refusal = std::move(read.refusal)};
   if (finding.refusal) return finding;
   const Song song{std::move(read.elements), std::move(read.record.info)};

@@ -5,8 +5,7 @@
 
 #include "core/code_page.h"
 #include "core/codec.h"
-#include "core/services.h"
-#include "exchange/idle_pump.h"
+#include "core/silent_services.h"
 #include "exchange/recognise.h"
 #include "exchange/tidy.h"
 #include "formats/formats.h"
@@ -15,9 +14,8 @@ namespace trillomat {
 namespace {
 
 bool HoldsMelody(std::string_view text, FormatMode mode) {
-  SilentLog silent;
-  IdlePump pump;
-  const ReadResult read = Read(Tidy(text, mode).text, mode, {}, {silent, pump});
+  SilentServices silent;
+  const ReadResult read = Read(Tidy(text, mode).text, mode, {}, silent.services);
   return std::any_of(read.elements.begin(), read.elements.end(), IsUnderstood);
 }
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "core/codec.h"
+#include "core/silent_services.h"
 #include "core/tone.h"
-#include "exchange/idle_pump.h"
 #include "formats/formats.h"
 
 namespace trillomat {
@@ -20,12 +20,10 @@ bool IsSame(const Element& a, const Element& b) {
 }  // namespace
 
 bool FormatHolds(FormatMode mode, const Song& song) {
-  SilentLog silent;
-  IdlePump pump;
-  const Services services{silent, pump};
-  const Result<std::string> file = Write(song, mode, services);
+  SilentServices silent;
+  const Result<std::string> file = Write(song, mode, silent.services);
   if (!file) return false;
-  const ReadResult read = Read(*file, mode, {}, services);
+  const ReadResult read = Read(*file, mode, {}, silent.services);
   return read && std::equal(song.elements.begin(), song.elements.end(), read.elements.begin(),
                             read.elements.end(), IsSame);
 }

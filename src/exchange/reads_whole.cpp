@@ -2,15 +2,14 @@
 
 #include <string>
 
-#include "exchange/idle_pump.h"
+#include "core/silent_services.h"
 #include "formats/formats.h"
 
 namespace trillomat {
 
 bool ReadsWhole(std::string_view text, FormatMode mode) {
-  SilentLog silent;
-  IdlePump pump;
-  const ReadResult read = Read(text, mode, {}, {silent, pump});
+  SilentServices silent;
+  const ReadResult read = Read(text, mode, {}, silent.services);
   return read && read.notUnderstood.count == 0;
 }
 

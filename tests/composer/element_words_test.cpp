@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "core/silent_services.h"
 #include "playback/play_trace.h"
 #include "support/sample_notes.h"
-#include "support/silent_services.h"
 
 namespace trillomat {
 namespace {

@@ -7,11 +7,11 @@
 
 #include "core/ascii.h"
 #include "core/codec.h"
+#include "core/silent_services.h"
 #include "core/tone.h"
 #include "exchange/recognise.h"
 #include "formats/formats.h"
 #include "support/sample_notes.h"
-#include "support/silent_services.h"
 
 namespace trillomat {
 namespace {

@@ -10,9 +10,9 @@
 #include <random>
 
 #include "composer/song_info.h"
+#include "core/silent_services.h"
 #include "files/path_text.h"
 #include "formats/formats.h"
-#include "support/silent_services.h"
 #include "ui/main_window_fixture.h"
 #include "ui/message_box_qt.h"
 

@@ -1,4 +1,5 @@
-// A log and an event pump that do nothing and cost nothing, for fuzz targets and benchmarks.
+// A log and an event pump that do nothing and cost nothing: for work that is done beside what the user asked
+// for, and for fuzz targets and benchmarks.
 #pragma once
 
 #include "core/services.h"
