@@ -17,4 +17,11 @@ int SemitoneOf(std::string_view note) {
   return index < 0 ? -1 : kSemitones.at(static_cast<size_t>(index));
 }
 
+PianoTone PianoToneOf(char letter, int accidental) {
+  constexpr int kSemitones = static_cast<int>(kPianoTones.size());
+  const int semitone = SemitoneOf({&letter, 1}) + accidental;
+  const int octavesUp = semitone < 0 ? -1 : semitone / kSemitones;
+  return {kPianoTones.at(static_cast<size_t>(semitone - kSemitones * octavesUp)), octavesUp};
+}
+
 }  // namespace trillomat

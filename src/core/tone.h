@@ -25,4 +25,13 @@ int ToneIndex(std::string_view note);
 /// of kTones.
 int SemitoneOf(std::string_view note);
 
+struct PianoTone {
+  std::string_view tone;  ///< one of kPianoTones
+  int octavesUp;          ///< from the octave of the letter that it was spelled with
+};
+
+/// The key of the piano that a letter, a to g in lower case, means with an accidental of -1, 0 or 1
+/// semitones: e sharp is f, b sharp the c above it.
+PianoTone PianoToneOf(char letter, int accidental);
+
 }  // namespace trillomat

@@ -18,7 +18,6 @@ constexpr char kQuarter = '2';
 constexpr char kShortest = '5';
 constexpr char kHighestOctave = '8';
 constexpr int kDefaultOctave = 4;
-constexpr int kSemitones = static_cast<int>(kPianoTones.size());
 
 bool IsIn(char c, std::string_view characters) { return characters.find(c) != std::string_view::npos; }
 
@@ -58,12 +57,9 @@ std::string TextOf(const LooseNote& note) {
   const std::string end = length + (note.mark == 0 ? "" : std::string(1, note.mark));
   const char letter = ToLower(note.letter) == 'h' ? 'b' : ToLower(note.letter);
   if (letter == 'r' || letter == 'p') return "r" + end;
-  const int semitone = SemitoneOf({&letter, 1}) + note.accidental;
-  const int up = semitone < 0 ? -1 : semitone / kSemitones;
+  const auto [sounding, up] = PianoToneOf(letter, note.accidental);
   const bool flat = note.accidental < 0 && ToneIndex("&" + std::string(1, letter)) >= 0;
-  const std::string tone = flat
-                               ? "&" + std::string(1, letter)
-                               : std::string(kPianoTones.at(static_cast<size_t>(semitone - kSemitones * up)));
+  const std::string tone = flat ? "&" + std::string(1, letter) : std::string(sounding);
   if (note.octave == 0 && up == 0) return tone + end;
   const int octave = (note.octave == 0 ? kDefaultOctave : std::min(note.octave, kHighestOctave) - '0') + up;
   return "*" + std::to_string(std::clamp(octave, 0, kHighestOctave - '0')) + tone + end;

@@ -52,14 +52,15 @@ std::string TextOf(const LooseNote& note, FormatMode mode) {
   const std::string dot = note.dot && mode == FormatMode::EMelody ? "." : "";
   const auto cased = [upper](char c) { return std::string(1, upper ? ToUpper(c) : c); };
   if (lower == 'p') return cased('p') + dot;
-  const auto highest = static_cast<size_t>(LimitsOf(mode).highestOctave - LimitsOf(mode).lowestOctave);
+  const int highest = LimitsOf(mode).highestOctave - LimitsOf(mode).lowestOctave;
+  const auto marks = [&](int octavesUp) {
+    const int octave = std::clamp(static_cast<int>(note.octave) + octavesUp, 0, highest);
+    return std::string(static_cast<size_t>(octave), '+');
+  };
   const bool flat = note.accidental < 0 && ToneIndex("&" + std::string(1, lower)) >= 0;
-  if (flat) return std::string(std::min(note.octave, highest), '+') + std::string(kFlat) + cased(lower) + dot;
-  constexpr int kSemitones = static_cast<int>(kPianoTones.size());
-  const int semitone = SemitoneOf({&lower, 1}) + note.accidental;
-  const size_t octave = std::min(note.octave + (semitone == kSemitones ? 1 : 0), highest);
-  const std::string_view tone = kPianoTones.at(static_cast<size_t>((semitone + kSemitones) % kSemitones));
-  return std::string(octave, '+') + std::string(tone.substr(0, tone.size() - 1)) + cased(tone.back()) + dot;
+  if (flat) return marks(0) + std::string(kFlat) + cased(lower) + dot;
+  const auto [tone, up] = PianoToneOf(lower, note.accidental);
+  return marks(up) + std::string(tone.substr(0, tone.size() - 1)) + cased(tone.back()) + dot;
 }
 
 // Passes what `notes` begins with; gives how many characters that was.

@@ -16,7 +16,7 @@ namespace {
 constexpr std::string_view kToneLetters = "abcdefgh";
 constexpr std::string_view kNoteLetters = "abcdefghpr";
 constexpr int kOctaveOffset = 2;  // of RTTTL's numbers
-constexpr int kSemitones = static_cast<int>(kPianoTones.size());
+constexpr int kHighestDigit = 9;  // a note has one, "o=" takes 10 too
 
 bool IsIn(char c, std::string_view characters) { return characters.find(c) != std::string_view::npos; }
 bool IsNoteLetter(char c) { return IsIn(c, kNoteLetters); }
@@ -158,14 +158,12 @@ class NoteWriter {
 
   // "e#" is f, "b#" the c above, and a flat the sharp below it.
   std::string ToneText(const LooseNote& note) {
-    const int semitone = SemitoneOf({&note.letter, 1}) + note.accidental;
-    const int up = semitone < 0 ? -1 : semitone / kSemitones;
-    const std::string_view tone = kPianoTones.at(static_cast<size_t>(semitone - kSemitones * up));
+    const auto [tone, up] = PianoToneOf(note.letter, note.accidental);
     std::string name = tone.back() + std::string(tone.substr(0, tone.size() - 1));
     if (why_.empty() && name.front() != note.letter) why_ = "that tone is written so";
     if (note.octave == 0 && up == 0) return name;
     const int octave = note.octave == 0 ? defaults_.octave + kOctaveOffset : note.octave - '0';
-    const std::string digit = NearestRtttlOctave(std::to_string(octave + up));
+    const std::string digit = NearestRtttlOctave(std::to_string(std::min(octave + up, kHighestDigit)));
     if (note.octave != 0 && up == 0 && digit.front() != note.octave) why_ = "there is no such octave";
     return name + digit;
   }

@@ -50,7 +50,7 @@ TEST(TidyTest, RtttlNotesAreWrittenAsTheReaderKnowsThem) {
   };
   notes("as it should be", "c,16d#6.,p,h,8a#., #f,c6#,4.c, E", "c,16d#6.,p,h,8a#., #f,c6#,4.c, E");
   notes("_ for sharp", "c_,16g_6.,4f_.5", "c#,16g#6.,4f#5.");
-  notes("sharps that are none", "e#,4b#,b#6,h#.", "f,4c6,c7,c6.");
+  notes("sharps that are none", "e#,4b#,b#6,h#.,b9#", "f,4c6,c7,c6.,c9");
   notes("flats", "&b,8eb6,a&,cb,fb", "a#,8d#6,g#,b4,e");
   notes("empty tokens", "c,,d, ,e,", "c,d,e,");
   notes("lengths", "3c,6d,12e,24f,64g,816a,0p", "4c,8d,16e,32f,32g,32a,p");
@@ -127,7 +127,7 @@ TEST(TidyTest, LetterNotesAndTheirMarkers) {
        {"no start", "BEGIN:EMELODY\r\nVERSION:1.0\r\ncd",
         "BEGIN:EMELODY\r\nVERSION:1.0\r\nMELODY:cd\r\nEND:EMELODY\r\n"},
        {"stray signs", marked("c1,d2 x&f"), marked("cd e")},
-       {"tones that are none", marked("#e#H.(b)C"), marked("f+C.B")}});
+       {"tones that are none", marked("#e#H.(b)C+(b)c"), marked("f+C.Bb")}});
   ExpectTidied(FormatMode::Melody, {{"as it should be", "+C(b)dpe-", "+C(b)dpe-"},
                                     {"decoration", "* cd *", " cd "},
                                     {"dots and digits", "c.d.5", "cd"}});
