@@ -12,6 +12,7 @@
 // iMelody 1.2 format, of the phones' own E-Melody and Melody texts, and of Nokia's RTTTL.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -36,6 +37,10 @@ struct Token {
 Element Decode(std::string_view token, FormatMode mode, const TokenDefaults& defaults, Log& log);
 
 inline constexpr std::string_view kRefusedToken = "Error";
+
+/// The commands of the iMelody format that switch something of the phone.
+inline constexpr std::array<std::string_view, 6> kSwitchCommands{"ledon",   "ledoff", "vibeon",
+                                                                 "vibeoff", "backon", "backoff"};
 
 /// Whether the element is a tone, a pause or a command of the iMelody format, with a length and an octave
 /// that there are: false for what a reader kept without knowing what it is.

@@ -1,6 +1,5 @@
 // Whether an element is one that a composer could have entered.
 #include <algorithm>
-#include <array>
 
 #include "core/ascii.h"
 #include "core/codec.h"
@@ -16,9 +15,9 @@ bool IsNumber(std::string_view text) {
 }
 
 bool IsKnownCommand(std::string_view command) {
-  constexpr std::array<std::string_view, 9> kPlain{"ledon",   "ledoff", "vibeon", "vibeoff", "backon",
-                                                   "backoff", "V+",     "V-",     "("};
-  if (std::find(kPlain.begin(), kPlain.end(), command) != kPlain.end()) return true;
+  const bool switches =
+      std::find(kSwitchCommands.begin(), kSwitchCommands.end(), command) != kSwitchCommands.end();
+  if (switches || command == "V+" || command == "V-" || command == "(") return true;
   if (command.starts_with('V')) return IsNumber(command.substr(1));
   return command.starts_with('@') && command.ends_with(')') &&
          IsNumber(command.substr(1, command.size() - 2));

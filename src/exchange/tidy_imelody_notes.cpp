@@ -1,7 +1,6 @@
 #include "exchange/tidy_imelody_notes.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "core/ascii.h"
@@ -12,8 +11,6 @@
 namespace trillomat {
 namespace {
 
-constexpr std::array<std::string_view, 6> kCommands{"ledon",   "ledoff", "vibeon",
-                                                    "vibeoff", "backon", "backoff"};
 constexpr char kQuarter = '2';
 constexpr char kShortest = '5';
 constexpr char kHighestOctave = '8';
@@ -67,7 +64,7 @@ std::string TextOf(const LooseNote& note) {
 
 // How long the command at the front of `text` is, 0 for none; what it should be goes to `command`.
 size_t CommandAt(std::string_view text, std::string& command) {
-  for (const std::string_view known : kCommands) {
+  for (const std::string_view known : kSwitchCommands) {
     if (!EqualNoCase(text.substr(0, known.size()), known)) continue;
     command = known;
     return known.size();
