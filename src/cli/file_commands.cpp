@@ -31,7 +31,7 @@ std::string PastedText(std::string bytes) {
 }
 
 void ConvertOne(const Invocation& call, const CommandServices& services) {
-  if (IsMidiPath(call.in) || IsMidiPath(call.out)) return ConvertMidi(call, services);
+  if (HasMidiName(call.in) || HasMidiName(call.out)) return ConvertMidi(call, services);
   if (call.track) throw WrongUsage("--track is for MIDI files that are read");
   const FormatMode from = FormatOfPath(call.in, call.mode);
   const FormatMode to = FormatOfPath(call.out, call.mode);

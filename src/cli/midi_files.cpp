@@ -8,7 +8,6 @@
 #include "cli/melody_source.h"
 #include "cli/output_check.h"
 #include "composer/song_info.h"
-#include "core/ascii.h"
 #include "core/code_page.h"
 #include "document/document.h"
 #include "exchange/midi_read.h"
@@ -27,15 +26,10 @@ void Tell(const std::filesystem::path& file, const std::vector<std::string>& sen
 
 // A MIDI file that becomes another passes through the mode that holds the most.
 FormatMode ModeFor(const std::filesystem::path& file, std::optional<FormatMode> told) {
-  return IsMidiPath(file) ? FormatMode::IMelody : FormatOfPath(file, told);
+  return HasMidiName(file) ? FormatMode::IMelody : FormatOfPath(file, told);
 }
 
 }  // namespace
-
-bool IsMidiPath(const std::filesystem::path& file) {
-  const std::string extension = Utf8OfPath(file.extension());
-  return EqualNoCase(extension, ".mid") || EqualNoCase(extension, ".midi");
-}
 
 Song LoadMidi(const Invocation& call, FormatMode mode, const CommandServices& services) {
   const std::string bytes = ReadInput(call.in, services.store);
@@ -57,8 +51,8 @@ void SaveMidi(const Song& song, FormatMode mode, const std::filesystem::path& fi
 }
 
 void ConvertMidi(const Invocation& call, const CommandServices& services) {
-  const bool fromMidi = IsMidiPath(call.in);
-  const bool toMidi = IsMidiPath(call.out);
+  const bool fromMidi = HasMidiName(call.in);
+  const bool toMidi = HasMidiName(call.out);
   if (call.track && !fromMidi) throw WrongUsage("--track is for MIDI files that are read");
   const FormatMode from = ModeFor(call.in, call.mode);
   const FormatMode to = ModeFor(call.out, call.mode);

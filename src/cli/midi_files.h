@@ -8,9 +8,6 @@
 
 namespace trillomat {
 
-/// Whether the name of `file` ends in ".mid" or ".midi".
-bool IsMidiPath(const std::filesystem::path& file);
-
 /// The melody of the MIDI file call.in for `mode`, of the track call.track. What was left out goes to
 /// standard error. Throws Refused when it cannot be read.
 Song LoadMidi(const Invocation& call, FormatMode mode, const CommandServices& services);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/ascii.h"
 #include "core/code_page.h"
 
 namespace trillomat {
@@ -11,6 +12,11 @@ std::filesystem::path PathOfUtf8(std::string_view text) { return std::u8string(t
 std::string Utf8OfPath(const std::filesystem::path& path) {
   const std::u8string text = path.u8string();
   return {text.begin(), text.end()};
+}
+
+bool HasMidiName(const std::filesystem::path& file) {
+  const std::string extension = Utf8OfPath(file.extension());
+  return EqualNoCase(extension, ".mid") || EqualNoCase(extension, ".midi");
 }
 
 std::string LogText(std::string_view path) {

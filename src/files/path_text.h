@@ -13,6 +13,9 @@ namespace trillomat {
 std::filesystem::path PathOfUtf8(std::string_view text);
 std::string Utf8OfPath(const std::filesystem::path& path);
 
+/// Whether the name of `file` ends in ".mid" or ".midi".
+bool HasMidiName(const std::filesystem::path& file);
+
 /// `path` (UTF-8) as one line of Windows-1252 text: what that lacks, and control characters, as "?". Bytes
 /// that are no UTF-8 stand for themselves.
 std::string LogText(std::string_view path);

@@ -6,8 +6,12 @@
 #include <utility>
 
 #include "core/code_page.h"
+#include "core/number_text.h"
+#include "files/path_text.h"
+#include "files/read_file.h"
 #include "files/refusal_text.h"
 #include "ui/export_window.h"
+#include "ui/exported_sound.h"
 #include "ui/qt_text.h"
 #include "ui/rename_window.h"
 
@@ -15,6 +19,14 @@ namespace trillomat {
 namespace {
 
 constexpr int kClickDelay = 200;  // milliseconds
+
+// "2: Lead, 214 notes"
+QString TrackText(const MidiTrackTitle& track) {
+  QString text = QString::number(track.number);
+  if (!track.name.empty()) text += QStringLiteral(": ") + ShownName(ToUtf8(track.name));
+  text += QStringLiteral(", ") + QString::fromStdString(Counted(track.notes, "note", "notes"));
+  return track.drums ? text + QStringLiteral(" (drums)") : text;
+}
 
 }  // namespace
 
@@ -29,6 +41,9 @@ FilesBox::FilesBox(const FilesBoxParts& parts, QWidget* parent)
              parts.services},
             browser_),
       second_(*this, parts.record, parts.services),
+      sound_({parts.document, parts.record, parts.files, operations_, recovery_, kept_, recent_, *this,
+              parts.services},
+             browser_, ExportedSound),
       drives_(new QComboBox(this)),
       folder_(new QLabel(this)),
       list_(new FileList(browser_.Rows(), this)),
@@ -151,6 +166,7 @@ void FilesBox::Import() {
   window.SetTidies(tidyImports);
   window.exec();
   tidyImports = window.Tidies();
+  if (window.WantsMidi()) return AskMidiFile();
   if (auto& imported = window.Result()) TakeImported(*std::move(imported), window.Origin());
 }
 
@@ -166,6 +182,52 @@ void FilesBox::TakeImported(Imported&& imported, const ImportOrigin& origin) {
     done.text = JoinedSentences("Not adapted: " + ToUtf8(imported.notAdapted), done.text);
   }
   browser_.TakeImported(std::move(read), done);
+}
+
+void FilesBox::AskMidiFile() {
+  const auto file = AskOpenPath({parts_.files.NativePath(browser_.Folder()), "MIDI files (*.mid *.midi)"});
+  if (file) ImportMidi(*file);
+}
+
+void FilesBox::ImportMidiFile(const std::filesystem::path& file) {
+  const auto token = operations_.Begin();
+  if (token) ImportMidi(file);
+}
+
+// The file is read a second time where another track is chosen.
+void FilesBox::ImportMidi(const std::filesystem::path& file) {
+  const auto bytes = ReadFile(file, parts_.files);
+  if (!bytes) return Say({"Not imported: " + ToUtf8(bytes.Why().why)});
+  const FormatMode mode = parts_.document.Mode();
+  const auto read = [&](std::optional<size_t> track) {
+    return ReadMidiFile(*bytes, mode, track, parts_.record, parts_.services);
+  };
+  MidiRead midi = read({});
+  if (midi.tracks.size() > 1) {
+    const std::optional<size_t> track = AskTrack(midi);
+    if (!track) return;
+    if (*track != midi.track) midi = read(track);
+  }
+  const std::string name = Utf8OfPath(file.filename());
+  if (!midi.read) return Say({"Not imported: " + RefusalText(name, *midi.read.refusal)});
+  if (mode != parts_.document.Mode()) return Say({"Not imported: the format was changed meanwhile"});
+  std::string done;
+  for (const std::string& each : midi.dropped) done += "; " + ToUtf8(each);
+  if (!done.empty()) done.insert(0, "Imported " + name);
+  browser_.TakeImported(std::move(midi.read), {done});
+}
+
+// The number of the track that the user chooses.
+std::optional<size_t> FilesBox::AskTrack(const MidiRead& midi) {
+  QStringList tracks;
+  int proposed = 0;
+  for (const MidiTrackTitle& track : midi.tracks) {
+    if (track.number == midi.track) proposed = static_cast<int>(tracks.size());
+    tracks << TrackText(track);
+  }
+  const auto chosen = parts_.questions.AskTrack(window(), tracks, proposed);
+  if (!chosen) return std::nullopt;
+  return midi.tracks.at(static_cast<size_t>(*chosen)).number;
 }
 
 void FilesBox::Export() {

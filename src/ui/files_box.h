@@ -11,11 +11,13 @@
 #include <functional>
 
 #include "composer/composer.h"
+#include "exchange/midi_read.h"
 #include "files/file_browser.h"
 #include "files/kept_files.h"
 #include "files/recent_files.h"
 #include "files/recovery.h"
 #include "files/save_commands.h"
+#include "files/sound_export.h"
 #include "ui/controls.h"
 #include "ui/file_list.h"
 #include "ui/import_window.h"
@@ -62,6 +64,10 @@ class FilesBox : public QGroupBox, private FilesHost {
   void SaveAs() { save_.SaveAs(); }
   void Import();
   void Export();
+  void ExportSound() { sound_.Run(); }
+  /// Imports the highest voice of a track, and says what was left out. Nothing while another file operation
+  /// runs.
+  void ImportMidiFile(const std::filesystem::path& file);
   RecentFiles& Recent() { return recent_; }
   const RecentFiles& Recent() const { return recent_; }
   std::vector<KeptSong> KeptSongs() const { return recovery_.Songs(); }
@@ -89,6 +95,9 @@ class FilesBox : public QGroupBox, private FilesHost {
   QLayout* NewButtonColumn();
   void AddMenuItems();
   void Connect();
+  void AskMidiFile();
+  std::optional<size_t> AskTrack(const MidiRead& midi);
+  void ImportMidi(const std::filesystem::path& file);
   QPushButton* NewCommand(const char* objectName, const ControlText& text, void (FilesBox::*command)());
 
   // FilesHost
@@ -124,6 +133,7 @@ class FilesBox : public QGroupBox, private FilesHost {
   FileBrowser browser_;
   SaveCommands save_;
   SecondReadings second_;
+  SoundExport sound_;
   QTimer clickTimer_;
   QTimer recoveryTimer_;
   bool started_ = false;

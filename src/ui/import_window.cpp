@@ -130,10 +130,20 @@ QLayout* ImportWindow::NewButtonRow() {
                       {QStringLiteral("&Cancel"), QStringLiteral("Close without importing")}, this);
   connect(import_, &QPushButton::clicked, this, &ImportWindow::Import);
   connect(cancel, &QPushButton::clicked, this, &ImportWindow::reject);
+  auto* midi = NewDialogButton(QStringLiteral("cmdImportMidi"),
+                               {QStringLiteral("From a MI&DI file..."), QStringLiteral("Import a MIDI file"),
+                                QStringLiteral("Takes the highest voice of a track of a .mid file")},
+                               this);
+  connect(midi, &QPushButton::clicked, this, [this] {
+    if (running_ != nullptr) return;
+    wantsMidi_ = true;
+    QDialog::reject();
+  });
   auto* row = new QHBoxLayout;
   row->addWidget(adapt_);
   row->addWidget(tidy_);
   row->addStretch();
+  row->addWidget(midi);
   row->addWidget(import_);
   row->addWidget(cancel);
   return row;

@@ -39,6 +39,8 @@ class ImportWindow : public QDialog {
   /// "Tidy common slips".
   bool Tidies() const { return tidy_->isChecked(); }
   void SetTidies(bool tidy) { tidy_->setChecked(tidy); }
+  /// A MIDI file is to be imported instead.
+  bool WantsMidi() const { return wantsMidi_; }
 
   /// "Cancel", Escape and the window's own close button: nothing is imported. An import that runs ends as
   /// soon as it can, and the window with it.
@@ -60,6 +62,7 @@ class ImportWindow : public QDialog {
   std::string source_;                ///< the text of the box, in Windows-1252
   StoppablePump* running_ = nullptr;  ///< of the import that runs
   bool cancelled_ = false;
+  bool wantsMidi_ = false;
   std::optional<Imported> result_;
   ImportOrigin origin_;
 

@@ -123,7 +123,8 @@ void MainWindow::Connect() {
   connect(
       this, &MainWindow::Dropped, this,
       [this](const std::filesystem::path& file) {
-        if (composer_.MayEdit()) OpenFile(file);
+        if (!composer_.MayEdit()) return;
+        HasMidiName(file) ? files_->ImportMidiFile(file) : OpenFile(file);
       },
       Qt::QueuedConnection);
 }

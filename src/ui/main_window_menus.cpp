@@ -83,6 +83,7 @@ std::vector<MenuItem> MainWindow::FileItems() {
           {kFile, nullptr},
           {kFile, "mnuFileImport", "&Import...", [this] { files_->Import(); }, may},
           {kFile, "mnuFileExport", "&Export...", [this] { files_->Export(); }, filled},
+          {kFile, "mnuFileExportSound", "Export soun&d...", [this] { files_->ExportSound(); }, filled},
           {kFile, nullptr},
           {kFile, "mnuFileCleanUp", "&Clean up settings", [this] { CleanUp(); }, may},
           {kFile, nullptr},

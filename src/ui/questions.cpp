@@ -1,24 +1,45 @@
 #include "ui/questions.h"
 
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 
 #include "files/path_text.h"
 #include "ui/qt_text.h"
 
 namespace trillomat {
+namespace {
+
+// The descriptions of the pairs of a filter: each is a filter of Qt's own kind.
+QStringList FiltersOf(const std::string& filter) {
+  const QStringList parts =
+      QString::fromLatin1(filter.data(), static_cast<qsizetype>(filter.size())).split(QChar(0));
+  QStringList filters;
+  for (qsizetype i = 0; i < parts.size(); i += 2) filters << parts.at(i);
+  return filters;
+}
+
+// ".mid" of "MIDI (*.mid)"
+std::string ExtensionOf(const QString& filter) {
+  return filter.section(QLatin1Char('*'), 1).section(QLatin1Char(')'), 0, 0).toStdString();
+}
+
+}  // namespace
 
 // Whether a file may be replaced is asked afterwards, by the save command.
 std::optional<std::filesystem::path> QtQuestions::AskSavePath(QWidget* parent, const SaveDialog& dialog) {
   // The dialog knows folders whose names are text; in any other place it opens where it opened last.
   const QString folder = FromUtf8Bytes(Utf8OfPath(dialog.folder));
-  // The description of the first pair of the filter is a filter of Qt's own kind.
-  const QString filter = QString::fromLatin1(dialog.filter.c_str());
+  const QStringList filters = FiltersOf(dialog.filter);
+  QString selected = filters.value(0);
   const QString file = QFileDialog::getSaveFileName(
       parent, QStringLiteral("Save As"), folder + QLatin1Char('/') + QString::fromStdString(dialog.fileName),
-      filter, nullptr, QFileDialog::DontConfirmOverwrite);
+      filters.join(QStringLiteral(";;")), &selected, QFileDialog::DontConfirmOverwrite);
   if (file.isEmpty()) return std::nullopt;
-  return PathOfUtf8(file.toStdString());
+  std::filesystem::path path = PathOfUtf8(file.toStdString());
+  // What the command itself would add is that of the first.
+  if (filters.indexOf(selected) > 0 && !path.has_extension()) path += ExtensionOf(selected);
+  return path;
 }
 
 std::optional<std::filesystem::path> QtQuestions::AskOpenPath(QWidget* parent, const OpenDialog& dialog) {
@@ -34,6 +55,15 @@ bool QtQuestions::AskYesNo(QWidget* parent, const QString& title, const QString&
   box.setTextFormat(Qt::PlainText);
   box.setText(ShownMessage(question));
   return box.exec() == QMessageBox::Yes;
+}
+
+std::optional<int> QtQuestions::AskTrack(QWidget* parent, const QStringList& tracks, int proposed) {
+  bool chosen = false;
+  const QString track = QInputDialog::getItem(parent, QStringLiteral("Trillomat - Import"),
+                                              QStringLiteral("Which track holds the melody?"), tracks,
+                                              proposed, false, &chosen);
+  if (!chosen) return std::nullopt;
+  return static_cast<int>(tracks.indexOf(track));
 }
 
 }  // namespace trillomat

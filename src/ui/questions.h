@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 #include <filesystem>
 #include <optional>
@@ -21,6 +22,8 @@ class Questions {
   virtual std::optional<std::filesystem::path> AskSavePath(QWidget* parent, const SaveDialog& dialog) = 0;
   virtual std::optional<std::filesystem::path> AskOpenPath(QWidget* parent, const OpenDialog& dialog) = 0;
   virtual bool AskYesNo(QWidget* parent, const QString& title, const QString& question) = 0;
+  /// Which of the tracks of a MIDI file is taken, `proposed` to begin with. Nothing when cancelled.
+  virtual std::optional<int> AskTrack(QWidget* parent, const QStringList& tracks, int proposed) = 0;
 };
 
 /// Asks with the window system's own dialogs.
@@ -29,6 +32,7 @@ class QtQuestions : public Questions {
   std::optional<std::filesystem::path> AskSavePath(QWidget* parent, const SaveDialog& dialog) override;
   std::optional<std::filesystem::path> AskOpenPath(QWidget* parent, const OpenDialog& dialog) override;
   bool AskYesNo(QWidget* parent, const QString& title, const QString& question) override;
+  std::optional<int> AskTrack(QWidget* parent, const QStringList& tracks, int proposed) override;
 };
 
 }  // namespace trillomat

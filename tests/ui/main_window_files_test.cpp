@@ -5,6 +5,8 @@
 #include <QTimer>
 #include <QUrl>
 
+#include "exchange/midi_write.h"
+#include "support/midi_bytes.h"
 #include "ui/main_window_fixture.h"
 
 namespace trillomat {
@@ -320,6 +322,62 @@ TEST(MainWindowRecovery, AMelodyComesBackAfterAnAbnormalEndAndOnDemand) {
     EXPECT_EQ(parts.document.Info().name, "Unsaved");
     QTest::qWait(Recovery::kTickInterval + 200);  // for the timer that writes it down
   }                                               // without Unload, as a crash leaves it
+}
+
+TEST_F(MainWindowFiles, TheSoundIsExportedAsWaveOrMidiAndWhatItReplacesIsKept) {
+  EXPECT_FALSE(Action("mnuFileExportSound").isEnabled());
+  ClickRow("a.imy");
+  const auto exported = [this](const char* name) {
+    questions.savePath = folder / name;
+    Trigger("mnuFileExportSound");
+    return NoticeText().toStdString();
+  };
+  const std::filesystem::path belongs = document.File();
+  EXPECT_EQ(exported("tune"), "Wrote tune.wav");
+  EXPECT_EQ(folder.Read("tune.wav").substr(0, 4), "RIFF");
+  folder.Write("tune.mid", "old");
+  questions.yes = false;
+  exported("tune.mid");
+  EXPECT_EQ(folder.Read("tune.mid"), "old");
+  questions.yes = true;
+  EXPECT_EQ(exported("tune.mid"), "Replaced tune.mid");
+  EXPECT_EQ(folder.Read("tune.mid"), WriteMidi(document.CurrentSong()).bytes);
+  Press("messageAction(0)");
+  EXPECT_EQ(folder.Read("tune.mid"), "old");
+  EXPECT_EQ(document.File(), belongs);
+  EXPECT_THAT(exported("none/tune.mid"), HasSubstr("Not exported: tune.mid cannot be written"));
+  questions.savePath.reset();
+  Trigger("mnuFileExportSound");
+}
+
+TEST_F(MainWindowFiles, AMidiFileIsImportedInOneStepAndTellsWhatWasLeftOut) {
+  MidiTrackDraft lead;
+  lead.At(0, MidiName("Lead"));
+  for (int i = 0; i < 3; ++i) lead.Note(96 * i, 96 * i + 96, 72 + 2 * i);
+  MidiTrackDraft bass;
+  bass.Note(0, 288, 48);
+  folder.Write("two.mid", MidiBytes(1, 96, {bass.Track(), lead.Track()}));
+  folder.Write("bad.mid", "MThd");
+  Enter("c");
+  const auto imported = [this](const char* name) {
+    questions.openPath = folder / name;
+    Answer<QPlainTextEdit>("txtSource", "", "cmdImportMidi");
+    Press("cmdImport");
+    return NoticeText().toStdString();
+  };
+  EXPECT_EQ(imported("two.mid"), "Imported two.mid; 1 other track is left out");
+  EXPECT_EQ(questions.tracks.join('|').toStdString(), "1, 1 note|2: Lead, 3 notes");
+  EXPECT_EQ(Shown(), "|*4c2 *4d2 *4e2");
+  Trigger("mnuEditUndo");
+  EXPECT_EQ(Shown(), "*4c4|") << "one step";
+  questions.track = 0;
+  emit window.Dropped(folder / "two.mid");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Shown(), "|*2c1.");
+  questions.track.reset();
+  imported("two.mid");
+  EXPECT_EQ(Shown(), "|*2c1.") << "no track was chosen";
+  EXPECT_THAT(imported("bad.mid"), HasSubstr("Not imported: bad.mid: the MIDI file is broken off"));
 }
 
 }  // namespace

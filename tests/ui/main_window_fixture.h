@@ -45,6 +45,14 @@ class FakeQuestions : public Questions {
     return yes;
   }
 
+  std::optional<int> AskTrack(QWidget* /*parent*/, const QStringList& asked, int proposed) override {
+    tracks = asked;
+    return track == kProposed ? std::optional(proposed) : track;
+  }
+
+  static constexpr int kProposed = -1;
+  QStringList tracks;  ///< that it was last asked of
+  std::optional<int> track = kProposed;
   int saveDialogs = 0;
   std::function<void()> whileAsking;
   std::optional<std::filesystem::path> savePath;
