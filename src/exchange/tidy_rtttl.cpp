@@ -128,21 +128,21 @@ void TidyName(std::string_view name, TidyText& text) {
 }
 
 // The only tune, or the first of several.
-std::string_view TuneIn(TidyText& text) {
-  const std::vector<std::string_view> tunes = TunesIn(text.Rest());
-  if (tunes.empty()) return text.Rest();
-  text.LeaveOut(static_cast<size_t>(tunes.front().data() - text.Rest().data()), "it is no part of the tune");
-  return tunes.front();
+std::string_view TuneIn(std::string_view text) {
+  const std::vector<std::string_view> tunes = TunesIn(text);
+  return tunes.empty() ? text : tunes.front();
 }
 
 }  // namespace
 
 void TidyRtttl(TidyText& text) {
   // What the reader understands is cut as it cuts it.
-  const RtttlShape shape =
-      ReadsWhole(text.Rest(), FormatMode::Rtttl) ? ShapeByColons(text.Rest()) : RtttlShapeOf(TuneIn(text));
+  const bool whole = ReadsWhole(text.Rest(), FormatMode::Rtttl);
+  const std::string_view tune = whole ? text.Rest() : TuneIn(text.Rest());
+  const RtttlShape shape = whole ? ShapeByColons(tune) : RtttlShapeOf(tune);
   const bool bare = shape.keys.empty();
   if (bare ? !HoldsRtttlNotes(shape.notes) : WithoutLayout(shape.notes).empty()) return;
+  text.LeaveOut(static_cast<size_t>(tune.data() - text.Rest().data()), "it is no part of the tune");
   if (shape.name.data() + shape.name.size() == shape.keys.data()) {
     text.Insert(":", "the name ends with it");
   } else {

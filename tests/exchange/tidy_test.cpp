@@ -79,7 +79,8 @@ TEST(TidyTest, RtttlHeadersAreMadeWhole) {
                 {"a line of a program", "char* t = \"A:d=4,o=5,b=90:c,d\";", "A:d=4,o=5,b=90:c,d"},
                 {"text around", "Hear this:\nA:d=4,o=5,b=90:c,\nd,e\n\nBye, all", "A:d=4,o=5,b=90:c,\nd,e"},
                 {"two tunes", "A:d=4,o=5,b=90:c,d\r\nB:d=4,o=5,b=90:e", "A:d=4,o=5,b=90:c,d"}});
-  for (const std::string_view hopeless : {"", "A:d=4,o=5,b=90:", "Title :", "no tune at all"}) {
+  for (const std::string_view hopeless :
+       {"", "A:d=4,o=5,b=90:", "Title :", "no tune at all", "A:c,g\nd=4,o=5:\nA:d"}) {
     EXPECT_THAT(Tidy(hopeless, FormatMode::Rtttl).changes, IsEmpty()) << hopeless;
   }
 }
