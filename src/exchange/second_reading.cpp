@@ -19,7 +19,7 @@ size_t Problems(const ReadResult& read) {
 ReadResult ReadAs(const ReadingWay& way, std::string_view text, const ReadRecord& before,
                   const Services& services) {
   const auto pasted = PastedFormatOf(way.mode);
-  if (pasted && way.source == TextSource::Paste) return Import(*pasted, text, false, before, services).read;
+  if (pasted && way.source != TextSource::File) return Import(*pasted, text, false, before, services).read;
   return Read(text, way.mode, before, services);
 }
 

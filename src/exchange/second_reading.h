@@ -12,8 +12,8 @@
 
 namespace trillomat {
 
-/// Pasted texts go through the import converters, as far as their format has one.
-enum class TextSource { File, Paste };
+/// What is no file goes through the import converters, as far as its format has one.
+enum class TextSource { File, Import, Clipboard };
 
 /// A way to read a text.
 struct ReadingWay {

@@ -116,8 +116,12 @@ bool FileBrowser::TakeBetter() {
   if (!better) return false;
   const FileMessage done = better->done;
   const bool plays = better->plays;
-  opener_.TakeBetter(*std::move(better));
-  Select(kNoRow, false);
+  if (better->pasted) {
+    parts_.host.PasteIn(std::move(better->read.elements));
+  } else {
+    opener_.TakeBetter(*std::move(better));
+    Select(kNoRow, false);
+  }
   SayDone(done);
   parts_.host.ShowSelectedFile();
   return plays;

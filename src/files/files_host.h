@@ -41,6 +41,7 @@ struct BetterReading {
   std::string_view step;  ///< as in FilesHost::TakeIn
   FileMessage done;       ///< what is said once it was taken in
   bool plays = false;     ///< with "AutoPlay" on
+  bool pasted = false;    ///< taken in by FilesHost::PasteIn
 };
 
 /// What the save dialog opens with.
@@ -75,6 +76,8 @@ class FilesHost {
   /// document then belongs to `file`, empty for none. `step` is what the menu calls it: "opening".
   virtual void TakeIn(ReadResult&& read, FormatMode mode, const std::filesystem::path& file,
                       std::string_view step) = 0;
+  /// Pastes what is better read than the last paste, in the place of that where it is the last step.
+  virtual void PasteIn(ElementList&& elements) = 0;
   /// What follows an opening: presses Play with "AutoPlay" on, and returns when that does; else shows it.
   virtual void PlayOrShow() = 0;
 

@@ -38,4 +38,11 @@ std::string NotUnderstoodText(const NotUnderstood& lost) {
          (place.empty() ? "" : " in " + place);
 }
 
+// What stands alone needs no full stop.
+std::string JoinedSentences(std::string first, const std::string& second) {
+  if (first.empty() || second.empty()) return first + second;
+  if (!first.ends_with('.')) first += '.';
+  return first + " " + second + (second.ends_with('.') ? "" : ".");
+}
+
 }  // namespace trillomat

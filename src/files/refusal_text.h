@@ -17,4 +17,7 @@ std::string RefusalText(std::string_view name, const Refusal& refusal);
 /// '3 of 120 elements were not understood, the first is "85_" in line 1, column 24'; empty where all were.
 std::string NotUnderstoodText(const NotUnderstood& lost);
 
+/// Two texts as sentences; either can be empty.
+std::string JoinedSentences(std::string first, const std::string& second);
+
 }  // namespace trillomat

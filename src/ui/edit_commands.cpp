@@ -11,8 +11,8 @@
 namespace trillomat {
 
 EditCommands::EditCommands(const Document& document, Composer& composer, const Services& services,
-                           std::function<void(const QString&)> say)
-    : document_(document), composer_(composer), services_(services), say_(std::move(say)) {}
+                           EditWords words)
+    : document_(document), composer_(composer), services_(services), words_(std::move(words)) {}
 
 // What was copied is what is cut, whatever ran while the text of it was made.
 void EditCommands::Cut() {
@@ -29,19 +29,19 @@ void EditCommands::Copy() {
 void EditCommands::Paste() {
   if (!composer_.MayEdit() || pasting_) return;
   const ScopedValue pasting(pasting_, true);
-  ReadResult read = PasteFromClipboard(document_.Mode(), services_);
-  if (read) {
-    composer_.Paste(std::move(read.elements));
-    return say_(FromUtf8Bytes(NotUnderstoodText(read.notUnderstood)));
-  }
-  say_(QStringLiteral("Not pasted: ") + FromUtf8Bytes(RefusalText({}, *read.refusal)));
+  ClipboardMelody melody = PasteFromClipboard(document_.Mode(), services_);
+  const ReadResult& read = melody.read;
+  if (read) composer_.Paste(read.elements);
+  std::string said =
+      read ? NotUnderstoodText(read.notUnderstood) : "Not pasted: " + RefusalText({}, *read.refusal);
+  words_.pasted(std::move(said), melody);
 }
 
 void EditCommands::GoToNextProblem() {
   if (!composer_.MayEdit()) return;
   const auto index = NextProblem(document_);
   if (index) composer_.SelectElements({*index, *index + 1});
-  say_(ToQString(ProblemWords(document_, index)));
+  words_.say(ToQString(ProblemWords(document_, index)));
 }
 
 }  // namespace trillomat

@@ -6,14 +6,20 @@
 
 #include "composer/composer.h"
 #include "core/services.h"
+#include "ui/melody_clipboard.h"
 
 namespace trillomat {
 
+/// Who is told what the commands came to.
+struct EditWords {
+  std::function<void(const QString&)> say;
+  /// What is to be said of a paste, UTF-8 and empty where all went well, and what the clipboard held.
+  std::function<void(std::string said, const ClipboardMelody&)> pasted;
+};
+
 class EditCommands {
  public:
-  /// `say` shows why something was refused, and what was found.
-  EditCommands(const Document& document, Composer& composer, const Services& services,
-               std::function<void(const QString&)> say);
+  EditCommands(const Document& document, Composer& composer, const Services& services, EditWords words);
 
   /// Both do nothing where nothing is selected.
   void Cut();
@@ -29,7 +35,7 @@ class EditCommands {
   const Document& document_;
   Composer& composer_;
   Services services_;
-  std::function<void(const QString&)> say_;
+  EditWords words_;
   bool pasting_ = false;  ///< reading lets events run, and with them another command
 };
 

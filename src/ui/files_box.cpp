@@ -260,6 +260,21 @@ void FilesBox::TakeIn(ReadResult&& read, FormatMode mode, const std::filesystem:
                           .step = step});
 }
 
+FileMessage FilesBox::AfterPaste(std::string said, std::string_view text, const ReadResult& read) {
+  const uint64_t song = parts_.document.SongNumber();
+  if (text.empty()) return {std::move(said)};
+  FileMessage message =
+      second_.Offered(std::move(said), text, {parts_.document.Mode(), false, TextSource::Clipboard}, read);
+  if (message.offer != FileMessage::Offer::None) pasted_ = read ? std::optional(song) : std::nullopt;
+  return message;
+}
+
+void FilesBox::PasteIn(ElementList&& elements) {
+  if (pasted_ == parts_.document.SongNumber()) parts_.composer.Undo();
+  pasted_.reset();
+  parts_.composer.Paste(std::move(elements));
+}
+
 void FilesBox::PlayOrShow() {
   if (parts_.playSettings.autoPlay) return parts_.play.Press(Control::Play);
   parts_.composer.RefreshMelodyView();

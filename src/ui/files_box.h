@@ -74,6 +74,9 @@ class FilesBox : public QGroupBox, private FilesHost {
   /// What the last message offered is wanted, or the message was closed.
   void Accept(FileMessage::Offer offer) { browser_.Accept(offer); }
   void CloseMessage() { browser_.CloseMessage(); }
+  /// What is to be said of a text that was pasted, or refused, as `read`: `said`, and the offer of a better
+  /// reading, if there is one.
+  FileMessage AfterPaste(std::string said, std::string_view text, const ReadResult& read);
 
   bool modernSpelling = false;  ///< the Export window's check box
   bool tidyImports = false;     ///< that of the Import window
@@ -106,6 +109,7 @@ class FilesBox : public QGroupBox, private FilesHost {
   void StopPlaying() override;
   void TakeIn(ReadResult&& read, FormatMode mode, const std::filesystem::path& file,
               std::string_view step) override;
+  void PasteIn(ElementList&& elements) override;
   void PlayOrShow() override;
   void ShowFiles() override;
   void ShowSelectedFile() override;
@@ -138,6 +142,7 @@ class FilesBox : public QGroupBox, private FilesHost {
   QTimer recoveryTimer_;
   bool started_ = false;
   std::optional<KeptSong> left_;
+  std::optional<uint64_t> pasted_;  ///< the song that the paste made whose text is offered
 
   QComboBox* drives_;
   QLabel* folder_;

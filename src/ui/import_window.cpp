@@ -177,7 +177,7 @@ void ImportWindow::Import() {
   if (running_ != nullptr) return;
   const auto format = ImportChoice::Selected(Options()).format;
   if (!format) return accept();
-  const ReadingWay way{ModeOf(*format), tidy_->isChecked(), TextSource::Paste};
+  const ReadingWay way{ModeOf(*format), tidy_->isChecked(), TextSource::Import};
   const std::string source = source_;
   const auto text = ChosenText(TextsFor(way, source), this);
   if (!text) return;

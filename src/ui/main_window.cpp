@@ -44,7 +44,10 @@ MainWindow::MainWindow(const WindowParts& parts)
       player_(parts.document, {parts.services, parts.clock, parts.sound, *this}),
       composer_(parts.document, parts.record, player_, play_, playSettings_, *this, parts.services),
       play_(parts.document, player_, playSettings_, composer_, parts.services),
-      edit_(parts.document, composer_, parts.services, [this](const QString& text) { status_->Say(text); }),
+      edit_(parts.document, composer_, parts.services,
+            {.say = [this](const QString& text) { status_->Say(text); },
+             .pasted = [this](std::string said,
+                              const ClipboardMelody& melody) { SayPasted(std::move(said), melody); }}),
       menu_(new MainMenu(*menuBar(), parts.document, composer_, playSettings_, player_)),
       noteEntry_(new NoteEntryBox(composer_, this)),
       durations_(new OptionBox(QStringLiteral("Duration"), "optDuration", kDurationTexts, this)),
@@ -247,6 +250,13 @@ void MainWindow::ShowMelody(const MelodyText& text) {
 void MainWindow::ShowEdited() {
   menu_->ShowState();
   status_->ShowState();
+}
+
+// The bar is for what offers something.
+void MainWindow::SayPasted(std::string said, const ClipboardMelody& melody) {
+  const FileMessage message = files_->AfterPaste(std::move(said), melody.text, melody.read);
+  if (message.offer != FileMessage::Offer::None) return ShowMessage(message);
+  status_->Say(FromUtf8Bytes(message.text));
 }
 
 void MainWindow::ShowMessage(const FileMessage& message) {

@@ -94,6 +94,7 @@ class MainWindow final : public QMainWindow,
   void ShowTitle();
   void ShowEdited();
   void ShowMessage(const FileMessage& message);
+  void SayPasted(std::string said, const ClipboardMelody& melody);
   void ApplySettings(const Settings& settings);
   Settings CurrentSettings() const;
 

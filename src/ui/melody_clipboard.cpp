@@ -15,8 +15,8 @@
 namespace trillomat {
 namespace {
 
-ReadResult Refused(std::string_view why) {
-  return {.elements = {}, .record = {}, .refusal = Refusal{std::string(why)}};
+ClipboardMelody Refused(std::string_view why) {
+  return {{.elements = {}, .record = {}, .refusal = Refusal{std::string(why)}}};
 }
 
 }  // namespace
@@ -30,17 +30,19 @@ void CopyToClipboard(const ElementList& elements, const Document& document, cons
   QGuiApplication::clipboard()->setMimeData(data.release());
 }
 
-ReadResult PasteFromClipboard(FormatMode mode, const Services& services) {
+ClipboardMelody PasteFromClipboard(FormatMode mode, const Services& services) {
   const QMimeData* data = QGuiApplication::clipboard()->mimeData();
   if (data == nullptr) return Refused("the clipboard is empty");
   const QByteArray own = data->data(QLatin1String(kElementsType));
   if (auto recovered = ReadRecovery(std::string_view(own.data(), static_cast<size_t>(own.size())))) {
-    return {.elements = std::move(recovered->song.elements), .record = {}, .refusal = {}};
+    return {{.elements = std::move(recovered->song.elements), .record = {}, .refusal = {}}};
   }
   const QString text = data->text();
   if (text.trimmed().isEmpty()) return Refused("the clipboard holds no text");
   if (static_cast<size_t>(text.size()) > kLargestInput) return Refused(TooLargeText());
-  return ReadPasted(FromQString(text), mode, services);
+  std::string bytes = FromQString(text);
+  ReadResult read = ReadPasted(bytes, mode, services);
+  return {std::move(read), std::move(bytes)};
 }
 
 }  // namespace trillomat

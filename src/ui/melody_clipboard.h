@@ -14,8 +14,12 @@ inline constexpr const char* kElementsType = "application/x-trillomat-elements";
 /// Puts `elements` on the clipboard, with the song information and in the mode of `document`.
 void CopyToClipboard(const ElementList& elements, const Document& document, const Services& services);
 
-/// What the clipboard holds: the program's own elements, or what a text is read as in `mode`. Refused in
-/// words where that is no melody.
-ReadResult PasteFromClipboard(FormatMode mode, const Services& services);
+/// What the clipboard holds: the program's own elements, or what a text is read as. Refused in words where
+/// that is no melody.
+struct ClipboardMelody {
+  ReadResult read;
+  std::string text = {};  ///< Windows-1252; empty for the program's own elements
+};
+ClipboardMelody PasteFromClipboard(FormatMode mode, const Services& services);
 
 }  // namespace trillomat

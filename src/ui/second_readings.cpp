@@ -1,6 +1,7 @@
 #include "ui/second_readings.h"
 
 #include <QWidget>
+#include <array>
 #include <utility>
 
 #include "core/code_page.h"
@@ -13,6 +14,21 @@ namespace {
 
 std::string CountText(size_t count, const std::string& one) {
   return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
+}
+
+/// What is done with texts of a source.
+struct SourceWords {
+  std::string_view order;
+  std::string_view done;
+  std::string_view step;
+  std::string_view stepTidied;
+};
+
+const SourceWords& WordsOf(TextSource source) {
+  static constexpr std::array<SourceWords, 3> kWords{{{"Open", "Opened", "opening", "opening tidied"},
+                                                      {"Import", "Imported", "importing", "importing tidied"},
+                                                      {"Paste", "Pasted", "pasting", "pasting tidied"}}};
+  return kWords.at(static_cast<size_t>(source));
 }
 
 std::string AsFormat(FormatMode mode) { return " as " + std::string(LimitsOf(mode).caption); }
@@ -28,24 +44,16 @@ std::string HintText(const BetterWay& better, bool otherFormat, const ReadResult
 
 }  // namespace
 
-// What stands alone needs no full stop.
-std::string JoinedSentences(std::string first, const std::string& second) {
-  if (first.empty() || second.empty()) return first + second;
-  if (!first.ends_with('.')) first += '.';
-  return first + " " + second + (second.ends_with('.') ? "" : ".");
-}
-
 FileMessage SecondReadings::Offered(std::string said, std::string_view text, const ReadingWay& way,
                                     const ReadResult& read) {
-  offer_.reset();
   if (read && !read.elements.empty() && read.notUnderstood.count == 0) return {std::move(said)};
   const auto better = FindBetterWay(text, way, read, record_, services_.pump);
   if (!better) return {std::move(said)};
   const bool otherFormat = better->way.mode != way.mode;
   offer_ = {std::string(text), better->way, otherFormat};
-  const std::string verb = way.source == TextSource::File ? "Open" : "Import";
+  const std::string order(WordsOf(way.source).order);
   return {JoinedSentences(std::move(said), HintText(*better, otherFormat, read)),
-          FileMessage::Offer::ReadBetter, verb + (otherFormat ? AsFormat(better->way.mode) : " tidied")};
+          FileMessage::Offer::ReadBetter, order + (otherFormat ? AsFormat(better->way.mode) : " tidied")};
 }
 
 // The places in what is said are those of the tidied text, so its changes are offered where nothing else is.
@@ -69,16 +77,20 @@ std::optional<BetterReading> SecondReadings::Read() {
   WayResult result = ReadInWay(offer.way, *text, record_, services_);
   if (!result.read) return std::nullopt;
   FileMessage done = Done(offer.way, offer.otherFormat, result.read.notUnderstood, result.changes);
-  const bool file = offer.way.source == TextSource::File;
-  const std::string_view step =
-      offer.way.tidied ? (file ? "opening tidied" : "importing tidied") : (file ? "opening" : "importing");
-  return BetterReading{std::move(result.read), offer.way.mode, step, std::move(done), file};
+  const TextSource source = offer.way.source;
+  const SourceWords& words = WordsOf(source);
+  return BetterReading{.read = std::move(result.read),
+                       .mode = offer.way.mode,
+                       .step = offer.way.tidied ? words.stepTidied : words.step,
+                       .done = std::move(done),
+                       .plays = source == TextSource::File,
+                       .pasted = source == TextSource::Clipboard};
 }
 
 FileMessage SecondReadings::Done(const ReadingWay& way, bool otherFormat, NotUnderstood lost,
                                  const std::vector<TidyChange>& changes) {
   std::string said;
-  if (otherFormat || way.tidied) said = way.source == TextSource::File ? "Opened" : "Imported";
+  if (otherFormat || way.tidied) said = WordsOf(way.source).done;
   if (otherFormat) said += AsFormat(way.mode);
   if (way.tidied && changes.empty()) said += "; there was nothing to tidy";
   if (!changes.empty()) said += " tidied, with " + CountText(changes.size(), "change");

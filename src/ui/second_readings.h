@@ -14,9 +14,6 @@
 
 namespace trillomat {
 
-/// Two texts as sentences; either can be empty.
-std::string JoinedSentences(std::string first, const std::string& second);
-
 class SecondReadings {
  public:
   /// Its windows stand over that of `parent`; readings start from `record`.
@@ -31,7 +28,7 @@ class SecondReadings {
   FileMessage Refused(std::string said, const ImportOrigin& origin, const ReadResult& read);
   FileMessage Imported(const ImportOrigin& origin, const ReadResult& read);
 
-  /// Reads the text that was offered last; asks for one of several tunes.
+  /// Reads the text that was offered last, which stays until another is; asks for one of several tunes.
   std::optional<BetterReading> Read();
 
   /// Of what was read, or refused, last.

@@ -30,11 +30,11 @@ TEST(SecondReading, IsFoundWhereItLeavesLess) {
       {"clean, of another name", tune, {kIMelody}, "as RTTTL, 0 left, 1"},
       {"the same, tidied in vain", tune, {kIMelody, true}, "as RTTTL, 0 left, 1"},
       {"slips", slips, {kRtttl}, "as RTTTL tidied, 0 left, 1"},
-      {"slips, pasted", slips, {kRtttl, false, TextSource::Paste}, "as RTTTL tidied, 0 left, 1"},
+      {"slips, pasted", slips, {kRtttl, false, TextSource::Import}, "as RTTTL tidied, 0 left, 1"},
       {"slips, tidied", slips, {kRtttl, true}, ""},
       {"slips, of another name", slips, {kIMelody}, "as RTTTL tidied, 0 left, 1"},
       {"a blank last line", file + "\r\n", {kIMelody}, "as I-Melody tidied, 0 left, 1"},
-      {"a file, pasted", file, {kRtttl, false, TextSource::Paste}, "as I-Melody, 0 left, 1"},
+      {"a file, pasted", file, {kRtttl, false, TextSource::Import}, "as I-Melody, 0 left, 1"},
       {"three tunes", tune + "\n" + slips + "\n" + tune + "\n", {kRtttl}, "as RTTTL tidied, 0 left, 3"},
       {"a text too large", slips + std::string(1 << 20, ' '), {kRtttl}, ""},
       {"no melody", "%PDF-1.4 \x01\x02 77", {kIMelody}, ""}};
@@ -53,7 +53,7 @@ TEST(SecondReading, PastedTextsGoThroughTheConverters) {
   FakeServices fake;
   const std::string text = "Tune:d=4,o=5,b=100,l=3:8c_";
   for (const auto& [source, elements] :
-       {std::pair{TextSource::File, "(, 3 #c 0.5 1, @3)"}, {TextSource::Paste, "3 #c 0.5 1"}}) {
+       {std::pair{TextSource::File, "(, 3 #c 0.5 1, @3)"}, {TextSource::Import, "3 #c 0.5 1"}}) {
     const WayResult result = ReadInWay({FormatMode::Rtttl, true, source}, text, {}, fake.services);
     EXPECT_EQ(Described(result.read.elements), elements);
     EXPECT_EQ(result.changes.size(), 1U);

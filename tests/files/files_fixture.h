@@ -63,6 +63,7 @@ class FakeFilesHost : public FilesHost {
                      .file = SongFile{file, file.empty() ? SongFile::kNothing : SongFile::kThisSong}});
     if (otherMode) browser->Refresh();
   }
+  void PasteIn(ElementList&& /*elements*/) override { calls.emplace_back("paste"); }
   void PlayOrShow() override {
     ++opened;
     Meanwhile();

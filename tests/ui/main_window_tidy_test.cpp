@@ -1,6 +1,7 @@
 // What the message bar offers for a text that was refused or not wholly understood, and tidying an import.
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QTimer>
@@ -196,6 +197,39 @@ TEST_F(MainWindowTidy, ImportsAreTidiedWhereThatIsTickedAndOfferedElsewhere) {
   TakeOffer();
   EXPECT_EQ(document.Mode(), FormatMode::IMelody);
   EXPECT_EQ(Shown(), "|*4g2 *4a2");
+}
+
+TEST_F(MainWindowTidy, APasteIsOfferedTidiedInItsPlace) {
+  const auto paste = [this](const QString& text) {
+    QGuiApplication::clipboard()->setText(text);
+    Trigger("mnuEditPaste");
+  };
+  Press("optDuration(4)");
+  Enter("g");
+  paste(kSlips);
+  EXPECT_EQ(document.Size(), 4U);
+  EXPECT_EQ(Offered(), "Paste as RTTTL");
+  TakeOffer();
+  EXPECT_EQ(Shown(), "*4g4 *3#c3 *3d2 *3e2|");
+  EXPECT_THAT(Notice(), StartsWith("Pasted as RTTTL tidied, with 1 change"));
+  Trigger("mnuEditUndo");
+  EXPECT_EQ(Shown(), "*4g4|") << "what was tidied took the place of the first paste";
+  paste(kSlips);
+  Enter("a");
+  TakeOffer();
+  EXPECT_EQ(document.Size(), 8U) << "what came after a paste stays";
+  paste(kSlips);
+  paste("x:d=4,o=5,b=100:c");
+  EXPECT_EQ(document.Size(), 12U);
+  TakeOffer();
+  EXPECT_EQ(document.Size(), 15U) << "and so does another paste";
+  Press("cmdControl(0)");
+  SetMode(FormatMode::EMelody);
+  paste(QString::fromStdString(Tune("c2d2")));
+  EXPECT_EQ(Offered(), "Paste as I-Melody") << "it was refused";
+  TakeOffer();
+  EXPECT_EQ(document.Size(), 2U);
+  EXPECT_EQ(document.Mode(), FormatMode::EMelody);
 }
 
 }  // namespace
