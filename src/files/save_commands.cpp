@@ -9,6 +9,8 @@
 #include "files/path_text.h"
 #include "files/recent_files.h"
 #include "files/recovery.h"
+#include "files/refusal_text.h"
+#include "formats/rtttl_text.h"
 
 namespace trillomat {
 
@@ -117,9 +119,19 @@ void SaveCommands::Say(const TargetFile& file, const SaveResult& result) {
   parts_.recent.Add(file.path);
   parts_.recovery.Tick();  // the song is safe now
   const std::string replaced = "Replaced " + Utf8OfPath(file.path.filename());
-  if (!result.replaced.copy.empty()) return parts_.host.Say({replaced, FileMessage::Offer::Restore});
-  if (result.replaced.fault.empty()) return parts_.host.Say({});
-  parts_.host.Say({replaced + ", but " + ToUtf8(result.replaced.fault)});
+  FileMessage message;
+  if (!result.replaced.copy.empty()) message = {replaced, FileMessage::Offer::Restore};
+  if (!result.replaced.fault.empty()) message.text = replaced + ", but " + ToUtf8(result.replaced.fault);
+  message.text = JoinedSentences(std::move(message.text), NameWarning());
+  parts_.host.Say(message);
+}
+
+// The writer writes every name, but not every one comes back.
+std::string SaveCommands::NameWarning() const {
+  if (parts_.document.Mode() != FormatMode::Rtttl) return {};
+  std::string warning = ToUtf8(RtttlNameWarning(parts_.document.Info(), RtttlSpelling::Classic));
+  if (!warning.empty()) warning.front() = ToUpper(warning.front());
+  return warning;
 }
 
 }  // namespace trillomat

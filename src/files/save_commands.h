@@ -43,6 +43,7 @@ class SaveCommands {
   std::optional<std::filesystem::path> AskFile();
   SaveResult Write(const TargetFile& file, bool exists, const std::function<void()>& onRemoved);
   void Say(const TargetFile& file, const SaveResult& result);
+  std::string NameWarning() const;
 
   FileParts parts_;
   FileBrowser& browser_;

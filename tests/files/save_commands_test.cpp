@@ -125,5 +125,21 @@ TEST_F(FilesTest, TheSaveDialogOpensForTheMode) {
   EXPECT_EQ(ChosenFile(std::string("tune\0rest.imy", 13), "imy"), "tune.imy");
 }
 
+TEST_F(FilesTest, ANameThatWillNotComeBackIsSaid) {
+  Compose("c2");
+  document.Apply({.info = SongInfo{.name = "a:b"}});
+  host.savePath = folder / "a.imy";
+  save.SaveAs();
+  EXPECT_EQ(host.notice, "");
+  host.EnterMode(FormatMode::Rtttl);
+  host.savePath = folder / "a.rtx";
+  save.SaveAs();
+  EXPECT_THAT(host.notice, testing::StartsWith("The name \"a:b\" holds \":\""));
+  folder.Write("a.rtx", "other");
+  save.SaveAs();
+  EXPECT_THAT(host.notice, testing::StartsWith("Replaced a.rtx. The name \"a:b\" holds \":\""));
+  EXPECT_EQ(host.offer, FileMessage::Offer::Restore);
+}
+
 }  // namespace
 }  // namespace trillomat
