@@ -25,10 +25,10 @@ ReadResult ReadAs(const ReadingWay& way, std::string_view text, const ReadRecord
 
 }  // namespace
 
-WayResult ReadInWay(const ReadingWay& way, std::string_view text, const ReadRecord& before,
-                    const Services& services) {
-  if (!way.tidied) return {ReadAs(way, text, before, services), {}};
-  Tidied tidied = Tidy(text, way.mode);
+WayResult ReadInWay(const ReadingWay& way, std::string_view part, std::string_view text,
+                    const ReadRecord& before, const Services& services) {
+  if (!way.tidied) return {ReadAs(way, part, before, services), {}};
+  Tidied tidied = TidyPart(part, text, way.mode);
   return {ReadAs(way, tidied.text, before, services), std::move(tidied.changes)};
 }
 
@@ -51,7 +51,7 @@ std::optional<BetterWay> FindBetterWay(std::string_view text, const ReadingWay& 
   size_t fewest = Problems(first);
   for (const ReadingWay& each : ways) {
     const std::vector<std::string_view> texts = TextsFor(each, text);
-    const size_t problems = Problems(ReadInWay(each, texts.front(), before, {silent, pump}).read);
+    const size_t problems = Problems(ReadInWay(each, texts.front(), text, before, {silent, pump}).read);
     if (problems >= fewest) continue;
     fewest = problems;
     best = BetterWay{each, problems, texts.size()};

@@ -28,9 +28,9 @@ struct WayResult {
   std::vector<TidyChange> changes;  ///< that tidying made before
 };
 
-/// Reads `text`, of which tidying expects one tune.
-WayResult ReadInWay(const ReadingWay& way, std::string_view text, const ReadRecord& before,
-                    const Services& services);
+/// Reads `part` of `text`, one of those that TextsFor gives.
+WayResult ReadInWay(const ReadingWay& way, std::string_view part, std::string_view text,
+                    const ReadRecord& before, const Services& services);
 
 /// The parts of `text` that can be read in that way, one after the other: the tunes of an RTTTL text that is
 /// to be tidied, else the whole text.

@@ -4,6 +4,7 @@
 
 #include "core/code_page.h"
 #include "exchange/tidy_functions.h"
+#include "formats/reading.h"
 
 namespace trillomat {
 namespace {
@@ -46,6 +47,13 @@ Tidied Tidy(std::string_view text, FormatMode mode) {
                                                  .before = "UTF-8",
                                                  .after = "Windows-1252",
                                                  .why = "this program keeps texts in that code page"});
+  return tidied;
+}
+
+Tidied TidyPart(std::string_view part, std::string_view whole, FormatMode mode) {
+  Tidied tidied = Tidy(part, mode);
+  const size_t before = SplitLines(whole.substr(0, static_cast<size_t>(part.data() - whole.data()))).size();
+  for (TidyChange& change : tidied.changes) change.line += before;
   return tidied;
 }
 

@@ -32,6 +32,9 @@ struct Tidied {
 /// the reader to refuse. Of several RTTTL tunes (TunesIn) it takes the first.
 Tidied Tidy(std::string_view text, FormatMode mode);
 
+/// The same of a part of `whole` that begins with a line; the changes name lines of the whole.
+Tidied TidyPart(std::string_view part, std::string_view whole, FormatMode mode);
+
 /// One line for a list of changes: line 3, column 5: "c_" is now "c#": "_" stands for a sharp.
 std::string ChangeText(const TidyChange& change);
 

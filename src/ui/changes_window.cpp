@@ -9,7 +9,7 @@ namespace trillomat {
 
 ChangesWindow::ChangesWindow(const QStringList& changes, QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("frmChanges"));
-  setWindowTitle(QStringLiteral("Changes"));
+  setWindowTitle(QStringLiteral("Trillomat - Changes"));
   setAttribute(Qt::WA_DeleteOnClose);
   auto* list = new QPlainTextEdit(this);
   NameControl(*list, QStringLiteral("txtChanges"), {{}, QStringLiteral("What tidying changed")});

@@ -181,7 +181,7 @@ void ImportWindow::Import() {
   const std::string source = source_;
   const auto text = ChosenText(TextsFor(way, source), this);
   if (!text) return;
-  Tidied tidied = way.tidied ? Tidy(*text, way.mode) : Tidied{std::string(*text), {}};
+  Tidied tidied = way.tidied ? TidyPart(*text, source, way.mode) : Tidied{std::string(*text), {}};
   StoppablePump pump(services_.pump);
   std::optional<Imported> imported;
   {

@@ -74,7 +74,7 @@ std::optional<BetterReading> SecondReadings::Read() {
   const Offer offer = *offer_;
   const auto text = ChosenText(TextsFor(offer.way, offer.text), &parent_);
   if (!text) return std::nullopt;
-  WayResult result = ReadInWay(offer.way, *text, record_, services_);
+  WayResult result = ReadInWay(offer.way, *text, offer.text, record_, services_);
   if (!result.read) return std::nullopt;
   FileMessage done = Done(offer.way, offer.otherFormat, result.read.notUnderstood, result.changes);
   const TextSource source = offer.way.source;

@@ -9,7 +9,7 @@ namespace {
 /// "as RTTTL tidied, 2 left, 3 tunes" of a better way, "" for none.
 std::string BetterWords(const std::string& text, const ReadingWay& way) {
   FakeServices fake;
-  const WayResult first = ReadInWay(way, text, {}, fake.services);
+  const WayResult first = ReadInWay(way, text, text, {}, fake.services);
   fake.log.lines.clear();
   const auto better = FindBetterWay(text, way, first.read, {}, fake.pump);
   EXPECT_TRUE(fake.log.lines.empty()) << "nobody has chosen it yet";
@@ -54,7 +54,7 @@ TEST(SecondReading, PastedTextsGoThroughTheConverters) {
   const std::string text = "Tune:d=4,o=5,b=100,l=3:8c_";
   for (const auto& [source, elements] :
        {std::pair{TextSource::File, "(, 3 #c 0.5 1, @3)"}, {TextSource::Import, "3 #c 0.5 1"}}) {
-    const WayResult result = ReadInWay({FormatMode::Rtttl, true, source}, text, {}, fake.services);
+    const WayResult result = ReadInWay({FormatMode::Rtttl, true, source}, text, text, {}, fake.services);
     EXPECT_EQ(Described(result.read.elements), elements);
     EXPECT_EQ(result.changes.size(), 1U);
   }

@@ -156,6 +156,9 @@ TEST_F(MainWindowTidy, OneOfSeveralTunesIsChosen) {
   TakeOffer();
   EXPECT_EQ(TokensOf(document.Elements()), "*3f2*3f2*3g2");
   EXPECT_EQ(document.Info().name, "Two");
+  TakeOffer();
+  EXPECT_THAT(Get<QPlainTextEdit>("txtChanges").toPlainText().toStdString(),
+              StartsWith("line 2, column 19: \"e_\" is now \"f\""));
   const char* const pasted = "One:d=4,o=5,b=100:c,d\nTwo:d=4,o=5,b=100:e,f,g";
   AnswerImport(pasted, true);
   AnswerTune(0, "cmdCancel");
