@@ -6,7 +6,6 @@ namespace trillomat {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST(RecoveryText, KeepsEveryFieldAndReadsWhatEarlierVersionsWrote) {
   Song song{.elements = ElementsOf("ledon *3#c3. r5"),
