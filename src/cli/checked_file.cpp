@@ -5,6 +5,7 @@
 #include "cli/json_text.h"
 #include "cli/melody_source.h"
 #include "core/code_page.h"
+#include "core/number_text.h"
 #include "core/silent_services.h"
 #include "exchange/format_fit.h"
 #include "exchange/phone_fit.h"
@@ -95,9 +96,7 @@ CheckedFile Unreadable(std::string name, const std::string& why) {
 std::string CheckedLine(const CheckedFile& file) {
   std::string line = file.name + ": " + FindingLine(file.asItIs);
   if (file.changes > 0) {
-    line +=
-        "; tidied with " + std::to_string(file.changes) + (file.changes == 1 ? " change: " : " changes: ");
-    line += FindingLine(file.tidied);
+    line += "; tidied with " + Counted(file.changes, "change", "changes") + ": " + FindingLine(file.tidied);
   }
   // A name may hold anything, and this is one line.
   std::replace_if(

@@ -2,6 +2,8 @@
 
 #include <numeric>
 
+#include "core/number_text.h"
+
 namespace trillomat {
 namespace {
 
@@ -83,10 +85,6 @@ int MovedBy(const ElementList& from, const ElementList& to) {
     if (from[i].octave != kNoOctave) return to[i].octave - from[i].octave;
   }
   return 0;
-}
-
-std::string Counted(size_t count, std::string_view one, std::string_view more) {
-  return std::to_string(count) + ' ' + std::string(count == 1 ? one : more);
 }
 
 size_t LostCount(const PhoneFit& fit) {

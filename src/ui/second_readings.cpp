@@ -5,16 +5,13 @@
 #include <utility>
 
 #include "core/code_page.h"
+#include "core/number_text.h"
 #include "files/refusal_text.h"
 #include "ui/qt_text.h"
 #include "ui/tune_window.h"
 
 namespace trillomat {
 namespace {
-
-std::string CountText(size_t count, const std::string& one) {
-  return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
-}
 
 /// What is done with texts of a source.
 struct SourceWords {
@@ -35,7 +32,7 @@ std::string AsFormat(FormatMode mode) { return " as " + std::string(LimitsOf(mod
 
 std::string HintText(const BetterWay& better, bool otherFormat, const ReadResult& read) {
   if (otherFormat) return "The text looks like " + std::string(LimitsOf(better.way.mode).caption);
-  if (better.tunes > 1) return "The text holds " + CountText(better.tunes, "tune");
+  if (better.tunes > 1) return "The text holds " + Counted(better.tunes, "tune", "tunes");
   if (!read || read.elements.empty()) return "Tidied, it can be read";
   if (better.notUnderstood == 0) return "Tidied, all can be understood";
   return "Tidied, " + std::to_string(better.notUnderstood) +
@@ -93,7 +90,7 @@ FileMessage SecondReadings::Done(const ReadingWay& way, bool otherFormat, NotUnd
   if (otherFormat || way.tidied) said = WordsOf(way.source).done;
   if (otherFormat) said += AsFormat(way.mode);
   if (way.tidied && changes.empty()) said += "; there was nothing to tidy";
-  if (!changes.empty()) said += " tidied, with " + CountText(changes.size(), "change");
+  if (!changes.empty()) said += " tidied, with " + Counted(changes.size(), "change", "changes");
   // A place in the tidied text is none in the one that the user has.
   if (!changes.empty()) lost.first.line = 0;
   return {JoinedSentences(said, NotUnderstoodText(lost)), KeepChanges(changes)};
