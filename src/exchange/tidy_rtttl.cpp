@@ -40,7 +40,8 @@ std::string TidyValue(char key, const std::string& value) {
 
 class Keys {
  public:
-  explicit Keys(TidyText& text) : text_(text) {}
+  /// `readsWhole`: the elements are understood as the reader reads them, which knows no upper-case keys.
+  Keys(TidyText& text, bool readsWhole) : text_(text), readsWhole_(readsWhole) {}
 
   void Tidy(std::string_view all) {
     std::string_view keys = all;
@@ -66,9 +67,11 @@ class Keys {
   void TidyItem(std::string_view item) {
     for (size_t sign = item.find('='); sign != std::string_view::npos; sign = item.find('=')) {
       const size_t place = item.substr(0, sign).find_last_not_of(" \r\n\t");
-      const char key = place == std::string_view::npos ? '\0' : ToLower(item[place]);
+      const char written = place == std::string_view::npos ? '\0' : item[place];
+      const char key = ToLower(written);
       const std::string_view behind = item.substr(sign + 1);
-      if (!Contains("dobl", std::string(1, key))) {
+      const bool changesElements = readsWhole_ && key != 'b' && key != written;
+      if (!Contains("dobl", std::string(1, key)) || changesElements) {
         text_.Keep(sign + 1);
         item = behind;
         continue;
@@ -109,6 +112,7 @@ class Keys {
   }
 
   TidyText& text_;
+  bool readsWhole_;
   std::string found_;
   std::string duration_{kNeededKeys[0].published};
   std::string octave_{kNeededKeys[1].published};
@@ -149,7 +153,7 @@ void TidyRtttl(TidyText& text) {
     TidyName(shape.name, text);
     text.Keep(1);
   }
-  Keys keys(text);
+  Keys keys(text, whole);
   keys.Tidy(shape.keys);
   if (text.Rest().data() == shape.notes.data()) {
     text.Insert(":", "the keys end with it");

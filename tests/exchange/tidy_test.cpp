@@ -63,22 +63,24 @@ TEST(TidyTest, RtttlNotesAreWrittenAsTheReaderKnowsThem) {
 }
 
 TEST(TidyTest, RtttlHeadersAreMadeWhole) {
-  ExpectTidied(FormatMode::Rtttl,
-               {{"blanks and order", "A: b = 90, o=5,d=4 :c,d", "A: b = 90, o=5,d=4 :c,d"},
-                {"no key", "A::c,d", "A:d=4,o=6,b=63:c,d"},
-                {"no second colon", "A:c,d", "A:d=4,o=6,b=63:c,d"},
-                {"no name", "d=4,o=5,b=90:c,d", ":d=4,o=5,b=90:c,d"},
-                {"nothing but notes", "c,8d", ":d=4,o=6,b=63:c,8d"},
-                {"a key less", "A:b=90:c,d", "A:b=90,d=4,o=6:c,d"},
-                {"keys that are none", "A:fast:c,d", "A:fast,d=4,o=6,b=63:c,d"},
-                {"keys and notes run together", "A:d=4,o=5,b=90,c,d", "A:d=4,o=5,b=90:c,d"},
-                {"upper case", "A:D=4,O=5,B=90:c,d", "A:d=4,o=5,b=90:c,d"},
-                {"words and odd values", "A:d=3,o=1,b=Slow:c,d", "A:d=4,o=4,b=63:c,d"},
-                {"a tempo beyond all", "A:d=4,o=5,b=9999999999,l=99999:c,d", "A:d=4,o=5,b=63,l=15:c,d"},
-                {"colons in the name", "Rocky: Theme: :d=4,o=5,b=90:c,d", "Rocky- Theme:d=4,o=5,b=90:c,d"},
-                {"a line of a program", "char* t = \"A:d=4,o=5,b=90:c,d\";", "A:d=4,o=5,b=90:c,d"},
-                {"text around", "Hear this:\nA:d=4,o=5,b=90:c,\nd,e\n\nBye, all", "A:d=4,o=5,b=90:c,\nd,e"},
-                {"two tunes", "A:d=4,o=5,b=90:c,d\r\nB:d=4,o=5,b=90:e", "A:d=4,o=5,b=90:c,d"}});
+  ExpectTidied(
+      FormatMode::Rtttl,
+      {{"blanks and order", "A: b = 90, o=5,d=4 :c,d", "A: b = 90, o=5,d=4 :c,d"},
+       {"no key", "A::c,d", "A:d=4,o=6,b=63:c,d"},
+       {"no second colon", "A:c,d", "A:d=4,o=6,b=63:c,d"},
+       {"no name", "d=4,o=5,b=90:c,d", ":d=4,o=5,b=90:c,d"},
+       {"nothing but notes", "c,8d", ":d=4,o=6,b=63:c,8d"},
+       {"a key less", "A:b=90:c,d", "A:b=90,d=4,o=6:c,d"},
+       {"keys that are none", "A:fast:c,d", "A:fast,d=4,o=6,b=63:c,d"},
+       {"keys and notes run together", "A:d=4,o=5,b=90,c,d", "A:d=4,o=5,b=90:c,d"},
+       {"upper case", "A:D=4,O=5,B=90:c_,d", "A:d=4,o=5,b=90:c#,d"},
+       {"upper case where all is understood", "A:D=8,O=5,L=3,B=90:c,d", "A:D=8,O=5,L=3,b=90,d=4,o=6:c,d"},
+       {"words and odd values", "A:d=3,o=1,b=Slow:c,d", "A:d=4,o=4,b=63:c,d"},
+       {"a tempo beyond all", "A:d=4,o=5,b=9999999999,l=99999:c,d", "A:d=4,o=5,b=63,l=15:c,d"},
+       {"colons in the name", "Rocky: Theme: :d=4,o=5,b=90:c,d", "Rocky- Theme:d=4,o=5,b=90:c,d"},
+       {"a line of a program", "char* t = \"A:d=4,o=5,b=90:c,d\";", "A:d=4,o=5,b=90:c,d"},
+       {"text around", "Hear this:\nA:d=4,o=5,b=90:c,\nd,e\n\nBye, all", "A:d=4,o=5,b=90:c,\nd,e"},
+       {"two tunes", "A:d=4,o=5,b=90:c,d\r\nB:d=4,o=5,b=90:e", "A:d=4,o=5,b=90:c,d"}});
   for (const std::string_view hopeless :
        {"", "A:d=4,o=5,b=90:", "Title :", "no tune at all", "A:c,g\nd=4,o=5:\nA:d"}) {
     EXPECT_THAT(Tidy(hopeless, FormatMode::Rtttl).changes, IsEmpty()) << hopeless;
