@@ -15,11 +15,11 @@ namespace {
 constexpr int64_t kTogether = kMidiUnits / 32;  // a chord that is not struck quite at once
 constexpr int64_t kLegato = kMidiUnits / 4;     // by which a tone may reach into the next one
 constexpr int64_t kArticulation = 8;  // a tone that falls short by this part of its time is a whole one
-constexpr size_t kMostElements = 1'000'000;
+constexpr size_t kMostElements = 100'000;
 constexpr int64_t kLongestPause = kMidiUnits * 4 * int64_t{kMostElements};
 
 [[noreturn]] void RefuseLength() {
-  throw ReadFault(ReadFault::Kind::Quiet, "the melody comes to more than 1,000,000 tones and pauses");
+  throw ReadFault(ReadFault::Kind::Quiet, "the melody comes to more than 100,000 tones and pauses");
 }
 
 // Whether `note`, which begins while the higher `sounding` does, is of another voice than that.

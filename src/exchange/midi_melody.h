@@ -26,7 +26,7 @@ struct MidiMelody {
 /// they are. Otherwise its tones begin on multiples of the shortest length, or of its triplet where the mode
 /// has one; what no single length holds is a tone and a pause behind it. A melody beyond the octaves of the
 /// mode moves as a whole where it fits, or else the tones beyond them do. Throws a ReadFault
-/// (formats/reading.h) when it comes to more than a million elements.
+/// (formats/reading.h) when it comes to more than 100,000 elements.
 MidiMelody MelodyOf(std::span<const MidiNote> voice, FormatMode mode);
 
 }  // namespace trillomat

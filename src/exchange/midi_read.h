@@ -32,7 +32,7 @@ struct MidiRead {
 /// with the most notes that is no drums. The song information starts anew, with the file's name for the song
 /// (or else for the track) and its first tempo, 120 beats a minute where it has none. Refused in plain words:
 /// what is no MIDI file, of type 2, timed in film frames, without notes; a track that is not there, drums
-/// where no track was asked for, more than a million notes or elements, and the end of the program.
+/// where no track was asked for, more than a million notes or 100,000 elements, and the end of the program.
 MidiRead ReadMidiFile(std::string_view bytes, FormatMode mode, std::optional<size_t> track,
                       const ReadRecord& before, const Services& services);
 
