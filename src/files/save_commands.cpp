@@ -5,7 +5,6 @@
 
 #include "core/ascii.h"
 #include "core/code_page.h"
-#include "core/progress_pump.h"
 #include "files/path_text.h"
 #include "files/recent_files.h"
 #include "files/recovery.h"
@@ -37,6 +36,12 @@ std::optional<std::filesystem::path> ChosenFile(const std::filesystem::path& ans
   return answer.parent_path() / PathOfUtf8(name);
 }
 
+ProgressPump WritingPump(const std::filesystem::path& file, const FileParts& parts) {
+  return {parts.services.pump, [&host = parts.host, name = Utf8OfPath(file.filename())](size_t elements) {
+            host.ShowProgress("Writing " + name + ": " + std::to_string(elements) + " elements");
+          }};
+}
+
 bool SaveCommands::NothingToSave() {
   if (!parts_.document.IsEmpty()) return false;
   parts_.services.log.WriteLog("Nothing to save", 2);
@@ -66,10 +71,7 @@ void SaveCommands::WriteSelected() {
 }
 
 SaveResult SaveCommands::Write(const TargetFile& file, bool exists, const std::function<void()>& onRemoved) {
-  ProgressPump pump(parts_.services.pump, [&](size_t elements) {
-    parts_.host.ShowProgress("Writing " + Utf8OfPath(file.path.filename()) + ": " + std::to_string(elements) +
-                             " elements");
-  });
+  ProgressPump pump = WritingPump(file.path, parts_);
   const SaveParts parts{parts_.store, parts_.document, parts_.kept, {parts_.services.log, pump}};
   SaveResult result = exists ? SaveOver(file, parts, onRemoved) : SaveNew(file, parts);
   parts_.host.ShowProgress({});

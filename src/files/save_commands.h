@@ -9,6 +9,7 @@
 #include <string_view>
 #include <utility>
 
+#include "core/progress_pump.h"
 #include "files/file_browser.h"
 #include "files/files_host.h"
 #include "files/save.h"
@@ -23,6 +24,9 @@ std::string BuildDialogFilter(std::span<const std::pair<std::string_view, std::s
 /// with "." and `extension` appended unless it contains them. Nothing for an answer without a name.
 std::optional<std::filesystem::path> ChosenFile(const std::filesystem::path& answer,
                                                 std::string_view extension);
+
+/// Shows how far the writing of `file` has come; that is to be cleared at its end.
+ProgressPump WritingPump(const std::filesystem::path& file, const FileParts& parts);
 
 /// While another file operation runs, none of the commands does anything.
 class SaveCommands {

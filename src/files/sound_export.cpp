@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "core/code_page.h"
-#include "core/progress_pump.h"
 #include "files/kept_files.h"
 #include "files/path_text.h"
 #include "files/replace_file.h"
@@ -40,10 +39,7 @@ std::optional<std::filesystem::path> SoundExport::AskFile(std::string_view& exte
 // From a copy of the song, for events run meanwhile.
 Result<SoundBytes> SoundExport::Make(const std::filesystem::path& file, std::string_view extension) {
   const Document song(parts_.document.CurrentSong(), parts_.document.Mode());
-  ProgressPump pump(parts_.services.pump, [&](size_t elements) {
-    parts_.host.ShowProgress("Writing " + Utf8OfPath(file.filename()) + ": " + std::to_string(elements) +
-                             " elements");
-  });
+  ProgressPump pump = WritingPump(file, parts_);
   Result<SoundBytes> sound = make_(song, extension, {parts_.services.log, pump});
   parts_.host.ShowProgress({});
   return sound;
