@@ -1,7 +1,9 @@
 #include "playback/render_wave.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
+#include <map>
 #include <span>
 #include <vector>
 
@@ -19,6 +21,9 @@ constexpr int64_t kMaxDataSize = std::numeric_limits<uint32_t>::max() - int64_t{
 int64_t FramesAt(int64_t milliseconds) { return (milliseconds * kSampleRate + 500) / 1000; }
 
 int64_t DataSizeAt(int64_t milliseconds) { return FramesAt(milliseconds) * 2; }
+
+constexpr int64_t kFrameSize = 2;  // bytes
+using Bytes = std::span<const uint8_t>;
 
 // Writes one element after the other at its exact position.
 class WaveWriter {
@@ -38,29 +43,52 @@ class WaveWriter {
   }
 
  private:
+  // The tone rises and falls in `ramp` frames; in between it is the image, again and again.
   void WriteTone(int32_t hertz, int64_t length) {
-    const std::vector<uint8_t> image = ToneImage(hertz);
-    const auto samples = std::span(image).subspan(kWaveHeaderSize);
-    const auto loop = static_cast<int64_t>(samples.size() / 2);
+    const Bytes samples = ToneOf(hertz);
     const int64_t ramp = std::max<int64_t>(1, std::min(kRampFrames, length / 2));
-    for (int64_t k = 0; k < length; ++k) {
-      const auto at = static_cast<size_t>(k % loop) * 2;
+    WriteRamp(samples, 0, std::min(ramp, length), length, ramp);
+    WriteAgain(samples, ramp, length - ramp);
+    WriteRamp(samples, std::max(ramp, length - ramp), length, length, ramp);
+  }
+
+  void WriteRamp(Bytes samples, int64_t begin, int64_t end, int64_t length, int64_t ramp) {
+    for (int64_t k = begin; k < end; ++k) {
+      const auto at = static_cast<size_t>(k * kFrameSize) % samples.size();
       const auto sample = static_cast<int16_t>(samples[at] | samples[at + 1] << 8);
-      const int64_t edge = std::min({k, length - 1 - k, ramp});
-      Put(static_cast<int16_t>(sample * edge / ramp));
+      const auto damped = static_cast<int16_t>(sample * std::min({k, length - 1 - k, ramp}) / ramp);
+      out_.put(static_cast<char>(damped & 0xFF));
+      out_.put(static_cast<char>(damped >> 8));
+    }
+  }
+
+  // The frames from `begin` up to `end` of `samples` set one behind the other without end.
+  void WriteAgain(Bytes samples, int64_t begin, int64_t end) {
+    auto at = static_cast<size_t>(begin * kFrameSize) % samples.size();
+    for (int64_t left = (end - begin) * kFrameSize; left > 0; at = 0) {
+      const auto size = std::min<int64_t>(left, std::ssize(samples) - static_cast<int64_t>(at));
+      const Bytes piece = samples.subspan(at, static_cast<size_t>(size));
+      out_.write(reinterpret_cast<const char*>(piece.data()), size);
+      left -= size;
     }
   }
 
   void WriteSilence(int64_t length) {
-    for (int64_t k = 0; k < length; ++k) Put(0);
+    static constexpr std::array<uint8_t, 4096> kSilence{};
+    WriteAgain(kSilence, 0, length);
   }
 
-  void Put(int16_t sample) {
-    out_.put(static_cast<char>(sample & 0xFF));
-    out_.put(static_cast<char>(sample >> 8));
+  // Melodies have few tones, and the sines of one take longer than to write it many times.
+  Bytes ToneOf(int32_t hertz) {
+    constexpr size_t kMostTones = 256;
+    if (images_.size() > kMostTones) images_.clear();
+    const auto [image, isNew] = images_.try_emplace(hertz);
+    if (isNew) image->second = ToneImage(hertz);
+    return Bytes(image->second).subspan(kWaveHeaderSize);
   }
 
   std::ostream& out_;
+  std::map<int32_t, std::vector<uint8_t>> images_;
   int64_t time_ = 0;  // milliseconds
 };
 

@@ -28,20 +28,20 @@ double PhaseStep(int32_t sampleRate, double frequency) {
   return 2 * pi / (sampleRate / frequency);
 }
 
-// The number of samples until the sine has crossed zero upwards once for each period.
-uint32_t FrameCount(int32_t sampleRate, double frequency) {
+// The samples of the sine, up to where it has crossed zero upwards once for each period.
+std::vector<double> WholePeriods(int32_t sampleRate, double frequency) {
   const int periods = PeriodsOf(frequency);
   const double step = PhaseStep(sampleRate, frequency);
   const double expected = periods * (sampleRate / frequency);
   const auto limit = static_cast<uint32_t>(std::max<double>(sampleRate, expected + 2));
-  double before = 0;
+  std::vector<double> samples{0};
   int crossings = 0;
   for (uint32_t n = 1; n < limit; ++n) {
     const double now = std::sin(n * step);
-    if (before < 0 && now >= 0 && ++crossings == periods) return n;
-    before = now;
+    if (samples.back() < 0 && now >= 0 && ++crossings == periods) break;
+    samples.push_back(now);
   }
-  return limit;
+  return samples;
 }
 
 }  // namespace
@@ -66,20 +66,20 @@ std::array<uint8_t, kWaveHeaderSize> WaveHeader(const WaveFormat& format, uint32
 }
 
 std::vector<uint8_t> ToneImage(double hertz, const WaveFormat& format) {
-  const uint32_t frames = hertz >= 1 ? FrameCount(format.sampleRate, hertz) : 0;
-  const auto header = WaveHeader(format, frames * FrameSize(format));
+  const std::vector<double> samples =
+      hertz >= 1 ? WholePeriods(format.sampleRate, hertz) : std::vector<double>();
+  const size_t size = samples.size() * FrameSize(format);
+  const auto header = WaveHeader(format, static_cast<uint32_t>(size));
   std::vector<uint8_t> image(header.begin(), header.end());
-  image.resize(kWaveHeaderSize + size_t{frames} * FrameSize(format));
+  image.resize(kWaveHeaderSize + size);
 
-  const double step = PhaseStep(format.sampleRate, hertz);
   const double fullScale = format.bits == 8 ? 127 : 32767;
   const size_t sampleSize = format.bits == 8 ? 1 : 2;
   size_t at = kWaveHeaderSize;
-  for (uint32_t k = 0; k < frames; ++k) {
-    const double value = std::sin(k * step) * fullScale;
+  for (const double value : samples) {
     for (int channel = 0; channel < format.channels; ++channel, at += sampleSize) {
       const double level = channel % 2 == 0 ? format.leftLevel : format.rightLevel;
-      const int sample = static_cast<int>(level * value) + (format.bits == 8 ? 127 : 0);
+      const int sample = static_cast<int>(level * (value * fullScale)) + (format.bits == 8 ? 127 : 0);
       PutNumber(image, at, static_cast<uint32_t>(sample), sampleSize);
     }
   }
