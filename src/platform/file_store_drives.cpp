@@ -39,10 +39,17 @@ bool IsBelow(const fs::path& path, const fs::path& folder) {
   return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first == folder.end();
 }
 
-bool IsRemovable(const fs::path& mountPoint) {
-  if (IsBelow(mountPoint, "/mnt")) return true;
-  return (IsBelow(mountPoint, "/media") || IsBelow(mountPoint, "/run/media")) && mountPoint != "/media" &&
-         mountPoint != "/run/media";
+bool IsRemovable(std::string_view mountPoint) {
+  return mountPoint == "/mnt" || mountPoint.starts_with("/mnt/") || mountPoint.starts_with("/media/") ||
+         mountPoint.starts_with("/run/media/");
+}
+
+// The first field of `text`, which it is taken from. Every start of a program comes by here, so no streams.
+std::string_view TakeField(std::string_view& text) {
+  text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+  const std::string_view field = text.substr(0, text.find_first_of(" \t"));
+  text.remove_prefix(field.size());
+  return field;
 }
 
 // The names of `native` below `folder`, each with a "\" before it.
@@ -71,14 +78,12 @@ fs::path HomeFolder() {
 
 std::vector<fs::path> RemovableVolumes(std::string_view mounts) {
   std::vector<fs::path> volumes;
-  std::istringstream lines{std::string(mounts)};
-  for (std::string line; std::getline(lines, line);) {
-    std::istringstream fields(line);
-    std::string device;
-    std::string mountPoint;
-    fields >> device >> mountPoint;
-    const fs::path folder = Unescaped(mountPoint);
-    if (IsRemovable(folder)) volumes.push_back(folder);
+  while (!mounts.empty()) {
+    std::string_view line = mounts.substr(0, mounts.find('\n'));
+    mounts.remove_prefix(std::min(line.size() + 1, mounts.size()));
+    TakeField(line);  // the device
+    if (std::string folder = Unescaped(TakeField(line)); IsRemovable(folder))
+      volumes.emplace_back(std::move(folder));
   }
   return volumes;
 }

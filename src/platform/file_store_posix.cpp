@@ -86,7 +86,7 @@ bool IsNamelessPipe(int file) {
 
 FileBytes ReadAll(int file, size_t limit) {
   FileBytes read;
-  std::array<char, 65536> block{};
+  std::array<char, 16384> block{};  // small, as most files are: each page of it costs
   while (true) {
     const ssize_t count = Uninterrupted([&] { return ::read(file, block.data(), block.size()); });
     if (count < 0) return {FileBytes::Fault::NotRead};

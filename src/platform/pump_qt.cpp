@@ -1,6 +1,7 @@
 #include "platform/pump_qt.h"
 
 #include <QCoreApplication>
+#include <QThread>
 #include <QTimer>
 #include <algorithm>
 #include <chrono>
@@ -9,10 +10,25 @@
 
 namespace trillomat {
 
-bool QtPump::PumpEvents() {
+using namespace std::chrono_literals;
+
+// The toolkit ends the program with its last window, but takes that back when another window is shown: a box
+// that an interrupted operation opens would leave the program running behind it, without a window once it is
+// closed.
+void QtPump::End() {
+  ending_ = true;
+  if (QThread::currentThread()->loopLevel() > 0) QCoreApplication::exit();
+}
+
+bool QtPump::Look() {
   constexpr int kMostDoublings = 12;
-  const int interval = kPumpInterval << std::min(depth_, kMostDoublings);
-  if (!ending_ && lastPump_.elapsed() >= interval) Process(QEventLoop::AllEvents);
+  constexpr int kMostCalls = 32;
+  constexpr auto kShortTime = 100us;  // for so many calls
+  const auto now = SteadyClock::now();
+  calls_ = untilLook_ = (now - lastLook_) * kMostCalls < kShortTime * calls_ ? kMostCalls : 1;
+  lastLook_ = now;
+  const std::chrono::milliseconds interval(kPumpInterval << std::min(depth_, kMostDoublings));
+  if (!ending_ && now - lastPump_ >= interval) Process(QEventLoop::AllEvents);
   return !ending_;
 }
 
@@ -36,7 +52,8 @@ void QtPump::Process(QEventLoop::ProcessEventsFlags flags) {
   ++depth_;
   QCoreApplication::processEvents(flags);
   --depth_;
-  lastPump_.restart();
+  lastPump_ = lastLook_ = SteadyClock::now();
+  calls_ = untilLook_ = 1;  // another loop may have run meanwhile, and told how fast that one is
 }
 
 }  // namespace trillomat

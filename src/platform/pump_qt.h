@@ -1,8 +1,8 @@
 // The event pump over Qt's event loop.
 #pragma once
 
-#include <QElapsedTimer>
 #include <QEventLoop>
+#include <chrono>
 
 #include "core/event_pump.h"
 
@@ -17,18 +17,23 @@ class QtPump : public EventPump {
   /// doubles it. Waiting lets events run at any depth.
   static constexpr int kPumpInterval = 4;
 
-  QtPump() { lastPump_.start(); }
+  /// The window was closed: from now on every loop is told to leave, the toolkit's own too, with all boxes.
+  void End();
 
-  /// The window was closed: from now on every loop is told to leave.
-  void End() { ending_ = true; }
-
-  bool PumpEvents() override;
+  bool PumpEvents() override { return --untilLook_ > 0 ? !ending_ : Look(); }
   bool WaitForEvents(double milliseconds) override;
 
  private:
+  using SteadyClock = std::chrono::steady_clock;
+
+  bool Look();
   void Process(QEventLoop::ProcessEventsFlags flags);
 
-  QElapsedTimer lastPump_;
+  SteadyClock::time_point lastPump_ = SteadyClock::now();
+  // To look at the clock takes longer than the work on an element, so fast loops do not do it each time.
+  SteadyClock::time_point lastLook_ = lastPump_;
+  int calls_ = 1;      ///< from one look to the next
+  int untilLook_ = 1;  ///< of them
   int depth_ = 0;
   bool ending_ = false;
 };

@@ -1,11 +1,10 @@
 #include "platform/sdl_device.h"
 
-#include <SDL.h>
-
 #include <cstring>
 #include <ratio>
 #include <utility>
 
+#include "platform/sdl_library.h"
 #include "playback/wave_synthesis.h"
 
 namespace trillomat {
@@ -32,7 +31,7 @@ class ThreadErrors {
   ThreadErrors() = default;
   ThreadErrors(const ThreadErrors&) = delete;
   ThreadErrors& operator=(const ThreadErrors&) = delete;
-  ~ThreadErrors() { SDL_TLSCleanup(); }
+  ~ThreadErrors() { Sdl()->cleanUpThread(); }
 };
 
 }  // namespace
@@ -41,11 +40,13 @@ std::optional<std::vector<int16_t>> SamplesOfImage(std::span<const uint8_t> imag
   SDL_AudioSpec spec{};
   Uint8* bytes = nullptr;
   Uint32 size = 0;
-  SDL_RWops* file = SDL_RWFromConstMem(image.data(), static_cast<int>(image.size()));
-  if (SDL_LoadWAV_RW(file, 1, &spec, &bytes, &size) == nullptr) return std::nullopt;
+  const SdlLibrary* const sdl = Sdl();
+  if (sdl == nullptr) return std::nullopt;
+  SDL_RWops* file = sdl->fileInMemory(image.data(), static_cast<int>(image.size()));
+  if (sdl->loadWav(file, 1, &spec, &bytes, &size) == nullptr) return std::nullopt;
   std::vector<int16_t> samples(size / sizeof(int16_t));
   std::memcpy(samples.data(), bytes, samples.size() * sizeof(int16_t));
-  SDL_FreeWAV(bytes);
+  sdl->freeWav(bytes);
   const SDL_AudioSpec wanted = WantedSpec();
   const bool plays =
       spec.freq == wanted.freq && spec.format == wanted.format && spec.channels == wanted.channels;
@@ -56,34 +57,39 @@ std::optional<std::vector<int16_t>> SamplesOfImage(std::span<const uint8_t> imag
 SdlDevice::SdlDevice() : mixer_(kBufferFrames * 3 / 2) {}
 
 void SdlDevice::Open() {
+  const SdlLibrary* const sdl = Sdl();
+  if (sdl == nullptr) {
+    error_ = "No sound system: SDL is not there";
+    return;
+  }
   const ThreadErrors errors;
   // The program's own handling of signals must stay.
-  SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-  if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
-    error_ = "No sound system: " + std::string(SDL_GetError());
+  sdl->setHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+  if (sdl->initSubSystem(SDL_INIT_AUDIO) != 0) {
+    error_ = "No sound system: " + std::string(sdl->getError());
     return;
   }
   SDL_AudioSpec wanted = WantedSpec();
   wanted.callback = FillBuffer;
   wanted.userdata = this;
-  id_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+  id_ = sdl->openAudioDevice(nullptr, 0, &wanted, nullptr, 0);
   if (id_ == 0) {
-    error_ = "No sound device: " + std::string(SDL_GetError());
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    error_ = "No sound device: " + std::string(sdl->getError());
+    sdl->quitSubSystem(SDL_INIT_AUDIO);
     return;
   }
   {
     const std::scoped_lock lock(mutex_);
     lastAsked_ = std::chrono::steady_clock::now();
   }
-  SDL_PauseAudioDevice(id_, 0);
+  sdl->pauseAudioDevice(id_, 0);
 }
 
 void SdlDevice::Close() {
   if (!IsOpen()) return;
   const ThreadErrors errors;
-  SDL_CloseAudioDevice(id_);
-  SDL_QuitSubSystem(SDL_INIT_AUDIO);
+  Sdl()->closeAudioDevice(id_);
+  Sdl()->quitSubSystem(SDL_INIT_AUDIO);
 }
 
 int64_t SdlDevice::SampleAt(Time time) const {

@@ -27,13 +27,14 @@ constexpr std::array<const char*, 4> kSpoken{"Phone", "Phone with its backlight 
 }  // namespace
 
 void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
+  if (picture_.isNull()) picture_ = Picture(name_);
   QPainter painter(this);
   picture_.paint(&painter, rect());
 }
 
 PhonePictures::PhonePictures(QWidget* parent) : QWidget(parent) {
   for (int i = 0; i < static_cast<int>(pictures_.size()); ++i) {
-    auto* picture = new PictureWidget(Picture(QStringLiteral("phone_%1").arg(i)), this);
+    auto* picture = new PictureWidget(QStringLiteral("phone_%1").arg(i), this);
     NameControl(*picture, IndexedName("ImageMS", i), {{}, QLatin1String(kSpoken.at(static_cast<size_t>(i)))});
     pictures_.at(static_cast<size_t>(i)) = picture;
   }

@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QIcon>
 #include <QLabel>
+#include <QString>
 #include <QTimer>
 #include <QWidget>
 #include <array>
@@ -15,15 +16,16 @@
 
 namespace trillomat {
 
-/// One drawing that fills the widget.
+/// One drawing that fills the widget. It is read when it is shown first.
 class PictureWidget : public QWidget {
  public:
-  PictureWidget(QIcon picture, QWidget* parent) : QWidget(parent), picture_(std::move(picture)) {}
+  PictureWidget(QString name, QWidget* parent) : QWidget(parent), name_(std::move(name)) {}
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  QString name_;
   QIcon picture_;
 };
 
