@@ -12,6 +12,7 @@
 #include "app/trillomat_application.h"
 #include "core/code_page.h"
 #include "core/log.h"
+#include "core/token_memory.h"
 #include "document/document.h"
 #include "files/path_text.h"
 #include "files/replace_file.h"
@@ -74,7 +75,7 @@ class Program {
         keeper_(SystemFileKeeper(files, StateFolder())),
         window_({document_,
                  record_,
-                 {log_, pump_},
+                 {log_, pump_, &tokens_},
                  *clock_,
                  *sound_,
                  *settings_,
@@ -118,6 +119,7 @@ class Program {
   std::unique_ptr<Clock> clock_ = SystemClock();
   std::unique_ptr<MessageBox> messages_;
   QtPump pump_;
+  TokenMemory tokens_;
   FileLog log_;
   Document document_;
   ReadRecord record_;

@@ -26,12 +26,12 @@ std::vector<fs::path> MelodiesIn(const fs::path& folder) {
   return files;
 }
 
-CheckedFile Check(const fs::path& file, const Invocation& call, const FileStore& store) {
+CheckedFile Check(const fs::path& file, const Invocation& call, const CommandServices& services) {
   const std::string name = Utf8OfPath(file);
   const auto mode = ModeOfPath(file, call.mode);
   if (!mode) return Unreadable(name, "its name tells no format; tell it with --mode");
   try {
-    return CheckText(name, ReadInput(file, store), *mode);
+    return CheckText(name, ReadInput(file, services.store), *mode, services.tokens);
   } catch (const Refused& refused) {
     const std::string why = refused.what();
     return Unreadable(name, why.starts_with(name + ": ") ? why.substr(name.size() + 2) : why);
@@ -74,10 +74,10 @@ void CheckCommand(const Invocation& call, const CommandServices& services) {
   for (const fs::path& input : call.inputs) {
     std::error_code notThere;
     if (!fs::is_directory(input, notThere)) {
-      report.Print(Check(input, call, services.store));
+      report.Print(Check(input, call, services));
       continue;
     }
-    for (const fs::path& file : MelodiesIn(input)) report.Print(Check(file, call, services.store));
+    for (const fs::path& file : MelodiesIn(input)) report.Print(Check(file, call, services));
   }
   report.End();
 }

@@ -18,9 +18,9 @@ namespace {
 std::string_view NameOf(FormatMode mode) { return kModeNames.at(static_cast<size_t>(mode)); }
 std::string_view NameOf(Phone phone) { return TargetOf(phone).option; }
 
-Finding Find(std::string_view text, FormatMode mode) {
+Finding Find(std::string_view text, FormatMode mode, TokenMemory* tokens) {
   SilentServices silent;
-  ReadResult read = Read(text, mode, {}, silent.services);
+  ReadResult read = Read(text, mode, {}, {silent.log, silent.pump, tokens});
   Finding finding{.refusal = std::move(read.refusal)};
   if (finding.refusal) return finding;
   const Song song{std::move(read.elements), std::move(read.record.info)};
@@ -78,11 +78,11 @@ void AddFinding(std::string& json, const Finding& finding) {
 
 }  // namespace
 
-CheckedFile CheckText(std::string name, std::string_view text, FormatMode mode) {
-  CheckedFile file{.name = std::move(name), .mode = mode, .asItIs = Find(text, mode)};
+CheckedFile CheckText(std::string name, std::string_view text, FormatMode mode, TokenMemory* tokens) {
+  CheckedFile file{.name = std::move(name), .mode = mode, .asItIs = Find(text, mode, tokens)};
   const Tidied tidied = Tidy(text, mode);
   file.changes = tidied.changes.size();
-  file.tidied = tidied.changes.empty() ? file.asItIs : Find(tidied.text, mode);
+  file.tidied = tidied.changes.empty() ? file.asItIs : Find(tidied.text, mode, tokens);
   // A place in the tidied text is none in the file.
   if (file.changes > 0) file.tidied.notUnderstood.first.line = 0;
   return file;

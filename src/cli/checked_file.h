@@ -29,8 +29,8 @@ struct CheckedFile {
   Finding tidied = {};  ///< the same as `asItIs` without changes
 };
 
-/// Reads the text, as it is and tidied.
-CheckedFile CheckText(std::string name, std::string_view text, FormatMode mode);
+/// Reads the text, as it is and tidied; `tokens` as in Services.
+CheckedFile CheckText(std::string name, std::string_view text, FormatMode mode, TokenMemory* tokens);
 /// A file without a text. Both are UTF-8.
 CheckedFile Unreadable(std::string name, const std::string& why);
 

@@ -12,6 +12,7 @@
 #include "cli/melody_source.h"
 #include "cli/signals.h"
 #include "cli/stream_log.h"
+#include "core/token_memory.h"
 #include "exchange/export.h"
 #include "files/path_text.h"
 #include "platform/pump_sleep.h"
@@ -27,14 +28,23 @@ constexpr int kWrongUsage = 2;
 
 class CommandLine {
  public:
-  CommandLine();
+  /// Knows the options of those commands alone whose names stand in `arguments`: each costs time at the
+  /// start.
+  explicit CommandLine(const std::vector<std::string>& arguments);
   CommandLine(const CommandLine&) = delete;
   CommandLine& operator=(const CommandLine&) = delete;
 
   int Run(std::vector<std::string> arguments);
 
  private:
-  CLI::App* AddCommand(std::string name, std::string description, Command command);
+  struct CommandRow {
+    const char* name;
+    const char* description;
+    Command run;
+    void (CommandLine::*addOptions)(CLI::App* command);
+  };
+  static const std::array<CommandRow, 8> kCommands;
+
   void AddMode(CLI::App* command);
   void AddIn(CLI::App* command, std::string name = "FILE");
   CLI::Option* AddOut(CLI::App* command, std::string name = "OUT");
@@ -46,8 +56,14 @@ class CommandLine {
   void AddSpelling(CLI::App* command);
   void AddTrack(CLI::App* command);
   void AddEndless(CLI::App* command);
-  void AddFileCommands();
-  void AddPlayCommands();
+  void AddShow(CLI::App* show);
+  void AddCheck(CLI::App* check);
+  void AddConvert(CLI::App* convert);
+  void AddImport(CLI::App* import);
+  void AddExport(CLI::App* exporter);
+  void AddTranspose(CLI::App* transpose);
+  void AddPlay(CLI::App* play);
+  void AddRender(CLI::App* render);
   void Execute();
 
   CLI::App app_{
@@ -57,7 +73,20 @@ class CommandLine {
   Command command_ = nullptr;
 };
 
-CommandLine::CommandLine() {
+constexpr std::array<CommandLine::CommandRow, 8> CommandLine::kCommands{{
+    {"show", "Print the song information and every element", ShowCommand, &CommandLine::AddShow},
+    {"check", "Say what reads, what tidying would change, and what holds it", CheckCommand,
+     &CommandLine::AddCheck},
+    {"convert", "Read one melody or MIDI file and write another", ConvertCommand, &CommandLine::AddConvert},
+    {"import", "Turn a pasted text or a MIDI file into a melody file", ImportCommand,
+     &CommandLine::AddImport},
+    {"export", "Print the melody as a phone takes it", ExportCommand, &CommandLine::AddExport},
+    {"transpose", "Move every tone by octaves", TransposeCommand, &CommandLine::AddTranspose},
+    {"play", "Play the melody until its end or Ctrl-C", PlayCommand, &CommandLine::AddPlay},
+    {"render", "Write the sound of the melody as a WAV file", RenderCommand, &CommandLine::AddRender},
+}};
+
+CommandLine::CommandLine(const std::vector<std::string>& arguments) {
   app_.set_version_flag("--version", "trillomat-cli " TRILLOMAT_VERSION, "Print the version and end");
   app_.add_flag("--verbose", call_.verbose, "Write every line of the log to standard error");
   app_.require_subcommand(0, 1);
@@ -70,14 +99,12 @@ CommandLine::CommandLine() {
   app_.failure_message([](const CLI::App* app, const CLI::Error& error) {
     return "trillomat-cli: " + std::string(error.what()) + "; see " + app->get_name() + " --help\n";
   });
-  AddFileCommands();
-  AddPlayCommands();
-}
-
-CLI::App* CommandLine::AddCommand(std::string name, std::string description, Command command) {
-  CLI::App* added = app_.add_subcommand(std::move(name), std::move(description));
-  added->callback([this, command] { command_ = command; });
-  return added;
+  for (const CommandRow& row : kCommands) {
+    CLI::App* command = app_.add_subcommand(row.name, row.description);
+    command->callback([this, &row] { command_ = row.run; });
+    if (std::find(arguments.begin(), arguments.end(), row.name) != arguments.end())
+      (this->*row.addOptions)(command);
+  }
 }
 
 void CommandLine::AddMode(CLI::App* command) {
@@ -158,20 +185,20 @@ void CommandLine::AddEndless(CLI::App* command) {
       ->check(CLI::Range(1, 1'000'000));
 }
 
-void CommandLine::AddFileCommands() {
-  CLI::App* show = AddCommand("show", "Print the song information and every element", ShowCommand);
+void CommandLine::AddShow(CLI::App* show) {
   show->add_flag("--json", call_.json, "Print JSON");
   AddTidy(show);
   AddMode(show);
   AddIn(show);
+}
 
-  CLI::App* check =
-      AddCommand("check", "Say what reads, what tidying would change, and what holds it", CheckCommand);
+void CommandLine::AddCheck(CLI::App* check) {
   check->add_flag("--json", call_.json, "Print a JSON array");
   AddMode(check);
   AddInputs(check, "FILE", "Melody files, and folders of them")->required();
+}
 
-  CLI::App* convert = AddCommand("convert", "Read one melody or MIDI file and write another", ConvertCommand);
+void CommandLine::AddConvert(CLI::App* convert) {
   std::vector<std::string> formats(kModeNames.begin(), kModeNames.end());
   formats.emplace_back(kMidiName);
   convert->add_option("--to", call_.to, "Format of the files in the folder of --to-folder")
@@ -183,9 +210,9 @@ void CommandLine::AddFileCommands() {
   AddIn(convert, "IN");
   AddOut(convert)->required(false);
   AddMany(convert, ConvertCommand, "OUT");
+}
 
-  CLI::App* import =
-      AddCommand("import", "Turn a pasted text or a MIDI file into a melody file", ImportCommand);
+void CommandLine::AddImport(CLI::App* import) {
   import->add_option("--from", call_.from, "Format of the text")
       ->required()
       ->check(CLI::IsMember(std::vector<std::string>{"rtttl", "emelody", "melody", "midi"}));
@@ -196,8 +223,9 @@ void CommandLine::AddFileCommands() {
   AddMode(import);
   AddIn(import, "TEXTFILE");
   AddOut(import);
+}
 
-  CLI::App* exporter = AddCommand("export", "Print the melody as a phone takes it", ExportCommand);
+void CommandLine::AddExport(CLI::App* exporter) {
   std::vector<std::string> targets(kExportTargets.size());
   std::transform(kExportTargets.begin(), kExportTargets.end(), targets.begin(),
                  [](const ExportTarget& target) { return std::string(target.option); });
@@ -208,8 +236,9 @@ void CommandLine::AddFileCommands() {
   AddMode(exporter);
   AddIn(exporter);
   AddMany(exporter, ExportCommand, "");
+}
 
-  CLI::App* transpose = AddCommand("transpose", "Move every tone by octaves", TransposeCommand);
+void CommandLine::AddTranspose(CLI::App* transpose) {
   transpose->add_option("--octaves", call_.octaves, "Octaves up, or down when negative")->required();
   AddForce(transpose);
   AddMode(transpose);
@@ -217,8 +246,7 @@ void CommandLine::AddFileCommands() {
   AddOut(transpose);
 }
 
-void CommandLine::AddPlayCommands() {
-  CLI::App* play = AddCommand("play", "Play the melody until its end or Ctrl-C", PlayCommand);
+void CommandLine::AddPlay(CLI::App* play) {
   play->add_option("--output", call_.output, "What it sounds on")
       ->capture_default_str()
       ->check(CLI::IsMember(std::vector<std::string>{"wave", "beep", "midi"}));
@@ -227,8 +255,9 @@ void CommandLine::AddPlayCommands() {
   AddTidy(play);
   AddMode(play);
   AddIn(play);
+}
 
-  CLI::App* render = AddCommand("render", "Write the sound of the melody as a WAV file", RenderCommand);
+void CommandLine::AddRender(CLI::App* render) {
   AddForce(render, "Replace OUT.wav when it exists, and write more than an hour of sound");
   AddEndless(render);
   AddTidy(render);
@@ -258,14 +287,16 @@ void CommandLine::Execute() {
     watch = WatchSignals([&store] { store->DeleteUnfinished(); });
   SleepPump pump;
   StreamLog log(std::cerr, call_.verbose);
-  command_(call_, {{log, pump}, *store});
+  TokenMemory tokens;
+  command_(call_, {{log, pump, &tokens}, *store});
 }
 
 }  // namespace
 
 int RunCommandLine(std::vector<std::string> arguments) {
   try {
-    return CommandLine().Run(std::move(arguments));
+    CommandLine commandLine(arguments);
+    return commandLine.Run(std::move(arguments));
   } catch (const WrongUsage& error) {
     std::cerr << "trillomat-cli: " << error.what() << '\n';
     return kWrongUsage;

@@ -165,7 +165,6 @@ class Composer : public PlayHost {
  private:
   void Insert(Element element, std::string_view step);
   void Replace(int32_t index, Element element, std::string_view step, std::string_view merge = {});
-  void ReplaceRange(ElementRange range, std::optional<ElementList> moved, std::string_view step);
   ElementRange SelectionOrAll() const;
   void MoveCursor(int32_t cursor);
   void TakeStep(bool (History::*step)());

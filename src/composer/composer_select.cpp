@@ -75,28 +75,25 @@ void Composer::Duplicate() {
 void Composer::MoveScale(int16_t octaves) {
   if (!MayEdit() || document_.IsEmpty()) return;
   const ElementRange range = SelectionOrAll();
-  ReplaceRange(range,
-               Transposed(document_.Elements(range), octaves, document_.Mode(), services_.log,
-                          int64_t{range.begin} + 1),
-               octaves < 0 ? "scale down" : "scale up");
+  auto moved = MovedOctaves(document_, range, octaves, services_.log);
+  if (moved) {
+    history_.Do(octaves < 0 ? "scale down" : "scale up", {.at = static_cast<size_t>(range.begin),
+                                                          .octaves = *std::move(moved),
+                                                          .selection = document_.Selection()});
+  }
+  RefreshMelodyView();
 }
 
 void Composer::MoveSemitones(int semitones) {
   if (!MayEdit() || document_.IsEmpty()) return;
   const ElementRange range = SelectionOrAll();
-  ReplaceRange(range,
-               TransposedBySemitones(document_.Elements(range), semitones, document_.Mode(), services_.log,
-                                     int64_t{range.begin} + 1),
-               "transposing");
-}
-
-// Cursor and selection stay.
-void Composer::ReplaceRange(ElementRange range, std::optional<ElementList> moved, std::string_view step) {
+  auto moved = TransposedBySemitones(document_.Elements(range), semitones, document_.Mode(), services_.log,
+                                     int64_t{range.begin} + 1);
   if (moved) {
-    history_.Do(step, {.at = static_cast<size_t>(range.begin),
-                       .removed = moved->size(),
-                       .inserted = *std::move(moved),
-                       .selection = document_.Selection()});
+    history_.Do("transposing", {.at = static_cast<size_t>(range.begin),
+                                .removed = moved->size(),
+                                .inserted = *std::move(moved),
+                                .selection = document_.Selection()});
   }
   RefreshMelodyView();
 }

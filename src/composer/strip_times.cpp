@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <limits>
 
 #include "core/tone.h"
 
@@ -19,6 +20,10 @@ constexpr int kHighestOctave = 9;
 constexpr double kMostBeats = 64;
 
 std::ptrdiff_t Signed(size_t value) { return static_cast<std::ptrdiff_t>(value); }
+
+ElementRange RangeOf(size_t first, size_t count) {
+  return {static_cast<int32_t>(first), static_cast<int32_t>(first + count)};
+}
 
 }  // namespace
 
@@ -47,19 +52,36 @@ int RowOf(const Element& element) {
 
 StripTimes::StripTimes(const Document& document) : document_(document) { Replace(0, 0, 0, document_.Size()); }
 
+// Those that held what the change took the place of; one at least, if there is any.
+StripTimes::Rows StripTimes::RowsOf(const ChangedRange& range) const {
+  Rows rows;
+  while (rows.begin + 1 < rows_.size() && rows.firstElement + rows_[rows.begin].count <= range.at) {
+    rows.firstElement += rows_[rows.begin++].count;
+  }
+  rows.end = rows.begin;
+  size_t end = rows.firstElement;
+  while (rows.end < rows_.size() && (rows.end == rows.begin || end < range.at + range.removed)) {
+    end += rows_[rows.end++].count;
+  }
+  rows.elements = end - rows.firstElement;
+  return rows;
+}
+
 void StripTimes::Follow(const ChangedRange& range) {
   if (!range.ElementsChanged()) return;
-  size_t row = 0;
-  size_t first = 0;
-  while (row + 1 < rows_.size() && first + rows_[row].count <= range.at) first += rows_[row++].count;
-  size_t behind = row;
-  size_t end = first;
-  while (behind < rows_.size() && (behind == row || end < range.at + range.removed)) {
-    end += rows_[behind++].count;
+  Rows rows = RowsOf(range);
+  if (range.octaves) return SumPitches(rows);
+  size_t count = rows.elements - range.removed + range.inserted;
+  if (count < kRow / 2 && rows.end < rows_.size()) count += rows_[rows.end++].count;
+  Replace(rows.begin, rows.end, rows.firstElement, count);
+}
+
+void StripTimes::SumPitches(const Rows& rows) {
+  size_t first = rows.firstElement;
+  for (size_t i = rows.begin; i < rows.end; ++i) {
+    rows_[i].pitches = PitchesOf(first, rows_[i].count);
+    first += rows_[i].count;
   }
-  size_t count = end - first - range.removed + range.inserted;
-  if (count < kRow / 2 && behind < rows_.size()) count += rows_[behind++].count;
-  Replace(row, behind, first, count);
 }
 
 // The rows from `row` up to `behind` are now those of `count` elements from `first` on.
@@ -76,15 +98,20 @@ void StripTimes::Replace(size_t row, size_t behind, size_t first, size_t count) 
 }
 
 StripTimes::Row StripTimes::Sum(size_t first, size_t count) const {
-  Row row;
-  row.count = count;
-  for (size_t i = first; i < first + count; ++i) {
-    const Element& element = document_.At(static_cast<int32_t>(i));
-    row.span.Add(SpanOf(element));
-    const int pitch = RowOf(element);
-    if (pitch >= 0) row.pitches.Add({pitch, pitch});
-  }
+  Row row{.count = count, .span = {}, .pitches = PitchesOf(first, count)};
+  document_.ForEach(RangeOf(first, count), [&row](const Element& element) { row.span.Add(SpanOf(element)); });
   return row;
+}
+
+RowSpan StripTimes::PitchesOf(size_t first, size_t count) const {
+  int lowest = std::numeric_limits<int>::max();
+  int highest = -1;
+  document_.ForEach(RangeOf(first, count), [&](const Element& element) {
+    const int pitch = RowOf(element);
+    lowest = std::min(lowest, pitch < 0 ? lowest : pitch);
+    highest = std::max(highest, pitch);
+  });
+  return highest < 0 ? RowSpan{} : RowSpan{lowest, highest};
 }
 
 StripSpan StripTimes::Before(int32_t index) const {

@@ -93,7 +93,18 @@ class StripTimes {
     RowSpan pitches;
   };
 
+  /// Rows from `begin` up to, but without, `end`, and the elements they hold.
+  struct Rows {
+    size_t begin = 0;
+    size_t end = 0;
+    size_t firstElement = 0;
+    size_t elements = 0;
+  };
+
+  Rows RowsOf(const ChangedRange& range) const;
   Row Sum(size_t first, size_t count) const;
+  RowSpan PitchesOf(size_t first, size_t count) const;
+  void SumPitches(const Rows& rows);
   void Replace(size_t row, size_t behind, size_t first, size_t count);
 
   const Document& document_;

@@ -18,37 +18,64 @@ void LogOutside(int64_t number, const ModeLimits& limits, Log& log) {
                2);
 }
 
+// Gives one element after the other its octave.
+class OctaveMove {
+ public:
+  OctaveMove(int by, const ModeLimits& limits) : by_(by), limits_(limits) {}
+
+  int16_t Next(const Element& element) {
+    if (element.octave != kNoOctave) octave_ = element.octave + by_;
+    if (!limits_.HasOctave(octave_) && !outside_) outside_ = count_;
+    ++count_;
+    return static_cast<int16_t>(octave_);
+  }
+  /// The index of the first that was outside the mode's octaves.
+  std::optional<int64_t> Outside() const { return outside_; }
+
+ private:
+  int by_;
+  ModeLimits limits_;
+  int octave_ = 0;
+  int64_t count_ = 0;
+  std::optional<int64_t> outside_;
+};
+
 }  // namespace
 
-std::optional<ElementList> Transposed(std::span<const Element> elements, int16_t octaves, FormatMode mode,
-                                      Log& log, int64_t first) {
-  ElementList moved(elements.begin(), elements.end());
-  if (moved.empty()) return moved;
+std::optional<std::vector<int16_t>> MovedOctaves(const Document& document, ElementRange range, int16_t by,
+                                                 Log& log) {
+  std::vector<int16_t> octaves(static_cast<size_t>(range.Size()));
+  if (octaves.empty()) return octaves;
   log.WriteLog("Change Scale started", 1);
-  const ModeLimits& limits = LimitsOf(mode);
-  int octave = 0;
-  for (Element& element : moved) {
-    if (element.octave != kNoOctave) octave = element.octave + octaves;
-    if (!limits.HasOctave(octave)) {
-      LogOutside(first + (&element - moved.data()), limits, log);
-      return std::nullopt;
-    }
-    element.octave = static_cast<int16_t>(octave);
-  }
-  return moved;
+  const ModeLimits& limits = LimitsOf(document.Mode());
+  OctaveMove move(by, limits);
+  auto next = octaves.begin();
+  document.ForEach(range, [&](const Element& element) { *next++ = move.Next(element); });
+  if (!move.Outside()) return octaves;
+  LogOutside(range.begin + *move.Outside() + 1, limits, log);
+  return std::nullopt;
 }
 
-std::optional<ElementList> TransposedBySemitones(std::span<const Element> elements, int semitones,
-                                                 FormatMode mode, Log& log, int64_t first) {
-  ElementList moved;
-  moved.reserve(elements.size());
-  for (const Element& element : elements) {
-    moved.push_back(Moved(element, semitones));
-    if (SemitoneOf(element.Note()) < 0 || LimitsOf(mode).HasOctave(moved.back().octave)) continue;
-    LogOutside(first + static_cast<int64_t>(moved.size()) - 1, LimitsOf(mode), log);
+std::optional<ElementList> Transposed(ElementList elements, int16_t octaves, FormatMode mode, Log& log) {
+  if (elements.empty()) return elements;
+  log.WriteLog("Change Scale started", 1);
+  OctaveMove move(octaves, LimitsOf(mode));
+  for (Element& element : elements) element.octave = move.Next(element);
+  if (!move.Outside()) return elements;
+  LogOutside(*move.Outside() + 1, LimitsOf(mode), log);
+  return std::nullopt;
+}
+
+std::optional<ElementList> TransposedBySemitones(ElementList elements, int semitones, FormatMode mode,
+                                                 Log& log, int64_t first) {
+  for (Element& element : elements) {
+    const bool isTone = SemitoneOf(element.Note()) >= 0;
+    element = Moved(std::move(element), semitones);
+    if (!isTone || LimitsOf(mode).HasOctave(element.octave)) continue;
+    LogOutside(first + (&element - elements.data()), LimitsOf(mode), log);
     return std::nullopt;
   }
-  return moved;
+  return elements;
 }
 
 Element Moved(Element element, int semitones) {

@@ -2,7 +2,18 @@
 
 #include <algorithm>
 
+#include "core/eight_bytes.h"
+
 namespace trillomat {
+namespace {
+
+ByteMask LayoutIn(EightBytes bytes) {
+  const ByteMask nearBy = bytes.Between('\t', ' ');
+  if (nearBy.IsEmpty()) return nearBy;  // nearly always
+  return bytes.Equal(' ') | bytes.Equal('\r') | bytes.Equal('\n') | bytes.Equal('\t');
+}
+
+}  // namespace
 
 std::string Lowered(std::string_view text) {
   std::string result(text);
@@ -22,8 +33,16 @@ bool EqualNoCase(std::string_view a, std::string_view b) {
 }
 
 bool RemoveAll(std::string& text, std::string_view part) {
-  if (!Contains(text, part)) return false;
-  text = ReplaceAll(text, part, "");
+  size_t size = text.find(part);
+  if (size == std::string::npos) return false;
+  for (size_t i = size; i < text.size();) {
+    if (std::string_view(text).substr(i).starts_with(part)) {
+      i += part.size();
+    } else {
+      text[size++] = text[i++];
+    }
+  }
+  text.resize(size);
   return true;
 }
 
@@ -39,10 +58,18 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
   }
 }
 
-std::string WithoutLayout(std::string_view text) {
-  std::string result(text);
-  std::erase_if(result, IsLayout);
-  return result;
+std::string WithoutLayout(std::string_view text) { return WithoutBytes(text, LayoutIn); }
+
+LayoutFree::LayoutFree(std::string_view text) : view_(text) {
+  if (FindByte(text, LayoutIn) == text.size()) return;
+  copy_ = WithoutLayout(text);
+  view_ = copy_;
+}
+
+std::string_view WithoutOuterLayout(std::string_view text) {
+  while (!text.empty() && IsLayout(text.back())) text.remove_suffix(1);
+  while (!text.empty() && IsLayout(text.front())) text.remove_prefix(1);
+  return text;
 }
 
 }  // namespace trillomat

@@ -31,4 +31,21 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
 /// `text` without its blanks, CR, LF and tabs.
 std::string WithoutLayout(std::string_view text);
 
+/// The same, of a text that lives longer: a copy is made only where there is something to leave out.
+class LayoutFree {
+ public:
+  explicit LayoutFree(std::string_view text);
+  LayoutFree(const LayoutFree&) = delete;
+  LayoutFree& operator=(const LayoutFree&) = delete;
+
+  std::string_view View() const { return view_; }
+
+ private:
+  std::string copy_;
+  std::string_view view_;
+};
+
+/// `text` without those around it; where it holds nothing else, its empty beginning.
+std::string_view WithoutOuterLayout(std::string_view text);
+
 }  // namespace trillomat

@@ -1,4 +1,5 @@
 // The codec's field helpers: durations, duration extras and octaves of the four notations.
+#include <algorithm>
 #include <array>
 
 #include "core/ascii.h"
@@ -29,7 +30,9 @@ const Codes& CodesOf(FormatMode mode) {
   return kMelodyCodes;
 }
 
-bool IsUpper(std::string_view text) { return text == Uppered(text); }
+bool IsUpper(std::string_view text) {
+  return std::none_of(text.begin(), text.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+}
 
 }  // namespace
 

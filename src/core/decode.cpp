@@ -1,7 +1,9 @@
 // Decode: one token into an element, a function for each notation.
+#include <algorithm>
+#include <array>
+
 #include "core/ascii.h"
 #include "core/codec.h"
-#include "core/number_text.h"
 
 namespace trillomat {
 namespace {
@@ -12,18 +14,40 @@ std::string_view CharAt(std::string_view text, size_t at) {
 }
 
 bool IsCommandText(std::string_view text) {
-  return Contains(text, "on") || Contains(text, "off") || Contains(text, "V") || Contains(text, "(") ||
-         Contains(text, ")");
+  if (text.find_first_of("V()") != std::string_view::npos) return true;
+  return Contains(text, "o") && (Contains(text, "on") || Contains(text, "off"));
 }
 
-// Removes the marks of `marks` from the text; the last one found is remembered.
-std::string TakeMarks(std::string& text, std::initializer_list<std::string_view> marks) {
-  std::string found;
-  for (const std::string_view mark : marks) {
-    if (RemoveAll(text, mark)) found = mark;
+// A token without its marks, and which of them it held.
+template <char... kMarks>
+class Unmarked {
+ public:
+  explicit Unmarked(std::string_view token) {
+    for (const char c : token) {
+      const auto* const mark = std::find(kAll.begin(), kAll.end(), c);
+      if (mark == kAll.end()) {
+        text_ += c;
+      } else {
+        found_.at(static_cast<size_t>(mark - kAll.begin())) = true;
+      }
+    }
   }
-  return found;
-}
+
+  std::string& Text() { return text_; }
+  // The last of the marks from `begin` up to `end` that it held, as a text; empty for none.
+  std::string_view Last(size_t begin, size_t end) const {
+    while (end-- > begin) {
+      if (found_.at(end)) return {&kAll.at(end), 1};
+    }
+    return {};
+  }
+
+ private:
+  static constexpr std::array<char, sizeof...(kMarks)> kAll{kMarks...};
+
+  std::string text_;
+  std::array<bool, sizeof...(kMarks)> found_{};
+};
 
 // The accidental of E-Melody and Melody: a sharp in front, or the flat sign "(b)".
 std::string TakeAccidental(std::string& text) {
@@ -32,7 +56,7 @@ std::string TakeAccidental(std::string& text) {
 }
 
 int16_t OctaveWithoutMark(std::string_view text) {
-  return Contains(Lowered(text), "p") ? kNoOctave : int16_t{3};
+  return text.find_first_of("pP") != std::string_view::npos ? kNoOctave : int16_t{3};
 }
 
 // The characters before "0" and the digits: what a duration number in front of a tone is made of.
@@ -43,9 +67,8 @@ size_t CountBelowColon(std::string_view text) {
 }
 
 Element DecodeIMelody(std::string_view token, Log& log) {
-  std::string text(token);
-  const std::string accidental = TakeMarks(text, {"#", "&"});
-  const std::string mark = TakeMarks(text, {".", ":", ";"});
+  Unmarked<'#', '&', '.', ':', ';'> unmarked(token);
+  const std::string& text = unmarked.Text();
   if (IsCommandText(text)) return Command(text);
 
   Element element;
@@ -57,44 +80,47 @@ Element DecodeIMelody(std::string_view token, Log& log) {
     return element;
   }
   if (marked) {
-    element.octave = RoundToInt16(LeadingNumber(second)).value_or(0);
+    element.octave =
+        second.empty() || !IsDigit(second.front()) ? int16_t{0} : static_cast<int16_t>(second.front() - '0');
   } else {
     element.octave = pause ? kNoOctave : int16_t{4};
   }
   element.duration = DecodeDuration(marked ? CharAt(text, 3) : second, FormatMode::IMelody, log);
-  element.extra = DecodeDurationExtra(mark, FormatMode::IMelody);
-  element.SetNote((pause ? "" : accidental) + std::string(CharAt(text, marked ? 2 : 0)));
+  element.extra = DecodeDurationExtra(unmarked.Last(2, 5), FormatMode::IMelody);
+  std::string note(pause ? std::string_view() : unmarked.Last(0, 2));
+  element.SetNote(note += CharAt(text, marked ? 2 : 0));
   return element;
 }
 
 Element DecodeEMelody(std::string_view token, Log& log) {
-  std::string text(token);
+  Unmarked<'.'> unmarked(token);
+  std::string& text = unmarked.Text();
   Element element;
-  const std::string dot = TakeMarks(text, {"."});
   if (RemoveAll(text, "++")) {
     element.octave = 5;
   } else {
     element.octave = RemoveAll(text, "+") ? int16_t{4} : OctaveWithoutMark(text);
   }
   const std::string accidental = TakeAccidental(text);
-  element.duration = DecodeDuration(text + dot, FormatMode::EMelody, log);
+  element.duration = DecodeDuration(text + std::string(unmarked.Last(0, 1)), FormatMode::EMelody, log);
   element.extra = 1.0F;
   element.SetNote(accidental + Lowered(text));
   return element;
 }
 
 Element DecodeRtttl(std::string_view token, const TokenDefaults& defaults, Log& log) {
-  std::string text(token);
   Element element;
-  if (RemoveAll(text, "s") || RemoveAll(text, "o")) {
+  Unmarked<'#', '.', 's', 'o'> unmarked(token);
+  if (!unmarked.Last(2, 4).empty()) {
     element.SetCommand(kRefusedToken);
     return element;
   }
-  const std::string accidental = TakeMarks(text, {"#"});
-  element.extra = DecodeDurationExtra(TakeMarks(text, {"."}), FormatMode::Rtttl);
+  std::string& text = unmarked.Text();
+  element.extra = DecodeDurationExtra(unmarked.Last(1, 2), FormatMode::Rtttl);
   const size_t digits = CountBelowColon(text);
-  element.duration =
-      digits > 0 ? DecodeDuration(text.substr(0, digits), FormatMode::Rtttl, log) : defaults.duration;
+  element.duration = digits > 0
+                         ? DecodeDuration(std::string_view(text).substr(0, digits), FormatMode::Rtttl, log)
+                         : defaults.duration;
   text.erase(0, digits);
   if (!text.empty() && IsDigit(text.back())) {
     element.octave = static_cast<int16_t>(text.back() - '0' - 2);
@@ -102,7 +128,7 @@ Element DecodeRtttl(std::string_view token, const TokenDefaults& defaults, Log& 
   } else {
     element.octave = Contains(text, "r") ? kNoOctave : defaults.octave;
   }
-  element.SetNote(accidental + text);
+  element.SetNote(std::string(unmarked.Last(0, 1)) + text);
   return element;
 }
 

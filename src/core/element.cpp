@@ -1,14 +1,22 @@
 #include "core/element.h"
 
 #include <algorithm>
+#include <bit>
+#include <limits>
 
 namespace trillomat {
 namespace {
 
 template <size_t N>
 int IndexOf(const std::array<float, N>& values, float value) {
-  const auto* const found = std::find(values.begin(), values.end(), value);
-  return found == values.end() ? -1 : static_cast<int>(found - values.begin());
+  // Without a branch, for the lengths of a melody come in no order. None of the values is 0, so the bits
+  // tell.
+  int found = -1;
+  for (size_t i = 0; i < N; ++i) {
+    const bool same = std::bit_cast<uint32_t>(values[i]) == std::bit_cast<uint32_t>(value);
+    found = same ? static_cast<int>(i) : found;
+  }
+  return found;
 }
 
 }  // namespace
@@ -29,6 +37,15 @@ Element Command(std::string_view token) {
   element.SetCommand(token);
   element.octave = kNoOctave;
   return element;
+}
+
+Element OctavesUp(const Element& element, int octaves) {
+  using Limits = std::numeric_limits<int16_t>;
+  Element moved = element;
+  if (element.octave == kNoOctave) return moved;
+  moved.octave =
+      static_cast<int16_t>(std::clamp<int>(element.octave + octaves, Limits::min(), Limits::max()));
+  return moved;
 }
 
 bool IsPause(const Element& element) { return element.Note().find_first_of("rR") != std::string_view::npos; }

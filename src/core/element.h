@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 #include <vector>
 
@@ -20,6 +21,16 @@ inline constexpr std::array<float, 6> kDurations{4.0F, 2.0F, 1.0F, 0.5F, 0.25F, 
 
 /// The length multipliers: plain, dotted, double dotted, and the triplet's two thirds.
 inline constexpr std::array<float, 4> kDurationExtras{1.0F, 1.5F, 1.75F, static_cast<float>(2.0 / 3.0)};
+
+/// The bytes of an element as numbers, which are quick to compare.
+struct ElementWords {
+  uint64_t first, second, third;
+
+  // Without a branch between the words, unlike the operator that the compiler makes.
+  bool operator==(const ElementWords& other) const {
+    return ((first ^ other.first) | (second ^ other.second) | (third ^ other.third)) == 0;
+  }
+};
 
 class Element {
  public:
@@ -38,6 +49,10 @@ class Element {
 
   bool operator==(const Element&) const = default;
 
+  /// All that it is, the same for copies of it; only with HasWords, else it is that of one object alone.
+  ElementWords Words() const;
+  bool HasWords() const { return text_.IsInPlace(); }
+
  private:
   void Set(std::string_view text, bool isCommand) {
     text_ = ShortText(text);
@@ -48,7 +63,16 @@ class Element {
   ShortText text_;
 };
 
-static_assert(sizeof(Element) == 24);
+static_assert(sizeof(Element) == 24 && sizeof(ElementWords) == 24, "with nothing between the fields");
+
+inline ElementWords Element::Words() const {
+  const char* const bytes = reinterpret_cast<const char*>(this);
+  ElementWords words{};
+  std::memcpy(&words.first, bytes, 8);
+  std::memcpy(&words.second, bytes + 8, 8);
+  std::memcpy(&words.third, bytes + 16, 8);
+  return words;
+}
 
 using ElementList = std::vector<Element>;
 
@@ -56,6 +80,9 @@ Element Tone(std::string_view note, int16_t octave, float duration, float extra)
 Element Pause(float duration, float extra);
 /// A command as the decoders make it: no octave, no length.
 Element Command(std::string_view token);
+
+/// The element that many octaves higher, as far as its field goes; one without an octave as it is.
+Element OctavesUp(const Element& element, int octaves);
 
 /// True for a pause: a note that contains an "r" of either case.
 bool IsPause(const Element& element);

@@ -21,6 +21,19 @@ std::string_view NumberPart(std::string_view text) {
   return text.substr(0, end);
 }
 
+// The whole number that `text` is and nothing else, if it is exact as a double: most are, and need no
+// conversion of decimals.
+std::optional<double> WholeNumber(std::string_view text) {
+  constexpr size_t kExactDigits = 15;
+  if (text.empty() || text.size() > kExactDigits) return std::nullopt;
+  int64_t value = 0;
+  for (const char c : text) {
+    if (!IsDigit(c)) return std::nullopt;
+    value = value * 10 + (c - '0');
+  }
+  return static_cast<double>(value);
+}
+
 template <typename Int>
 std::optional<Int> RoundTo(double value) {
   const double rounded = std::nearbyint(value);
@@ -37,6 +50,7 @@ double LeadingNumber(std::string_view text) {
   const bool negative = text.starts_with('-');
   if (negative || text.starts_with('+')) text.remove_prefix(1);
   const std::string_view part = NumberPart(text);
+  if (const auto whole = WholeNumber(part)) return negative ? -*whole : *whole;
   double value = 0;
   const auto result =
       std::from_chars(part.data(), part.data() + part.size(), value, std::chars_format::fixed);

@@ -6,10 +6,16 @@
 
 namespace trillomat {
 
-/// Handed on by value; the log and the pump outlive the work.
+class TokenMemory;
+
+/// Handed on by value; what it refers to outlives the work.
 struct Services {
   Log& log;
   EventPump& pump;
+  TokenMemory* tokens = nullptr;  ///< what one read leaves for the next, so that it has less to decode
+
+  /// The same, with events run by `other`.
+  Services With(EventPump& other) const { return {log, other, tokens}; }
 };
 
 }  // namespace trillomat

@@ -7,6 +7,8 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace trillomat {
@@ -41,6 +43,7 @@ class ShortText {
     return IsElsewhere() ? ViewElsewhere() : std::string_view(bytes_.data(), Length());
   }
   bool IsEmpty() const { return bytes_[kInPlace] == 0; }
+  bool IsInPlace() const { return !IsElsewhere(); }
 
   bool operator==(const ShortText& other) const { return View() == other.View(); }
 

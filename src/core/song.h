@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "core/element.h"
@@ -51,10 +52,14 @@ inline constexpr TokenDefaults kNoTokenDefaults{.octave = -1, .duration = -1.0F}
 class DefaultsCount {
  public:
   DefaultsCount() = default;
-  explicit DefaultsCount(const ElementList& elements);
+  /// Of elements moved by so many octaves.
+  explicit DefaultsCount(const ElementList& elements, int octaves = 0);
 
-  void Add(const Element& element) { Change(element, 1); }
-  void Remove(const Element& element) { Change(element, -1); }
+  void Add(const Element& element) { Change(element, 0, 1); }
+  void Remove(const Element& element) { Change(element, 0, -1); }
+  /// Elements with these octaves come, or go, and leave or have others in their place.
+  void AddOctaves(std::span<const int16_t> octaves) { ChangeOctaves(octaves, 1); }
+  void RemoveOctaves(std::span<const int16_t> octaves) { ChangeOctaves(octaves, -1); }
 
   /// A tie goes to the lower octave: what the text view leaves out.
   TokenDefaults Commonest() const;
@@ -62,7 +67,8 @@ class DefaultsCount {
   TokenDefaults CommonestForHeader() const;
 
  private:
-  void Change(const Element& element, int by);
+  void Change(const Element& element, int octaves, int by);
+  void ChangeOctaves(std::span<const int16_t> octaves, int by);
 
   std::array<int64_t, 4> octaves_{};
   std::array<int64_t, kDurations.size()> durations_{};

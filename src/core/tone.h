@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string_view>
 
 namespace trillomat {
@@ -18,12 +19,55 @@ using ToneTable = std::array<Value, kTones.size()>;
 inline constexpr std::array<std::string_view, 12> kPianoTones{"c",  "#c", "d",  "#d", "e",  "f",
                                                               "#f", "g",  "#g", "a",  "#a", "b"};
 
+/// Where a note of one or two characters stands in tables: by length, accidental and letter of either case.
+namespace tone_places {
+
+inline constexpr size_t kLetters = 8;      // a to g, and what is none of them
+inline constexpr size_t kAccidentals = 4;  // a letter, "#", "&", and what is none of them
+
+inline constexpr auto kCharacters = [] {
+  std::array<uint8_t, 256> characters{};
+  characters.fill((kAccidentals - 1) * kLetters + kLetters - 1);
+  characters['#'] = kLetters + kLetters - 1;
+  characters['&'] = 2 * kLetters + kLetters - 1;
+  for (uint8_t i = 0; i < kLetters - 1; ++i) characters[size_t{'a'} + i] = characters[size_t{'A'} + i] = i;
+  return characters;
+}();
+
+// No branches: what comes next in a melody cannot be foretold.
+constexpr size_t PlaceOf(std::string_view note) {
+  const size_t accidental = kCharacters[static_cast<unsigned char>(note.front())] / kLetters;
+  const size_t letter = kCharacters[static_cast<unsigned char>(note.back())] % kLetters;
+  return ((note.size() - 1) * kAccidentals + accidental) * kLetters + letter;
+}
+
+/// What `valueOf` gives for each of kTones, -1 elsewhere.
+template <typename ValueOf>
+constexpr auto TableOf(ValueOf valueOf) {
+  std::array<int8_t, 2 * kAccidentals * kLetters> table{};
+  table.fill(-1);
+  for (size_t i = 0; i < kTones.size(); ++i) table.at(PlaceOf(kTones.at(i))) = valueOf(i);
+  return table;
+}
+
+inline constexpr auto kIndexes = TableOf([](size_t tone) { return static_cast<int8_t>(tone); });
+inline constexpr auto kSemitones = TableOf([](size_t tone) {
+  constexpr ToneTable<int8_t> kValues{0, 1, 1, 2, 3, 3, 4, 5, 6, 6, 7, 8, 8, 9, 10, 10, 11};
+  return kValues.at(tone);
+});
+
+}  // namespace tone_places
+
 /// The index of `note` in kTones whatever its case, -1 for any other text.
-int ToneIndex(std::string_view note);
+constexpr int ToneIndex(std::string_view note) {
+  return note.empty() || note.size() > 2 ? -1 : tone_places::kIndexes[tone_places::PlaceOf(note)];
+}
 
 /// The index in kPianoTones of what `note`, of either case, sounds as: semitones above c. -1 for what is none
 /// of kTones.
-int SemitoneOf(std::string_view note);
+constexpr int SemitoneOf(std::string_view note) {
+  return note.empty() || note.size() > 2 ? -1 : tone_places::kSemitones[tone_places::PlaceOf(note)];
+}
 
 struct PianoTone {
   std::string_view tone;  ///< one of kPianoTones

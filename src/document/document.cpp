@@ -8,17 +8,39 @@ namespace trillomat {
 Document::Document(Song song, FormatMode mode)
     : song_(std::move(song)), count_(Elements()), cursor_(-1), mode_(mode) {}
 
-Change Document::Apply(Change change) {
+// A splice beyond the end is cut off there, and so are octaves.
+ChangedRange Document::RangeOf(const Change& change) const {
   const size_t at = std::min(change.at, Size());
-  const size_t removed = std::min(change.removed, Size() - at);
-  ChangedRange range{.at = at,
-                     .removed = removed,
-                     .inserted = change.inserted.size(),
-                     .info = change.info && *change.info != Info(),
-                     .mode = change.mode.has_value(),
-                     .file = change.file.has_value()};
-  Change back{.at = at, .removed = range.inserted, .cursor = cursor_, .selection = selection_};
-  back.inserted = Splice(at, removed, std::move(change.inserted));
+  const bool octaves = !change.octaves.empty();
+  const size_t removed = std::min(octaves ? change.octaves.size() : change.removed, Size() - at);
+  return {.at = at,
+          .removed = removed,
+          .inserted = octaves ? removed : change.inserted.size(),
+          .octaves = octaves,
+          .info = change.info && *change.info != Info(),
+          .mode = change.mode.has_value(),
+          .file = change.file.has_value()};
+}
+
+// Leaves in `back` what takes it back.
+void Document::ChangeElements(Change& change, const ChangedRange& range, Change& back) {
+  back.at = range.at;
+  if (range.octaves) {
+    back.octaves = std::move(change.octaves);
+    back.octaves.resize(range.removed);
+    count_.AddOctaves(back.octaves);
+    song_.SwapOctaves(range.at, back.octaves);
+    count_.RemoveOctaves(back.octaves);
+  } else {
+    back.removed = range.inserted;
+    back.inserted = Splice(range.at, range.removed, std::move(change.inserted));
+  }
+}
+
+Change Document::Apply(Change change) {
+  ChangedRange range = RangeOf(change);
+  Change back{.cursor = cursor_, .selection = selection_};
+  ChangeElements(change, range, back);
   if (change.info) back.info = std::exchange(song_.Info(), *std::move(change.info));
   if (change.mode) back.mode = std::exchange(mode_, *change.mode);
   if (range.SongChanged()) back.song = std::exchange(number_, change.song ? *change.song : ++lastNumber_);
@@ -59,7 +81,7 @@ void Document::SetFile(std::filesystem::path file, bool changed) {
 ElementList Document::Elements(ElementRange range) const {
   ElementList elements;
   elements.reserve(static_cast<size_t>(range.Size()));
-  for (int32_t i = range.begin; i < range.end; ++i) elements.push_back(At(i));
+  ForEach(range, [&elements](const Element& element) { elements.push_back(element); });
   return elements;
 }
 

@@ -18,7 +18,8 @@ size_t MemoryOf(const Element& element) {
 }
 
 size_t MemoryOf(const Change& change) {
-  size_t memory = change.inserted.capacity() * sizeof(Element) + (change.info ? MemoryOf(*change.info) : 0);
+  size_t memory = change.inserted.capacity() * sizeof(Element) + change.octaves.capacity() * sizeof(int16_t) +
+                  (change.info ? MemoryOf(*change.info) : 0);
   for (const Element& element : change.inserted) memory += MemoryOf(element);
   return memory;
 }

@@ -17,27 +17,47 @@ void MoveEnd(size_t count, ElementList& from, ElementList& to) {
 
 const Song& PartedSong::Whole() const {
   PartAt(Size());
+  return *front_;
+}
+
+std::shared_ptr<const Song> PartedSong::Shared() const {
+  PartAt(Size());
   return front_;
 }
 
+// For a change, which those who share the song are not to see.
+Song& PartedSong::Own() const {
+  if (front_.use_count() > 1) front_ = std::make_shared<Song>(*front_);
+  return *front_;
+}
+
 void PartedSong::PartAt(size_t at) const {
-  const size_t front = front_.elements.size();
-  if (at < front) MoveEnd(front - at, front_.elements, back_);
-  if (at > front) MoveEnd(at - front, back_, front_.elements);
+  const size_t front = front_->elements.size();
+  if (at < front) MoveEnd(front - at, Own().elements, back_);
+  if (at > front) MoveEnd(at - front, back_, Own().elements);
 }
 
 ElementList PartedSong::Splice(size_t at, size_t removed, ElementList inserted) {
   // A new song takes the place of the old one as a whole; what goes and what comes are not moved one by one.
   if (removed == Size()) {
     PartAt(Size());
-    return std::exchange(front_.elements, std::move(inserted));
+    return std::exchange(Own().elements, std::move(inserted));
   }
   PartAt(at);
   ElementList gone;
   MoveEnd(removed, back_, gone);
-  front_.elements.insert(front_.elements.end(), std::make_move_iterator(inserted.begin()),
-                         std::make_move_iterator(inserted.end()));
+  ElementList& front = Own().elements;
+  front.insert(front.end(), std::make_move_iterator(inserted.begin()),
+               std::make_move_iterator(inserted.end()));
   return gone;
+}
+
+void PartedSong::SwapOctaves(size_t at, std::span<int16_t> octaves) {
+  ElementList& front = Own().elements;
+  const size_t last = Size() - 1;
+  const size_t inFront = std::clamp(front.size(), at, at + octaves.size()) - at;
+  for (size_t i = 0; i < inFront; ++i) std::swap(front[at + i].octave, octaves[i]);
+  for (size_t i = inFront; i < octaves.size(); ++i) std::swap(back_[last - at - i].octave, octaves[i]);
 }
 
 }  // namespace trillomat

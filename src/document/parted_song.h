@@ -4,6 +4,10 @@
 //   front: 0 1 2 3 |   back, from its end on: 4 5 6 7
 #pragma once
 
+#include <algorithm>
+#include <memory>
+#include <span>
+
 #include "core/song.h"
 
 namespace trillomat {
@@ -11,28 +15,45 @@ namespace trillomat {
 class PartedSong {
  public:
   PartedSong() = default;
-  explicit PartedSong(Song song) : front_(std::move(song)) {}
+  explicit PartedSong(Song song) : front_(std::make_shared<Song>(std::move(song))) {}
 
-  SongInfo& Info() { return front_.info; }
-  const SongInfo& Info() const { return front_.info; }
+  SongInfo& Info() { return Own().info; }
+  const SongInfo& Info() const { return front_->info; }
 
-  size_t Size() const { return front_.elements.size() + back_.size(); }
+  size_t Size() const { return front_->elements.size() + back_.size(); }
   /// The element at `index`, which must exist.
   const Element& At(size_t index) const {
-    return index < front_.elements.size() ? front_.elements[index] : back_[Size() - 1 - index];
+    return index < front_->elements.size() ? front_->elements[index] : back_[Size() - 1 - index];
   }
+  /// Calls `visit` with each element from `begin` up to `end`, which must exist, in their order: quicker than
+  /// asking for one after the other.
+  template <typename Visit>
+  void ForEach(size_t begin, size_t end, Visit visit) const {
+    const ElementList& front = front_->elements;
+    const size_t parted = std::clamp(front.size(), begin, end);
+    for (size_t i = begin; i < parted; ++i) visit(front[i]);
+    const size_t last = Size() - 1;
+    for (size_t i = parted; i < end; ++i) visit(back_[last - i]);
+  }
+
   /// The song in one piece, until the next splice. References to its elements end.
   const Song& Whole() const;
+  /// The song as it is now, which stays so: it is copied when this one changes as long as it is held.
+  std::shared_ptr<const Song> Shared() const;
 
   /// Puts `inserted` in the place of the `removed` elements from `at` on, which must exist, and returns
   /// those. Takes time for what is put and removed and for the way from the last splice.
   ElementList Splice(size_t at, size_t removed, ElementList inserted);
 
+  /// The elements from `at` on, which must exist, get these octaves, and their own are left in their place.
+  void SwapOctaves(size_t at, std::span<int16_t> octaves);
+
  private:
   void PartAt(size_t at) const;
+  Song& Own() const;
 
   // Where the song is parted can be told by nobody, so it changes behind a const.
-  mutable Song front_;
+  mutable std::shared_ptr<Song> front_ = std::make_shared<Song>();
   mutable ElementList back_;
 };
 

@@ -31,12 +31,12 @@ std::optional<Phone> PhoneOfOption(std::string_view option) {
   return std::nullopt;
 }
 
-std::unique_ptr<PhoneKeys> KeysOf(Phone phone, Log& log) {
+std::unique_ptr<PhoneKeys> KeysOf(Phone phone, size_t elements, Log& log) {
   switch (phone) {
-    case Phone::Nokia: return std::make_unique<NokiaKeys>(log);
-    case Phone::T68i: return std::make_unique<T68iKeys>(log);
-    case Phone::T39: return std::make_unique<T39Keys>(log);
-    case Phone::R320: return std::make_unique<R320Keys>(log);
+    case Phone::Nokia: return std::make_unique<NokiaKeys>(elements, log);
+    case Phone::T68i: return std::make_unique<T68iKeys>(elements, log);
+    case Phone::T39: return std::make_unique<T39Keys>(elements, log);
+    case Phone::R320: return std::make_unique<R320Keys>(elements, log);
     case Phone::Rtttl: break;
   }
   return nullptr;
@@ -46,14 +46,13 @@ Result<std::string> Export(Phone phone, const Song& song, const Services& servic
   const LogOperation operation(services.log);
   const ExportTarget& target = TargetOf(phone);
   try {
-    Song moved = song;
-    const std::optional<int16_t> movedUp = AdaptRange(moved.elements, target.range, services.log);
-    if (song.elements.empty() || !movedUp) {
+    const std::optional<int> octaves = MoveInto(song.elements, target.range, services.log);
+    if (song.elements.empty() || !octaves) {
       return Refusal{.why = RangeRefusal(song.elements, target.range, target.name)};
     }
-    const std::unique_ptr<PhoneKeys> keys = KeysOf(phone, services.log);
-    if (!keys) return RtttlText(moved, spelling, services.log);
-    return KeyPressText(*keys, moved.elements, *movedUp, services);
+    const std::unique_ptr<PhoneKeys> keys = KeysOf(phone, song.elements.size(), services.log);
+    if (!keys) return RtttlText(song, *octaves, spelling, services.log);
+    return KeyPressText(*keys, song.elements, *octaves, services);
   } catch (const ExportFault& fault) {
     return Refusal{.why = fault.what()};
   } catch (const std::exception& fault) {

@@ -16,49 +16,49 @@ bool IsDotted(const Element& element) {
   return !IsPlain(element) && EncodeDurationExtra(element.extra, FormatMode::Rtttl).text == ".";
 }
 
+ElementKeys PauseKeys(const Element& element, Log& log) {
+  ElementKeys keys{.before = "Press: 0"};
+  if (IsDotted(element)) {
+    keys.before = "Press and hold 0 ";
+  } else if (!IsPlain(element)) {
+    // Other extras cannot be typed: their line repeats the text of the element before.
+    keys = {.before = "", .again = true, .loss = Loss::Extra};
+  }
+  keys.length = DurationCode(element, log);
+  return keys;
+}
+
+ElementKeys ToneKeys(const Element& element, Log& log) {
+  const bool dotted = IsDotted(element);
+  ElementKeys keys{.before = dotted ? "Press: (hold) " : "Press: ", .octave = element.octave};
+  keys.length = DurationCode(element, log);
+  const int tone = ToneIndex(element.Note());
+  if (tone < 0) {
+    log.WriteLog("Critical error in Make Nokia Keypress", 1);
+    keys.again = true;
+    keys.loss = Loss::NotUnderstood;
+    return keys;
+  }
+  keys.before += kToneKeys.at(static_cast<size_t>(tone));
+  if (!dotted && !IsPlain(element)) keys.loss = Loss::Extra;
+  return keys;
+}
+
 }  // namespace
 
-Loss NokiaKeys::Press(const Element& element, std::string& keyText) {
-  Loss loss = Loss::Command;
+NokiaKeys::NokiaKeys(size_t elements, Log& log)
+    : SteppingKeys({.octaveUp = " *", .longer = " 9", .shorter = " 8", .lowestOctave = 3, .highestOctave = 6},
+                   elements, log) {}
+
+ElementKeys NokiaKeys::KeysOf(const Element& element, Log& log) const {
+  ElementKeys keys{.before = "Not supported", .loss = Loss::Command};
   if (IsPause(element)) {
-    loss = PressPause(element, keyText);
-  } else if (!element.Command().empty()) {
-    keyText = "Not supported";
-  } else {
-    loss = PressTone(element, keyText);
+    keys = PauseKeys(element, log);
+  } else if (element.Command().empty()) {
+    keys = ToneKeys(element, log);
   }
-  keyText += kLineEnd;
-  return loss;
-}
-
-Loss NokiaKeys::PressPause(const Element& element, std::string& keyText) {
-  // Other extras cannot be typed: their line repeats the text of the element before.
-  Loss loss = Loss::None;
-  if (IsPlain(element)) {
-    keyText = "Press: 0";
-  } else if (IsDotted(element)) {
-    keyText = "Press and hold 0 ";
-  } else {
-    loss = Loss::Extra;
-  }
-  composer_.StepLength(DurationCode(element, log_), keyText);
-  return loss;
-}
-
-Loss NokiaKeys::PressTone(const Element& element, std::string& keyText) {
-  const int code = DurationCode(element, log_);
-  const int tone = ToneIndex(element.Note());
-  if (tone >= 0) {
-    keyText = kToneKeys.at(static_cast<size_t>(tone));
-  } else {
-    log_.WriteLog("Critical error in Make Nokia Keypress", 1);
-  }
-  composer_.StepOctave(element.octave, keyText);
-  composer_.StepLength(code, keyText);
-  const bool dotted = IsDotted(element);
-  keyText.insert(0, dotted ? "Press: (hold) " : "Press: ");
-  if (tone < 0) return Loss::NotUnderstood;
-  return dotted || IsPlain(element) ? Loss::None : Loss::Extra;
+  keys.after += kLineEnd;
+  return keys;
 }
 
 }  // namespace trillomat

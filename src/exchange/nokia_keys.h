@@ -2,22 +2,16 @@
 // 3 to 6, "9" makes longer, "8" shorter, and a key that is held makes dotted.
 #pragma once
 
-#include "exchange/key_press_run.h"
+#include "exchange/stepping_keys.h"
 
 namespace trillomat {
 
-class NokiaKeys : public PhoneKeys {
+class NokiaKeys : public SteppingKeys {
  public:
-  explicit NokiaKeys(Log& log) : log_(log) {}
-  Loss Press(const Element& element, std::string& keyText) override;
+  NokiaKeys(size_t elements, Log& log);
 
  private:
-  Loss PressPause(const Element& element, std::string& keyText);
-  Loss PressTone(const Element& element, std::string& keyText);
-
-  Log& log_;
-  SteppingComposer composer_{
-      {.octaveUp = " *", .longer = " 9", .shorter = " 8", .lowestOctave = 3, .highestOctave = 6}};
+  ElementKeys KeysOf(const Element& element, Log& log) const override;
 };
 
 }  // namespace trillomat

@@ -30,29 +30,31 @@ bool IsHeldByLoop(const Song& song, size_t index) {
          ((index == 0 && command == "(") || (index + 1 == song.elements.size() && command.starts_with('@')));
 }
 
-// Of a song in the octaves of RTTTL, which has all lengths.
-Loss RtttlLoss(const Song& song, size_t index, RtttlSpelling spelling) {
+// Of the element at `index`, in the octaves of RTTTL, which has all lengths.
+Loss RtttlLoss(const Song& song, size_t index, const Element& element, RtttlSpelling spelling) {
   SilentLog silent;
-  const Element& element = song.elements[index];
   if (!RtttlToken(element, spelling, kNoTokenDefaults, silent).empty()) return Loss::None;
   if (element.Command().empty()) return Loss::Extra;
   return spelling == RtttlSpelling::Classic && IsHeldByLoop(song, index) ? Loss::None : Loss::Command;
 }
 
-Loss KeyLoss(PhoneKeys& keys, const Element& element) {
+Loss KeyLoss(PhoneKeys& keys, const Element& element, TextWriter& text) {
   try {
-    std::string keyText;
-    return keys.Press(element, keyText);
+    text.Clear();
+    return keys.Press(element, {}, text);
   } catch (const ExportFault&) {
     return Loss::Command;  // a count beyond all limits
   }
 }
 
-// Counts what becomes of the elements of a song that is in the export's octaves.
+// Counts what becomes of the elements of a song in the export's octaves.
 class LossCount {
  public:
   LossCount(const Song& song, RtttlSpelling spelling, PhoneFit& fit)
-      : song_(song), spelling_(spelling), fit_(fit), keys_(KeysOf(fit.phone, silent_)) {}
+      : song_(song),
+        spelling_(spelling),
+        fit_(fit),
+        keys_(KeysOf(fit.phone, song.elements.size(), silent_)) {}
 
   void Count() {
     for (size_t i = 0; i < song_.elements.size(); ++i) {
@@ -64,8 +66,8 @@ class LossCount {
 
  private:
   Loss LossAt(size_t index) {
-    const Element& element = song_.elements[index];
-    const Loss loss = keys_ ? KeyLoss(*keys_, element) : RtttlLoss(song_, index, spelling_);
+    const Element element = OctavesUp(song_.elements[index], fit_.octaves);
+    const Loss loss = keys_ ? KeyLoss(*keys_, element, text_) : RtttlLoss(song_, index, element, spelling_);
     if (!IsUnderstood(element)) return Loss::NotUnderstood;
     if (loss != Loss::None || !element.Command().empty()) return loss;
     const size_t most = TargetOf(fit_.phone).mostNotes;
@@ -77,15 +79,9 @@ class LossCount {
   PhoneFit& fit_;
   SilentLog silent_;
   std::unique_ptr<PhoneKeys> keys_;
+  TextWriter text_{0};  ///< of one element
   size_t notes_ = 0;
 };
-
-int MovedBy(const ElementList& from, const ElementList& to) {
-  for (size_t i = 0; i < from.size(); ++i) {
-    if (from[i].octave != kNoOctave) return to[i].octave - from[i].octave;
-  }
-  return 0;
-}
 
 size_t LostCount(const PhoneFit& fit) {
   return std::accumulate(fit.losses.begin() + 1, fit.losses.end(), size_t{0});
@@ -120,10 +116,9 @@ PhoneFit FitOf(Phone phone, const Song& song, RtttlSpelling spelling) {
   SilentLog silent;
   PhoneFit fit{.phone = phone, .elements = song.elements.size()};
   const OctaveRange range = TargetOf(phone).range;
-  Song moved = song;
-  if (AdaptRange(moved.elements, range, silent)) {
-    fit.octaves = MovedBy(song.elements, moved.elements);
-    LossCount(moved, spelling, fit).Count();
+  if (const std::optional<int> octaves = MoveInto(song.elements, range, silent)) {
+    fit.octaves = *octaves;
+    LossCount(song, spelling, fit).Count();
   } else {
     fit.inRange = false;
     fit.first = Misfit{FirstBeyond(song.elements, range).value_or(0), Loss::Octave};

@@ -37,16 +37,10 @@ bool CanMoveInside(const Extremes& used, OctaveRange range) {
   return IsInside(used, range) || used.max - used.min <= range.high - range.low;
 }
 
-int16_t Saturated(int value) {
-  using Limits = std::numeric_limits<int16_t>;
-  return static_cast<int16_t>(std::clamp<int>(value, Limits::min(), Limits::max()));
-}
-
-void MoveBy(int octaves, ElementList& elements, Log& log) {
-  for (Element& element : elements) {
+void LogLeaving(const ElementList& elements, int octaves, Log& log) {
+  for (const Element& element : elements) {
     if (element.octave == kNoOctave) continue;
     const int moved = element.octave + octaves;
-    element.octave = Saturated(moved);
     if (moved < kLowestValid || moved > kHighestValid) {
       log.WriteLog("Crical Error when adapting TTL tones", 1);
     }
@@ -55,21 +49,25 @@ void MoveBy(int octaves, ElementList& elements, Log& log) {
 
 }  // namespace
 
-std::optional<int16_t> AdaptRange(ElementList& elements, OctaveRange range, Log& log) {
+std::optional<int> MoveInto(const ElementList& elements, OctaveRange range, Log& log) {
   const Extremes used = OctavesIn(elements, kInsideOut);
-  if (IsInside(used, range)) return int16_t{0};
+  if (IsInside(used, range)) return 0;
   if (!CanMoveInside(used, range)) return std::nullopt;
-  const auto [min, max] = used;
-  if (min < range.low) {
-    MoveBy(range.low - min, elements, log);
-    return Saturated(range.low - min);
-  }
-  if (max > range.high) {
-    MoveBy(range.high - max, elements, log);
+  const int octaves = used.min < range.low ? range.low - used.min : std::min(0, range.high - used.max);
+  if (octaves != 0) {
+    LogLeaving(elements, octaves, log);
   } else {
     log.WriteLog("No adaption Done", 1);
   }
-  return int16_t{0};
+  return octaves;
+}
+
+bool AdaptRange(ElementList& elements, OctaveRange range, Log& log) {
+  const std::optional<int> octaves = MoveInto(elements, range, log);
+  if (!octaves) return false;
+  if (*octaves == 0) return true;
+  for (Element& element : elements) element = OctavesUp(element, *octaves);
+  return true;
 }
 
 std::optional<size_t> FirstBeyond(const ElementList& elements, OctaveRange range) {

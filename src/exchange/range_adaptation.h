@@ -19,12 +19,14 @@ struct OctaveRange {
   int16_t high;
 };
 
-/// Moves `elements` into `range` by the smallest number of octaves. Gives how many octaves they went up, 0
-/// when they went down or stayed; nothing, with the elements as they were, when they span more octaves than
-/// the range.
-std::optional<int16_t> AdaptRange(ElementList& elements, OctaveRange range, Log& log);
+/// The smallest number of octaves that brings `elements` into `range`: up, or below 0 down. Nothing when they
+/// span more octaves than the range. Tones that leave all octaves by it are logged.
+std::optional<int> MoveInto(const ElementList& elements, OctaveRange range, Log& log);
 
-/// The first element whose octave is too far from those before it, where AdaptRange gives nothing.
+/// Moves `elements` as MoveInto says; false, with the elements as they were, where it gives nothing.
+bool AdaptRange(ElementList& elements, OctaveRange range, Log& log);
+
+/// The first element whose octave is too far from those before it, where MoveInto gives nothing.
 std::optional<size_t> FirstBeyond(const ElementList& elements, OctaveRange range);
 
 /// Plain words on why `elements` do not fit into the octaves of `phone` ("the Nokia Composer").

@@ -6,6 +6,7 @@
 
 #include "core/ascii.h"
 #include "core/codec.h"
+#include "core/noticing_log.h"
 #include "core/tone.h"
 
 namespace trillomat {
@@ -60,45 +61,68 @@ Loss LossOf(const Element& element, bool saysLength) {
 
 }  // namespace
 
-Loss HeldKeys::Press(const Element& element, std::string& keyText) {
-  Loss loss = Loss::Command;
-  if (IsPause(element)) {
-    Keys keys = PauseKeys(element);
-    keyText = std::move(keys.text);
-    loss = LossOf(element, keys.saysLength);
-  } else if (IsCommand(element.Command())) {
-    keyText = "Not supported";
-  } else {
-    loss = PressTone(element, keyText);
+Loss HeldKeys::Press(const Element& element, TextPart /*before*/, TextWriter& text) {
+  const Known* const known = known_.Find(element);
+  if (known == nullptr) return PressFirst(element, text);
+  text.Add(known->text);
+  if (known->tone >= 0) last_ = {known->tone, known->octaveKeys};
+  return known->loss;
+}
+
+Loss HeldKeys::PressFirst(const Element& element, TextWriter& text) {
+  NoticingLog noticing(log_);
+  const Typed typed = Type(element, noticing);
+  if (!noticing.Noticed() && decltype(Known::text)::Holds(typed.text)) {
+    known_.Keep(element, {decltype(Known::text)(typed.text), static_cast<int8_t>(typed.tone),
+                          static_cast<uint8_t>(last_.octaveKeys), typed.loss});
   }
-  keyText += kLineEnd;
-  return loss;
+  text.Add(typed.text);
+  return typed.loss;
+}
+
+HeldKeys::Typed HeldKeys::Type(const Element& element, Log& log) {
+  Typed typed{.loss = Loss::Command};
+  if (IsPause(element)) {
+    Keys keys = PauseKeys(element, log);
+    typed = {.text = std::move(keys.text), .loss = LossOf(element, keys.saysLength)};
+  } else if (IsCommand(element.Command())) {
+    typed.text = "Not supported";
+  } else {
+    typed = TypeTone(element, log);
+  }
+  typed.text += kLineEnd;
+  return typed;
 }
 
 FieldText HeldKeys::LengthCode(const Element& element, Log& log) {
   return EncodeDuration(element.duration, FormatMode::EMelody, log);
 }
 
-Loss HeldKeys::PressTone(const Element& element, std::string& keyText) {
+HeldKeys::Typed HeldKeys::TypeTone(const Element& element, Log& log) {
   const int tone = ToneIndex(element.Note());
   if (tone >= 0) {
-    const ToneKey& found = kToneKeys.at(static_cast<size_t>(tone));
-    key_ = found.key;
-    modifier_ = found.accidental;
+    last_ = {.tone = tone};
   } else {
-    log_.WriteLog(UnknownToneMessage(), 1);
+    log.WriteLog(UnknownToneMessage(), 1);
   }
-  AppendKeys(modifier_, "0", OctavePresses(element.octave));
-  const FieldText length = LengthCode(element, log_);
-  Keys keys = ToneKeys(key_, length.text);
-  keyText = std::move(keys.text);
-  if (!modifier_.empty()) keyText += " Then press: " + modifier_;
-  if (!element.Command().empty()) return Loss::Command;
-  return tone < 0 ? Loss::NotUnderstood : LossOf(element, length.supported && keys.saysLength);
+  const auto [key, accidental] = last_.tone < 0 ? ToneKey() : kToneKeys.at(static_cast<size_t>(last_.tone));
+  std::string modifier(accidental);
+  last_.octaveKeys += std::max(OctavePresses(element.octave), 0);
+  AppendKeys(modifier, "0", last_.octaveKeys);
+  const FieldText length = LengthCode(element, log);
+  Keys keys = ToneKeys(key, length.text);
+  Typed typed{.text = std::move(keys.text), .tone = tone};
+  if (!modifier.empty()) typed.text += " Then press: " + modifier;
+  if (!element.Command().empty()) {
+    typed.loss = Loss::Command;
+  } else {
+    typed.loss = tone < 0 ? Loss::NotUnderstood : LossOf(element, length.supported && keys.saysLength);
+  }
+  return typed;
 }
 
-HeldKeys::Keys T39Keys::PauseKeys(const Element& element) const {
-  const FieldText length = LengthCode(element, EventLog());
+HeldKeys::Keys T39Keys::PauseKeys(const Element& element, Log& log) const {
+  const FieldText length = LengthCode(element, log);
   if (length.text == "0") return {Hold("*", "P. is shown")};
   if (length.text == "1") return {Hold("*", "P is shown")};
   if (length.text == "2") return {Hold("*", "p. is shown")};
@@ -116,7 +140,7 @@ HeldKeys::Keys T39Keys::ToneKeys(std::string_view key, std::string_view lengthCo
 }
 
 // Every pause is an eighth.
-HeldKeys::Keys R320Keys::PauseKeys(const Element& element) const {
+HeldKeys::Keys R320Keys::PauseKeys(const Element& element, Log& /*log*/) const {
   SilentLog silent;
   const FieldText length = LengthCode(element, silent);
   return {Once("*"), length.text == "3" && length.supported};

@@ -3,7 +3,10 @@
 // kept in between.
 #pragma once
 
+#include <cstdint>
+
 #include "core/codec.h"
+#include "core/per_element.h"
 #include "exchange/key_press_run.h"
 
 namespace trillomat {
@@ -11,8 +14,9 @@ namespace trillomat {
 /// What both phones share; how they write lengths, octaves and commands differs.
 class HeldKeys : public PhoneKeys {
  public:
-  explicit HeldKeys(Log& log) : log_(log) {}
-  Loss Press(const Element& element, std::string& keyText) final;
+  /// For a song of some `elements`.
+  HeldKeys(size_t elements, Log& log) : log_(log), known_(elements) {}
+  Loss Press(const Element& element, TextPart before, TextWriter& text) final;
 
  protected:
   /// What types an element, and whether that says its length.
@@ -23,12 +27,34 @@ class HeldKeys : public PhoneKeys {
 
   /// The E-Melody duration code, "0" whole to "3" eighth; "3", which it is not, for what is shorter.
   static FieldText LengthCode(const Element& element, Log& log);
-  Log& EventLog() const { return log_; }
 
  private:
-  Loss PressTone(const Element& element, std::string& keyText);
+  // What a tone without a key takes over from the tone before: the key with its accidental, and octave keys.
+  struct LastTone {
+    int tone = -1;  ///< as ToneIndex; -1 for none yet
+    int64_t octaveKeys = 0;
+  };
 
-  virtual Keys PauseKeys(const Element& element) const = 0;
+  // The line of an element.
+  struct Typed {
+    std::string text = {};
+    Loss loss = Loss::None;
+    int tone = -1;  ///< as ToneIndex; -1 for what is none
+  };
+
+  // That of an element that logs nothing and takes over nothing.
+  struct Known {
+    ReadyText<58> text;
+    int8_t tone = -1;
+    uint8_t octaveKeys = 0;
+    Loss loss = Loss::None;
+  };
+
+  Loss PressFirst(const Element& element, TextWriter& text);
+  Typed Type(const Element& element, Log& log);
+  Typed TypeTone(const Element& element, Log& log);
+
+  virtual Keys PauseKeys(const Element& element, Log& log) const = 0;
   virtual bool IsCommand(std::string_view special) const = 0;
   virtual std::string_view UnknownToneMessage() const = 0;
   /// How often the octave key is pressed.
@@ -36,9 +62,8 @@ class HeldKeys : public PhoneKeys {
   virtual Keys ToneKeys(std::string_view key, std::string_view lengthCode) const = 0;
 
   Log& log_;
-  // A tone without a key takes over both from the tone before, octave keys included.
-  std::string key_;
-  std::string modifier_;
+  LastTone last_;
+  PerElement<Known> known_;
 };
 
 class T39Keys : public HeldKeys {
@@ -46,7 +71,7 @@ class T39Keys : public HeldKeys {
   using HeldKeys::HeldKeys;
 
  private:
-  Keys PauseKeys(const Element& element) const override;
+  Keys PauseKeys(const Element& element, Log& log) const override;
   bool IsCommand(std::string_view special) const override;
   // The T39 shares the T68i's message.
   std::string_view UnknownToneMessage() const override { return "Critical error in Make T68i Keypress"; }
@@ -59,7 +84,7 @@ class R320Keys : public HeldKeys {
   using HeldKeys::HeldKeys;
 
  private:
-  Keys PauseKeys(const Element& element) const override;
+  Keys PauseKeys(const Element& element, Log& log) const override;
   bool IsCommand(std::string_view special) const override;
   std::string_view UnknownToneMessage() const override { return "Critical error in Make R320 Keypress"; }
   int OctavePresses(int octave) const override { return octave == 3 ? 0 : 1; }

@@ -62,20 +62,13 @@ std::string VolumeKeys(std::string_view special) {
 }
 
 // A command that the phone does not have leaves the text of the element before.
-Loss PressCommand(std::string_view special, std::string& keyText) {
+ElementKeys CommandKeysOf(std::string_view special) {
   for (const CommandKeys& command : kCommandKeys) {
-    if (command.special != special) continue;
-    keyText = command.keys;
-    return Loss::None;
+    if (command.special == special) return {.before = std::string(command.keys)};
   }
-  if (Contains(special, ")")) {
-    keyText = RepeatKeys(special);
-  } else if (Contains(special, "V")) {
-    keyText = VolumeKeys(special);
-  } else {
-    return Loss::Command;
-  }
-  return Loss::None;
+  if (Contains(special, ")")) return {.before = RepeatKeys(special)};
+  if (Contains(special, "V")) return {.before = VolumeKeys(special)};
+  return {.before = "", .again = true, .loss = Loss::Command};
 }
 
 std::string_view ExtraKeys(float extra) {
@@ -88,43 +81,54 @@ std::string_view ExtraKeys(float extra) {
   }
 }
 
-}  // namespace
-
-Loss T68iKeys::Press(const Element& element, std::string& keyText) {
-  Loss loss = Loss::None;
-  if (IsPause(element)) {
-    keyText = "Press: *";
-    loss = PressLength(element, keyText);
-  } else if (!element.Command().empty()) {
-    loss = PressCommand(element.Command(), keyText);
-  } else {
-    loss = PressTone(element, keyText);
-  }
-  keyText += kLineEnd;
-  return loss;
+void AddLength(ElementKeys& keys, const Element& element, Log& log) {
+  keys.length = DurationCode(element, log);
+  if (element.extra == 1.0F) return;
+  const std::string_view extra = ExtraKeys(element.extra);
+  keys.after = "OptionKey 6";
+  keys.after += extra;
+  if (extra.empty()) keys.loss = Loss::Extra;
 }
 
-Loss T68iKeys::PressTone(const Element& element, std::string& keyText) {
+ElementKeys PauseKeys(const Element& element, Log& log) {
+  ElementKeys keys{.before = "Press: *"};
+  AddLength(keys, element, log);
+  return keys;
+}
+
+ElementKeys ToneKeys(const Element& element, Log& log) {
+  ElementKeys keys{.before = "Press: "};
   const int tone = ToneIndex(element.Note());
   if (tone >= 0) {
-    keyText = kToneKeys.at(static_cast<size_t>(tone));
+    keys.before += kToneKeys.at(static_cast<size_t>(tone));
   } else {
-    log_.WriteLog("Critical error in Make T68i Keypress", 1);
+    log.WriteLog("Critical error in Make T68i Keypress", 1);
+    keys.again = true;
   }
   // A tone without an octave has the text "*4".
-  composer_.StepOctave(EncodeOctave(element.octave, FormatMode::IMelody).text.at(1) - '0', keyText);
-  const Loss loss = PressLength(element, keyText);
-  keyText.insert(0, "Press: ");
-  return tone < 0 ? Loss::NotUnderstood : loss;
+  keys.octave = EncodeOctave(element.octave, FormatMode::IMelody).text.at(1) - '0';
+  AddLength(keys, element, log);
+  if (tone < 0) keys.loss = Loss::NotUnderstood;
+  return keys;
 }
 
-Loss T68iKeys::PressLength(const Element& element, std::string& keyText) {
-  composer_.StepLength(DurationCode(element, log_), keyText);
-  if (element.extra == 1.0F) return Loss::None;
-  const std::string_view extra = ExtraKeys(element.extra);
-  keyText += "OptionKey 6";
-  keyText += extra;
-  return extra.empty() ? Loss::Extra : Loss::None;
+}  // namespace
+
+T68iKeys::T68iKeys(size_t elements, Log& log)
+    : SteppingKeys({.octaveUp = "0", .longer = "9", .shorter = "8", .lowestOctave = 4, .highestOctave = 7},
+                   elements, log) {}
+
+ElementKeys T68iKeys::KeysOf(const Element& element, Log& log) const {
+  ElementKeys keys;
+  if (IsPause(element)) {
+    keys = PauseKeys(element, log);
+  } else if (!element.Command().empty()) {
+    keys = CommandKeysOf(element.Command());
+  } else {
+    keys = ToneKeys(element, log);
+  }
+  keys.after += kLineEnd;
+  return keys;
 }
 
 }  // namespace trillomat

@@ -3,22 +3,16 @@
 // menu.
 #pragma once
 
-#include "exchange/key_press_run.h"
+#include "exchange/stepping_keys.h"
 
 namespace trillomat {
 
-class T68iKeys : public PhoneKeys {
+class T68iKeys : public SteppingKeys {
  public:
-  explicit T68iKeys(Log& log) : log_(log) {}
-  Loss Press(const Element& element, std::string& keyText) override;
+  T68iKeys(size_t elements, Log& log);
 
  private:
-  Loss PressTone(const Element& element, std::string& keyText);
-  Loss PressLength(const Element& element, std::string& keyText);
-
-  Log& log_;
-  SteppingComposer composer_{
-      {.octaveUp = "0", .longer = "9", .shorter = "8", .lowestOctave = 4, .highestOctave = 7}};
+  ElementKeys KeysOf(const Element& element, Log& log) const override;
 };
 
 }  // namespace trillomat

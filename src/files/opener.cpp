@@ -39,7 +39,7 @@ std::optional<FileMessage> Opener::Open(const fs::path& file, FormatMode mode) {
   ProgressPump pump(parts_.services.pump, [&](size_t elements) {
     parts_.host.ShowProgress("Reading " + name + ": " + std::to_string(elements) + " elements");
   });
-  ReadResult read = Read(*bytes, mode, parts_.record, {parts_.services.log, pump});
+  ReadResult read = Read(*bytes, mode, parts_.record, parts_.services.With(pump));
   parts_.host.ShowProgress({});
   const std::string said =
       read ? NotUnderstoodText(read.notUnderstood) : "Not opened: " + RefusalText(name, *read.refusal);

@@ -1,5 +1,6 @@
 #include "files/save.h"
 
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -42,10 +43,10 @@ class SongWriter {
  public:
   SongWriter(const TargetFile& file, const SaveParts& parts) : file_(file), parts_(parts) {}
 
-  // Events run while the bytes are made, so they come from a copy of the song.
+  // Events run while the bytes are made, so they come from the song as it is now.
   void Write(std::ostream& stream) {
-    song_ = parts_.document.CurrentSong();
-    const auto bytes = trillomat::Write(song_, parts_.document.Mode(), parts_.services);
+    song_ = parts_.document.SharedSong();
+    const auto bytes = trillomat::Write(*song_, parts_.document.Mode(), parts_.services);
     if (!bytes) {
       refusal_ = bytes.Why();
       stream.setstate(std::ios::badbit);
@@ -58,7 +59,7 @@ class SongWriter {
 
   SaveResult Written() {
     parts_.kept.Replaced(replaced_);
-    parts_.document.SetFile(std::filesystem::absolute(file_.path), parts_.document.CurrentSong() != song_);
+    parts_.document.SetFile(std::filesystem::absolute(file_.path), parts_.document.CurrentSong() != *song_);
     return {.replaced = std::move(replaced_)};
   }
 
@@ -72,7 +73,7 @@ class SongWriter {
  private:
   const TargetFile& file_;
   const SaveParts& parts_;
-  Song song_;
+  std::shared_ptr<const Song> song_;
   std::optional<Refusal> refusal_;
   KeptCopy replaced_;
 };

@@ -72,7 +72,7 @@ void SaveCommands::WriteSelected() {
 
 SaveResult SaveCommands::Write(const TargetFile& file, bool exists, const std::function<void()>& onRemoved) {
   ProgressPump pump = WritingPump(file.path, parts_);
-  const SaveParts parts{parts_.store, parts_.document, parts_.kept, {parts_.services.log, pump}};
+  const SaveParts parts{parts_.store, parts_.document, parts_.kept, parts_.services.With(pump)};
   SaveResult result = exists ? SaveOver(file, parts, onRemoved) : SaveNew(file, parts);
   parts_.host.ShowProgress({});
   return result;

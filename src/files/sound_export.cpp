@@ -40,7 +40,7 @@ std::optional<std::filesystem::path> SoundExport::AskFile(std::string_view& exte
 Result<SoundBytes> SoundExport::Make(const std::filesystem::path& file, std::string_view extension) {
   const Document song(parts_.document.CurrentSong(), parts_.document.Mode());
   ProgressPump pump = WritingPump(file, parts_);
-  Result<SoundBytes> sound = make_(song, extension, {parts_.services.log, pump});
+  Result<SoundBytes> sound = make_(song, extension, parts_.services.With(pump));
   parts_.host.ShowProgress({});
   return sound;
 }

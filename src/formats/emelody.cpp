@@ -7,7 +7,6 @@
 //   END:EMELODY
 //
 // What stands outside the markers is not read, and line ends may stand anywhere, in the markers too.
-#include "core/codec.h"
 #include "formats/format_functions.h"
 #include "formats/letter_notes.h"
 
@@ -30,11 +29,12 @@ void ReadEMelody(Reading& reading) {
 }
 
 Result<std::string> WriteEMelody(const Song& song, const Services& services) {
-  std::string text = "BEGIN:EMELODY\r\nVERSION:1.0\r\nMELODY:";
-  for (const Element& element : song.elements) {
-    text += SupportedText(element, FormatMode::EMelody, {}, services.log);
-  }
-  return text + "\r\nEND:EMELODY\r\n";
+  TextWriter text(song.elements.size() * kTypicalLetterToken);
+  text.Add("BEGIN:EMELODY\r\nVERSION:1.0\r\nMELODY:");
+  ElementTexts tokens = TokensOf(song.elements, FormatMode::EMelody, services.log);
+  for (const Element& element : song.elements) tokens.Write(element, text);
+  text.Add("\r\nEND:EMELODY\r\n");
+  return text.Take();
 }
 
 }  // namespace trillomat

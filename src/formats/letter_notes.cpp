@@ -1,9 +1,9 @@
 #include "formats/letter_notes.h"
 
-#include <algorithm>
-
 #include "core/ascii.h"
-#include "core/codec.h"
+#include "core/byte_map.h"
+#include "core/token_decoder.h"
+#include "formats/token_ends.h"
 
 namespace trillomat {
 namespace {
@@ -23,19 +23,20 @@ constexpr char PauseAndGermanB(char c) {
   }
 }
 
-// The codes 65 to 121: "z" ends no token, and the signs between the upper- and lower-case letters do.
-constexpr bool IsToneLetter(char c) { return c >= 'A' && c <= 'y'; }
+// The codes 65 to 121: "z" ends no token, and the signs between the upper- and lower-case letters do. The
+// sign for a pause is spelled with a letter too.
+ByteMask ToneLettersIn(EightBytes bytes) { return bytes.Between('A', 'y') | bytes.Equal('-'); }
 
-// The token at the front of `text`, which is not empty: up to the first letter without a ")" behind
-// it (that one belongs to a flat sign), and the dot after it. Empty when no letter ends one.
-std::string_view FrontToken(std::string_view text) {
-  for (size_t i = 0; i < text.size(); ++i) {
-    const std::string_view behind = text.substr(i + 1);
-    if (!IsToneLetter(text[i]) || behind.starts_with(')')) continue;
-    return text.substr(0, behind.starts_with('.') ? i + 2 : i + 1);
+// A token ends with the first letter without a ")" behind it (that one belongs to a flat sign), and the dot
+// after it.
+struct ToneEnds {
+  ByteMask operator()(Neighbourhood text) const {
+    const EightBytes behind = text.Behind(1);
+    const ByteMask goesOn = behind.Equal(')') | behind.Equal('.');
+    return ToneLettersIn(text.Here()).Without(goesOn) |
+           (text.Here().Equal('.') & ToneLettersIn(text.Behind(-1)));
   }
-  return {};
-}
+};
 
 }  // namespace
 
@@ -60,26 +61,41 @@ MarkedNotes FindMarkedNotes(std::string_view text) {
   return marked;
 }
 
+ElementTexts TokensOf(const ElementList& elements, FormatMode mode, Log& log) {
+  const auto make = [mode](const Element& element, Log& heard) {
+    return SupportedText(element, mode, {}, heard);
+  };
+  return {elements.size(), make, log};
+}
+
 void TakeLetterNotes(std::string_view notes, std::string_view text, FormatMode mode, Reading& reading) {
-  std::string tokens = WithoutLayout(notes);
+  static constexpr ByteMap kSpelling(PauseAndGermanB, [](char /*c*/) { return true; });
+  notes = WithoutOuterLayout(notes);
+  const LayoutFree layoutFree(notes);
+  const std::string_view tokens = layoutFree.View();
   if (tokens.empty()) {
     throw ReadFault(ReadFault::Kind::Logged, "the text holds no notes", OriginOf(notes, text, reading.bytes),
                     kAdvice);
   }
-  std::transform(tokens.begin(), tokens.end(), tokens.begin(), PauseAndGermanB);
   const auto origin = [&](std::string_view part) {
     return OriginOf(part, tokens, OriginOf(notes, text, reading.bytes));
   };
-  for (std::string_view rest = tokens; !rest.empty();) {
-    const std::string_view token = FrontToken(rest);
-    if (token.empty()) {
+  const size_t most = CountBytes(tokens, ToneLettersIn);
+  reading.elements.reserve(most);
+  TokenDecoder decode(mode, {}, kSpelling, most, reading.services);
+  TokenEnds<ToneEnds> ends(tokens);
+  for (size_t begin = 0; begin < tokens.size();) {
+    const size_t last = ends.Next();
+    if (last == ends.kNone) {
       reading.services.log.WriteLog("Critical error when converting!!!!", 1);
-      throw ReadFault(ReadFault::Kind::Quiet, "the notes end without a tone letter", origin(rest), kAdvice);
+      throw ReadFault(ReadFault::Kind::Quiet, "the notes end without a tone letter",
+                      origin(tokens.substr(begin)), kAdvice);
     }
-    rest.remove_prefix(token.size());
-    Element element = Decode(token, mode, {}, reading.services.log);
-    reading.Count(element, [&] { return origin(token); });
-    reading.Append(std::move(element));
+    const CutToken token(tokens, begin, last + 1);
+    begin = last + 1;
+    const DecodedToken& decoded = decode(token);
+    reading.Count(decoded.understood, [&] { return origin(token.Text()); });
+    reading.Append(decoded.element);
   }
 }
 

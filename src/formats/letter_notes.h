@@ -9,6 +9,7 @@
 #include <optional>
 #include <string_view>
 
+#include "core/element_texts.h"
 #include "formats/reading.h"
 
 namespace trillomat {
@@ -32,5 +33,11 @@ inline constexpr std::string_view kMarkersAdvice = "Notes stand between \"MELODY
 /// level 1) and ends the read quietly; a text without any token ends it with a logged fault. `notes` is a
 /// part of `text`, which is the bytes without some of their layout.
 void TakeLetterNotes(std::string_view notes, std::string_view text, FormatMode mode, Reading& reading);
+
+/// How many characters of a file a token takes.
+inline constexpr size_t kTypicalLetterToken = 3;
+
+/// The tokens that a writer of `mode` writes.
+ElementTexts TokensOf(const ElementList& elements, FormatMode mode, Log& log);
 
 }  // namespace trillomat

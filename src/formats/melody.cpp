@@ -2,7 +2,6 @@
 // carries no song information.
 //
 //   +C(b)dpe
-#include "core/codec.h"
 #include "formats/format_functions.h"
 #include "formats/letter_notes.h"
 
@@ -15,12 +14,14 @@ void ReadMelody(Reading& reading) {
 }
 
 Result<std::string> WriteMelody(const Song& song, const Services& services) {
-  std::string text;
+  TextWriter text(song.elements.size() * kTypicalLetterToken);
+  ElementTexts tokens = TokensOf(song.elements, FormatMode::Melody, services.log);
   for (const Element& element : song.elements) {
-    text += SupportedText(element, FormatMode::Melody, {}, services.log);
+    tokens.Write(element, text);
     if (!services.pump.PumpEvents()) return Refusal{.why = std::string(kProgramEnding)};
   }
-  return text + "\r\n";
+  text.Add("\r\n");
+  return text.Take();
 }
 
 }  // namespace trillomat

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/ascii.h"
+#include "core/eight_bytes.h"
 
 namespace trillomat {
 namespace {
@@ -10,6 +11,12 @@ namespace {
 constexpr size_t kLongestShown = 60;
 
 constexpr bool EndsLine(char c) { return c == '\r' || c == '\n'; }
+
+ByteMask LineEndsIn(EightBytes bytes) {
+  const ByteMask nearBy = bytes.Between('\n', '\r');
+  if (nearBy.IsEmpty()) return nearBy;  // nearly always
+  return bytes.Equal('\r') | bytes.Equal('\n');
+}
 
 // For a message: cut when it is long, control characters as "?".
 std::string Shown(std::string_view text) {
@@ -39,23 +46,18 @@ size_t LengthOfVisible(std::string_view text, size_t count) {
 void SetPlace(Refusal& refusal, std::string_view bytes, std::string_view where) {
   const auto offset = static_cast<size_t>(where.data() - bytes.data());
   const std::string_view before = bytes.substr(0, offset);
-  const std::vector<std::string_view> lines = SplitLines(before);
+  size_t lines = 0;
+  std::string_view last;
+  for (std::string_view rest = before; !rest.empty(); ++lines) last = TakeLine(rest);
   const bool startsLine = before.empty() || EndsLine(before.back());
-  refusal.line = lines.size() + (startsLine ? 1 : 0);
-  refusal.column = startsLine ? 1 : lines.back().size() + 1;
+  refusal.line = lines + (startsLine ? 1 : 0);
+  refusal.column = startsLine ? 1 : last.size() + 1;
   refusal.text = Shown(where.substr(0, where.find_first_of("\r\n")));
 }
 
 }  // namespace
 
-void Reading::Append(Element element) {
-  elements.push_back(std::move(element));
-  LetEventsRun();
-}
-
-void Reading::LetEventsRun() const {
-  if (!services.pump.PumpEvents()) throw ReadFault(ReadFault::Kind::Quiet, std::string(kProgramEnding));
-}
+void Reading::FailAtEnd() { throw ReadFault(ReadFault::Kind::Quiet, std::string(kProgramEnding)); }
 
 ReadResult RunReader(std::string_view routine, std::string_view bytes, const ReadRecord& before,
                      const Services& services, const std::function<void(Reading&)>& body) {
@@ -85,8 +87,9 @@ ReadResult RunReader(std::string_view routine, std::string_view bytes, const Rea
 
 void RequireCharacters(const Reading& reading, size_t fewest) {
   const std::string_view bytes = reading.bytes;
-  const auto lineEnds = static_cast<size_t>(std::count_if(bytes.begin(), bytes.end(), EndsLine));
-  if (bytes.size() - lineEnds >= fewest) return;
+  size_t count = 0;
+  for (size_t i = 0; i < bytes.size() && count < fewest; ++i) count += EndsLine(bytes[i]) ? 0 : 1;
+  if (count == fewest) return;
   throw ReadFault(ReadFault::Kind::Quiet,
                   "the file holds fewer than " + std::to_string(fewest) + " characters", bytes);
 }
@@ -101,21 +104,19 @@ std::string_view OriginOf(std::string_view part, std::string_view text, std::str
 
 std::string Quoted(std::string_view text) { return "\"" + Shown(text) + "\""; }
 
+std::string_view TakeLine(std::string_view& rest) {
+  const std::string_view line = rest.substr(0, FindByte(rest, LineEndsIn));
+  rest.remove_prefix(line.size());
+  rest.remove_prefix(rest.starts_with("\r\n") ? 2 : std::min<size_t>(1, rest.size()));
+  return line;
+}
+
 std::vector<std::string_view> SplitLines(std::string_view bytes) {
   std::vector<std::string_view> lines;
-  while (!bytes.empty()) {
-    const size_t length = std::min(bytes.find_first_of("\r\n"), bytes.size());
-    lines.push_back(bytes.substr(0, length));
-    bytes.remove_prefix(length);
-    bytes.remove_prefix(bytes.starts_with("\r\n") ? 2 : std::min<size_t>(1, bytes.size()));
-  }
+  while (!bytes.empty()) lines.push_back(TakeLine(bytes));
   return lines;
 }
 
-std::string JoinLines(std::string_view bytes) {
-  std::string joined(bytes);
-  std::erase_if(joined, EndsLine);
-  return joined;
-}
+std::string JoinLines(std::string_view bytes) { return WithoutBytes(bytes, LineEndsIn); }
 
 }  // namespace trillomat

@@ -28,15 +28,21 @@ struct Reading {
   /// Counts an element that was cut and decoded. `where` gives the part of the bytes that it was; it is asked
   /// for that of the first which is not understood, so that places cost nothing for all others.
   template <typename Where>
-  void Count(const Element& element, const Where& where) {
+  void Count(bool understood, const Where& where) {
     ++notUnderstood.of;
-    if (IsUnderstood(element)) return;
+    if (understood) return;
     if (notUnderstood.count++ == 0) firstNotUnderstood = where();
   }
   /// Takes in one element, then lets events run.
-  void Append(Element element);
+  void Append(const Element& element) {
+    elements.push_back(element);
+    LetEventsRun();
+  }
   /// Throws when the program is ending.
-  void LetEventsRun() const;
+  void LetEventsRun() const {
+    if (!services.pump.PumpEvents()) FailAtEnd();
+  }
+  [[noreturn]] static void FailAtEnd();
 };
 
 /// Ends a read.
@@ -74,8 +80,11 @@ std::string_view OriginOf(std::string_view part, std::string_view text, std::str
 /// `text` in double quotes for use in a message, cut when it is long, control characters as "?".
 std::string Quoted(std::string_view text);
 
-/// The lines of `bytes` without their ends. CR, CR LF or a lone LF ends a line; a last line without an end
-/// counts.
+/// The first line of `rest`, which is not empty, without its end; `rest` is what follows. CR, CR LF or a lone
+/// LF ends a line; a last line without an end counts.
+std::string_view TakeLine(std::string_view& rest);
+
+/// The lines of `bytes`, as TakeLine takes them.
 std::vector<std::string_view> SplitLines(std::string_view bytes);
 
 /// All lines joined without a separator.

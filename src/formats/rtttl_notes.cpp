@@ -3,8 +3,11 @@
 #include <algorithm>
 
 #include "core/ascii.h"
+#include "core/byte_map.h"
 #include "core/codec.h"
 #include "core/number_text.h"
+#include "core/token_decoder.h"
+#include "formats/token_ends.h"
 
 namespace trillomat {
 namespace {
@@ -22,17 +25,18 @@ RtttlParts Split(std::string_view bytes) {
 class Header {
  public:
   Header(std::string_view original, RtttlKeys& keys, Log& log)
-      : original_(original), text_(WithoutLayout(original)), keys_(keys), log_(log) {}
+      : original_(original), layoutFree_(original), text_(layoutFree_.View()), keys_(keys), log_(log) {}
 
   void Read() {
     const size_t colon = text_.find(':');
     keys_.name = text_.substr(0, colon);
-    for (size_t i = colon + 1; i < text_.size(); ++i) ReadKey(std::string_view(text_).substr(i));
+    for (size_t i = colon + 1; i < text_.size(); ++i) ReadKey(text_.substr(i));
   }
 
  private:
   // Reads the key that `text` starts with, if it does.
   void ReadKey(std::string_view text) {
+    if (text.size() < 2 || text[1] != '=') return;
     const std::string_view key = text.substr(0, 2);
     if (key == "s=") {
       keys_.style = text.substr(2, 1);
@@ -69,7 +73,8 @@ class Header {
   }
 
   std::string_view original_;
-  std::string text_;
+  LayoutFree layoutFree_;
+  std::string_view text_;
   RtttlKeys& keys_;
   Log& log_;
 };
@@ -90,33 +95,43 @@ constexpr char NoteCharacter(char c) {
   return lower == 'h' ? 'b' : lower;
 }
 
+constexpr ByteMap kNoteText(NoteCharacter, [](char c) { return !IsLayout(c); });
+
+ByteMask CommasIn(EightBytes bytes) { return bytes.Equal(','); }
+
+struct CommaEnds {
+  ByteMask operator()(Neighbourhood text) const { return CommasIn(text.Here()); }
+};
+
 // Refused tokens are dropped.
 void TakeNotes(std::string_view notes, Reading& reading) {
-  const std::string text = RtttlNoteText(notes);
-  Log& log = reading.services.log;
-  for (std::string_view rest = text; !rest.empty();) {
-    const size_t comma = rest.find(',');
-    const std::string_view token = rest.substr(0, comma);
-    rest.remove_prefix(std::min(rest.size(), token.size() + 1));
-    // Escaped, because "??-" was a trigraph once and compilers warn of it.
-    if (comma == std::string_view::npos) log.WriteLog("Last Note?\?-->" + std::string(token), 1);
-    Element element = Decode(token, FormatMode::Rtttl, reading.record.rtttl.defaults, log);
-    reading.Count(element, [&] { return OriginOf(token, text, notes); });
-    if (element.Command() == kRefusedToken) {
+  notes = notes.substr(0, static_cast<size_t>(WithoutOuterLayout(notes).end() - notes.begin()));
+  const size_t tokens = CountBytes(notes, CommasIn) + 1;
+  reading.elements.reserve(tokens);
+  const Services& services = reading.services;
+  TokenDecoder decode(FormatMode::Rtttl, reading.record.rtttl.defaults, kNoteText, tokens, services);
+  TokenEnds<CommaEnds> ends(notes);
+  for (size_t begin = 0; begin < notes.size();) {
+    const size_t end = std::min(ends.Next(), notes.size());
+    const CutToken token(notes, begin, end);
+    begin = end + 1;
+    if (end == notes.size()) {
+      // Escaped, because "??-" was a trigraph once and compilers warn of it.
+      services.log.WriteLog("Last Note?\?-->" + RtttlNoteText(token.Text()), 1);
+    }
+    const DecodedToken& decoded = decode(token);
+    reading.Count(decoded.understood, [&] { return WithoutOuterLayout(token.Text()); });
+    if (decoded.refused) {
       reading.LetEventsRun();
     } else {
-      reading.Append(std::move(element));
+      reading.Append(decoded.element);
     }
   }
 }
 
 }  // namespace
 
-std::string RtttlNoteText(std::string_view notes) {
-  std::string text = WithoutLayout(notes);
-  std::transform(text.begin(), text.end(), text.begin(), NoteCharacter);
-  return text;
-}
+std::string RtttlNoteText(std::string_view notes) { return kNoteText(notes); }
 
 RtttlParts TakeRtttlText(Reading& reading) {
   const RtttlParts parts = Split(reading.bytes);

@@ -1,5 +1,6 @@
 #include "formats/rtttl_text.h"
 
+#include "core/element_texts.h"
 #include "core/number_text.h"
 #include "formats/reading.h"
 
@@ -29,19 +30,27 @@ std::string Header(const SongInfo& info, RtttlSpelling spelling, const TokenDefa
 
 }  // namespace
 
-std::string RtttlText(const Song& song, RtttlSpelling spelling, Log& log) {
-  const TokenDefaults defaults = DefaultsCount(song.elements).CommonestForHeader();
-  std::string text = Header(song.info, spelling, defaults, log);
-  for (const Element& element : song.elements) {
-    const std::string token = RtttlToken(element, spelling, defaults, log);
-    if (!token.empty()) text += token + ",";
-  }
-  text.pop_back();
-  return text;
+std::string RtttlText(const Song& song, int octaves, RtttlSpelling spelling, Log& log) {
+  const TokenDefaults defaults = DefaultsCount(song.elements, octaves).CommonestForHeader();
+  constexpr size_t kTypicalToken = 6;  // with its comma
+  TextWriter text(song.elements.size() * kTypicalToken);
+  text.Add(Header(song.info, spelling, defaults, log));
+  const auto make = [&](const Element& element, Log& heard) {
+    std::string token = RtttlToken(OctavesUp(element, octaves), spelling, defaults, heard);
+    if (!token.empty()) token += ',';
+    return token;
+  };
+  ElementTexts tokens(song.elements.size(), make, log);
+  for (const Element& element : song.elements) tokens.Write(element, text);
+  std::string whole = text.Take();
+  whole.pop_back();
+  return whole;
 }
 
 std::string RtttlFile(const Song& song, RtttlSpelling spelling, Log& log) {
-  return RtttlText(song, spelling, log) + "\r\n";
+  std::string text = RtttlText(song, 0, spelling, log);
+  text += "\r\n";
+  return text;
 }
 
 std::string RtttlNameWarning(const SongInfo& info, RtttlSpelling spelling) {

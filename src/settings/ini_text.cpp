@@ -11,17 +11,11 @@ namespace {
 
 constexpr std::string_view kHexDigits = "0123456789abcdef";
 
-std::string_view Trimmed(std::string_view text) {
-  while (!text.empty() && IsLayout(text.front())) text.remove_prefix(1);
-  while (!text.empty() && IsLayout(text.back())) text.remove_suffix(1);
-  return text;
-}
-
 // The name in the brackets of a line that begins a section.
 std::optional<std::string_view> SectionOf(std::string_view line) {
-  line = Trimmed(line);
+  line = WithoutOuterLayout(line);
   if (!line.starts_with('[')) return std::nullopt;
-  return Trimmed(line.substr(1, line.find(']') - 1));
+  return WithoutOuterLayout(line.substr(1, line.find(']') - 1));
 }
 
 bool IsHexDigit(char c) { return kHexDigits.find(ToLower(c)) != kHexDigits.npos; }
@@ -94,7 +88,8 @@ std::optional<IniText::Line> IniText::LineOf(std::string_view section, std::stri
     const std::string_view text = In(line);
     if (const auto name = SectionOf(text)) {
       inside = *name == section;
-    } else if (inside && text.find('=') != text.npos && Trimmed(text.substr(0, text.find('='))) == key) {
+    } else if (inside && text.find('=') != text.npos &&
+               WithoutOuterLayout(text.substr(0, text.find('='))) == key) {
       found = line;
     }
   }
@@ -107,7 +102,7 @@ std::optional<size_t> IniText::EndOf(std::string_view section) const {
   bool inside = false;
   for (Line line = Next({}); line.length > 0; line = Next(line)) {
     if (const auto name = SectionOf(In(line))) inside = *name == section;
-    if (inside && !Trimmed(In(line)).empty()) end = line.begin + line.length;
+    if (inside && !WithoutOuterLayout(In(line)).empty()) end = line.begin + line.length;
   }
   return end;
 }
@@ -121,7 +116,7 @@ std::optional<std::string> IniText::Get(std::string_view section, std::string_vi
   const auto line = LineOf(section, key);
   if (!line) return std::nullopt;
   const std::string_view text = In(*line);
-  return Unescaped(Trimmed(text.substr(text.find('=') + 1)));
+  return Unescaped(WithoutOuterLayout(text.substr(text.find('=') + 1)));
 }
 
 void IniText::Set(std::string_view section, std::string_view key, std::string_view value) {

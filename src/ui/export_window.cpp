@@ -58,7 +58,8 @@ class ResultBox : public QPlainTextEdit {
 
 }  // namespace
 
-ExportWindow::ExportWindow(Song song, bool modernSpelling, const Services& services, QWidget* parent)
+ExportWindow::ExportWindow(std::shared_ptr<const Song> song, bool modernSpelling, const Services& services,
+                           QWidget* parent)
     : QDialog(parent), song_(std::move(song)), services_(services) {
   SetUpDialog(*this, QStringLiteral("frmExport"), QStringLiteral("Trillomat - Export"));
   auto* frames = new QHBoxLayout;
@@ -155,7 +156,7 @@ void ExportWindow::MakeText(Phone phone) {
   std::optional<trillomat::Result<std::string>> text;
   {
     const ScopedValue<StoppablePump*> running(running_, &pump);
-    text = Export(phone, song_, {services_.log, pump}, Spelling());
+    text = Export(phone, *song_, services_.With(pump), Spelling());
   }
   if (closing_) return reject();
   if (*text) {
@@ -185,13 +186,13 @@ RtttlSpelling ExportWindow::Spelling() const {
 }
 
 void ExportWindow::FindFit(Phone phone) {
-  fits_.at(static_cast<size_t>(phone)) = FitOf(phone, song_, Spelling());
+  fits_.at(static_cast<size_t>(phone)) = FitOf(phone, *song_, Spelling());
 }
 
 void ExportWindow::ShowFits() {
   QStringList lines;
   for (const PhoneFit& fit : fits_) {
-    const std::string words = fit.first ? ElementWords(song_.elements[fit.first->index]) : "";
+    const std::string words = fit.first ? ElementWords(song_->elements[fit.first->index]) : "";
     lines << ShownMessage(ToQString(FitText(fit, words)));
   }
   fitsLabel_->setText(lines.join('\n'));
@@ -202,7 +203,7 @@ QString ExportWindow::StatusOf(Phone phone) const {
   QString status = CopyKey() + " copies the Result.";
   const std::string losses = LossText(fits_.at(static_cast<size_t>(phone)));
   if (!losses.empty()) status += ' ' + ToQString(losses) + '.';
-  const std::string name = phone == Phone::Rtttl ? RtttlNameWarning(song_.info, Spelling()) : "";
+  const std::string name = phone == Phone::Rtttl ? RtttlNameWarning(song_->info, Spelling()) : "";
   if (!name.empty()) status += " Warning: " + ToQString(name) + '.';
   return ShownMessage(status);
 }

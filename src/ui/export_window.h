@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <memory>
 #include <string>
 
 #include "exchange/phone_fit.h"
@@ -17,7 +18,8 @@ class ExportWindow : public QDialog {
   Q_OBJECT
 
  public:
-  ExportWindow(Song song, bool modernSpelling, const Services& services, QWidget* parent = nullptr);
+  ExportWindow(std::shared_ptr<const Song> song, bool modernSpelling, const Services& services,
+               QWidget* parent = nullptr);
 
   /// The Result in Windows-1252 and with its own line ends, which the box does not keep.
   const std::string& Result() const { return result_; }
@@ -43,7 +45,7 @@ class ExportWindow : public QDialog {
   RtttlSpelling Spelling() const;
   QString StatusOf(Phone phone) const;
 
-  const Song song_;
+  std::shared_ptr<const Song> song_;
   Services services_;
   std::string result_;
   StoppablePump* running_ = nullptr;  ///< of the export that runs

@@ -234,7 +234,7 @@ void FilesBox::Export() {
   const auto token = operations_.Begin();
   if (!token) return;
   if (parts_.document.IsEmpty()) return parts_.services.log.WriteLog("Nothing to export", 2);
-  ExportWindow window(parts_.document.CurrentSong(), modernSpelling, parts_.services, this->window());
+  ExportWindow window(parts_.document.SharedSong(), modernSpelling, parts_.services, this->window());
   window.exec();
   modernSpelling = window.ModernSpelling();
 }

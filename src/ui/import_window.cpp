@@ -186,7 +186,7 @@ void ImportWindow::Import() {
   std::optional<Imported> imported;
   {
     const ScopedValue<StoppablePump*> running(running_, &pump);
-    imported = trillomat::Import(*format, tidied.text, adapt_->isChecked(), before_, {services_.log, pump});
+    imported = trillomat::Import(*format, tidied.text, adapt_->isChecked(), before_, services_.With(pump));
   }
   if (cancelled_) return reject();
   origin_ = {std::string(*text), way, std::move(tidied.changes)};

@@ -79,6 +79,7 @@ TEST(StripTimesTest, FollowsAnyChange) {
     const size_t size = document.Size();
     const size_t most = random() % 10 == 0 ? 1500 : 4;
     Change change{.at = random() % (size + 1), .removed = random() % most};
+    if (random() % 4 == 0) change.octaves.assign(random() % most, static_cast<int16_t>(random() % 9));
     for (size_t i = random() % most; i > 0; --i) change.inserted.push_back(kinds[random() % kinds.size()]);
     document.Apply(std::move(change));
     if (random() % 200 == 0) document.Apply({.removed = document.Size()});

@@ -24,6 +24,21 @@ class Listener : public DocumentObserver {
   int count = 0;
 };
 
+TEST(DocumentTest, ASharedSongStaysAsItWas) {
+  Document document({Tones({"c", "d", "e"}), {.name = "Tune"}}, FormatMode::IMelody);
+  const auto whole = document.SharedSong();
+  EXPECT_EQ(whole.get(), &document.CurrentSong()) << "not copied while nothing changes";
+  const Song asItWas{Tones({"c", "d", "e"}), {.name = "Tune"}};
+  document.Apply({.at = 1, .inserted = Tones({"f"})});
+  const auto longer = document.SharedSong();
+  document.Apply({.info = SongInfo{}});
+  document.Apply({.removed = 4, .inserted = Tones({"g"})});
+  EXPECT_EQ(*whole, asItWas);
+  EXPECT_EQ(longer->elements, Tones({"c", "f", "d", "e"}));
+  EXPECT_EQ(longer->info.name, "Tune");
+  EXPECT_EQ(document.Elements(), Tones({"g"}));
+}
+
 TEST(DocumentTest, TellsWhatChangedAndWhetherTheSongDid) {
   Document document({Tones({"c", "d"}), {}}, FormatMode::IMelody);
   Listener listener;
@@ -70,7 +85,14 @@ TEST(DocumentTest, StaysRightThroughAnyEditingAndAllOfItTakenBack) {
     Change change{.at = pick(model.size() + 1), .removed = pick(4)};
     change.removed = std::min(change.removed, model.size() - change.at);
     if (pick(50) == 0) change = {.removed = model.size()};
-    for (size_t i = pick(4); i > 0; --i) {
+    if (pick(4) == 0) {
+      change.octaves.assign(pick(9), static_cast<int16_t>(pick(9)));
+      for (size_t i = change.at; i < std::min(change.at + change.octaves.size(), model.size()); ++i) {
+        model[i].octave = change.octaves.front();
+      }
+      if (!change.octaves.empty()) change.removed = 0;
+    }
+    for (size_t i = change.octaves.empty() ? pick(4) : 0; i > 0; --i) {
       change.inserted.push_back(Tone("c", static_cast<int16_t>(pick(9)), kDurations.at(pick(6)), 1.0F));
     }
     model.erase(model.begin() + static_cast<std::ptrdiff_t>(change.at),

@@ -31,7 +31,9 @@ TEST(HistoryTest, EverythingIsTakenBackAndMadeAgain) {
     }
     before.emplace_back(document);
     Change change{.at = pick(document.Size() + 1), .removed = pick(4), .cursor = place(document)};
-    for (size_t i = pick(3) + 1; i > 0; --i) {
+    if (pick(4) == 0 && change.at < document.Size())
+      change.octaves.assign(pick(20) + 1, static_cast<int16_t>(pick(9)));
+    for (size_t i = change.octaves.empty() ? pick(3) + 1 : 0; i > 0; --i) {
       change.inserted.push_back(Tone("c", static_cast<int16_t>(pick(9)), kDurations.at(pick(6)), 1.0F));
     }
     if (pick(5) == 0) change.info = SongInfo{.name = std::to_string(step)};
@@ -107,11 +109,11 @@ TEST(HistoryTest, ForgetsTheOldestBeyondItsMemory) {
   }
   size_t steps = 0;
   while (history.Undo()) ++steps;
-  EXPECT_GT(steps, 20U);
+  EXPECT_GE(steps, 20U);
   EXPECT_LE(history.Memory(), 10'000U) << "what can be made again takes more than what can be taken back";
   size_t again = 0;
   while (history.Redo()) ++again;
-  EXPECT_GT(again, 20U);
+  EXPECT_GE(again, 20U);
   history.Do("clearing", {.removed = 1000});
   EXPECT_TRUE(history.Undo()) << "the newest is kept, however large";
 }

@@ -47,9 +47,12 @@ TEST(RangeAdaptation, MovesByTheSmallestNumberOfOctaves) {
   for (const MoveCase& each : cases) {
     FakeLog log;
     ElementList elements = each.elements;
-    EXPECT_EQ(AdaptRange(elements, each.range, log), each.movedUp);
+    EXPECT_EQ(AdaptRange(elements, each.range, log), each.movedUp.has_value());
     EXPECT_EQ(OctavesOf(elements), each.octaves);
     EXPECT_EQ(log.lines, each.log);
+    const std::optional<int> octaves = MoveInto(each.elements, each.range, log);
+    EXPECT_EQ(octaves.has_value(), each.movedUp.has_value());
+    EXPECT_EQ(std::max(0, octaves.value_or(0)), each.movedUp.value_or(0));
   }
 }
 

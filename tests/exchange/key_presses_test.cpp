@@ -166,6 +166,23 @@ TEST(KeyPresses, AToneWithoutKeysCarriesOnTheElementBefore) {
                                     "1: Critical error in Make R320 Keypress"));
 }
 
+// What is known of an element from its first time gives the keys that it wants this time.
+TEST(KeyPresses, ElementsThatComeAgainFollowWhatIsBeforeThem) {
+  const Element high = Note("#c", 5, 0.5F, 1.5F);
+  const Element low = Note("a", 4, 2.0F);
+  ExpectLines(Phone::Nokia, {high, low, high, low, Rest(2.0F), low, Rest(2.0F), high},
+              {"Press: (hold) 1# * 8", "Press: 6 * * * 9 9", "Press: (hold) 1# * 8 8", "Press: 6 * * * 9 9",
+               "Press: 0", "Press: 6", "Press: 0", "Press: (hold) 1# * 8 8"});
+  ExpectLines(Phone::T68i, {high, low, high, Command("V2"), low, Command("V2"), high},
+              {"Press: 1#08OptionKey 6Down Yes", "Press: 600099", "Press: 1#088OptionKey 6Down Yes",
+               "Option key, 2, Down, Down, Left, Left, 9 9", "Press: 600099",
+               "Option key, 2, Down, Down, Left, Left, 9 9", "Press: 1#088OptionKey 6Down Yes"});
+  const Exported t39 = Export(Phone::T39, {high, low, high, Rest(0.5F), Rest(0.5F), Note("x", 4)});
+  EXPECT_EQ(*t39.text, Numbered({"Press: 1 Then press: #00", "Hold: 6 until uppercase. Then press: 0",
+                                 "Press: 1 Then press: #00", "Press: *", "Press: *",
+                                 R"(Hold: 1 until lowercase with a "." Then press: #000)"}));
+}
+
 TEST(KeyPresses, TellsOfAMoveUpAlone) {
   using Case = std::tuple<Phone, ElementList, std::string>;
   const Case cases[] = {{Phone::Nokia, Tones({2, 3}), "1"}, {Phone::Nokia, Tones({6, 7}), ""},

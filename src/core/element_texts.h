@@ -1,0 +1,41 @@
+// The texts of many elements: that of each distinct one is made once, because a melody holds the same few
+// again and again.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "core/element.h"
+#include "core/log.h"
+#include "core/per_element.h"
+#include "core/text_writer.h"
+
+namespace trillomat {
+
+class ElementTexts {
+ public:
+  using Make = std::function<std::string(const Element&, Log&)>;
+
+  /// For some `elements`. `make` gives the text of one, which depends on nothing else. What it logs is logged
+  /// each time.
+  ElementTexts(size_t elements, Make make, Log& log) : make_(std::move(make)), known_(elements), log_(log) {}
+
+  /// Writes the text of `element` and gives its size.
+  size_t Write(const Element& element, TextWriter& text) {
+    const Text* const known = known_.Find(element);
+    if (known == nullptr) return WriteFirst(element, text);
+    text.Add(*known);
+    return known->size;
+  }
+
+ private:
+  using Text = ReadyText<15>;
+
+  size_t WriteFirst(const Element& element, TextWriter& text);
+
+  Make make_;
+  PerElement<Text> known_;
+  Log& log_;
+};
+
+}  // namespace trillomat

@@ -1,0 +1,86 @@
+// Cuts the melody of an iMelody file into its tokens, which stand without a separator:
+//
+//   c2*5#d3.r2ledon(@2)   is   "c2"  "*5#d3."  "r2"  "ledon"  "("  "@2)"
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "core/ascii.h"
+#include "core/token_memory.h"
+#include "formats/token_ends.h"
+
+namespace trillomat {
+
+class IMelodyTokens {
+ public:
+  /// `original` holds the melody as it stands in the file, over one or more lines.
+  explicit IMelodyTokens(std::string_view original);
+
+  /// False again behind a damaged last token that has reached too far; TakeToken ends that.
+  bool IsEmpty() const { return text_.size() - begin_ == kSentinel.size(); }
+
+  /// Throws a ReadFault where no token can be cut.
+  CutToken TakeToken() {
+    const size_t begin = begin_;
+    begin_ = TokenEnd();
+    return {text_, begin, begin_};
+  }
+
+  /// At least as many as there are, but for damaged ones.
+  size_t MostTokens() const;
+
+  /// Where a token stands in the file.
+  std::string_view Origin(std::string_view token) const;
+
+ private:
+  // A note ends with its length, the first digit that is not the octave behind a "*", or the mark after it.
+  struct NoteEnds {
+    static ByteMask DigitsIn(EightBytes bytes) { return bytes.Between('0', '9'); }
+    static ByteMask MarksIn(EightBytes bytes) { return bytes.Equal('.') | bytes.Between(':', ';'); }
+
+    ByteMask operator()(Neighbourhood text) const {
+      const EightBytes before = text.Behind(-1);
+      const ByteMask lengths = DigitsIn(text.Here()).Without(before.Equal('*'));
+      const ByteMask lengthsBefore = DigitsIn(before).Without(text.Behind(-2).Equal('*'));
+      return lengths.Without(MarksIn(text.Behind(1))) | (lengthsBefore & MarksIn(text.Here()));
+    }
+  };
+
+  // It stands behind the melody while tokens are cut, and a damaged last token may reach into it.
+  static constexpr std::string_view kSentinel = "--END--";
+
+  // Whether a token that begins so can be anything but a note that begins here.
+  static bool NeedsLook(char first) {
+    static constexpr auto kNeedsLook = [] {
+      std::array<bool, 256> needs{};
+      for (const char each : std::string_view("V(@lbv.:;0123456789"))
+        needs.at(static_cast<unsigned char>(each)) = true;
+      return needs;
+    }();
+    return kNeedsLook.at(static_cast<unsigned char>(first));
+  }
+
+  size_t TokenEnd() {
+    if (begin_ < text_.size() && !NeedsLook(text_[begin_])) {
+      const size_t last = ends_.Next();
+      if (last - begin_ < CutToken::kLongestWord) return last + 1;
+    }
+    const size_t end = begin_ + TokenLength(std::string_view(text_).substr(begin_));
+    ends_.SkipTo(end);
+    return std::min(end, text_.size());
+  }
+
+  size_t TokenLength(std::string_view rest) const;
+  size_t RepeatEndLength(std::string_view rest) const;
+  size_t NoteLength(std::string_view rest) const;
+  [[noreturn]] void Fail(const std::string& why, std::string_view rest, std::string_view advice) const;
+
+  std::string_view original_;
+  std::string text_;  ///< without layout, and the sentinel
+  TokenEnds<NoteEnds> ends_;
+  size_t begin_ = 0;  ///< of what is left
+};
+
+}  // namespace trillomat
