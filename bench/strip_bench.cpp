@@ -77,7 +77,20 @@ void SelectAll(benchmark::State& state) {
   }
 }
 
-// The same without painting, which takes most of the time.
+// All tones an octave up, and down again.
+void MoveScale(benchmark::State& state) {
+  Bench bench(state.range(0));
+  bench.document.Apply(
+      {.octaves = std::vector<int16_t>(bench.document.Size(), LimitsOf(FormatMode::IMelody).lowestOctave)});
+  for (auto _ : state) {
+    bench.composer.MoveScale(1);
+    bench.Paint();
+    bench.composer.MoveScale(-1);
+    bench.Paint();
+  }
+}
+
+// Edit without painting, which takes most of the time.
 void EditUnseen(benchmark::State& state) {
   Bench bench(state.range(0));
   for (auto _ : state) {
@@ -86,7 +99,8 @@ void EditUnseen(benchmark::State& state) {
   }
 }
 
-// The same as the user does it, by two keys, up to all that the window paints of it.
+// The same as the user does it, by two keys, up to all that the window paints of it. `part` is where the
+// cursor is: at the front for 0, in the middle for 1, at the end for 2.
 void EditInWindow(benchmark::State& state) {
   Parts parts;
   MainWindow window(parts.ForWindow());
@@ -96,7 +110,8 @@ void EditInWindow(benchmark::State& state) {
   for (const char* sounds : {"mnuSettingPlayComposing", "mnuSettingPlayMoving"})
     Find<QAction>(window, sounds).trigger();
   const auto elements = RandomElements(static_cast<size_t>(state.range(0)), LimitsOf(FormatMode::IMelody));
-  parts.document.Apply({.inserted = elements, .cursor = static_cast<int32_t>(state.range(0) / 2)});
+  parts.document.Apply({.inserted = elements, .cursor = -1});
+  parts.document.Apply({.cursor = static_cast<int32_t>(state.range(0) * state.range(1) / 2) - 1});
   QTest::qWait(100);
   for (auto _ : state) {
     for (const Qt::Key key : {Qt::Key_Z, Qt::Key_Backspace}) {
@@ -114,8 +129,12 @@ BENCHMARK(Repaint)->Apply(Sizes);
 BENCHMARK(Edit)->Apply(Sizes);
 BENCHMARK(UndoAndRedo)->Apply(Sizes);
 BENCHMARK(SelectAll)->Apply(Sizes);
+BENCHMARK(MoveScale)->Apply(Sizes);
 BENCHMARK(EditUnseen)->Apply(Sizes);
-BENCHMARK(EditInWindow)->Apply(Sizes);
+BENCHMARK(EditInWindow)
+    ->ArgNames({"elements", "part"})
+    ->ArgsProduct({{100, 100000}, {0, 1, 2}})
+    ->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace trillomat
