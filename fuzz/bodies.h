@@ -2,6 +2,7 @@
 // over what libFuzzer invents; the tests run those over texts over their data and mutations of it.
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <stdexcept>
 #include <string_view>
@@ -11,6 +12,9 @@ namespace trillomat {
 struct FuzzBody {
   std::string_view name;  ///< of the fuzz program behind "fuzz_", and of the folder of its seeds
   void (*run)(std::string_view input);  ///< throws std::logic_error when something does not hold
+  double microsecondsAByte =
+      50;                      ///< of processor time, a few times what any input takes under the sanitizers
+  size_t longInput = 1 << 16;  ///< bytes to which some inputs are lengthened, so that what is quadratic shows
 };
 
 /// Throws std::logic_error of `what` unless it holds.
@@ -20,6 +24,8 @@ inline void Require(bool holds, const char* what) {
 
 // A table for each file of bodies, which links no more of the program than these need.
 extern const std::span<const FuzzBody> kTextBodies;         ///< bodies.cpp: formats/ and exchange/
+extern const std::span<const FuzzBody> kClipboardBodies;    ///< clipboard_body.cpp: files/ and exchange/
+extern const std::span<const FuzzBody> kSongBodies;         ///< songs_body.cpp: files/ and exchange/
 extern const std::span<const FuzzBody> kCommandLineBodies;  ///< command_line_body.cpp: cli/
 extern const std::span<const FuzzBody> kStateBodies;        ///< state_bodies.cpp: files/ and settings/
 extern const std::span<const FuzzBody> kEditingBodies;      ///< editing_body.cpp: composer/ and playback/

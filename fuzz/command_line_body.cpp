@@ -146,7 +146,7 @@ void FuzzCommandLine(std::string_view input) {
            WithShortNumbers(input.substr(std::min(end + 1, input.size()))));
 }
 
-constexpr auto kBodies = std::to_array<FuzzBody>({{"command_line", FuzzCommandLine}});
+constexpr auto kBodies = std::to_array<FuzzBody>({{"command_line", FuzzCommandLine, 100, 1 << 15}});
 
 }  // namespace
 

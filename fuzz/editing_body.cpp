@@ -272,7 +272,8 @@ void Editing::CheckWriting() {
 
 void FuzzEditing(std::string_view input) { Editing(input).Run(); }
 
-constexpr auto kBodies = std::to_array<FuzzBody>({{"editing", FuzzEditing}});
+// The song as it is shown is checked after each step.
+constexpr auto kBodies = std::to_array<FuzzBody>({{"editing", FuzzEditing, 5000, 2048}});
 
 }  // namespace
 

@@ -57,8 +57,11 @@ TEST_P(FuzzBodies, HoldForSeedsDataAndMutations) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, FuzzBodies, testing::ValuesIn(kTextBodies),
-                         [](const auto& info) { return std::string(info.param.name); });
+std::string NameOf(const testing::TestParamInfo<FuzzBody>& info) { return std::string(info.param.name); }
+
+INSTANTIATE_TEST_SUITE_P(Texts, FuzzBodies, testing::ValuesIn(kTextBodies), NameOf);
+INSTANTIATE_TEST_SUITE_P(Clipboard, FuzzBodies, testing::ValuesIn(kClipboardBodies), NameOf);
+INSTANTIATE_TEST_SUITE_P(Songs, FuzzBodies, testing::ValuesIn(kSongBodies), NameOf);
 
 }  // namespace
 }  // namespace trillomat

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <memory>
 
 #include "core/limits.h"
 #include "support/fakes.h"
@@ -103,7 +104,11 @@ class ExportWindowTest : public testing::Test, public FakeServices {
   static QString Shown(const std::string& text) { return ToQString(text).replace("\r\n", "\n"); }
   static QString Clipboard() { return QApplication::clipboard()->text().remove('\r'); }
 
-  ExportWindow window{{{Note("c", 4), Note("d", 4, 0.5F)}, {.name = "Caf\xE9"}}, false, services};
+  static std::shared_ptr<const Song> Shared(Song song) {
+    return std::make_shared<const Song>(std::move(song));
+  }
+
+  ExportWindow window{Shared({{Note("c", 4), Note("d", 4, 0.5F)}, {.name = "Caf\xE9"}}), false, services};
   QPlainTextEdit& result = Find<QPlainTextEdit>(window, "txtResult");
   QPushButton& save = Find<QPushButton>(window, "cmdSaveToFile");
   QLabel& status = Find<QLabel>(window, "lblStatus");
@@ -137,7 +142,7 @@ TEST_F(ExportWindowTest, EachButtonMakesItsTextOrSaysWhyNot) {
     EXPECT_EQ(save.isEnabled(), c.saves);
     EXPECT_EQ(status.text().isEmpty(), *c.start == '\0');
   }
-  ExportWindow wide({Tones({3, 5}), {}}, false, services);
+  ExportWindow wide(Shared({Tones({3, 5}), {}}), false, services);
   Click(wide, "cmdExport(7)");
   EXPECT_EQ(wide.Result(), "");
   const QString why = Find<QLabel>(wide, "lblStatus").text();
@@ -173,7 +178,7 @@ TEST_F(ExportWindowTest, IgnoresPressesWhileItExportsAndEveryWayOutEndsThat) {
   EXPECT_EQ(window.Result(), kNokiaKeys);
   EXPECT_FALSE(save.isEnabled());
   for (void (*leave)(QDialog&) : {+[](QDialog& w) { Click(w, "cmdAbort"); }, &PressEscape, &CloseFrame}) {
-    ExportWindow w({ElementList(1000, Note("c")), {}}, false, services);
+    ExportWindow w(Shared({ElementList(1000, Note("c")), {}}), false, services);
     w.show();
     pump.pumps = 0;
     pump.onPump = [&](int) {
@@ -200,12 +205,12 @@ TEST_F(ExportWindowTest, ModernSpellingRemakesRtttlAlone) {
   modern.click();
   EXPECT_EQ(window.Result(), kNokiaKeys);
   EXPECT_TRUE(window.ModernSpelling());
-  EXPECT_TRUE(ExportWindow({Tones({4}), {}}, true, services).ModernSpelling());
+  EXPECT_TRUE(ExportWindow(Shared({Tones({4}), {}}), true, services).ModernSpelling());
 }
 
 TEST_F(ExportWindowTest, TellsWhatFitsAndWhatIsLost) {
   const ElementList elements{Note("c", 2), Note("d", 4, 0.25F), Command("ledon")};
-  ExportWindow w({elements, {.name = "<b>Am: I"}}, false, services);
+  ExportWindow w(Shared({elements, {.name = "<b>Am: I"}}), false, services);
   EXPECT_EQ(
       Find<QLabel>(w, "lblFits").text(),
       "RTTTL: does not fit: element 3 (light on) is a command that it lacks\n"
