@@ -19,6 +19,12 @@ function(trillomat_library name)
   target_link_libraries(trillomat_${name} PUBLIC trillomat_options)
 endfunction()
 
+# trillomat_compiled_alone(SOURCES...): sources with private names that others of their folder have too, which
+# a unity build (several sources compiled as one) has to leave as they are.
+function(trillomat_compiled_alone)
+  set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
+
 # trillomat_test(NAME LIBRARIES... SOURCES *_test.cpp...): a GoogleTest program known to ctest.
 function(trillomat_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBRARIES;SOURCES")
