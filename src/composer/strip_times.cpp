@@ -4,6 +4,7 @@
 #include <cmath>
 #include <iterator>
 #include <limits>
+#include <optional>
 
 #include "core/tone.h"
 
@@ -23,6 +24,17 @@ std::ptrdiff_t Signed(size_t value) { return static_cast<std::ptrdiff_t>(value);
 
 ElementRange RangeOf(size_t first, size_t count) {
   return {static_cast<int32_t>(first), static_cast<int32_t>(first + count)};
+}
+
+// Nothing where a tone may be, or come, out of the octaves that are told apart: it has the row of the
+// nearest.
+std::optional<RowSpan> MovedRows(const RowSpan& span, int octaves) {
+  if (span.IsEmpty()) return span;
+  const RowSpan moved{span.lowest + octaves * kRowsPerOctave, span.highest + octaves * kRowsPerOctave};
+  const bool exact = span.lowest >= kRowsPerOctave && span.highest < kHighestOctave * kRowsPerOctave;
+  if (!exact || moved.lowest < 0 || moved.highest >= (kHighestOctave + 1) * kRowsPerOctave)
+    return std::nullopt;
+  return moved;
 }
 
 }  // namespace
@@ -70,17 +82,21 @@ StripTimes::Rows StripTimes::RowsOf(const ChangedRange& range) const {
 void StripTimes::Follow(const ChangedRange& range) {
   if (!range.ElementsChanged()) return;
   Rows rows = RowsOf(range);
-  if (range.octaves) return SumPitches(rows);
+  if (range.octaves) return MovePitches(rows, range);
   size_t count = rows.elements - range.removed + range.inserted;
   if (count < kRow / 2 && rows.end < rows_.size()) count += rows_[rows.end++].count;
   Replace(rows.begin, rows.end, rows.firstElement, count);
 }
 
-void StripTimes::SumPitches(const Rows& rows) {
+// Only rows of which all tones moved alike need not be looked through.
+void StripTimes::MovePitches(const Rows& rows, const ChangedRange& range) {
   size_t first = rows.firstElement;
   for (size_t i = rows.begin; i < rows.end; ++i) {
-    rows_[i].pitches = PitchesOf(first, rows_[i].count);
-    first += rows_[i].count;
+    Row& row = rows_[i];
+    const bool whole = first >= range.at && first + row.count <= range.at + range.removed;
+    const auto moved = whole && range.tonesUp ? MovedRows(row.pitches, *range.tonesUp) : std::nullopt;
+    row.pitches = moved ? *moved : PitchesOf(first, row.count);
+    first += row.count;
   }
 }
 

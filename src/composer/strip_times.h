@@ -104,7 +104,7 @@ class StripTimes {
   Rows RowsOf(const ChangedRange& range) const;
   Row Sum(size_t first, size_t count) const;
   RowSpan PitchesOf(size_t first, size_t count) const;
-  void SumPitches(const Rows& rows);
+  void MovePitches(const Rows& rows, const ChangedRange& range);
   void Replace(size_t row, size_t behind, size_t first, size_t count);
 
   const Document& document_;

@@ -1,5 +1,6 @@
 #include "composer/transpose.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -21,23 +22,16 @@ void LogOutside(int64_t number, const ModeLimits& limits, Log& log) {
 // Gives one element after the other its octave.
 class OctaveMove {
  public:
-  OctaveMove(int by, const ModeLimits& limits) : by_(by), limits_(limits) {}
+  explicit OctaveMove(int by) : by_(by) {}
 
   int16_t Next(const Element& element) {
     if (element.octave != kNoOctave) octave_ = element.octave + by_;
-    if (!limits_.HasOctave(octave_) && !outside_) outside_ = count_;
-    ++count_;
     return static_cast<int16_t>(octave_);
   }
-  /// The index of the first that was outside the mode's octaves.
-  std::optional<int64_t> Outside() const { return outside_; }
 
  private:
   int by_;
-  ModeLimits limits_;
   int octave_ = 0;
-  int64_t count_ = 0;
-  std::optional<int64_t> outside_;
 };
 
 }  // namespace
@@ -48,21 +42,28 @@ std::optional<std::vector<int16_t>> MovedOctaves(const Document& document, Eleme
   if (octaves.empty()) return octaves;
   log.WriteLog("Change Scale started", 1);
   const ModeLimits& limits = LimitsOf(document.Mode());
-  OctaveMove move(by, limits);
+  OctaveMove move(by);
   auto next = octaves.begin();
   document.ForEach(range, [&](const Element& element) { *next++ = move.Next(element); });
-  if (!move.Outside()) return octaves;
-  LogOutside(range.begin + *move.Outside() + 1, limits, log);
+  // Counted first, because that takes no time beside looking for one.
+  const auto isOutside = [&limits](int16_t octave) { return !limits.HasOctave(octave); };
+  if (std::count_if(octaves.begin(), octaves.end(), isOutside) == 0) return octaves;
+  LogOutside(range.begin + (std::find_if(octaves.begin(), octaves.end(), isOutside) - octaves.begin()) + 1,
+             limits, log);
   return std::nullopt;
 }
 
 std::optional<ElementList> Transposed(ElementList elements, int16_t octaves, FormatMode mode, Log& log) {
   if (elements.empty()) return elements;
   log.WriteLog("Change Scale started", 1);
-  OctaveMove move(octaves, LimitsOf(mode));
+  const ModeLimits& limits = LimitsOf(mode);
+  OctaveMove move(octaves);
   for (Element& element : elements) element.octave = move.Next(element);
-  if (!move.Outside()) return elements;
-  LogOutside(*move.Outside() + 1, LimitsOf(mode), log);
+  const auto outside = std::find_if(elements.begin(), elements.end(), [&limits](const Element& element) {
+    return !limits.HasOctave(element.octave);
+  });
+  if (outside == elements.end()) return elements;
+  LogOutside(outside - elements.begin() + 1, limits, log);
   return std::nullopt;
 }
 

@@ -23,13 +23,13 @@ ChangedRange Document::RangeOf(const Change& change) const {
 }
 
 // Leaves in `back` what takes it back.
-void Document::ChangeElements(Change& change, const ChangedRange& range, Change& back) {
+void Document::ChangeElements(Change& change, ChangedRange& range, Change& back) {
   back.at = range.at;
   if (range.octaves) {
     back.octaves = std::move(change.octaves);
     back.octaves.resize(range.removed);
     count_.AddOctaves(back.octaves);
-    song_.SwapOctaves(range.at, back.octaves);
+    range.tonesUp = song_.SwapOctaves(range.at, back.octaves);
     count_.RemoveOctaves(back.octaves);
   } else {
     back.removed = range.inserted;

@@ -62,7 +62,8 @@ struct ChangedRange {
   size_t at = 0;
   size_t removed = 0;
   size_t inserted = 0;
-  bool octaves = false;  ///< what came is what went, but for the octaves
+  bool octaves = false;             ///< what came is what went, but for the octaves
+  std::optional<int> tonesUp = {};  ///< by how many octaves, where all tones of it moved alike
   bool info = false;
   bool cursor = false;
   bool selection = false;
@@ -151,7 +152,7 @@ class Document {
  private:
   ElementList Splice(size_t at, size_t removed, ElementList inserted);
   ChangedRange RangeOf(const Change& change) const;
-  void ChangeElements(Change& change, const ChangedRange& range, Change& back);
+  void ChangeElements(Change& change, ChangedRange& range, Change& back);
   void Place(const Change& change, ChangedRange& range);
   ElementRange InSong(ElementRange range) const;
   void Tell(const ChangedRange& range);

@@ -1,7 +1,10 @@
 #include "document/parted_song.h"
 
 #include <iterator>
+#include <limits>
 #include <utility>
+
+#include "core/tone.h"
 
 namespace trillomat {
 namespace {
@@ -52,12 +55,23 @@ ElementList PartedSong::Splice(size_t at, size_t removed, ElementList inserted) 
   return gone;
 }
 
-void PartedSong::SwapOctaves(size_t at, std::span<int16_t> octaves) {
+std::optional<int> PartedSong::SwapOctaves(size_t at, std::span<int16_t> octaves) {
+  constexpr int kNotYet = std::numeric_limits<int>::max();
+  int tonesUp = kNotYet;
+  bool alike = true;
+  const auto swap = [&](Element& element, int16_t& octave) {
+    const int up = octave - element.octave;
+    std::swap(element.octave, octave);
+    if (up == tonesUp || SemitoneOf(element.Note()) < 0) return;
+    alike = alike && tonesUp == kNotYet;
+    tonesUp = up;
+  };
   ElementList& front = Own().elements;
   const size_t last = Size() - 1;
   const size_t inFront = std::clamp(front.size(), at, at + octaves.size()) - at;
-  for (size_t i = 0; i < inFront; ++i) std::swap(front[at + i].octave, octaves[i]);
-  for (size_t i = inFront; i < octaves.size(); ++i) std::swap(back_[last - at - i].octave, octaves[i]);
+  for (size_t i = 0; i < inFront; ++i) swap(front[at + i], octaves[i]);
+  for (size_t i = inFront; i < octaves.size(); ++i) swap(back_[last - at - i], octaves[i]);
+  return alike && tonesUp != kNotYet ? std::optional(tonesUp) : std::nullopt;
 }
 
 }  // namespace trillomat

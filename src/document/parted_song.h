@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <span>
 
 #include "core/song.h"
@@ -46,7 +47,8 @@ class PartedSong {
   ElementList Splice(size_t at, size_t removed, ElementList inserted);
 
   /// The elements from `at` on, which must exist, get these octaves, and their own are left in their place.
-  void SwapOctaves(size_t at, std::span<int16_t> octaves);
+  /// Gives by how many octaves every tone of them moved, nothing where they moved differently.
+  std::optional<int> SwapOctaves(size_t at, std::span<int16_t> octaves);
 
  private:
   void PartAt(size_t at) const;

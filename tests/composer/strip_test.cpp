@@ -80,6 +80,16 @@ TEST(StripTimesTest, FollowsAnyChange) {
     const size_t most = random() % 10 == 0 ? 1500 : 4;
     Change change{.at = random() % (size + 1), .removed = random() % most};
     if (random() % 4 == 0) change.octaves.assign(random() % most, static_cast<int16_t>(random() % 9));
+    if (random() % 8 == 0) {
+      // Up or down, pauses too or not.
+      const int up = static_cast<int>(random() % 7) - 3;
+      const bool pauses = random() % 2 == 0;
+      for (const Element& element :
+           document.Elements({static_cast<int32_t>(change.at), document.LastIndex() + 1})) {
+        change.octaves.push_back(
+            static_cast<int16_t>(element.octave + (pauses || !IsPause(element) ? up : 0)));
+      }
+    }
     for (size_t i = random() % most; i > 0; --i) change.inserted.push_back(kinds[random() % kinds.size()]);
     document.Apply(std::move(change));
     if (random() % 200 == 0) document.Apply({.removed = document.Size()});
