@@ -3,7 +3,6 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/idle_parts.h"
-#include "core/silent_services.h"
 
 namespace trillomat {
 namespace {
@@ -13,23 +12,11 @@ const Element kTone = Tone("#c", 4, 0.5F, 1.0F);
 Song SongOf(int64_t elements) { return {ElementList(static_cast<size_t>(elements), kTone), {}}; }
 
 void EnterTone(benchmark::State& state) {
-  SilentServices silent;
-  const Services& services = silent.services;
-  const IdleClock clock;
-  NullSoundDevice sound;
-  NullPlayerView playerView;
-  NoView view;
-  const PlaySettings settings{.autoPlay = false, .playComposing = false, .playMoving = false};
-  Document document(SongOf(state.range(1)), static_cast<FormatMode>(state.range(0)));
-  ReadRecord record;
-  Player player(document, {services, clock, sound, playerView});
-  NullPlayHost host;
-  PlayControls play(document, player, settings, host, services);
-  Composer composer(document, record, player, play, settings, view, services);
-  document.Apply({.cursor = document.LastIndex()});
+  IdleComposer idle(SongOf(state.range(1)), static_cast<FormatMode>(state.range(0)));
+  idle.document.Apply({.cursor = idle.document.LastIndex()});
   for (auto _ : state) {
-    composer.EnterTone(0);
-    composer.EraseLeft();
+    idle.composer.EnterTone(0);
+    idle.composer.EraseLeft();
   }
 }
 

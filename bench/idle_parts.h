@@ -1,9 +1,10 @@
-// Parts of the program around a composer that do nothing, and take no time for it.
+// A composer, and parts of the program around it that do nothing and take no time for it.
 #pragma once
 
 #include <benchmark/benchmark.h>
 
 #include "composer/composer.h"
+#include "core/silent_services.h"
 
 namespace trillomat {
 
@@ -19,6 +20,24 @@ class NoView : public ComposerView {
   void ShowMelody(const MelodyText& text) override { benchmark::DoNotOptimize(text.left.data()); }
   void ShowComposer() override {}
   void ShowFilesOfMode() override {}
+};
+
+/// A composer with a song. Nothing plays.
+struct IdleComposer {
+  IdleComposer(Song song, FormatMode mode) : document(std::move(song), mode) {}
+
+  SilentServices silent;
+  IdleClock clock;
+  NullSoundDevice sound;
+  NullPlayerView playerView;
+  NoView view;
+  const PlaySettings settings{.autoPlay = false, .playComposing = false, .playMoving = false};
+  Document document;
+  ReadRecord record;
+  Player player{document, {silent.services, clock, sound, playerView}};
+  NullPlayHost host;
+  PlayControls play{document, player, settings, host, silent.services};
+  Composer composer{document, record, player, play, settings, view, silent.services};
 };
 
 }  // namespace trillomat

@@ -30,23 +30,11 @@ class Strip : private DocumentObserver {
   StripLayout layout_;
 };
 
-/// A composer with a melody and all that listens to it.
-struct Desk {
-  explicit Desk(ElementList elements) : document({std::move(elements), {}}, FormatMode::IMelody) {}
+/// A composer with a melody, and all that listens to it.
+struct Desk : IdleComposer {
+  explicit Desk(ElementList elements) : IdleComposer({std::move(elements), {}}, FormatMode::IMelody) {}
 
-  SilentServices silent;
-  IdleClock clock;
-  NullSoundDevice sound;
-  NullPlayerView playerView;
-  NoView view;
-  const PlaySettings settings{.autoPlay = false, .playComposing = false, .playMoving = false};
-  Document document;
   Strip strip{document};
-  ReadRecord record;
-  Player player{document, {silent.services, clock, sound, playerView}};
-  NullPlayHost host;
-  PlayControls play{document, player, settings, host, silent.services};
-  Composer composer{document, record, player, play, settings, view, silent.services};
 };
 
 void PrintEdits() {

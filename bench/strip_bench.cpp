@@ -12,10 +12,10 @@ namespace trillomat {
 namespace {
 
 /// A strip of the size that it has in a window, with the cursor in the middle of its melody.
-struct Bench {
+struct Bench : IdleComposer {
   explicit Bench(int64_t elements)
-      : document({RandomElements(static_cast<size_t>(elements), LimitsOf(FormatMode::IMelody)), {}},
-                 FormatMode::IMelody) {
+      : IdleComposer({RandomElements(static_cast<size_t>(elements), LimitsOf(FormatMode::IMelody)), {}},
+                     FormatMode::IMelody) {
     strip.resize(1200, 160);
     strip.show();
     document.Apply({.cursor = document.LastIndex() / 2});
@@ -24,18 +24,6 @@ struct Bench {
 
   void Paint() { strip.viewport()->render(&image); }
 
-  SilentServices silent;
-  IdleClock clock;
-  NullSoundDevice sound;
-  NullPlayerView playerView;
-  NoView view;
-  const PlaySettings settings{.autoPlay = false, .playComposing = false, .playMoving = false};
-  Document document;
-  ReadRecord record;
-  Player player{document, {silent.services, clock, sound, playerView}};
-  NullPlayHost host;
-  PlayControls play{document, player, settings, host, silent.services};
-  Composer composer{document, record, player, play, settings, view, silent.services};
   NoteStrip strip{document, composer, nullptr};
   QImage image{1200, 160, QImage::Format_ARGB32_Premultiplied};
 };

@@ -2,15 +2,13 @@
 
 #include <algorithm>
 
-#include "core/eight_bytes.h"
+#include "core/character_block.h"
 
 namespace trillomat {
 namespace {
 
-ByteMask LayoutIn(EightBytes bytes) {
-  const ByteMask nearBy = bytes.Between('\t', ' ');
-  if (nearBy.IsEmpty()) return nearBy;  // nearly always
-  return bytes.Equal(' ') | bytes.Equal('\r') | bytes.Equal('\n') | bytes.Equal('\t');
+CharacterMask LayoutIn(CharacterBlock block) {
+  return block.Equal(' ') | block.Equal('\r') | block.Equal('\n') | block.Equal('\t');
 }
 
 }  // namespace
@@ -58,10 +56,10 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
   }
 }
 
-std::string WithoutLayout(std::string_view text) { return WithoutBytes(text, LayoutIn); }
+std::string WithoutLayout(std::string_view text) { return WithoutCharacters(text, LayoutIn); }
 
 LayoutFree::LayoutFree(std::string_view text) : view_(text) {
-  if (FindByte(text, LayoutIn) == text.size()) return;
+  if (FindCharacter(text, LayoutIn) == text.size()) return;
   copy_ = WithoutLayout(text);
   view_ = copy_;
 }

@@ -49,7 +49,7 @@ class Remembered {
  private:
   static constexpr size_t kPlacesOfOne = 8;
   static constexpr size_t kFewest = 32;
-  static constexpr size_t kMost = 4096;
+  static constexpr size_t kMost = 8192;
 
   struct Place {
     Key key{};

@@ -4,10 +4,10 @@
 
 #include <bit>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "core/codec.h"
-#include "core/eight_bytes.h"
 #include "core/remembered.h"
 
 namespace trillomat {
@@ -33,7 +33,17 @@ class CutToken {
   static uint64_t WordOf(std::string_view text, size_t begin, size_t end) {
     const size_t size = end - begin;
     if (size > kLongestWord) return kNoWord;
-    return EightBytes({text.data() + begin, text.size() - begin}).Front(size) | uint64_t{size + 1} << 56U;
+    uint64_t word = 0;
+    if (text.size() - begin >= sizeof(word)) {
+      // Of one size and cut afterwards, it is one instruction.
+      std::memcpy(&word, text.data() + begin, sizeof(word));
+      if constexpr (std::endian::native == std::endian::big) word = __builtin_bswap64(word);
+      word &= (uint64_t{1} << (8 * size)) - 1;
+    } else {
+      for (size_t i = 0; i < size; ++i)
+        word |= uint64_t{static_cast<unsigned char>(text[begin + i])} << (8 * i);
+    }
+    return word | uint64_t{size + 1} << 56U;
   }
 
   std::string_view text_;

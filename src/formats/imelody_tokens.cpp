@@ -25,11 +25,11 @@ IMelodyTokens::IMelodyTokens(std::string_view original)
 
 size_t IMelodyTokens::MostTokens() const {
   // Each has a length, an "o" or a bracket.
-  const auto ends = [](EightBytes bytes) {
-    return NoteEnds::DigitsIn(bytes) | bytes.Equal('o') | bytes.Equal('(');
+  const auto ends = [](CharacterBlock block) {
+    return NoteEnds::DigitsIn(block) | block.Equal('o') | block.Equal('(');
   };
-  const size_t octaves = CountBytes(text_, [](EightBytes bytes) { return bytes.Equal('*'); });
-  return std::max(CountBytes(text_, ends), octaves) - octaves + 1;
+  const size_t octaves = CountCharacters(text_, [](CharacterBlock block) { return block.Equal('*'); });
+  return std::max(CountCharacters(text_, ends), octaves) - octaves + 1;
 }
 
 std::string_view IMelodyTokens::Origin(std::string_view token) const {

@@ -37,14 +37,14 @@ class IMelodyTokens {
  private:
   // A note ends with its length, the first digit that is not the octave behind a "*", or the mark after it.
   struct NoteEnds {
-    static ByteMask DigitsIn(EightBytes bytes) { return bytes.Between('0', '9'); }
-    static ByteMask MarksIn(EightBytes bytes) { return bytes.Equal('.') | bytes.Between(':', ';'); }
+    static CharacterMask DigitsIn(CharacterBlock block) { return block.Between('0', '9'); }
+    static CharacterMask LengthsIn(CharacterBlock block) {
+      return DigitsIn(block) & ~block.Behind(-1).Equal('*');
+    }
+    static CharacterMask MarksIn(CharacterBlock block) { return block.Equal('.') | block.Between(':', ';'); }
 
-    ByteMask operator()(Neighbourhood text) const {
-      const EightBytes before = text.Behind(-1);
-      const ByteMask lengths = DigitsIn(text.Here()).Without(before.Equal('*'));
-      const ByteMask lengthsBefore = DigitsIn(before).Without(text.Behind(-2).Equal('*'));
-      return lengths.Without(MarksIn(text.Behind(1))) | (lengthsBefore & MarksIn(text.Here()));
+    CharacterMask operator()(CharacterBlock block) const {
+      return (LengthsIn(block) & ~MarksIn(block.Behind(1))) | (LengthsIn(block.Behind(-1)) & MarksIn(block));
     }
   };
 

@@ -25,16 +25,15 @@ constexpr char PauseAndGermanB(char c) {
 
 // The codes 65 to 121: "z" ends no token, and the signs between the upper- and lower-case letters do. The
 // sign for a pause is spelled with a letter too.
-ByteMask ToneLettersIn(EightBytes bytes) { return bytes.Between('A', 'y') | bytes.Equal('-'); }
+CharacterMask ToneLettersIn(CharacterBlock block) { return block.Between('A', 'y') | block.Equal('-'); }
 
 // A token ends with the first letter without a ")" behind it (that one belongs to a flat sign), and the dot
 // after it.
 struct ToneEnds {
-  ByteMask operator()(Neighbourhood text) const {
-    const EightBytes behind = text.Behind(1);
-    const ByteMask goesOn = behind.Equal(')') | behind.Equal('.');
-    return ToneLettersIn(text.Here()).Without(goesOn) |
-           (text.Here().Equal('.') & ToneLettersIn(text.Behind(-1)));
+  CharacterMask operator()(CharacterBlock block) const {
+    const CharacterBlock behind = block.Behind(1);
+    return (ToneLettersIn(block) & ~(behind.Equal(')') | behind.Equal('.'))) |
+           (block.Equal('.') & ToneLettersIn(block.Behind(-1)));
   }
 };
 
@@ -80,7 +79,7 @@ void TakeLetterNotes(std::string_view notes, std::string_view text, FormatMode m
   const auto origin = [&](std::string_view part) {
     return OriginOf(part, tokens, OriginOf(notes, text, reading.bytes));
   };
-  const size_t most = CountBytes(tokens, ToneLettersIn);
+  const size_t most = CountCharacters(tokens, ToneLettersIn);
   reading.elements.reserve(most);
   TokenDecoder decode(mode, {}, kSpelling, most, reading.services);
   TokenEnds<ToneEnds> ends(tokens);

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/ascii.h"
-#include "core/eight_bytes.h"
+#include "core/character_block.h"
 
 namespace trillomat {
 namespace {
@@ -12,11 +12,7 @@ constexpr size_t kLongestShown = 60;
 
 constexpr bool EndsLine(char c) { return c == '\r' || c == '\n'; }
 
-ByteMask LineEndsIn(EightBytes bytes) {
-  const ByteMask nearBy = bytes.Between('\n', '\r');
-  if (nearBy.IsEmpty()) return nearBy;  // nearly always
-  return bytes.Equal('\r') | bytes.Equal('\n');
-}
+CharacterMask LineEndsIn(CharacterBlock block) { return block.Equal('\r') | block.Equal('\n'); }
 
 // For a message: cut when it is long, control characters as "?".
 std::string Shown(std::string_view text) {
@@ -105,7 +101,7 @@ std::string_view OriginOf(std::string_view part, std::string_view text, std::str
 std::string Quoted(std::string_view text) { return "\"" + Shown(text) + "\""; }
 
 std::string_view TakeLine(std::string_view& rest) {
-  const std::string_view line = rest.substr(0, FindByte(rest, LineEndsIn));
+  const std::string_view line = rest.substr(0, FindCharacter(rest, LineEndsIn));
   rest.remove_prefix(line.size());
   rest.remove_prefix(rest.starts_with("\r\n") ? 2 : std::min<size_t>(1, rest.size()));
   return line;
@@ -117,6 +113,6 @@ std::vector<std::string_view> SplitLines(std::string_view bytes) {
   return lines;
 }
 
-std::string JoinLines(std::string_view bytes) { return WithoutBytes(bytes, LineEndsIn); }
+std::string JoinLines(std::string_view bytes) { return WithoutCharacters(bytes, LineEndsIn); }
 
 }  // namespace trillomat

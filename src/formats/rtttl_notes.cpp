@@ -97,20 +97,18 @@ constexpr char NoteCharacter(char c) {
 
 constexpr ByteMap kNoteText(NoteCharacter, [](char c) { return !IsLayout(c); });
 
-ByteMask CommasIn(EightBytes bytes) { return bytes.Equal(','); }
-
-struct CommaEnds {
-  ByteMask operator()(Neighbourhood text) const { return CommasIn(text.Here()); }
+struct Commas {
+  CharacterMask operator()(CharacterBlock block) const { return block.Equal(','); }
 };
 
 // Refused tokens are dropped.
 void TakeNotes(std::string_view notes, Reading& reading) {
   notes = notes.substr(0, static_cast<size_t>(WithoutOuterLayout(notes).end() - notes.begin()));
-  const size_t tokens = CountBytes(notes, CommasIn) + 1;
+  const size_t tokens = CountCharacters(notes, Commas()) + 1;
   reading.elements.reserve(tokens);
   const Services& services = reading.services;
   TokenDecoder decode(FormatMode::Rtttl, reading.record.rtttl.defaults, kNoteText, tokens, services);
-  TokenEnds<CommaEnds> ends(notes);
+  TokenEnds<Commas> ends(notes);
   for (size_t begin = 0; begin < notes.size();) {
     const size_t end = std::min(ends.Next(), notes.size());
     const CutToken token(notes, begin, end);

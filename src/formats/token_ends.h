@@ -6,31 +6,16 @@
 #include <array>
 #include <bit>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 
-#include "core/eight_bytes.h"
+#include "core/character_block.h"
 
 namespace trillomat {
 
-/// Eight characters of a text and their neighbours; NUL where the text has none.
-class Neighbourhood {
- public:
-  /// How many characters in front of the eight and behind them there are.
-  static constexpr size_t kMargin = 2;
+/// How far in front of a block and behind it the ends may look.
+inline constexpr size_t kEndsMargin = 2;
 
-  explicit Neighbourhood(const char* at) : at_(at) {}
-
-  EightBytes Here() const { return Behind(0); }
-  /// Those that stand so many places behind each of the eight, from -kMargin to kMargin.
-  EightBytes Behind(ptrdiff_t places) const { return EightBytes({at_ + places, EightBytes::kCount}); }
-
- private:
-  const char* at_;
-};
-
-/// `Ends` is a function object: of a Neighbourhood it gives the characters that end a token, NUL not among
-/// them.
+/// `Ends` is a function object: of a block it gives the characters that end a token, NUL not among them.
 template <typename Ends>
 class TokenEnds {
  public:
@@ -61,28 +46,19 @@ class TokenEnds {
   }
 
  private:
-  static constexpr size_t kBlock = 64;
+  static constexpr size_t kBlock = CharacterBlock::kCount;
 
   void TakeBlock() {
-    constexpr size_t kMargin = Neighbourhood::kMargin;
-    if (next_ >= kMargin && next_ + kBlock + kMargin <= text_.size()) {
-      ends_ = EndsFrom(text_.data() + next_);
+    if (next_ >= kEndsMargin && next_ + kBlock + kEndsMargin <= text_.size()) {
+      ends_ = Ends()(CharacterBlock(text_.data() + next_));
     } else {
-      std::array<char, kMargin + kBlock + kMargin> block{};
-      const size_t front = std::min(next_, kMargin);
-      const std::string_view part = text_.substr(next_ - front, front + kBlock + kMargin);
-      std::memcpy(block.data() + kMargin - front, part.data(), part.size());
-      ends_ = EndsFrom(block.data() + kMargin);
+      std::array<char, kEndsMargin + kBlock + kEndsMargin> block{};
+      const size_t front = std::min(next_, kEndsMargin);
+      const std::string_view part = text_.substr(next_ - front, front + kBlock + kEndsMargin);
+      part.copy(block.data() + kEndsMargin - front, part.size());
+      ends_ = Ends()(CharacterBlock(block.data() + kEndsMargin));
     }
     next_ += kBlock;
-  }
-
-  static uint64_t EndsFrom(const char* block) {
-    uint64_t ends = 0;
-    for (size_t i = 0; i < kBlock; i += EightBytes::kCount) {
-      ends |= uint64_t{Ends()(Neighbourhood(block + i)).Packed()} << i;
-    }
-    return ends;
   }
 
   std::string_view text_;

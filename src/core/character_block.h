@@ -1,0 +1,121 @@
+// 64 characters of a text looked at together, a bit for each, and the work on long texts that is made of it:
+// to find, to count and to leave out characters, many times as fast as one after the other.
+#pragma once
+
+#include <array>
+#include <bit>
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+namespace trillomat {
+
+/// Some of 64 characters: a bit for each, the first the lowest.
+using CharacterMask = uint64_t;
+
+class CharacterBlock {
+ public:
+  static constexpr size_t kCount = 64;
+
+  /// The characters from `at` on, which have to exist as long as the block.
+  explicit CharacterBlock(const char* at) : at_(at) {}
+
+  CharacterMask Equal(char c) const {
+    return Where([c](Vector characters) { return characters == static_cast<signed char>(c); });
+  }
+  /// Those from `low` to `high`, ASCII characters.
+  CharacterMask Between(char low, char high) const {
+    return Where([low, high](Vector characters) {
+      return (characters >= static_cast<signed char>(low)) & (characters <= static_cast<signed char>(high));
+    });
+  }
+
+  /// The characters so many places behind these, or before them; they have to exist too.
+  CharacterBlock Behind(ptrdiff_t places) const { return CharacterBlock(at_ + places); }
+
+ private:
+  static constexpr size_t kVector = 16;
+  using Vector __attribute__((vector_size(kVector))) = signed char;
+
+  template <typename Test>
+  CharacterMask Where(const Test& test) const {
+    CharacterMask mask = 0;
+    for (size_t i = 0; i < kCount; i += kVector) {
+      Vector characters;
+      std::memcpy(&characters, at_ + i, kVector);
+      mask |= CharacterMask{Bits(test(characters))} << i;
+    }
+    return mask;
+  }
+
+  // A bit for each element that is not 0. Compilers do not find the one instruction for it by themselves.
+  static uint16_t Bits(Vector found) {
+#ifdef __SSE2__
+    return static_cast<uint16_t>(_mm_movemask_epi8(std::bit_cast<__m128i>(found)));
+#else
+    unsigned bits = 0;
+    for (size_t i = 0; i < kVector; ++i) bits |= (found[i] != 0 ? 1U : 0U) << i;
+    return static_cast<uint16_t>(bits);
+#endif
+  }
+
+  const char* at_;
+};
+
+/// What is looked for: gives where it is in a block. It does not match NUL.
+template <typename Match>
+concept BlockMatch = requires(Match match, CharacterBlock block) {
+  { match(block) } -> std::same_as<CharacterMask>;
+};
+
+/// Where `match` finds something in `text` from `at` on, as far as a block reaches.
+CharacterMask MatchesIn(std::string_view text, size_t at, BlockMatch auto match) {
+  if (text.size() - at >= CharacterBlock::kCount) return match(CharacterBlock(text.data() + at));
+  std::array<char, CharacterBlock::kCount> end{};
+  text.copy(end.data(), end.size(), at);
+  return match(CharacterBlock(end.data()));
+}
+
+/// Where `match` finds its first character in `text`; the text's size for none.
+size_t FindCharacter(std::string_view text, BlockMatch auto match) {
+  for (size_t at = 0; at < text.size(); at += CharacterBlock::kCount) {
+    const CharacterMask found = MatchesIn(text, at, match);
+    if (found != 0) return at + static_cast<size_t>(std::countr_zero(found));
+  }
+  return text.size();
+}
+
+/// How many characters of `text` are those of `match`.
+size_t CountCharacters(std::string_view text, BlockMatch auto match) {
+  size_t count = 0;
+  for (size_t at = 0; at < text.size(); at += CharacterBlock::kCount) {
+    count += static_cast<size_t>(std::popcount(MatchesIn(text, at, match)));
+  }
+  return count;
+}
+
+/// `text` without the characters of `match`.
+std::string WithoutCharacters(std::string_view text, BlockMatch auto match) {
+  std::string result(text.size(), '\0');
+  size_t size = 0;
+  for (size_t at = 0; at < text.size(); at += CharacterBlock::kCount) {
+    const std::string_view block = text.substr(at, CharacterBlock::kCount);
+    size_t kept = 0;
+    for (CharacterMask leftOut = MatchesIn(text, at, match); leftOut != 0; leftOut &= leftOut - 1) {
+      const auto next = static_cast<size_t>(std::countr_zero(leftOut));
+      size += block.substr(kept, next - kept).copy(&result[size], next - kept);
+      kept = next + 1;
+    }
+    size += block.substr(kept).copy(&result[size], block.size() - kept);
+  }
+  result.resize(size);
+  return result;
+}
+
+}  // namespace trillomat
