@@ -31,12 +31,12 @@ std::optional<Phone> PhoneOfOption(std::string_view option) {
   return std::nullopt;
 }
 
-std::unique_ptr<PhoneKeys> KeysOf(Phone phone, size_t elements, Log& log) {
+std::unique_ptr<PhoneKeys> KeysOf(Phone phone, const MelodyToType& melody, Log& log) {
   switch (phone) {
-    case Phone::Nokia: return std::make_unique<NokiaKeys>(elements, log);
-    case Phone::T68i: return std::make_unique<T68iKeys>(elements, log);
-    case Phone::T39: return std::make_unique<T39Keys>(elements, log);
-    case Phone::R320: return std::make_unique<R320Keys>(elements, log);
+    case Phone::Nokia: return std::make_unique<NokiaKeys>(melody, log);
+    case Phone::T68i: return std::make_unique<T68iKeys>(melody, log);
+    case Phone::T39: return std::make_unique<T39Keys>(melody, log);
+    case Phone::R320: return std::make_unique<R320Keys>(melody, log);
     case Phone::Rtttl: break;
   }
   return nullptr;
@@ -50,7 +50,7 @@ Result<std::string> Export(Phone phone, const Song& song, const Services& servic
     if (song.elements.empty() || !octaves) {
       return Refusal{.why = RangeRefusal(song.elements, target.range, target.name)};
     }
-    const std::unique_ptr<PhoneKeys> keys = KeysOf(phone, song.elements.size(), services.log);
+    const std::unique_ptr<PhoneKeys> keys = KeysOf(phone, {song.elements.size(), *octaves}, services.log);
     if (!keys) return RtttlText(song, *octaves, spelling, services.log);
     return KeyPressText(*keys, song.elements, *octaves, services);
   } catch (const ExportFault& fault) {

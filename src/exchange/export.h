@@ -41,8 +41,8 @@ std::optional<Phone> PhoneOfOption(std::string_view option);
 Result<std::string> Export(Phone phone, const Song& song, const Services& services,
                            RtttlSpelling spelling = RtttlSpelling::Classic);
 
-/// The keys of that phone's composer for a song of some `elements`; null for RTTTL, which has none.
-std::unique_ptr<PhoneKeys> KeysOf(Phone phone, size_t elements, Log& log);
+/// The keys of that phone's composer; null for RTTTL, which has none.
+std::unique_ptr<PhoneKeys> KeysOf(Phone phone, const MelodyToType& melody, Log& log);
 
 /// One button of the export window.
 struct ExportButton {

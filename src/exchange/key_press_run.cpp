@@ -55,11 +55,7 @@ std::string KeyPressText(PhoneKeys& phone, const ElementList& elements, int octa
     const size_t line = text.Size();
     text.Add(number.Text());
     const size_t begin = text.Size();
-    if (octaves == 0) {
-      phone.Press(element, before, text);
-    } else {
-      phone.Press(OctavesUp(element, octaves), before, text);
-    }
+    phone.Press(element, before, text);
     before = {begin, text.Size() - begin};
     Require(line + before.size <= kLargestExport);
     number.Next();

@@ -41,6 +41,12 @@ struct TextPart {
   size_t size = 0;
 };
 
+/// What keys are wanted for.
+struct MelodyToType {
+  size_t elements = 0;  ///< some so many
+  int octavesUp = 0;    ///< that all of them are moved by
+};
+
 /// One phone's way to type a melody. Abstract because each phone's composer wants other keys.
 class PhoneKeys {
  public:
@@ -49,13 +55,15 @@ class PhoneKeys {
   PhoneKeys& operator=(const PhoneKeys&) = delete;
   virtual ~PhoneKeys() = default;
 
-  /// Writes what types `element`, its CR LF included, behind `text`, which has that of the element before at
-  /// `before`. Gives what the keys do not say of it. Throws ExportFault for more presses than can be written.
+  /// Writes what types `element` when it is moved, its CR LF included, behind `text`, which has that of the
+  /// element before at `before`. Gives what the keys do not say of it. Throws ExportFault for more presses
+  /// than can be written.
   virtual Loss Press(const Element& element, TextPart before, TextWriter& text) = 0;
 };
 
-/// The Result text for `elements` moved by `octaves`: a line on the move, if it is one up, and a numbered
-/// line an element. Throws ExportFault when the text grows beyond kLargestExport or the program is ending.
+/// The Result text for `elements`, which the keys are for, moved by `octaves`: a line on the move, if it is
+/// one up, and a numbered line an element. Throws ExportFault when the text grows beyond kLargestExport or
+/// the program is ending.
 std::string KeyPressText(PhoneKeys& phone, const ElementList& elements, int octaves,
                          const Services& services);
 

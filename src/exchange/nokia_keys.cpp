@@ -46,9 +46,9 @@ ElementKeys ToneKeys(const Element& element, Log& log) {
 
 }  // namespace
 
-NokiaKeys::NokiaKeys(size_t elements, Log& log)
+NokiaKeys::NokiaKeys(const MelodyToType& melody, Log& log)
     : SteppingKeys({.octaveUp = " *", .longer = " 9", .shorter = " 8", .lowestOctave = 3, .highestOctave = 6},
-                   elements, log) {}
+                   melody, log) {}
 
 ElementKeys NokiaKeys::KeysOf(const Element& element, Log& log) const {
   ElementKeys keys{.before = "Not supported", .loss = Loss::Command};

@@ -8,7 +8,7 @@ namespace trillomat {
 
 class NokiaKeys : public SteppingKeys {
  public:
-  NokiaKeys(size_t elements, Log& log);
+  NokiaKeys(const MelodyToType& melody, Log& log);
 
  private:
   ElementKeys KeysOf(const Element& element, Log& log) const override;

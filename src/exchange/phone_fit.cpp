@@ -54,7 +54,7 @@ class LossCount {
       : song_(song),
         spelling_(spelling),
         fit_(fit),
-        keys_(KeysOf(fit.phone, song.elements.size(), silent_)) {}
+        keys_(KeysOf(fit.phone, {.elements = song.elements.size()}, silent_)) {}
 
   void Count() {
     for (size_t i = 0; i < song_.elements.size(); ++i) {

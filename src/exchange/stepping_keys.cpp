@@ -41,7 +41,7 @@ Loss SteppingKeys::Press(const Element& element, TextPart before, TextWriter& te
 
 Loss SteppingKeys::PressFirst(const Element& element, TextPart before, TextWriter& text) {
   NoticingLog noticing(log_);
-  const ElementKeys keys = KeysOf(element, noticing);
+  const ElementKeys keys = KeysOf(OctavesUp(element, octavesUp_), noticing);
   if (!noticing.Noticed() && !keys.again && decltype(Known::before)::Holds(keys.before) &&
       decltype(Known::after)::Holds(keys.after)) {
     known_.Keep(element, {decltype(Known::before)(keys.before), decltype(Known::after)(keys.after),

@@ -63,9 +63,8 @@ struct ElementKeys {
 
 class SteppingKeys : public PhoneKeys {
  public:
-  /// For a song of some `elements`.
-  SteppingKeys(const SteppingComposer::Keys& keys, size_t elements, Log& log)
-      : log_(log), composer_(keys), known_(elements) {}
+  SteppingKeys(const SteppingComposer::Keys& keys, const MelodyToType& melody, Log& log)
+      : log_(log), octavesUp_(melody.octavesUp), composer_(keys), known_(melody.elements) {}
   Loss Press(const Element& element, TextPart before, TextWriter& text) final;
 
  private:
@@ -83,8 +82,9 @@ class SteppingKeys : public PhoneKeys {
   Loss PressFirst(const Element& element, TextPart before, TextWriter& text);
 
   Log& log_;
+  int octavesUp_;
   SteppingComposer composer_;
-  PerElement<Known> known_;
+  PerElement<Known> known_;  ///< by the elements as they were before they moved
 };
 
 /// The I-Melody duration code, 0 whole to 5 thirty-second; a length without a code counts as 0 and is logged.

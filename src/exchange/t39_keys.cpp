@@ -71,7 +71,7 @@ Loss HeldKeys::Press(const Element& element, TextPart /*before*/, TextWriter& te
 
 Loss HeldKeys::PressFirst(const Element& element, TextWriter& text) {
   NoticingLog noticing(log_);
-  const Typed typed = Type(element, noticing);
+  const Typed typed = Type(OctavesUp(element, octavesUp_), noticing);
   if (!noticing.Noticed() && decltype(Known::text)::Holds(typed.text)) {
     known_.Keep(element, {decltype(Known::text)(typed.text), static_cast<int8_t>(typed.tone),
                           static_cast<uint8_t>(last_.octaveKeys), typed.loss});

@@ -14,8 +14,8 @@ namespace trillomat {
 /// What both phones share; how they write lengths, octaves and commands differs.
 class HeldKeys : public PhoneKeys {
  public:
-  /// For a song of some `elements`.
-  HeldKeys(size_t elements, Log& log) : log_(log), known_(elements) {}
+  HeldKeys(const MelodyToType& melody, Log& log)
+      : log_(log), octavesUp_(melody.octavesUp), known_(melody.elements) {}
   Loss Press(const Element& element, TextPart before, TextWriter& text) final;
 
  protected:
@@ -62,8 +62,9 @@ class HeldKeys : public PhoneKeys {
   virtual Keys ToneKeys(std::string_view key, std::string_view lengthCode) const = 0;
 
   Log& log_;
+  int octavesUp_;
   LastTone last_;
-  PerElement<Known> known_;
+  PerElement<Known> known_;  ///< by the elements as they were before they moved
 };
 
 class T39Keys : public HeldKeys {

@@ -114,9 +114,9 @@ ElementKeys ToneKeys(const Element& element, Log& log) {
 
 }  // namespace
 
-T68iKeys::T68iKeys(size_t elements, Log& log)
+T68iKeys::T68iKeys(const MelodyToType& melody, Log& log)
     : SteppingKeys({.octaveUp = "0", .longer = "9", .shorter = "8", .lowestOctave = 4, .highestOctave = 7},
-                   elements, log) {}
+                   melody, log) {}
 
 ElementKeys T68iKeys::KeysOf(const Element& element, Log& log) const {
   ElementKeys keys;

@@ -9,7 +9,7 @@ namespace trillomat {
 
 class T68iKeys : public SteppingKeys {
  public:
-  T68iKeys(size_t elements, Log& log);
+  T68iKeys(const MelodyToType& melody, Log& log);
 
  private:
   ElementKeys KeysOf(const Element& element, Log& log) const override;

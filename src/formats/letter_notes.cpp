@@ -79,7 +79,9 @@ void TakeLetterNotes(std::string_view notes, std::string_view text, FormatMode m
   const auto origin = [&](std::string_view part) {
     return OriginOf(part, tokens, OriginOf(notes, text, reading.bytes));
   };
-  const size_t most = CountCharacters(tokens, ToneLettersIn);
+  // One letter each, but for that of a flat sign, "(b)".
+  const size_t flats = CountCharacters(tokens, [](CharacterBlock block) { return block.Equal(')'); });
+  const size_t most = std::max(CountCharacters(tokens, ToneLettersIn), flats) - flats;
   reading.elements.reserve(most);
   TokenDecoder decode(mode, {}, kSpelling, most, reading.services);
   TokenEnds<ToneEnds> ends(tokens);

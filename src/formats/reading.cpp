@@ -58,17 +58,15 @@ void Reading::FailAtEnd() { throw ReadFault(ReadFault::Kind::Quiet, std::string(
 ReadResult RunReader(std::string_view routine, std::string_view bytes, const ReadRecord& before,
                      const Services& services, const std::function<void(Reading&)>& body) {
   const LogOperation operation(services.log);
-  Reading reading{.bytes = bytes, .record = before, .elements = {}, .services = services};
+  ReadResult result{.elements = {}, .record = before, .refusal = {}};
+  Reading reading(bytes, services, result);
   Refusal refusal;
   const auto logFault = [&] { services.log.WriteLog("Error in " + std::string(routine), 1); };
   try {
     body(reading);
-    NotUnderstood& lost = reading.notUnderstood;
+    NotUnderstood& lost = result.notUnderstood;
     if (lost.count > 0) SetPlace(lost.first, bytes, reading.firstNotUnderstood);
-    return {.elements = std::move(reading.elements),
-            .record = std::move(reading.record),
-            .refusal = {},
-            .notUnderstood = std::move(lost)};
+    return result;
   } catch (const ReadFault& fault) {
     if (fault.kind == ReadFault::Kind::Logged) logFault();
     refusal.why = fault.what();
@@ -78,7 +76,10 @@ ReadResult RunReader(std::string_view routine, std::string_view bytes, const Rea
     logFault();
     refusal.why = fault.what();
   }
-  return {.elements = {}, .record = std::move(reading.record), .refusal = std::move(refusal)};
+  result.elements = {};
+  result.notUnderstood = {};
+  result.refusal = std::move(refusal);
+  return result;
 }
 
 void RequireCharacters(const Reading& reading, size_t fewest) {

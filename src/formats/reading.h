@@ -16,13 +16,20 @@
 
 namespace trillomat {
 
-/// A read in progress.
+/// A read in progress, into what it will come to.
 struct Reading {
+  Reading(std::string_view bytes, const Services& services, ReadResult& result)
+      : bytes(bytes),
+        record(result.record),
+        elements(result.elements),
+        notUnderstood(result.notUnderstood),
+        services(services) {}
+
   std::string_view bytes;
-  ReadRecord record;
-  ElementList elements;
+  ReadRecord& record;
+  ElementList& elements;
+  NotUnderstood& notUnderstood;
   Services services;
-  NotUnderstood notUnderstood = {};
   std::string_view firstNotUnderstood = {};  ///< where it stands in the bytes
 
   /// Counts an element that was cut and decoded. `where` gives the part of the bytes that it was; it is asked
