@@ -8,6 +8,7 @@ namespace trillomat {
 namespace {
 
 CharacterMask LayoutIn(CharacterBlock block) {
+  if (block.Between('\t', ' ') == 0) return 0;  // nearly always
   return block.Equal(' ') | block.Equal('\r') | block.Equal('\n') | block.Equal('\t');
 }
 

@@ -91,11 +91,18 @@ size_t FindCharacter(std::string_view text, BlockMatch auto match) {
   return text.size();
 }
 
+/// How many there are; inline, while std::popcount is a call where the processor may be an old one.
+inline size_t CountOf(CharacterMask mask) {
+  mask -= (mask >> 1U) & 0x5555555555555555;
+  mask = (mask & 0x3333333333333333) + ((mask >> 2U) & 0x3333333333333333);
+  return static_cast<size_t>((((mask + (mask >> 4U)) & 0x0F0F0F0F0F0F0F0F) * 0x0101010101010101) >> 56U);
+}
+
 /// How many characters of `text` are those of `match`.
 size_t CountCharacters(std::string_view text, BlockMatch auto match) {
   size_t count = 0;
   for (size_t at = 0; at < text.size(); at += CharacterBlock::kCount) {
-    count += static_cast<size_t>(std::popcount(MatchesIn(text, at, match)));
+    count += CountOf(MatchesIn(text, at, match));
   }
   return count;
 }
