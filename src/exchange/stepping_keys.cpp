@@ -1,6 +1,6 @@
 #include "exchange/stepping_keys.h"
 
-#include <algorithm>
+#include <cstdlib>
 
 #include "core/codec.h"
 #include "core/noticing_log.h"
@@ -24,8 +24,9 @@ void SteppingComposer::StepOctave(int target, TextWriter& text) {
 void SteppingComposer::StepLength(int code, TextWriter& text) {
   if (code == kAsItIs) return;
   const int shorter = code - duration_;
-  text.AddFront(longer_, static_cast<size_t>(std::max(-shorter, 0)) * keys_.longer.size());
-  text.AddFront(shorter_, static_cast<size_t>(std::max(shorter, 0)) * keys_.shorter.size());
+  const bool isLonger = shorter < 0;
+  const size_t size = (isLonger ? keys_.longer : keys_.shorter).size();
+  text.AddFront(isLonger ? longer_ : shorter_, static_cast<size_t>(std::abs(shorter)) * size);
   duration_ = code;
 }
 

@@ -22,7 +22,7 @@ void QtPump::End() {
 
 bool QtPump::Look() {
   constexpr int kMostDoublings = 12;
-  constexpr int kMostCalls = 32;
+  constexpr int kMostCalls = 128;
   constexpr auto kShortTime = 100us;  // for so many calls
   const auto now = SteadyClock::now();
   calls_ = untilLook_ = (now - lastLook_) * kMostCalls < kShortTime * calls_ ? kMostCalls : 1;
