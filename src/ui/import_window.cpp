@@ -38,7 +38,8 @@ QString ReplacedWords(qsizetype count) {
   return QStringLiteral("%1 characters are unknown to the phones and are read as \"?\".").arg(count);
 }
 
-// Takes no more than an import may hold, whether it is pasted or dropped.
+// Takes no more than an import may hold, whether it is pasted or dropped. The toolkit's box looks at the first
+// of the forms that the clipboard has, though an empty one has none.
 class SourceBox : public QPlainTextEdit {
  public:
   SourceBox(std::function<void()> tooLarge, QWidget* parent)
@@ -46,6 +47,7 @@ class SourceBox : public QPlainTextEdit {
 
  protected:
   void insertFromMimeData(const QMimeData* source) override {
+    if (source->formats().isEmpty()) return;
     const auto there = static_cast<size_t>(document()->characterCount());
     if (there + static_cast<size_t>(source->text().size()) > kLargestInput) return tooLarge_();
     QPlainTextEdit::insertFromMimeData(source);

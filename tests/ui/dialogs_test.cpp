@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QFontMetrics>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <memory>
@@ -94,6 +95,15 @@ TEST_F(ImportWindowTest, ATextPastTheLimitIsRefusedInWords) {
   source.paste();
   EXPECT_EQ(source.toPlainText(), kTune);
   EXPECT_EQ(Find<QLabel>(window, "lblReplaced").text(), "The text is larger than 64 MiB and was not taken.");
+}
+
+TEST_F(ImportWindowTest, PastingAnEmptyClipboardDoesNothing) {
+  source.setPlainText(kTune);
+  QApplication::clipboard()->setMimeData(new QMimeData);
+  source.setFocus();
+  QTest::keyClick(&source, Qt::Key_V, Qt::ControlModifier);
+  source.paste();
+  EXPECT_EQ(source.toPlainText(), kTune);
 }
 
 class ExportWindowTest : public testing::Test, public FakeServices {
