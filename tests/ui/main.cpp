@@ -2,6 +2,9 @@
 // for.
 #include <gtest/gtest.h>
 
+#include <QSettings>
+#include <QTemporaryDir>
+
 #include "app/trillomat_application.h"
 #include "ui/resources.h"
 
@@ -10,6 +13,9 @@ int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   const trillomat::TrillomatApplication app(argc, argv);
   QApplication::setApplicationVersion(QStringLiteral("4.7.11"));
+  // Where the file dialogs remember what they showed.
+  const QTemporaryDir toolkit;
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, toolkit.path());
   // The tests close window after window.
   QApplication::setQuitOnLastWindowClosed(false);
   trillomat::LoadResources();

@@ -57,7 +57,7 @@ void Monkey::Act(MainWindow& window) {
 }
 
 void Monkey::ActOn(MainWindow& window) {
-  const int dice = dice_.Number(110);
+  const int dice = dice_.Number(116);
   if (dice < 35) {
     const auto buttons = Usable<QAbstractButton>(window);
     return dice_.AnyOf(buttons)->click();
@@ -74,7 +74,7 @@ void Monkey::ActOn(MainWindow& window) {
   if (dice < 98) return window.OpenFile(folder_ / files_.AnyName(), dice_.OneIn(2));
   if (dice == 98) return window.resize(300 + dice_.Number(1500), 200 + dice_.Number(900));
   if (dice < 102) return UseClipboard();
-  if (dice < 109) return Drag(window);
+  if (dice < 115) return Drag(window);
   if (mayClose && dice_.OneIn(10)) window.close();
 }
 
@@ -119,6 +119,7 @@ void Monkey::ActInFileDialog(QFileDialog& dialog) {
 }
 
 void Monkey::LeaveFileDialog(QFileDialog& dialog) {
+  ++files;
   if (dice_.OneIn(4)) {
     for (auto* list : dialog.findChildren<QComboBox*>("fileTypeCombo")) {
       list->setCurrentIndex(dice_.Number(list->count()));
@@ -196,7 +197,7 @@ void Monkey::UseClipboard() {
 void Monkey::Drag(QWidget& window) {
   if (!drag_.Runs()) {
     drag_.Begin(AnyData(dice_, files_, folder_));
-    ++drops;
+    ++drags;
   }
   QList<QWidget*> places = Usable<QWidget>(window);
   places << &window;

@@ -21,9 +21,13 @@ class Monkey {
   /// Does one thing to the modal window or menu in front, or else to `window`.
   void Act(MainWindow& window);
 
+  /// Drags that ended in a drop that was taken.
+  int Drops() const { return drag_.Drops(); }
+
   bool mayClose = true;  ///< the main window
   int events = 0;
-  int drops = 0;  ///< drags that began
+  int drags = 0;  ///< that began
+  int files = 0;  ///< that a file dialog was left with
   int largestDepth = 0;
   int depth = 0;
 

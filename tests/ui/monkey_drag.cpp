@@ -32,13 +32,14 @@ void MonkeyDrag::GoOn(const QWidget& target) {
   }
   QDragMoveEvent move(at, actions, data.get(), Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(window, &move);
-  if (dice_.OneIn(2)) return;
+  if (dice_.OneIn(3)) return;
   data_.reset();
   over_.clear();
   if (move.isAccepted()) {
     QDropEvent drop(at, actions, data.get(), Qt::LeftButton, Qt::NoModifier);
     drop.setDropAction(move.dropAction());
     QCoreApplication::sendEvent(window, &drop);
+    if (drop.isAccepted()) ++drops_;
   } else {
     QDragLeaveEvent leave;
     QCoreApplication::sendEvent(window, &leave);

@@ -20,11 +20,14 @@ class MonkeyDrag {
   void Begin(std::unique_ptr<QMimeData> data) { data_ = std::move(data); }
   /// Moves to a place over `target`, which is visible, or there drops what is dragged, or leaves.
   void GoOn(const QWidget& target);
+  /// That were taken.
+  int Drops() const { return drops_; }
 
  private:
   Dice& dice_;
   std::shared_ptr<QMimeData> data_;
   QPointer<QWindow> over_;
+  int drops_ = 0;
 };
 
 }  // namespace trillomat

@@ -31,7 +31,7 @@ class MonkeyQuestions : public FakeQuestions {
 
  private:
   bool Shows() {
-    const bool shows = mayShow && dice_.OneIn(3);
+    const bool shows = mayShow && dice_.OneIn(2);
     if (shows) ++shown;
     return shows;
   }
