@@ -1,5 +1,7 @@
 #include "app/trillomat_application.h"
 
+#include <QDialog>
+#include <QDragLeaveEvent>
 #include <QIcon>
 #include <exception>
 
@@ -11,9 +13,18 @@ TrillomatApplication::TrillomatApplication(int& argc, char** argv) : QApplicatio
   setDesktopFileName(QStringLiteral("trillomat"));
 }
 
+// The toolkit remembers the box that takes what is dragged, also when that has gone with its dialog, and
+// would tell it of the next movement.
+void TrillomatApplication::EndDragOver(QObject& receiver) {
+  if (qobject_cast<QDialog*>(&receiver) == nullptr) return;
+  QDragLeaveEvent leave;
+  QApplication::notify(&receiver, &leave);
+}
+
 // Nested event loops come through here too, so an exception ends no more than the handler that threw it.
 bool TrillomatApplication::notify(QObject* receiver, QEvent* event) {
   try {
+    if (event->type() == QEvent::Hide) EndDragOver(*receiver);
     return QApplication::notify(receiver, event);
   } catch (const std::exception& fault) {
     if (onFault) onFault(fault.what());

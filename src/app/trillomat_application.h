@@ -1,4 +1,5 @@
-// The application object: no exception leaves an event handler unnoticed.
+// The application object: no exception leaves an event handler unnoticed, and no drag outlives the dialog
+// that it is over.
 #pragma once
 
 #include <QApplication>
@@ -15,6 +16,9 @@ class TrillomatApplication : public QApplication {
   std::function<void(std::string_view what)> onFault;
 
   bool notify(QObject* receiver, QEvent* event) override;
+
+ private:
+  void EndDragOver(QObject& receiver);
 };
 
 }  // namespace trillomat

@@ -2,11 +2,14 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QDragEnterEvent>
+#include <QDragMoveEvent>
 #include <QFontMetrics>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QWindow>
 #include <memory>
 
 #include "core/limits.h"
@@ -104,6 +107,33 @@ TEST_F(ImportWindowTest, PastingAnEmptyClipboardDoesNothing) {
   QTest::keyClick(&source, Qt::Key_V, Qt::ControlModifier);
   source.paste();
   EXPECT_EQ(source.toPlainText(), kTune);
+}
+
+// The toolkit goes on telling the box of it that was under the pointer.
+TEST(Dialogs, ADragGoesOnWhenTheDialogUnderItHasClosed) {
+  QMimeData text;
+  text.setText("c2");
+  const auto tell = [](const QWidget& window, auto&& event) {
+    QCoreApplication::sendEvent(window.windowHandle(), &event);
+    return event.isAccepted();
+  };
+  QWidget behind;
+  behind.setAcceptDrops(true);
+  behind.show();
+  for (int i = 0; i < 50; ++i) {
+    FakeServices services;
+    const ReadRecord before;
+    auto dialog = std::make_unique<ImportWindow>(before, services.services);
+    dialog->show();
+    auto& box = Find<QPlainTextEdit>(*dialog, "txtSource");
+    const QPoint at = box.mapTo(dialog.get(), box.rect().center());
+    ASSERT_TRUE(tell(*dialog, QDragEnterEvent(at, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier)));
+    dialog->close();
+    dialog.reset();
+    EXPECT_FALSE(
+        tell(behind, QDragEnterEvent({9, 9}, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier)));
+    EXPECT_FALSE(tell(behind, QDragMoveEvent({9, 9}, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier)));
+  }
 }
 
 class ExportWindowTest : public testing::Test, public FakeServices {
