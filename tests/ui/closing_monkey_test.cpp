@@ -31,7 +31,12 @@ class ShortRun {
       : dice_(seed), untilClosed_(1 + dice_.Number(25)), inFront_(dice_.OneIn(2)) {
     monkey_.mayClose = false;
     for (const std::string& name : names_) folder_.Write(name, dice_.AnyOf(contents_));
-    QObject::connect(&window_, &MainWindow::Closed, &window_, [this] { pump_.End(); });
+    QObject::connect(&window_, &MainWindow::Closed, &window_, [this] {
+      hadInFront = IsInFront();
+      closed_.start();
+      acting_.stop();
+      pump_.End();
+    });
     QObject::connect(&acting_, &QTimer::timeout, &window_, [this] { Act(); });
   }
 
@@ -50,16 +55,14 @@ class ShortRun {
   bool hadInFront = false;  ///< a box or a menu
 
  private:
+  static bool IsInFront() {
+    return QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr;
+  }
   // A timer that is being handled fires again, inside the loops of boxes, only when it is started anew.
   void Act() {
     acting_.start(0);
     if (--untilClosed_ > 0) return monkey_.Act(window_);
-    const bool box =
-        QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr;
-    if (inFront_ && !box && untilClosed_ > -20) return OpenBox();
-    acting_.stop();
-    hadInFront = box;
-    closed_.start();
+    if (inFront_ && !IsInFront() && untilClosed_ > -20) return OpenBox();
     window_.close();
   }
   void OpenBox() {
