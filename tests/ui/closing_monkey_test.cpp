@@ -47,6 +47,7 @@ class ShortRun {
     const bool ended = ProgramLoop::Ends(window_, [this] { acting_.start(0); });
     acting_.stop();
     ending = closed_.isValid() ? closed_.elapsed() : -1;
+    monkey_.LetGo();
     window_.Unload();
     return ended;
   }

@@ -20,6 +20,8 @@ class Monkey {
 
   /// Does one thing to the modal window or menu in front, or else to `window`.
   void Act(MainWindow& window);
+  /// Lets go of what it drags, as it has to before a window goes that is no dialog.
+  void LetGo() { drag_.End(); }
 
   /// Drags that ended in a drop that was taken.
   int Drops() const { return drag_.Drops(); }

@@ -21,10 +21,7 @@ void MonkeyDrag::GoOn(const QWidget& target) {
                                           Qt::LinkAction};
   const Qt::DropActions actions = dice_.AnyOf(kActions);
   if (over_ != window) {
-    if (over_ != nullptr) {
-      QDragLeaveEvent leave;
-      QCoreApplication::sendEvent(over_, &leave);
-    }
+    Leave();
     over_ = window;
     QDragEnterEvent enter(at, actions, data.get(), Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(window, &enter);
@@ -34,16 +31,23 @@ void MonkeyDrag::GoOn(const QWidget& target) {
   QCoreApplication::sendEvent(window, &move);
   if (dice_.OneIn(3)) return;
   data_.reset();
+  if (!move.isAccepted()) return Leave();
   over_.clear();
-  if (move.isAccepted()) {
-    QDropEvent drop(at, actions, data.get(), Qt::LeftButton, Qt::NoModifier);
-    drop.setDropAction(move.dropAction());
-    QCoreApplication::sendEvent(window, &drop);
-    if (drop.isAccepted()) ++drops_;
-  } else {
-    QDragLeaveEvent leave;
-    QCoreApplication::sendEvent(window, &leave);
-  }
+  QDropEvent drop(at, actions, data.get(), Qt::LeftButton, Qt::NoModifier);
+  drop.setDropAction(move.dropAction());
+  QCoreApplication::sendEvent(window, &drop);
+  if (drop.isAccepted()) ++drops_;
+}
+
+void MonkeyDrag::Leave() {
+  QDragLeaveEvent leave;
+  if (over_ != nullptr) QCoreApplication::sendEvent(over_, &leave);
+  over_.clear();
+}
+
+void MonkeyDrag::End() {
+  data_.reset();
+  Leave();
 }
 
 }  // namespace trillomat

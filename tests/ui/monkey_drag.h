@@ -20,10 +20,14 @@ class MonkeyDrag {
   void Begin(std::unique_ptr<QMimeData> data) { data_ = std::move(data); }
   /// Moves to a place over `target`, which is visible, or there drops what is dragged, or leaves.
   void GoOn(const QWidget& target);
+  /// Ends it, wherever it is: no window that goes may be dragged over by the toolkit's account.
+  void End();
   /// That were taken.
   int Drops() const { return drops_; }
 
  private:
+  void Leave();
+
   Dice& dice_;
   std::shared_ptr<QMimeData> data_;
   QPointer<QWindow> over_;

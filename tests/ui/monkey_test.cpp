@@ -75,6 +75,7 @@ class MonkeyTest : public testing::Test {
   }
 
   void Open() {
+    monkey.LetGo();
     window.reset();
     document = std::make_unique<Document>();
     sound.Begin();
