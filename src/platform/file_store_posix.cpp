@@ -148,7 +148,7 @@ FileBytes PosixFileStore::Read(const fs::path& file, size_t limit) const {
 bool PosixFileStore::Delete(const fs::path& file) { return unlink(file.c_str()) == 0; }
 
 bool PosixFileStore::Copy(const fs::path& from, const fs::path& to) {
-  const Descriptor source(from, O_RDONLY);
+  const Descriptor source(from, O_RDONLY | O_NONBLOCK | O_NOCTTY);
   struct stat found {};
   if (!source || fstat(*source, &found) != 0 || !S_ISREG(found.st_mode)) return false;
   const Descriptor copy(to, O_WRONLY | O_CREAT | O_EXCL, 0600);

@@ -115,6 +115,14 @@ TEST_F(FilesTest, APipeIsWrittenInto) {
   EXPECT_EQ(ReadFile(pipe, store).Why().why, "it is no plain file");
 }
 
+// As a rename finds it when the file was replaced after the list was filled.
+TEST_F(FilesTest, APipeIsNotWaitedForToBeCopied) {
+  const auto pipe = folder / "pipe.imy";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_FALSE(store.Copy(pipe, folder / "copy.imy"));
+  EXPECT_THAT(folder.Names(), ElementsAre("pipe.imy"));
+}
+
 // What killed programs left is known by more than its name.
 TEST_F(FilesTest, OnlyWhatIsMarkedAsAbandonedIsSwept) {
   Faults().medium = Medium::NoNamelessFiles;
