@@ -38,8 +38,8 @@ QString ReplacedWords(qsizetype count) {
   return QStringLiteral("%1 characters are unknown to the phones and are read as \"?\".").arg(count);
 }
 
-// Takes no more than an import may hold, whether it is pasted or dropped. The toolkit's box looks at the first
-// of the forms that the clipboard has, though an empty one has none.
+// Takes no more than an import may hold, whether it is pasted or dropped. The toolkit's box looks at the
+// first of the forms that the clipboard has, though an empty one has none.
 class SourceBox : public QPlainTextEdit {
  public:
   SourceBox(std::function<void()> tooLarge, QWidget* parent)
