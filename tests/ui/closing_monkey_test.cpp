@@ -97,6 +97,8 @@ class ShortRun {
   QTimer acting_;
 };
 
+constexpr qint64 kPatience = 2000;  // milliseconds
+
 #ifdef _WIN32
 constexpr int kRuns = 20;  // Wine takes its time with windows
 #else
@@ -108,15 +110,18 @@ TEST(ClosingMonkeyTest, EndsTheProgramAtAnyMoment) {
   const auto first = static_cast<unsigned>(qEnvironmentVariable("TRILLOMAT_MONKEY_SEED", "2002").toInt());
   const int runs = qEnvironmentVariable("TRILLOMAT_MONKEY_RUNS", QString::number(kRuns)).toInt();
   int withBox = 0;
+  qint64 longest = 0;
   for (int i = 0; i < runs; ++i) {
     ShortRun run(first + static_cast<unsigned>(i));
     ASSERT_TRUE(run.Ends()) << "run " << i;
     ASSERT_GE(run.ending, 0) << "run " << i << " ended before";
-    ASSERT_LT(run.ending, 1000) << "run " << i;
+    ASSERT_LT(run.ending, kPatience) << "run " << i;
+    longest = std::max(longest, run.ending);
     if (run.hadInFront) ++withBox;
   }
   EXPECT_GT(withBox, runs / 4);
-  std::cout << runs << " runs, " << withBox << " with something in front\n";
+  std::cout << runs << " runs, " << withBox << " with something in front, the longest end took " << longest
+            << " ms\n";
 }
 
 }  // namespace
