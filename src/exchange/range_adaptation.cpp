@@ -37,13 +37,12 @@ bool CanMoveInside(const Extremes& used, OctaveRange range) {
   return IsInside(used, range) || used.max - used.min <= range.high - range.low;
 }
 
+bool Leaves(int octave) { return octave < kLowestValid || octave > kHighestValid; }
+
 void LogLeaving(const ElementList& elements, int octaves, Log& log) {
   for (const Element& element : elements) {
     if (element.octave == kNoOctave) continue;
-    const int moved = element.octave + octaves;
-    if (moved < kLowestValid || moved > kHighestValid) {
-      log.WriteLog("Crical Error when adapting TTL tones", 1);
-    }
+    if (Leaves(element.octave + octaves)) log.WriteLog("Crical Error when adapting TTL tones", 1);
   }
 }
 
@@ -55,7 +54,7 @@ std::optional<int> MoveInto(const ElementList& elements, OctaveRange range, Log&
   if (!CanMoveInside(used, range)) return std::nullopt;
   const int octaves = used.min < range.low ? range.low - used.min : std::min(0, range.high - used.max);
   if (octaves != 0) {
-    LogLeaving(elements, octaves, log);
+    if (Leaves(used.min + octaves) || Leaves(used.max + octaves)) LogLeaving(elements, octaves, log);
   } else {
     log.WriteLog("No adaption Done", 1);
   }
