@@ -312,7 +312,7 @@ TEST_F(MonkeyTest, NothingBreaksWhateverRunsInsideWhatever) {
   std::cout << monkey.events << " events";
   for (const auto& [what, times] : figures) {
     std::cout << ", " << times << " " << what;
-    EXPECT_GT(times, wanted / 1500) << what;
+    EXPECT_GT(times, wanted / 8000) << what;
   }
   std::cout << "\n";
 }
