@@ -53,10 +53,9 @@ TokenDefaults DefaultsCount::CommonestForHeader() const {
   return defaults;
 }
 
-void DefaultsCount::Change(const Element& element, int octaves, int by) {
-  const int octave = element.octave + octaves - kLowestCounted;
-  const bool counts = element.octave != kNoOctave && octave >= 0 && octave < std::ssize(octaves_);
-  if (counts) octaves_.at(static_cast<size_t>(octave)) += by;
+void DefaultsCount::Change(const Element& element, int by) {
+  const int octave = element.octave - kLowestCounted;
+  if (octave >= 0 && octave < std::ssize(octaves_)) octaves_.at(static_cast<size_t>(octave)) += by;
   const int duration = DurationIndex(element.duration);
   if (duration >= 0) durations_.at(static_cast<size_t>(duration)) += by;
 }

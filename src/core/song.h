@@ -55,8 +55,8 @@ class DefaultsCount {
   /// Of elements moved by so many octaves.
   explicit DefaultsCount(const ElementList& elements, int octaves = 0);
 
-  void Add(const Element& element) { Change(element, 0, 1); }
-  void Remove(const Element& element) { Change(element, 0, -1); }
+  void Add(const Element& element) { Change(element, 1); }
+  void Remove(const Element& element) { Change(element, -1); }
   /// Elements with these octaves come, or go, and leave or have others in their place.
   void AddOctaves(std::span<const int16_t> octaves) { ChangeOctaves(octaves, 1); }
   void RemoveOctaves(std::span<const int16_t> octaves) { ChangeOctaves(octaves, -1); }
@@ -67,7 +67,7 @@ class DefaultsCount {
   TokenDefaults CommonestForHeader() const;
 
  private:
-  void Change(const Element& element, int octaves, int by);
+  void Change(const Element& element, int by);
   void ChangeOctaves(std::span<const int16_t> octaves, int by);
 
   std::array<int64_t, 4> octaves_{};
