@@ -21,7 +21,6 @@ class CutToken {
   /// The characters of `text` from `begin` up to `end`.
   CutToken(std::string_view text, size_t begin, size_t end)
       : text_(text.data() + begin, end - begin), word_(WordOf(text, begin, end)) {}
-  explicit CutToken(std::string_view text) : CutToken(text, 0, text.size()) {}
 
   std::string_view Text() const { return text_; }
   /// Its characters and its length, or kNoWord.

@@ -16,7 +16,13 @@ bool IsDotted(const Element& element) {
   return !IsPlain(element) && EncodeDurationExtra(element.extra, FormatMode::Rtttl).text == ".";
 }
 
-ElementKeys PauseKeys(const Element& element, Log& log) {
+}  // namespace
+
+NokiaKeys::NokiaKeys(const MelodyToType& melody, Log& log)
+    : SteppingKeys({.octaveUp = " *", .longer = " 9", .shorter = " 8", .lowestOctave = 3, .highestOctave = 6},
+                   melody, log) {}
+
+ElementKeys NokiaKeys::PauseKeys(const Element& element, Log& log) const {
   ElementKeys keys{.before = "Press: 0"};
   if (IsDotted(element)) {
     keys.before = "Press and hold 0 ";
@@ -28,7 +34,7 @@ ElementKeys PauseKeys(const Element& element, Log& log) {
   return keys;
 }
 
-ElementKeys ToneKeys(const Element& element, Log& log) {
+ElementKeys NokiaKeys::ToneKeys(const Element& element, Log& log) const {
   const bool dotted = IsDotted(element);
   ElementKeys keys{.before = dotted ? "Press: (hold) " : "Press: ", .octave = element.octave};
   keys.length = DurationCode(element, log);
@@ -44,21 +50,8 @@ ElementKeys ToneKeys(const Element& element, Log& log) {
   return keys;
 }
 
-}  // namespace
-
-NokiaKeys::NokiaKeys(const MelodyToType& melody, Log& log)
-    : SteppingKeys({.octaveUp = " *", .longer = " 9", .shorter = " 8", .lowestOctave = 3, .highestOctave = 6},
-                   melody, log) {}
-
-ElementKeys NokiaKeys::KeysOf(const Element& element, Log& log) const {
-  ElementKeys keys{.before = "Not supported", .loss = Loss::Command};
-  if (IsPause(element)) {
-    keys = PauseKeys(element, log);
-  } else if (element.Command().empty()) {
-    keys = ToneKeys(element, log);
-  }
-  keys.after += kLineEnd;
-  return keys;
+ElementKeys NokiaKeys::CommandKeys(std::string_view /*command*/) const {
+  return {.before = "Not supported", .loss = Loss::Command};
 }
 
 }  // namespace trillomat

@@ -11,7 +11,9 @@ class NokiaKeys : public SteppingKeys {
   NokiaKeys(const MelodyToType& melody, Log& log);
 
  private:
-  ElementKeys KeysOf(const Element& element, Log& log) const override;
+  ElementKeys PauseKeys(const Element& element, Log& log) const override;
+  ElementKeys CommandKeys(std::string_view command) const override;
+  ElementKeys ToneKeys(const Element& element, Log& log) const override;
 };
 
 }  // namespace trillomat

@@ -40,6 +40,14 @@ Loss SteppingKeys::Press(const Element& element, TextPart before, TextWriter& te
   return known->loss;
 }
 
+ElementKeys SteppingKeys::KeysOf(const Element& element, Log& log) const {
+  ElementKeys keys = IsPause(element)            ? PauseKeys(element, log)
+                     : element.Command().empty() ? ToneKeys(element, log)
+                                                 : CommandKeys(element.Command());
+  keys.after += kLineEnd;
+  return keys;
+}
+
 Loss SteppingKeys::PressFirst(const Element& element, TextPart before, TextWriter& text) {
   NoticingLog noticing(log_);
   const ElementKeys keys = KeysOf(OctavesUp(element, octavesUp_), noticing);

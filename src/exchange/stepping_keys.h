@@ -57,7 +57,7 @@ struct ElementKeys {
   bool again = false;                      ///< whether the whole text of the element before comes behind that
   int octave = SteppingComposer::kAsItIs;  ///< to which is stepped
   int length = SteppingComposer::kAsItIs;  ///< to which is stepped then, an I-Melody duration code
-  std::string after = {};                  ///< the line end included
+  std::string after = {};                  ///< the rest of the line, without its end
   Loss loss = Loss::None;
 };
 
@@ -77,7 +77,11 @@ class SteppingKeys : public PhoneKeys {
     Loss loss = Loss::None;
   };
 
-  virtual ElementKeys KeysOf(const Element& element, Log& log) const = 0;
+  virtual ElementKeys PauseKeys(const Element& element, Log& log) const = 0;
+  virtual ElementKeys CommandKeys(std::string_view command) const = 0;
+  virtual ElementKeys ToneKeys(const Element& element, Log& log) const = 0;
+
+  ElementKeys KeysOf(const Element& element, Log& log) const;
 
   Loss PressFirst(const Element& element, TextPart before, TextWriter& text);
 

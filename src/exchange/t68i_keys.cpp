@@ -16,20 +16,20 @@ namespace {
 constexpr ToneTable<std::string_view> kToneKeys{"1",  "1#", "2#",  "2",  "2##", "3#",  "3",  "4", "4#",
                                                 "5#", "5",  "5##", "6#", "6",   "6##", "7#", "7"};
 
-struct CommandKeys {
+struct CommandKeyRow {
   std::string_view special;
   std::string_view keys;
 };
 
-constexpr std::array<CommandKeys, 9> kCommandKeys{{{"ledon", "Option key, 2, 2"},
-                                                   {"ledoff", "Option key, 2, 1"},
-                                                   {"vibeon", "Option key, 2, 6"},
-                                                   {"vibeoff", "Option key, 2, 5"},
-                                                   {"backon", "Option key, 2, 4"},
-                                                   {"backoff", "Option key, 2, 3"},
-                                                   {"V+", "Option key, 2, 9"},
-                                                   {"V-", "Option key, 2, Down, Down, Left"},
-                                                   {"(", "Option key, 2, 7"}}};
+constexpr std::array<CommandKeyRow, 9> kCommandKeys{{{"ledon", "Option key, 2, 2"},
+                                                     {"ledoff", "Option key, 2, 1"},
+                                                     {"vibeon", "Option key, 2, 6"},
+                                                     {"vibeoff", "Option key, 2, 5"},
+                                                     {"backon", "Option key, 2, 4"},
+                                                     {"backoff", "Option key, 2, 3"},
+                                                     {"V+", "Option key, 2, 9"},
+                                                     {"V-", "Option key, 2, Down, Down, Left"},
+                                                     {"(", "Option key, 2, 7"}}};
 
 // A count beyond all limits becomes one that AppendKeys refuses.
 int CountIn(std::string_view text) {
@@ -61,16 +61,6 @@ std::string VolumeKeys(std::string_view special) {
   return keys;
 }
 
-// A command that the phone does not have leaves the text of the element before.
-ElementKeys CommandKeysOf(std::string_view special) {
-  for (const CommandKeys& command : kCommandKeys) {
-    if (command.special == special) return {.before = std::string(command.keys)};
-  }
-  if (Contains(special, ")")) return {.before = RepeatKeys(special)};
-  if (Contains(special, "V")) return {.before = VolumeKeys(special)};
-  return {.before = "", .again = true, .loss = Loss::Command};
-}
-
 std::string_view ExtraKeys(float extra) {
   const FieldText mark = EncodeDurationExtra(extra, FormatMode::Rtttl);
   switch (mark.text.empty() ? ' ' : mark.text.front()) {
@@ -90,13 +80,19 @@ void AddLength(ElementKeys& keys, const Element& element, Log& log) {
   if (extra.empty()) keys.loss = Loss::Extra;
 }
 
-ElementKeys PauseKeys(const Element& element, Log& log) {
+}  // namespace
+
+T68iKeys::T68iKeys(const MelodyToType& melody, Log& log)
+    : SteppingKeys({.octaveUp = "0", .longer = "9", .shorter = "8", .lowestOctave = 4, .highestOctave = 7},
+                   melody, log) {}
+
+ElementKeys T68iKeys::PauseKeys(const Element& element, Log& log) const {
   ElementKeys keys{.before = "Press: *"};
   AddLength(keys, element, log);
   return keys;
 }
 
-ElementKeys ToneKeys(const Element& element, Log& log) {
+ElementKeys T68iKeys::ToneKeys(const Element& element, Log& log) const {
   ElementKeys keys{.before = "Press: "};
   const int tone = ToneIndex(element.Note());
   if (tone >= 0) {
@@ -112,23 +108,14 @@ ElementKeys ToneKeys(const Element& element, Log& log) {
   return keys;
 }
 
-}  // namespace
-
-T68iKeys::T68iKeys(const MelodyToType& melody, Log& log)
-    : SteppingKeys({.octaveUp = "0", .longer = "9", .shorter = "8", .lowestOctave = 4, .highestOctave = 7},
-                   melody, log) {}
-
-ElementKeys T68iKeys::KeysOf(const Element& element, Log& log) const {
-  ElementKeys keys;
-  if (IsPause(element)) {
-    keys = PauseKeys(element, log);
-  } else if (!element.Command().empty()) {
-    keys = CommandKeysOf(element.Command());
-  } else {
-    keys = ToneKeys(element, log);
+// A command that the phone does not have leaves the text of the element before.
+ElementKeys T68iKeys::CommandKeys(std::string_view command) const {
+  for (const CommandKeyRow& known : kCommandKeys) {
+    if (known.special == command) return {.before = std::string(known.keys)};
   }
-  keys.after += kLineEnd;
-  return keys;
+  if (Contains(command, ")")) return {.before = RepeatKeys(command)};
+  if (Contains(command, "V")) return {.before = VolumeKeys(command)};
+  return {.before = "", .again = true, .loss = Loss::Command};
 }
 
 }  // namespace trillomat

@@ -12,7 +12,9 @@ class T68iKeys : public SteppingKeys {
   T68iKeys(const MelodyToType& melody, Log& log);
 
  private:
-  ElementKeys KeysOf(const Element& element, Log& log) const override;
+  ElementKeys PauseKeys(const Element& element, Log& log) const override;
+  ElementKeys CommandKeys(std::string_view command) const override;
+  ElementKeys ToneKeys(const Element& element, Log& log) const override;
 };
 
 }  // namespace trillomat

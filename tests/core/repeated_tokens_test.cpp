@@ -39,7 +39,7 @@ TEST(RepeatedTokens, AreDecodedAsEachAloneWould) {
       TokenDecoder decode(limits.mode, defaults, kAsItIs, expected, {log, pump});
       for (const std::string& token : SomeTokens(20000, 7)) {
         const Element alone = Decode(token, limits.mode, defaults, plain);
-        const DecodedToken& decoded = decode(CutToken(token));
+        const DecodedToken& decoded = decode(CutToken(token, 0, token.size()));
         ASSERT_EQ(Described(decoded.element), Described(alone)) << limits.caption << " " << token;
         ASSERT_EQ(decoded.understood, IsUnderstood(alone)) << token;
       }
