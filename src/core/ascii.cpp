@@ -7,7 +7,7 @@
 namespace trillomat {
 namespace {
 
-CharacterMask LayoutIn(CharacterBlock block) {
+CharacterMask WhitespaceIn(CharacterBlock block) {
   if (block.Between('\t', ' ') == 0) return 0;  // nearly always
   return block.Equal(' ') | block.Equal('\r') | block.Equal('\n') | block.Equal('\t');
 }
@@ -57,17 +57,17 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
   }
 }
 
-std::string WithoutLayout(std::string_view text) { return WithoutCharacters(text, LayoutIn); }
+std::string WithoutWhitespace(std::string_view text) { return WithoutCharacters(text, WhitespaceIn); }
 
-LayoutFree::LayoutFree(std::string_view text) : view_(text) {
-  if (FindCharacter(text, LayoutIn) == text.size()) return;
-  copy_ = WithoutLayout(text);
+CompactText::CompactText(std::string_view text) : view_(text) {
+  if (FindCharacter(text, WhitespaceIn) == text.size()) return;
+  copy_ = WithoutWhitespace(text);
   view_ = copy_;
 }
 
-std::string_view WithoutOuterLayout(std::string_view text) {
-  while (!text.empty() && IsLayout(text.back())) text.remove_suffix(1);
-  while (!text.empty() && IsLayout(text.front())) text.remove_prefix(1);
+std::string_view Trimmed(std::string_view text) {
+  while (!text.empty() && IsWhitespace(text.back())) text.remove_suffix(1);
+  while (!text.empty() && IsWhitespace(text.front())) text.remove_prefix(1);
   return text;
 }
 

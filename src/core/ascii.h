@@ -1,4 +1,4 @@
-// Text helpers over the letters A to Z alone: case, containment, removal and replacement.
+// Text helpers: letter case (A to Z alone), containment, removal, replacement and whitespace.
 // Text is single-byte Windows-1252; no locale takes part.
 #pragma once
 
@@ -11,8 +11,8 @@ constexpr char ToLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>
 constexpr char ToUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// The characters that melody texts may hold anywhere without meaning: blank, CR, LF and tab.
-constexpr bool IsLayout(char c) { return c == ' ' || c == '\r' || c == '\n' || c == '\t'; }
+/// Blank, CR, LF and tab: melody texts may hold these anywhere, and they mean nothing.
+constexpr bool IsWhitespace(char c) { return c == ' ' || c == '\r' || c == '\n' || c == '\t'; }
 
 std::string Lowered(std::string_view text);
 std::string Uppered(std::string_view text);
@@ -28,15 +28,16 @@ bool RemoveAll(std::string& text, std::string_view part);
 /// `text` with every occurrence of `from` (not empty) replaced by `to`, scanning left to right.
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to);
 
-/// `text` without its blanks, CR, LF and tabs.
-std::string WithoutLayout(std::string_view text);
+/// `text` without any whitespace.
+std::string WithoutWhitespace(std::string_view text);
 
-/// The same, of a text that lives longer: a copy is made only where there is something to leave out.
-class LayoutFree {
+/// A text without any whitespace. It is copied only if there is whitespace to leave out; otherwise View()
+/// refers to the original, which has to live as long.
+class CompactText {
  public:
-  explicit LayoutFree(std::string_view text);
-  LayoutFree(const LayoutFree&) = delete;
-  LayoutFree& operator=(const LayoutFree&) = delete;
+  explicit CompactText(std::string_view text);
+  CompactText(const CompactText&) = delete;
+  CompactText& operator=(const CompactText&) = delete;
 
   std::string_view View() const { return view_; }
 
@@ -45,7 +46,7 @@ class LayoutFree {
   std::string_view view_;
 };
 
-/// `text` without those around it; where it holds nothing else, its empty beginning.
-std::string_view WithoutOuterLayout(std::string_view text);
+/// `text` without the whitespace at both ends; of whitespace alone its empty beginning.
+std::string_view Trimmed(std::string_view text);
 
 }  // namespace trillomat

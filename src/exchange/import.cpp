@@ -18,8 +18,8 @@ void TakePastedRtttl(Reading& reading) {
 
 void TakePastedEMelody(Reading& reading) {
   SetUnknownSong(reading.record.info);
-  const LayoutFree layoutFree(reading.bytes);
-  const std::string_view text = layoutFree.View();
+  const CompactText compact(reading.bytes);
+  const std::string_view text = compact.View();
   const MarkedNotes marked = FindMarkedNotes(text);
   if (marked.start && !marked.notes) {
     throw ReadFault(Kind::Logged, "there is no \"END:EMELODY\" behind \"MELODY:\"",

@@ -27,7 +27,7 @@ std::string_view Joined(std::string_view first, std::string_view last) {
 // Letters of tones, pauses, and the signs beside them: c d (b)e +f p.
 bool IsLetterNotes(std::string_view text) {
   constexpr std::string_view kNotes = "abcdefghpABCDEFGHP#+().- \r\n\t";
-  return text.find_first_not_of(kNotes) == std::string_view::npos && WithoutLayout(text).size() >= 2;
+  return text.find_first_not_of(kNotes) == std::string_view::npos && WithoutWhitespace(text).size() >= 2;
 }
 
 }  // namespace
@@ -41,7 +41,7 @@ std::vector<std::string_view> TunesIn(std::string_view text) {
       goesOn = true;
     } else if (goesOn && (GoesOn(line) || tunes.back().ends_with(','))) {
       tunes.back() = Joined(tunes.back(), line);
-    } else if (!WithoutLayout(line).empty()) {
+    } else if (!WithoutWhitespace(line).empty()) {
       goesOn = false;
     }
   }

@@ -7,8 +7,8 @@
 namespace trillomat {
 namespace {
 
-std::string_view WithoutLeadingLayout(std::string_view text) {
-  const auto* const start = std::find_if_not(text.begin(), text.end(), IsLayout);
+std::string_view TrimmedInFront(std::string_view text) {
+  const auto* const start = std::find_if_not(text.begin(), text.end(), IsWhitespace);
   return text.substr(static_cast<size_t>(start - text.begin()));
 }
 
@@ -33,10 +33,10 @@ RtttlShape ShapeAt(std::string_view tune, size_t keys) {
 }  // namespace
 
 bool StartsWithRtttlKey(std::string_view text) {
-  text = WithoutLeadingLayout(text);
+  text = TrimmedInFront(text);
   constexpr std::string_view kKeys = "dobsl";
   if (text.empty() || !Contains(kKeys, std::string(1, ToLower(text.front())))) return false;
-  return WithoutLeadingLayout(text.substr(1)).starts_with('=');
+  return TrimmedInFront(text.substr(1)).starts_with('=');
 }
 
 RtttlShape RtttlShapeOf(std::string_view tune) {

@@ -38,7 +38,7 @@ struct Line {
 };
 
 const Tag* TagOf(std::string_view line) {
-  const std::string name = Uppered(WithoutLayout(line.substr(0, line.find(':'))));
+  const std::string name = Uppered(WithoutWhitespace(line.substr(0, line.find(':'))));
   const auto* const found =
       std::find_if(kTags.begin(), kTags.end(), [&name](const Tag& tag) { return tag.name == name; });
   return found == kTags.end() || !Contains(line, ":") ? nullptr : found;
@@ -90,7 +90,7 @@ class IMelodyLines {
     if (Is(line, "MELODY")) return TidyMelody();
     ++next_;
     if (!line.colon) {
-      const bool blank = WithoutLayout(line.text).empty();
+      const bool blank = WithoutWhitespace(line.text).empty();
       return text_.Replace(line.whole.size(), "", blank ? "a line is blank" : "a line has no tag");
     }
     if (line.tag != nullptr) TidyTag(line);

@@ -93,7 +93,7 @@ size_t CommandAt(std::string_view text, std::string& command) {
 
 // Passes what `notes` begins with; gives how many characters that was.
 size_t TidyFront(std::string_view notes, TidyText& text) {
-  if (IsLayout(notes.front())) {
+  if (IsWhitespace(notes.front())) {
     text.Keep(1);
     return 1;
   }
@@ -111,7 +111,7 @@ size_t TidyFront(std::string_view notes, TidyText& text) {
   }
   size_t stray = 1;
   std::string ignored;
-  while (stray < notes.size() && !IsLayout(notes[stray]) && NoteAt(notes.substr(stray)).size == 0 &&
+  while (stray < notes.size() && !IsWhitespace(notes[stray]) && NoteAt(notes.substr(stray)).size == 0 &&
          CommandAt(notes.substr(stray), ignored) == 0) {
     ++stray;
   }

@@ -73,12 +73,12 @@ size_t TidyFront(std::string_view notes, FormatMode mode, TidyText& text) {
                  "that note is written so");
     return note.size;
   }
-  if (notes.front() == '-' || IsLayout(notes.front())) {
+  if (notes.front() == '-' || IsWhitespace(notes.front())) {
     text.Keep(1);
     return 1;
   }
   size_t stray = 1;
-  while (stray < notes.size() && notes[stray] != '-' && !IsLayout(notes[stray]) &&
+  while (stray < notes.size() && notes[stray] != '-' && !IsWhitespace(notes[stray]) &&
          NoteAt(notes.substr(stray)).size == 0)
     ++stray;
   text.Replace(stray, "", "that is no note");

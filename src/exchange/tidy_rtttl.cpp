@@ -53,7 +53,7 @@ class Keys {
       text_.Keep(1);
       keys.remove_prefix(1);
     }
-    AddMissing(!WithoutLayout(all).empty());
+    AddMissing(!WithoutWhitespace(all).empty());
   }
 
   TokenDefaults Defaults() const {
@@ -87,7 +87,7 @@ class Keys {
   // Gives what follows the value.
   std::string_view TidyKey(char key, std::string_view item) {
     const size_t end = std::min(item.find_first_not_of("0123456789 \r\n\t"), item.size());
-    const std::string digits = WithoutLayout(item.substr(0, end));
+    const std::string digits = WithoutWhitespace(item.substr(0, end));
     const size_t length = digits.empty() && !Contains(item, "=") ? item.size() : end;
     const std::string tidy = TidyValue(key, digits);
     found_ += key;
@@ -145,7 +145,7 @@ void TidyRtttl(TidyText& text) {
   const std::string_view tune = whole ? text.Rest() : TuneIn(text.Rest());
   const RtttlShape shape = whole ? ShapeByColons(tune) : RtttlShapeOf(tune);
   const bool bare = shape.keys.empty();
-  if (bare ? !HoldsRtttlNotes(shape.notes) : WithoutLayout(shape.notes).empty()) return;
+  if (bare ? !HoldsRtttlNotes(shape.notes) : WithoutWhitespace(shape.notes).empty()) return;
   text.LeaveOut(static_cast<size_t>(tune.data() - text.Rest().data()), "it is no part of the tune");
   if (shape.name.data() + shape.name.size() == shape.keys.data()) {
     text.Insert(":", "the name ends with it");

@@ -64,7 +64,7 @@ class LooseToken {
       note_.accidental = -1;
     } else if (c == '.') {
       note_.dot = true;
-    } else if (IsLayout(c)) {
+    } else if (IsWhitespace(c)) {
       blank_ = i + 1;
     } else {
       Blame("that stands in no note");
@@ -176,16 +176,16 @@ class NoteWriter {
 void TidyToken(std::string_view token, bool comma, const TokenDefaults& defaults, TidyText& text) {
   if (IsTokenUnderstood(token, defaults)) return text.Keep(token.size() + (comma ? 1 : 0));
   std::string lowered = Lowered(token);
-  if (WithoutLayout(lowered) == "-") lowered = "p";
+  if (WithoutWhitespace(lowered) == "-") lowered = "p";
   const LooseToken loose(lowered);
   NoteWriter writer(defaults);
   const std::string tidy = writer.Text(loose.Notes());
   const std::string_view why = !loose.Why().empty() ? loose.Why() : writer.Why();
   const size_t all = token.size() + (comma ? 1 : 0);
   if (tidy.empty()) return text.Replace(all, "", "that is no note");
-  const size_t layout = std::min(token.find_first_not_of(" \r\n\t"), token.size());
-  text.Keep(layout);
-  text.Replace(token.size() - layout, tidy, why.empty() ? "that is no note as it stands" : why);
+  const size_t indent = std::min(token.find_first_not_of(" \r\n\t"), token.size());
+  text.Keep(indent);
+  text.Replace(token.size() - indent, tidy, why.empty() ? "that is no note as it stands" : why);
   text.Keep(comma ? 1 : 0);
 }
 
@@ -195,7 +195,7 @@ void TidyRtttlNotes(std::string_view notes, const TokenDefaults& defaults, TidyT
   while (!notes.empty()) {
     const std::string_view token = notes.substr(0, notes.find(','));
     const bool comma = token.size() < notes.size();
-    if (!comma && WithoutLayout(token).empty()) return text.Keep(token.size());
+    if (!comma && WithoutWhitespace(token).empty()) return text.Keep(token.size());
     TidyToken(token, comma, defaults, text);
     notes.remove_prefix(token.size() + (comma ? 1 : 0));
   }

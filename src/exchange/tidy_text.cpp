@@ -25,7 +25,7 @@ void TidyText::Replace(size_t count, std::string_view after, std::string_view wh
 
 void TidyText::LeaveOut(size_t count, std::string_view why) {
   const std::string_view before = rest_.substr(0, count);
-  if (std::all_of(before.begin(), before.end(), IsLayout)) return Keep(count);
+  if (std::all_of(before.begin(), before.end(), IsWhitespace)) return Keep(count);
   Replace(count, "", why);
 }
 

@@ -23,7 +23,7 @@ class TidyText {
   /// The next `count` characters become `after`; that is no change where they are just that.
   void Replace(size_t count, std::string_view after, std::string_view why);
   void Insert(std::string_view after, std::string_view why) { Replace(0, after, why); }
-  /// Leaves out the next `count` characters, unless they are layout alone.
+  /// Leaves out the next `count` characters, unless they are whitespace alone.
   void LeaveOut(size_t count, std::string_view why);
 
   Tidied Finish() &&;

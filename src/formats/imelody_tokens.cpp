@@ -21,7 +21,7 @@ constexpr bool IsMark(char c) { return c == '.' || c == ':' || c == ';'; }
 }  // namespace
 
 IMelodyTokens::IMelodyTokens(std::string_view original)
-    : original_(original), text_(WithoutLayout(original) + std::string(kSentinel)), ends_(text_) {}
+    : original_(original), text_(WithoutWhitespace(original) + std::string(kSentinel)), ends_(text_) {}
 
 size_t IMelodyTokens::MostTokens() const {
   // Each has a length, an "o" or a bracket.

@@ -78,7 +78,7 @@ class IMelodyTokens {
   [[noreturn]] void Fail(const std::string& why, std::string_view rest, std::string_view advice) const;
 
   std::string_view original_;
-  std::string text_;  ///< without layout, and the sentinel
+  std::string text_;  ///< without whitespace, and with the sentinel behind it
   TokenEnds<NoteEnds> ends_;
   size_t begin_ = 0;  ///< of what is left
 };

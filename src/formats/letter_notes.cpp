@@ -69,9 +69,9 @@ ElementTexts TokensOf(const ElementList& elements, FormatMode mode, Log& log) {
 
 void TakeLetterNotes(std::string_view notes, std::string_view text, FormatMode mode, Reading& reading) {
   static constexpr ByteMap kSpelling(PauseAndGermanB, [](char /*c*/) { return true; });
-  notes = WithoutOuterLayout(notes);
-  const LayoutFree layoutFree(notes);
-  const std::string_view tokens = layoutFree.View();
+  notes = Trimmed(notes);
+  const CompactText compact(notes);
+  const std::string_view tokens = compact.View();
   if (tokens.empty()) {
     throw ReadFault(ReadFault::Kind::Logged, "the text holds no notes", OriginOf(notes, text, reading.bytes),
                     kAdvice);

@@ -28,10 +28,10 @@ MarkedNotes FindMarkedNotes(std::string_view text);
 /// For a refusal of a text whose markers are missing.
 inline constexpr std::string_view kMarkersAdvice = "Notes stand between \"MELODY:\" and \"END:EMELODY\"";
 
-/// Removes layout from `notes`, turns p, P and "-" into pauses and h, H into b, cuts the tokens and takes in
-/// their elements in `mode`. A remainder that ends no token is logged ("Critical error when converting!!!!",
-/// level 1) and ends the read quietly; a text without any token ends it with a logged fault. `notes` is a
-/// part of `text`, which is the bytes without some of their layout.
+/// Removes whitespace from `notes`, turns p, P and "-" into pauses and h, H into b, cuts the tokens and takes
+/// in their elements in `mode`. A remainder that ends no token is logged ("Critical error when
+/// converting!!!!", level 1) and ends the read quietly; a text without any token ends it with a logged fault.
+/// `notes` is a part of `text`, which is the bytes without some of their whitespace.
 void TakeLetterNotes(std::string_view notes, std::string_view text, FormatMode mode, Reading& reading);
 
 /// How many characters of a file a token takes.

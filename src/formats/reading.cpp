@@ -24,14 +24,14 @@ std::string Shown(std::string_view text) {
 }
 
 size_t CountVisible(std::string_view text) {
-  return text.size() - static_cast<size_t>(std::count_if(text.begin(), text.end(), IsLayout));
+  return text.size() - static_cast<size_t>(std::count_if(text.begin(), text.end(), IsWhitespace));
 }
 
-// How many characters of `text` hold the first `count` that are not layout, and end with the last of them.
+// How many characters of `text` hold the first `count` that are no whitespace, and end with the last of them.
 size_t LengthOfVisible(std::string_view text, size_t count) {
   size_t length = 0;
   for (size_t i = 0; i < text.size() && count > 0; ++i) {
-    if (IsLayout(text[i])) continue;
+    if (IsWhitespace(text[i])) continue;
     length = i + 1;
     --count;
   }

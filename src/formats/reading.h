@@ -80,7 +80,7 @@ ReadResult RunReader(std::string_view routine, std::string_view bytes, const Rea
 void RequireCharacters(const Reading& reading, size_t fewest);
 
 /// Where `part` of `text` came from: the part of `original`, of which `text` is a copy that lacks nothing but
-/// layout. An empty part stands right behind the character before it. So places cost nothing until a read
+/// whitespace. An empty part stands right behind the character before it. So places cost nothing until a read
 /// fails.
 std::string_view OriginOf(std::string_view part, std::string_view text, std::string_view original);
 

@@ -25,7 +25,7 @@ RtttlParts Split(std::string_view bytes) {
 class Header {
  public:
   Header(std::string_view original, RtttlKeys& keys, Log& log)
-      : original_(original), layoutFree_(original), text_(layoutFree_.View()), keys_(keys), log_(log) {}
+      : original_(original), compact_(original), text_(compact_.View()), keys_(keys), log_(log) {}
 
   void Read() {
     const size_t colon = text_.find(':');
@@ -73,7 +73,7 @@ class Header {
   }
 
   std::string_view original_;
-  LayoutFree layoutFree_;
+  CompactText compact_;
   std::string_view text_;
   RtttlKeys& keys_;
   Log& log_;
@@ -95,7 +95,7 @@ constexpr char NoteCharacter(char c) {
   return lower == 'h' ? 'b' : lower;
 }
 
-constexpr ByteMap kNoteText(NoteCharacter, [](char c) { return !IsLayout(c); });
+constexpr ByteMap kNoteText(NoteCharacter, [](char c) { return !IsWhitespace(c); });
 
 struct Commas {
   CharacterMask operator()(CharacterBlock block) const { return block.Equal(','); }
@@ -103,7 +103,7 @@ struct Commas {
 
 // Refused tokens are dropped.
 void TakeNotes(std::string_view notes, Reading& reading) {
-  notes = notes.substr(0, static_cast<size_t>(WithoutOuterLayout(notes).end() - notes.begin()));
+  notes = notes.substr(0, static_cast<size_t>(Trimmed(notes).end() - notes.begin()));
   const size_t tokens = CountCharacters(notes, Commas()) + 1;
   reading.elements.reserve(tokens);
   const Services& services = reading.services;
@@ -118,7 +118,7 @@ void TakeNotes(std::string_view notes, Reading& reading) {
       services.log.WriteLog("Last Note?\?-->" + RtttlNoteText(token.Text()), 1);
     }
     const DecodedToken& decoded = decode(token);
-    reading.Count(decoded.understood, [&] { return WithoutOuterLayout(token.Text()); });
+    reading.Count(decoded.understood, [&] { return Trimmed(token.Text()); });
     if (decoded.refused) {
       reading.LetEventsRun();
     } else {

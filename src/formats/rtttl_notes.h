@@ -27,7 +27,7 @@ struct RtttlParts {
 /// ":" and for a number that does not fit its field.
 RtttlParts TakeRtttlText(Reading& reading);
 
-/// Notes as the codec wants them: without layout, in lower case, pauses as "r", the German "h" as "b".
+/// Notes as the codec wants them: without whitespace, in lower case, pauses as "r", the German "h" as "b".
 std::string RtttlNoteText(std::string_view notes);
 
 }  // namespace trillomat

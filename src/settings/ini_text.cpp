@@ -13,9 +13,9 @@ constexpr std::string_view kHexDigits = "0123456789abcdef";
 
 // The name in the brackets of a line that begins a section.
 std::optional<std::string_view> SectionOf(std::string_view line) {
-  line = WithoutOuterLayout(line);
+  line = Trimmed(line);
   if (!line.starts_with('[')) return std::nullopt;
-  return WithoutOuterLayout(line.substr(1, line.find(']') - 1));
+  return Trimmed(line.substr(1, line.find(']') - 1));
 }
 
 bool IsHexDigit(char c) { return kHexDigits.find(ToLower(c)) != kHexDigits.npos; }
@@ -88,8 +88,7 @@ std::optional<IniText::Line> IniText::LineOf(std::string_view section, std::stri
     const std::string_view text = In(line);
     if (const auto name = SectionOf(text)) {
       inside = *name == section;
-    } else if (inside && text.find('=') != text.npos &&
-               WithoutOuterLayout(text.substr(0, text.find('='))) == key) {
+    } else if (inside && text.find('=') != text.npos && Trimmed(text.substr(0, text.find('='))) == key) {
       found = line;
     }
   }
@@ -102,7 +101,7 @@ std::optional<size_t> IniText::EndOf(std::string_view section) const {
   bool inside = false;
   for (Line line = Next({}); line.length > 0; line = Next(line)) {
     if (const auto name = SectionOf(In(line))) inside = *name == section;
-    if (inside && !WithoutOuterLayout(In(line)).empty()) end = line.begin + line.length;
+    if (inside && !Trimmed(In(line)).empty()) end = line.begin + line.length;
   }
   return end;
 }
@@ -116,7 +115,7 @@ std::optional<std::string> IniText::Get(std::string_view section, std::string_vi
   const auto line = LineOf(section, key);
   if (!line) return std::nullopt;
   const std::string_view text = In(*line);
-  return Unescaped(WithoutOuterLayout(text.substr(text.find('=') + 1)));
+  return Unescaped(Trimmed(text.substr(text.find('=') + 1)));
 }
 
 void IniText::Set(std::string_view section, std::string_view key, std::string_view value) {

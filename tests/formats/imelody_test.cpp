@@ -18,7 +18,7 @@ TEST(IMelody, CutsTheMelodyIntoTokens) {
               {"every command", Song("ledonledoffvibeonvibeoffbackonbackoffV+V-V5V10(@12)"),
                "ledon, ledoff, vibeon, vibeoff, backon, backoff, V+, V-, V5, V10, (, @12)"},
               {"a tone b is no backlight command", Song("b2backonb3"), "4 b 1 1, backon, 4 b 0.5 1"},
-              {"layout anywhere, over lines", Song(" c\t2\r\n *5\r\n c 3"), "4 c 1 1, 5 c 0.5 1"},
+              {"whitespace anywhere, over lines", Song(" c\t2\r\n *5\r\n c 3"), "4 c 1 1, 5 c 0.5 1"},
               {"the octave digit ends no token", Song("*5c2*6*7"), NoLength("1:12", "*6*7"), {kFault}},
               {"a star of the token before does not count", Song("V*3c2"), "V*3, 4 c 1 1"},
               {"no length, over lines", Song("c2\nd \n\td"), NoLength("2:1", "d "), {kFault}},

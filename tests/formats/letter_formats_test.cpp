@@ -19,7 +19,7 @@ TEST(EMelody, ReadsWhatStandsBetweenTheMarkers) {
       FormatMode::EMelody,
       {{"tones", Song("+C.(b)d++#eF"), "4 c 4 1, 3 &d 0.5 1, 5 #e 0.5 1, 3 f 2 1"},
        {"pauses and the German h", Song("pP.-hH"), "3 r 0.5 1, 3 r 4 1, 3 r 0.5 1, 3 b 0.5 1, 3 b 2 1"},
-       {"layout anywhere, over lines", Song("+ C\r\n.\t( b )\rd"), "4 c 4 1, 3 &d 0.5 1"},
+       {"whitespace anywhere, over lines", Song("+ C\r\n.\t( b )\rd"), "4 c 4 1, 3 &d 0.5 1"},
        {"a letter before a bracket ends no token", Song("c)d"), "3 c)d 0.5 1"},
        {"signs between the letters end tokens", Song("^."), "3 ^ 4 1"},
        {"a z ends none", Song("zczz"), NoLetter("3:10", "zz"), {kCritical}},

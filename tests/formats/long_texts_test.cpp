@@ -17,8 +17,8 @@ struct Text {
   std::string before;
   std::vector<std::string> tokens;
   std::string between;
-  std::string after;   ///< begins with a last token, "c1" in I-Melody, "c" elsewhere
-  std::string layout;  ///< what may stand between tokens besides
+  std::string after;       ///< begins with a last token, "c1" in I-Melody, "c" elsewhere
+  std::string whitespace;  ///< what may stand between tokens besides
 };
 
 std::vector<Text> Texts() {
@@ -28,25 +28,25 @@ std::vector<Text> Texts() {
                       "V+", "V-", "V12", "V7", "(", "@2)", "@0)", "*3*5e1"},
            .between = "",
            .after = "c1\r\nEND:IMELODY\r\n",
-           .layout = "\r\n "},
+           .whitespace = "\r\n "},
           {.mode = FormatMode::EMelody,
            .before = "MELODY:",
            .tokens = {"c", "C.", "++#f", "+(b)D.", "r", "R", "y", "A.", "(b)e"},
            .between = "",
            .after = "c\r\nEND:EMELODY\r\n",
-           .layout = "\r\n "},
+           .whitespace = "\r\n "},
           {.mode = FormatMode::Rtttl,
            .before = "Tune:d=4,o=5,b=120:",
            .tokens = {"c", "8c#6.", "16a", "32.d#5", "r", "2g.7", "x", "1e4444444", "#", ""},
            .between = ",",
            .after = "c\r\n",
-           .layout = " \t"},
+           .whitespace = " \t"},
           {.mode = FormatMode::Melody,
            .before = "",
            .tokens = {"c", "C", "+#f", "+(b)D", "r", "R", "y", "(b)e", "9c"},
            .between = "",
            .after = "c\r\n",
-           .layout = "\n "}};
+           .whitespace = "\n "}};
 }
 
 TEST(LongTexts, AreCutIntoTheTokensThatTheyAreMadeOf) {
@@ -64,7 +64,7 @@ TEST(LongTexts, AreCutIntoTheTokensThatTheyAreMadeOf) {
         const std::string& token = text.tokens[random() % text.tokens.size()];
         bytes += token + text.between;
         expect(token);
-        if (random() % 40 == 0) bytes += text.layout;
+        if (random() % 40 == 0) bytes += text.whitespace;
       }
       expect(text.mode == FormatMode::IMelody ? "c1" : "c");
       const ReadResult read = Read(bytes + text.after, text.mode, {}, silent.services);

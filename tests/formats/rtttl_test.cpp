@@ -23,7 +23,7 @@ TEST(Rtttl, ReadsNotes) {
         "4 #c 0.5 1.5, -1 r 1 1, -1 r 0.25 1, 3 b 1 1",
         {kAtTheEnd, LastNote("b")}},
        {"a comma at the end", "t:b=100,d=8:c,\r\n", "4 c 0.5 1", {kAtTheEnd}},
-       {"layout anywhere, over lines", "a b:d = 8 ,\to=\n6,s=N:8\r\nc ,", "4 c 0.5 1"},
+       {"whitespace anywhere, over lines", "a b:d = 8 ,\to=\n6,s=N:8\r\nc ,", "4 c 0.5 1"},
        {"refused tokens leave no gap", "t:s=N:so,c,o,", "4 c 1 1"},
        {"an empty token is an element", "t:s=N:c,,", "4 c 1 1, 4  1 1"},
        {"no length", "t:s=N:3c,d=04", "4 c 0 1, 2 d=0 1 1", {"2: Unknown duration-->3", LastNote("d=04")}},
