@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "core/ascii.h"
 #include "core/number_text.h"
 #include "playback/player.h"
 #include "playback/tone_table.h"
@@ -34,19 +35,15 @@ std::string Quoted(std::string_view what, std::string_view text) {
   return std::string(what) + " \"" + std::string(text) + "\"";
 }
 
-bool IsNumber(std::string_view text) {
-  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
 std::string CommandWords(std::string_view command) {
   const auto* const found = std::find_if(kCommands.begin(), kCommands.end(),
                                          [command](const Words& words) { return words.first == command; });
   if (found != kCommands.end()) return std::string(found->second);
-  if (command.starts_with('V') && IsNumber(command.substr(1)))
+  if (command.starts_with('V') && IsAllDigits(command.substr(1)))
     return "volume " + std::string(command.substr(1));
   if (command.starts_with('@') && command.ends_with(')')) {
     const std::string_view count = command.substr(1, command.size() - 2);
-    if (IsNumber(count)) return "repeat " + std::string(count) + (count == "1" ? " time" : " times");
+    if (IsAllDigits(count)) return "repeat " + std::string(count) + (count == "1" ? " time" : " times");
   }
   return Quoted("command", command);
 }

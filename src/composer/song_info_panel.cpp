@@ -1,6 +1,5 @@
 #include "composer/song_info_panel.h"
 
-#include <algorithm>
 #include <optional>
 
 #include "composer/song_info.h"
@@ -18,7 +17,7 @@ constexpr Captions kRtttlCaptions{"Name",  "B P M", "Repeat", "Duration (Default
 
 // The value of a text of digits alone, -1 for any other text, which is never in range.
 int32_t DigitsValue(std::string_view text) {
-  if (text.empty() || !std::all_of(text.begin(), text.end(), IsDigit)) return -1;
+  if (!IsAllDigits(text)) return -1;
   return RoundToInt32(LeadingNumber(text)).value_or(-1);
 }
 

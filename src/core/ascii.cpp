@@ -31,6 +31,10 @@ bool EqualNoCase(std::string_view a, std::string_view b) {
                     [](char x, char y) { return ToLower(x) == ToLower(y); });
 }
 
+bool IsAllDigits(std::string_view text) {
+  return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
+}
+
 bool RemoveAll(std::string& text, std::string_view part) {
   size_t size = text.find(part);
   if (size == std::string::npos) return false;

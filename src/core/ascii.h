@@ -21,6 +21,10 @@ bool EqualNoCase(std::string_view a, std::string_view b);
 constexpr bool Contains(std::string_view text, std::string_view part) {
   return text.find(part) != std::string_view::npos;
 }
+constexpr bool Contains(std::string_view text, char c) { return text.find(c) != std::string_view::npos; }
+
+/// Whether `text` is digits and nothing else; false for an empty one.
+bool IsAllDigits(std::string_view text);
 
 /// Removes every occurrence of `part` (not empty); true when there was one.
 bool RemoveAll(std::string& text, std::string_view part);

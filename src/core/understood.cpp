@@ -10,17 +10,13 @@ namespace {
 
 constexpr int16_t kHighestOctave = 8;
 
-bool IsNumber(std::string_view text) {
-  return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
-}
-
 bool IsKnownCommand(std::string_view command) {
   const bool switches =
       std::find(kSwitchCommands.begin(), kSwitchCommands.end(), command) != kSwitchCommands.end();
   if (switches || command == "V+" || command == "V-" || command == "(") return true;
-  if (command.starts_with('V')) return IsNumber(command.substr(1));
+  if (command.starts_with('V')) return IsAllDigits(command.substr(1));
   return command.starts_with('@') && command.ends_with(')') &&
-         IsNumber(command.substr(1, command.size() - 2));
+         IsAllDigits(command.substr(1, command.size() - 2));
 }
 
 }  // namespace

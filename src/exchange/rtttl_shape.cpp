@@ -35,7 +35,7 @@ RtttlShape ShapeAt(std::string_view tune, size_t keys) {
 bool StartsWithRtttlKey(std::string_view text) {
   text = TrimmedInFront(text);
   constexpr std::string_view kKeys = "dobsl";
-  if (text.empty() || !Contains(kKeys, std::string(1, ToLower(text.front())))) return false;
+  if (text.empty() || !Contains(kKeys, ToLower(text.front()))) return false;
   return TrimmedInFront(text.substr(1)).starts_with('=');
 }
 

@@ -16,8 +16,6 @@ constexpr char kShortest = '5';
 constexpr char kHighestOctave = '8';
 constexpr int kDefaultOctave = 4;
 
-bool IsIn(char c, std::string_view characters) { return characters.find(c) != std::string_view::npos; }
-
 /// What the next note is made of, at the front of a text.
 struct LooseNote {
   size_t size = 0;     ///< characters of it, 0 when none begins there
@@ -41,11 +39,11 @@ LooseNote NoteAt(std::string_view text) {
     note.size = 2;
   }
   takesAccidental();
-  if (!IsIn(ToLower(next()), "abcdefghrp") || next() == '\0') return {};
+  if (!Contains("abcdefghrp", ToLower(next())) || next() == '\0') return {};
   note.letter = text[note.size++];
   if (note.size + 1 < text.size() && IsDigit(text[note.size + 1])) takesAccidental();
   if (IsDigit(next())) note.length = text[note.size++];
-  if (next() != '\0' && IsIn(next(), ".:;")) note.mark = text[note.size++];
+  if (next() != '\0' && Contains(".:;", next())) note.mark = text[note.size++];
   return note;
 }
 
@@ -76,7 +74,7 @@ size_t CommandAt(std::string_view text, std::string& command) {
   }
   if (ToUpper(text.front()) == 'V' && second != '\0') {
     constexpr std::string_view kDashes = "-\x96\x97";  // en and em dash
-    if (second == '+' || IsIn(second, kDashes)) {
+    if (second == '+' || Contains(kDashes, second)) {
       command = second == '+' ? "V+" : "V-";
       return 2;
     }

@@ -26,7 +26,7 @@ struct LooseNote {
   bool dot = false;
 };
 
-bool IsNoteLetter(char c) { return std::string_view("abcdefghp").find(ToLower(c)) != std::string_view::npos; }
+bool IsNoteLetter(char c) { return Contains("abcdefghp", ToLower(c)); }
 
 LooseNote NoteAt(std::string_view text) {
   LooseNote note;

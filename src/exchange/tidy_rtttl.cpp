@@ -71,7 +71,7 @@ class Keys {
       const char key = ToLower(written);
       const std::string_view behind = item.substr(sign + 1);
       const bool changesElements = readsWhole_ && key != 'b' && key != written;
-      if (!Contains("dobl", std::string(1, key)) || changesElements) {
+      if (!Contains("dobl", key) || changesElements) {
         text_.Keep(sign + 1);
         item = behind;
         continue;
@@ -104,7 +104,7 @@ class Keys {
   void AddMissing(bool behindOthers) {
     std::string missing;
     for (const Key& key : kNeededKeys) {
-      if (Contains(found_, std::string(1, key.letter))) continue;
+      if (Contains(found_, key.letter)) continue;
       missing += (behindOthers || !missing.empty() ? "," : "") + std::string(1, key.letter) + "=" +
                  std::string(key.published);
     }

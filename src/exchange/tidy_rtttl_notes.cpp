@@ -18,8 +18,7 @@ constexpr std::string_view kNoteLetters = "abcdefghpr";
 constexpr int kOctaveOffset = 2;  // of RTTTL's numbers
 constexpr int kHighestDigit = 9;  // a note has one, "o=" takes 10 too
 
-bool IsIn(char c, std::string_view characters) { return characters.find(c) != std::string_view::npos; }
-bool IsNoteLetter(char c) { return IsIn(c, kNoteLetters); }
+bool IsNoteLetter(char c) { return Contains(kNoteLetters, c); }
 
 bool IsTokenUnderstood(std::string_view token, const TokenDefaults& defaults) {
   SilentLog silent;
@@ -100,7 +99,7 @@ class LooseToken {
   }
 
   void TakeLetter(char c, bool behindLetter) {
-    if (note_.letter != 0 && behindLetter && c == 'b' && IsIn(note_.letter, kToneLetters)) {
+    if (note_.letter != 0 && behindLetter && c == 'b' && Contains(kToneLetters, note_.letter)) {
       note_.accidental = -1;
       return Blame("tones are written with sharps");
     }

@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <vector>
 
+#include "core/ascii.h"
 #include "core/number_text.h"
 #include "formats/reading.h"
 
@@ -28,7 +29,7 @@ uint64_t Checksum(std::string_view text) {
 std::string Escaped(std::string_view text) {
   std::string escaped;
   for (const char c : text) {
-    if (kEscaped.find(c) == std::string_view::npos) {
+    if (!Contains(kEscaped, c)) {
       escaped += c;
       continue;
     }

@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 
+#include "core/ascii.h"
 #include "platform/descriptor_posix.h"
 #include "platform/file_names.h"
 
@@ -73,7 +74,7 @@ std::optional<int> OwnDescriptor(const fs::path& file) {
   const std::string name = file.filename().native();
   std::error_code none;
   const bool own = fs::equivalent(file.parent_path(), "/proc/self/fd", none);
-  const bool number = !name.empty() && name.size() < 9 && name.find_first_not_of("0123456789") == name.npos;
+  const bool number = name.size() < 9 && IsAllDigits(name);
   if (!own || !number || fcntl(std::stoi(name), F_GETFD) < 0) return std::nullopt;
   return std::stoi(name);
 }

@@ -7,6 +7,7 @@
 #include <ctime>
 #include <string_view>
 
+#include "core/ascii.h"
 #include "platform/descriptor_posix.h"
 #include "platform/user_folders_posix.h"
 
@@ -33,7 +34,7 @@ std::string PercentEncoded(std::string_view path) {
   std::string encoded;
   for (const char c : path) {
     const auto byte = static_cast<unsigned char>(c);
-    if (kPlain.find(c) != std::string_view::npos) {
+    if (Contains(kPlain, c)) {
       encoded += c;
     } else {
       encoded += {'%', kHexDigits[byte / 16], kHexDigits[byte % 16]};

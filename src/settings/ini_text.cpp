@@ -18,7 +18,7 @@ std::optional<std::string_view> SectionOf(std::string_view line) {
   return Trimmed(line.substr(1, line.find(']') - 1));
 }
 
-bool IsHexDigit(char c) { return kHexDigits.find(ToLower(c)) != kHexDigits.npos; }
+bool IsHexDigit(char c) { return Contains(kHexDigits, ToLower(c)); }
 
 // The digits behind "\x", as many as there are; what is no character counts as none.
 std::string TakeHexadecimal(std::string_view& text) {

@@ -73,8 +73,7 @@ void PutRecent(const Paths& own, SettingsDraft& draft) {
 
 // Digits with a sign in front and nothing else, as PutSettings writes them.
 std::optional<int32_t> WholeNumber(std::string_view text) {
-  const std::string_view digits = text.starts_with('-') ? text.substr(1) : text;
-  if (digits.empty() || digits.find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
+  if (!IsAllDigits(text.substr(text.starts_with('-') ? 1 : 0))) return std::nullopt;
   return RoundToInt32(LeadingNumber(text));
 }
 
