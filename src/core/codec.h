@@ -42,8 +42,9 @@ inline constexpr std::string_view kRefusedToken = "Error";
 inline constexpr std::array<std::string_view, 6> kSwitchCommands{"ledon",   "ledoff", "vibeon",
                                                                  "vibeoff", "backon", "backoff"};
 
-/// Whether the element is a tone, a pause or a command of the iMelody format, with a length and an octave
-/// that there are: false for what a reader kept without knowing what it is.
+/// Whether the element is one that a composer could have entered: a tone, a pause or a command of the iMelody
+/// format, its length one of kDurations and kDurationExtras, its octave one that this format has. False for
+/// what a reader kept without knowing what it is.
 bool IsUnderstood(const Element& element);
 
 /// The token of one element; RTTTL tokens leave out what equals `defaults`.

@@ -1,4 +1,4 @@
-// Whether an element is one that a composer could have entered.
+// IsUnderstood: whether an element is one that a composer could have entered.
 #include <algorithm>
 
 #include "core/ascii.h"
@@ -7,8 +7,6 @@
 
 namespace trillomat {
 namespace {
-
-constexpr int16_t kHighestOctave = 8;
 
 bool IsKnownCommand(std::string_view command) {
   const bool switches =
@@ -25,7 +23,7 @@ bool IsUnderstood(const Element& element) {
   if (!element.Command().empty()) return IsKnownCommand(element.Command());
   if (DurationIndex(element.duration) < 0 || DurationExtraIndex(element.extra) < 0) return false;
   if (EqualNoCase(element.Note(), "r")) return true;
-  return ToneIndex(element.Note()) >= 0 && element.octave >= 0 && element.octave <= kHighestOctave;
+  return ToneIndex(element.Note()) >= 0 && LimitsOf(FormatMode::IMelody).HasOctave(element.octave);
 }
 
 }  // namespace trillomat

@@ -3,19 +3,18 @@
 #include <algorithm>
 #include <limits>
 
+#include "core/format_mode.h"
+
 namespace trillomat {
 namespace {
-
-constexpr int kLowestValid = 0;
-constexpr int kHighestValid = 8;
 
 struct Extremes {
   int min;
   int max;
 };
 
-// A scan starts inside out, so a melody without octaves is never outside a range.
-constexpr Extremes kInsideOut{.min = 10, .max = 0};
+// What a scan starts from: the highest below the lowest, so that a melody without octaves fits every range.
+constexpr Extremes kScanStart{.min = 10, .max = 0};
 
 void Widen(Extremes& used, const Element& element) {
   if (element.octave == kNoOctave) return;
@@ -37,24 +36,28 @@ bool CanMoveInside(const Extremes& used, OctaveRange range) {
   return IsInside(used, range) || used.max - used.min <= range.high - range.low;
 }
 
-bool Leaves(int octave) { return octave < kLowestValid || octave > kHighestValid; }
+// I-Melody has the octaves of all modes.
+bool IsInNoMode(int octave) { return !LimitsOf(FormatMode::IMelody).HasOctave(octave); }
 
-void LogLeaving(const ElementList& elements, int octaves, Log& log) {
+void LogTonesInNoMode(const ElementList& elements, int octaves, Log& log) {
   for (const Element& element : elements) {
     if (element.octave == kNoOctave) continue;
-    if (Leaves(element.octave + octaves)) log.WriteLog("Crical Error when adapting TTL tones", 1);
+    if (IsInNoMode(element.octave + octaves)) log.WriteLog("Crical Error when adapting TTL tones", 1);
   }
 }
 
 }  // namespace
 
 std::optional<int> MoveInto(const ElementList& elements, OctaveRange range, Log& log) {
-  const Extremes used = OctavesIn(elements, kInsideOut);
+  const Extremes used = OctavesIn(elements, kScanStart);
   if (IsInside(used, range)) return 0;
   if (!CanMoveInside(used, range)) return std::nullopt;
   const int octaves = used.min < range.low ? range.low - used.min : std::min(0, range.high - used.max);
   if (octaves != 0) {
-    if (Leaves(used.min + octaves) || Leaves(used.max + octaves)) LogLeaving(elements, octaves, log);
+    // Looked for one by one only where there are any.
+    if (IsInNoMode(used.min + octaves) || IsInNoMode(used.max + octaves)) {
+      LogTonesInNoMode(elements, octaves, log);
+    }
   } else {
     log.WriteLog("No adaption Done", 1);
   }
@@ -70,7 +73,7 @@ bool AdaptRange(ElementList& elements, OctaveRange range, Log& log) {
 }
 
 std::optional<size_t> FirstBeyond(const ElementList& elements, OctaveRange range) {
-  Extremes used = kInsideOut;
+  Extremes used = kScanStart;
   for (size_t i = 0; i < elements.size(); ++i) {
     Widen(used, elements[i]);
     if (!CanMoveInside(used, range)) return i;
@@ -84,7 +87,7 @@ std::string RangeRefusal(const ElementList& elements, OctaveRange range, std::st
   const auto [min, max] = OctavesIn(elements, {.min = Limits::max(), .max = Limits::min()});
   const std::string octaves = std::to_string(min) + " to " + std::to_string(max);
   const int span = range.high - range.low;
-  // The inside-out start of the scan refuses some melodies that lie far outside as well.
+  // Because of where the scan starts, it refuses some melodies that lie far outside as well.
   if (max - min <= span)
     return "the melody's octaves " + octaves + " are too far from those of " + std::string(phone);
   return "the melody spans octaves " + octaves + ", which is more than the " + std::to_string(span + 1) +

@@ -20,7 +20,7 @@ struct OctaveRange {
 };
 
 /// The smallest number of octaves that brings `elements` into `range`: up, or below 0 down. Nothing when they
-/// span more octaves than the range. Tones that leave all octaves by it are logged.
+/// span more octaves than the range. Each tone that it moves beyond the octaves 0 to 8 is logged.
 std::optional<int> MoveInto(const ElementList& elements, OctaveRange range, Log& log);
 
 /// Moves `elements` as MoveInto says; false, with the elements as they were, where it gives nothing.
