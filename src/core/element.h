@@ -22,12 +22,12 @@ inline constexpr std::array<float, 6> kDurations{4.0F, 2.0F, 1.0F, 0.5F, 0.25F, 
 /// The length multipliers: plain, dotted, double dotted, and the triplet's two thirds.
 inline constexpr std::array<float, 4> kDurationExtras{1.0F, 1.5F, 1.75F, static_cast<float>(2.0 / 3.0)};
 
-/// The bytes of an element as numbers, which are quick to compare.
-struct ElementWords {
+/// The 24 bytes of an element as three numbers, which are quick to compare and to hash.
+struct ElementBits {
   uint64_t first, second, third;
 
-  // Without a branch between the words, unlike the operator that the compiler makes.
-  bool operator==(const ElementWords& other) const {
+  // Without a branch between the numbers, unlike the operator that the compiler would make.
+  bool operator==(const ElementBits& other) const {
     return ((first ^ other.first) | (second ^ other.second) | (third ^ other.third)) == 0;
   }
 };
@@ -43,15 +43,18 @@ class Element {
   /// The command's own token ("ledon", "V10", "(", "@2)"), empty for a tone or a pause.
   std::string_view Command() const { return isCommand_ ? text_.View() : std::string_view(); }
 
-  /// Makes it a tone or pause, or with a text that is not empty a command. Its other fields stay.
+  /// Makes it a tone or a pause. Its length and octave stay.
   void SetNote(std::string_view note) { Set(note, false); }
+  /// Makes it a command; with an empty text, an element without a note. Its length and octave stay.
   void SetCommand(std::string_view command) { Set(command, !command.empty()); }
 
   bool operator==(const Element&) const = default;
 
-  /// All that it is, the same for copies of it; only with HasWords, else it is that of one object alone.
-  ElementWords Words() const;
-  bool HasWords() const { return text_.IsInPlace(); }
+  /// Its bytes: the same for equal elements as long as they are self-contained. One with a text on the heap
+  /// holds that text's address instead, which not even a copy of it shares.
+  ElementBits Bits() const;
+  /// Whether it needs no heap.
+  bool IsSelfContained() const { return text_.IsInPlace(); }
 
  private:
   void Set(std::string_view text, bool isCommand) {
@@ -63,15 +66,16 @@ class Element {
   ShortText text_;
 };
 
-static_assert(sizeof(Element) == 24 && sizeof(ElementWords) == 24, "with nothing between the fields");
+static_assert(sizeof(Element) == 24 && sizeof(ElementBits) == 24,
+              "there is no padding, so Bits() is all set");
 
-inline ElementWords Element::Words() const {
+inline ElementBits Element::Bits() const {
   const char* const bytes = reinterpret_cast<const char*>(this);
-  ElementWords words{};
-  std::memcpy(&words.first, bytes, 8);
-  std::memcpy(&words.second, bytes + 8, 8);
-  std::memcpy(&words.third, bytes + 16, 8);
-  return words;
+  ElementBits bits{};
+  std::memcpy(&bits.first, bytes, 8);
+  std::memcpy(&bits.second, bytes + 8, 8);
+  std::memcpy(&bits.third, bytes + 16, 8);
+  return bits;
 }
 
 using ElementList = std::vector<Element>;

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "core/element.h"
+#include "core/element_cache.h"
 #include "core/log.h"
-#include "core/per_element.h"
 #include "core/text_writer.h"
 
 namespace trillomat {
@@ -16,8 +16,8 @@ class ElementTexts {
  public:
   using Make = std::function<std::string(const Element&, Log&)>;
 
-  /// For some `elements`. `make` gives the text of one, which depends on nothing else. What it logs is logged
-  /// each time.
+  /// `elements`: about how many will be written. `make` gives the text of one, which may depend on nothing
+  /// but the element; the text of one that it logs about is made anew each time, so that each is logged.
   ElementTexts(size_t elements, Make make, Log& log) : make_(std::move(make)), known_(elements), log_(log) {}
 
   /// Writes the text of `element` and gives its size.
@@ -34,7 +34,7 @@ class ElementTexts {
   size_t WriteFirst(const Element& element, TextWriter& text);
 
   Make make_;
-  PerElement<Text> known_;
+  ElementCache<Text> known_;
   Log& log_;
 };
 

@@ -12,7 +12,8 @@ class TokenMemory;
 struct Services {
   Log& log;
   EventPump& pump;
-  TokenMemory* tokens = nullptr;  ///< what one read leaves for the next, so that it has less to decode
+  TokenMemory* tokens =
+      nullptr;  ///< lives longer than one read, so that the next has less to decode; may be null
 
   /// The same, with events run by `other`.
   Services With(EventPump& other) const { return {log, other, tokens}; }

@@ -12,8 +12,8 @@ namespace trillomat {
 
 class TokenDecoder {
  public:
-  /// For some `tokens` of `mode`, which `spelling` turns into what Decode wants. What Decode logs of a token
-  /// is logged each time that it is met.
+  /// `tokens`: about how many will come. `spelling` turns each into what Decode takes. A token that Decode
+  /// logs about is decoded anew each time, so that each is logged.
   TokenDecoder(FormatMode mode, const TokenDefaults& defaults, const ByteMap& spelling, size_t tokens,
                const Services& services);
   TokenDecoder(const TokenDecoder&) = delete;

@@ -1,5 +1,5 @@
-// The tokens that have been decoded, in a bounded memory. A reader has one for each text, unless it is handed
-// one that lives longer: the tokens of short tunes repeat from one to the next.
+// A cache of decoded tokens. A reader makes one for each text, unless it is handed one that lives longer
+// (Services::tokens): the tokens of short tunes repeat from one tune to the next.
 #pragma once
 
 #include <bit>
@@ -7,15 +7,15 @@
 #include <cstring>
 #include <string_view>
 
+#include "core/cache.h"
 #include "core/codec.h"
-#include "core/remembered.h"
 
 namespace trillomat {
 
-/// A token as it stands in a text, and all of it in one word if it is short.
+/// A token as it stands in a text; a short one also packed into one word, which is quick to compare.
 class CutToken {
  public:
-  /// The longest that goes into a word.
+  /// The longest token that fits the word: its length takes the eighth byte.
   static constexpr size_t kLongestWord = 7;
 
   /// The characters of `text` from `begin` up to `end`.
@@ -23,7 +23,7 @@ class CutToken {
       : text_(text.data() + begin, end - begin), word_(WordOf(text, begin, end)) {}
 
   std::string_view Text() const { return text_; }
-  /// Its characters and its length, or kNoWord.
+  /// Its characters and its length; kNoWord for a longer token.
   uint64_t Word() const { return word_; }
 
   static constexpr uint64_t kNoWord = 0;
@@ -34,7 +34,7 @@ class CutToken {
     if (size > kLongestWord) return kNoWord;
     uint64_t word = 0;
     if (text.size() - begin >= sizeof(word)) {
-      // Of one size and cut afterwards, it is one instruction.
+      // A copy of fixed size is one instruction; what does not belong to the token is masked out.
       std::memcpy(&word, text.data() + begin, sizeof(word));
       if constexpr (std::endian::native == std::endian::big) word = __builtin_bswap64(word);
       word &= (uint64_t{1} << (8 * size)) - 1;
@@ -51,11 +51,12 @@ class CutToken {
 
 struct DecodedToken {
   Element element;
-  bool understood = false;  ///< IsUnderstood
+  bool understood = false;  ///< IsUnderstood(element)
   bool refused = false;     ///< it is the command kRefusedToken
 };
 
-/// The notation of a token, and what it takes where it leaves something out, in one word.
+/// What else decides how a token is decoded, packed into one word: its notation, and the defaults for what it
+/// leaves out.
 class TokenRules {
  public:
   TokenRules(FormatMode mode, const TokenDefaults& defaults)
@@ -79,9 +80,9 @@ struct TokenKey {
   bool operator==(const TokenKey&) const = default;
 };
 
-class TokenMemory : public Remembered<TokenKey, DecodedToken> {
+class TokenMemory : public Cache<TokenKey, DecodedToken> {
  public:
-  using Remembered::Remembered;
+  using Cache::Cache;
 };
 
 }  // namespace trillomat

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/per_element.h"
+#include "core/element_cache.h"
 #include "exchange/key_press_run.h"
 
 namespace trillomat {
@@ -88,7 +88,7 @@ class SteppingKeys : public PhoneKeys {
   Log& log_;
   int octavesUp_;
   SteppingComposer composer_;
-  PerElement<Known> known_;  ///< by the elements as they were before they moved
+  ElementCache<Known> known_;  ///< by the elements as they were before they moved
 };
 
 /// The I-Melody duration code, 0 whole to 5 thirty-second; a length without a code counts as 0 and is logged.

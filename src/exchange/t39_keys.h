@@ -6,7 +6,7 @@
 #include <cstdint>
 
 #include "core/codec.h"
-#include "core/per_element.h"
+#include "core/element_cache.h"
 #include "exchange/key_press_run.h"
 
 namespace trillomat {
@@ -64,7 +64,7 @@ class HeldKeys : public PhoneKeys {
   Log& log_;
   int octavesUp_;
   LastTone last_;
-  PerElement<Known> known_;  ///< by the elements as they were before they moved
+  ElementCache<Known> known_;  ///< by the elements as they were before they moved
 };
 
 class T39Keys : public HeldKeys {
