@@ -11,13 +11,13 @@
 namespace trillomat {
 namespace {
 
-constexpr size_t kRow = 256;  // elements
-constexpr size_t kLongestRow = 2 * kRow;
+constexpr size_t kBlock = 256;  // elements of a block
+constexpr size_t kLongestBlock = 2 * kBlock;
 
 // Above it no tone can be written or read.
 constexpr int kHighestOctave = 9;
 
-// A length that no file holds is still drawn, but not farther than a screen.
+// A length that no file holds is drawn too, but no wider than a screen.
 constexpr double kMostBeats = 64;
 
 std::ptrdiff_t Signed(size_t value) { return static_cast<std::ptrdiff_t>(value); }
@@ -26,8 +26,8 @@ ElementRange RangeOf(size_t first, size_t count) {
   return {static_cast<int32_t>(first), static_cast<int32_t>(first + count)};
 }
 
-// Nothing where a tone may be, or come, out of the octaves that are told apart: it has the row of the
-// nearest.
+// The rows of the same tones some octaves higher. Nothing where that cannot be told from the rows alone:
+// beyond octaves 0 to kHighestOctave a tone has the row of the nearest of them.
 std::optional<RowSpan> MovedRows(const RowSpan& span, int octaves) {
   if (span.IsEmpty()) return span;
   const RowSpan moved{span.lowest + octaves * kRowsPerOctave, span.highest + octaves * kRowsPerOctave};
@@ -64,59 +64,60 @@ int RowOf(const Element& element) {
 
 StripTimes::StripTimes(const Document& document) : document_(document) { Replace(0, 0, 0, document_.Size()); }
 
-// Those that held what the change took the place of; one at least, if there is any.
-StripTimes::Rows StripTimes::RowsOf(const ChangedRange& range) const {
-  Rows rows;
-  while (rows.begin + 1 < rows_.size() && rows.firstElement + rows_[rows.begin].count <= range.at) {
-    rows.firstElement += rows_[rows.begin++].count;
+// The blocks that hold what the change removed; one at least, if there is any.
+StripTimes::BlockRange StripTimes::BlocksOf(const ChangedRange& range) const {
+  BlockRange blocks;
+  while (blocks.begin + 1 < blocks_.size() && blocks.firstElement + blocks_[blocks.begin].count <= range.at) {
+    blocks.firstElement += blocks_[blocks.begin++].count;
   }
-  rows.end = rows.begin;
-  size_t end = rows.firstElement;
-  while (rows.end < rows_.size() && (rows.end == rows.begin || end < range.at + range.removed)) {
-    end += rows_[rows.end++].count;
+  blocks.end = blocks.begin;
+  size_t end = blocks.firstElement;
+  while (blocks.end < blocks_.size() && (blocks.end == blocks.begin || end < range.at + range.removed)) {
+    end += blocks_[blocks.end++].count;
   }
-  rows.elements = end - rows.firstElement;
-  return rows;
+  blocks.elements = end - blocks.firstElement;
+  return blocks;
 }
 
 void StripTimes::Follow(const ChangedRange& range) {
   if (!range.ElementsChanged()) return;
-  Rows rows = RowsOf(range);
-  if (range.octaves) return MovePitches(rows, range);
-  size_t count = rows.elements - range.removed + range.inserted;
-  if (count < kRow / 2 && rows.end < rows_.size()) count += rows_[rows.end++].count;
-  Replace(rows.begin, rows.end, rows.firstElement, count);
+  BlockRange blocks = BlocksOf(range);
+  if (range.octaves) return MovePitches(blocks, range);
+  size_t count = blocks.elements - range.removed + range.inserted;
+  if (count < kBlock / 2 && blocks.end < blocks_.size()) count += blocks_[blocks.end++].count;
+  Replace(blocks.begin, blocks.end, blocks.firstElement, count);
 }
 
-// Only rows of which all tones moved alike need not be looked through.
-void StripTimes::MovePitches(const Rows& rows, const ChangedRange& range) {
-  size_t first = rows.firstElement;
-  for (size_t i = rows.begin; i < rows.end; ++i) {
-    Row& row = rows_[i];
-    const bool whole = first >= range.at && first + row.count <= range.at + range.removed;
-    const auto moved = whole && range.tonesUp ? MovedRows(row.pitches, *range.tonesUp) : std::nullopt;
-    row.pitches = moved ? *moved : PitchesOf(first, row.count);
-    first += row.count;
+// A block whose tones all moved alike need not be looked through.
+void StripTimes::MovePitches(const BlockRange& blocks, const ChangedRange& range) {
+  size_t first = blocks.firstElement;
+  for (size_t i = blocks.begin; i < blocks.end; ++i) {
+    Block& block = blocks_[i];
+    const bool whole = first >= range.at && first + block.count <= range.at + range.removed;
+    const auto moved = whole && range.tonesUp ? MovedRows(block.pitches, *range.tonesUp) : std::nullopt;
+    block.pitches = moved ? *moved : PitchesOf(first, block.count);
+    first += block.count;
   }
 }
 
-// The rows from `row` up to `behind` are now those of `count` elements from `first` on.
-void StripTimes::Replace(size_t row, size_t behind, size_t first, size_t count) {
-  std::vector<Row> rows;
+// Puts blocks of the `count` elements from `first` on in the place of the blocks from `begin` up to `end`.
+void StripTimes::Replace(size_t begin, size_t end, size_t first, size_t count) {
+  std::vector<Block> blocks;
   while (count > 0) {
-    const size_t part = count <= kLongestRow ? count : kRow;
-    rows.push_back(Sum(first, part));
+    const size_t part = count <= kLongestBlock ? count : kBlock;
+    blocks.push_back(Sum(first, part));
     first += part;
     count -= part;
   }
-  const auto at = rows_.erase(rows_.begin() + Signed(row), rows_.begin() + Signed(behind));
-  rows_.insert(at, rows.begin(), rows.end());
+  const auto at = blocks_.erase(blocks_.begin() + Signed(begin), blocks_.begin() + Signed(end));
+  blocks_.insert(at, blocks.begin(), blocks.end());
 }
 
-StripTimes::Row StripTimes::Sum(size_t first, size_t count) const {
-  Row row{.count = count, .span = {}, .pitches = PitchesOf(first, count)};
-  document_.ForEach(RangeOf(first, count), [&row](const Element& element) { row.span.Add(SpanOf(element)); });
-  return row;
+StripTimes::Block StripTimes::Sum(size_t first, size_t count) const {
+  Block block{.count = count, .span = {}, .pitches = PitchesOf(first, count)};
+  document_.ForEach(RangeOf(first, count),
+                    [&block](const Element& element) { block.span.Add(SpanOf(element)); });
+  return block;
 }
 
 RowSpan StripTimes::PitchesOf(size_t first, size_t count) const {
@@ -134,11 +135,11 @@ StripSpan StripTimes::Before(int32_t index) const {
   StripSpan span;
   size_t left = static_cast<size_t>(std::clamp(index, 0, document_.LastIndex() + 1));
   size_t first = 0;
-  for (const Row& row : rows_) {
-    if (row.count > left) break;
-    span.Add(row.span);
-    first += row.count;
-    left -= row.count;
+  for (const Block& block : blocks_) {
+    if (block.count > left) break;
+    span.Add(block.span);
+    first += block.count;
+    left -= block.count;
   }
   for (size_t i = first; i < first + left; ++i) span.Add(SpanOf(document_.At(static_cast<int32_t>(i))));
   return span;
@@ -153,8 +154,8 @@ StripTimes::Place StripTimes::At(double x, const StripScale& scale) const {
     place = {place.index + static_cast<int32_t>(count), behind};
     return true;
   };
-  for (const Row& row : rows_) {
-    if (!passes(row.span, row.count)) break;
+  for (const Block& block : blocks_) {
+    if (!passes(block.span, block.count)) break;
   }
   while (document_.HasElement(place.index) && passes(SpanOf(document_.At(place.index)), 1)) {
   }
@@ -163,13 +164,13 @@ StripTimes::Place StripTimes::At(double x, const StripScale& scale) const {
 
 StripSpan StripTimes::Total() const {
   StripSpan span;
-  for (const Row& row : rows_) span.Add(row.span);
+  for (const Block& block : blocks_) span.Add(block.span);
   return span;
 }
 
 RowSpan StripTimes::Pitches() const {
   RowSpan pitches;
-  for (const Row& row : rows_) pitches.Add(row.pitches);
+  for (const Block& block : blocks_) pitches.Add(block.pitches);
   return pitches;
 }
 

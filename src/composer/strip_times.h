@@ -1,11 +1,12 @@
-// Where each element of a melody begins in time: a table of sums, a row for each few hundred elements.
+// Where each element of a melody begins in time. A table holds the sums of blocks of a few hundred elements
+// each.
 //
 //   elements   0 ......... 255 | 256 ......... 511 | 512 ...
 //   table      count, ticks,     count, ticks,       ...
 //              marks, pitches    marks, pitches
 //
-// A question goes over the rows and then over the elements of one row; a change sums up the rows it touches.
-// So both cost about the same however long the melody is.
+// A question goes over the blocks and then over the elements of one block; a change sums up anew the blocks
+// that it touches. So both cost about the same however long the melody is.
 #pragma once
 
 #include <cstdint>
@@ -47,8 +48,8 @@ struct StripScale {
   }
 };
 
-/// Rows of a keyboard: semitones from the c of octave 0 upwards. Both ends included; none when the highest is
-/// below the lowest.
+/// Keys of a piano as rows of the strip: semitones from the c of octave 0 upwards. Both ends included; none
+/// when the highest is below the lowest.
 struct RowSpan {
   int lowest = 0;
   int highest = -1;
@@ -82,33 +83,34 @@ class StripTimes {
   /// The element that covers `x` at that scale, the first one left of all, the number of elements right of
   /// all.
   Place At(double x, const StripScale& scale) const;
+  /// All of the melody.
   StripSpan Total() const;
-  /// Of all tones.
+  /// From the lowest tone to the highest; empty without any.
   RowSpan Pitches() const;
 
  private:
-  struct Row {
+  struct Block {
     size_t count = 0;
     StripSpan span;
     RowSpan pitches;
   };
 
-  /// Rows from `begin` up to, but without, `end`, and the elements they hold.
-  struct Rows {
+  /// Blocks from `begin` up to, but without, `end`, and the elements they hold.
+  struct BlockRange {
     size_t begin = 0;
     size_t end = 0;
     size_t firstElement = 0;
     size_t elements = 0;
   };
 
-  Rows RowsOf(const ChangedRange& range) const;
-  Row Sum(size_t first, size_t count) const;
+  BlockRange BlocksOf(const ChangedRange& range) const;
+  Block Sum(size_t first, size_t count) const;
   RowSpan PitchesOf(size_t first, size_t count) const;
-  void MovePitches(const Rows& rows, const ChangedRange& range);
-  void Replace(size_t row, size_t behind, size_t first, size_t count);
+  void MovePitches(const BlockRange& blocks, const ChangedRange& range);
+  void Replace(size_t begin, size_t end, size_t first, size_t count);
 
   const Document& document_;
-  std::vector<Row> rows_;
+  std::vector<Block> blocks_;
 };
 
 }  // namespace trillomat
