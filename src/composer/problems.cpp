@@ -1,7 +1,6 @@
 #include "composer/problems.h"
 
 #include "composer/element_words.h"
-#include "composer/strip_layout.h"
 #include "core/codec.h"
 
 namespace trillomat {

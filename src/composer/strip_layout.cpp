@@ -51,12 +51,6 @@ bool IsBlackRow(int row) {
   return kBlack.at(static_cast<size_t>(row % kRowsPerOctave));
 }
 
-bool IsHeld(const Element& element, FormatMode mode) {
-  SilentLog silent;
-  const Token token = Encode(element, mode, kNoTokenDefaults, silent);
-  return token.supported && !token.text.empty();
-}
-
 WrittenLength NearestLength(const ModeLimits& limits, double ticks) {
   WrittenLength nearest;
   for (int duration = limits.firstDuration; duration <= limits.lastDuration; ++duration) {

@@ -35,10 +35,6 @@ StripSymbol SymbolOf(const Element& element);
 /// Whether a row is that of a black key.
 bool IsBlackRow(int row);
 
-/// Whether a file of that mode holds the element; what the mode leaves out without a word it does not hold
-/// either.
-bool IsHeld(const Element& element, FormatMode mode);
-
 /// A length as the composer writes it.
 struct WrittenLength {
   int duration = 0;  ///< index of kDurations

@@ -1,7 +1,7 @@
 #include "composer/strip_words.h"
 
 #include "composer/element_words.h"
-#include "composer/strip_layout.h"
+#include "core/codec.h"
 
 namespace trillomat {
 namespace {

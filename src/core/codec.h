@@ -64,7 +64,12 @@ std::string RtttlToken(const Element& element, RtttlSpelling spelling, const Tok
 /// Whether `mode` can express the element: its token does not come out in brackets.
 bool Supports(const Element& element, FormatMode mode);
 
-/// What the formats without commands write of an element: its token, "" where that begins with a bracket.
+/// Whether a file of `mode` holds the element: not where its token comes out in brackets, nor where the mode
+/// leaves it out silently, as all but I-Melody do with commands.
+bool IsHeld(const Element& element, FormatMode mode);
+
+/// What a file of a format without commands gets of an element: its token, "" where that begins with a
+/// bracket.
 std::string SupportedText(const Element& element, FormatMode mode, const TokenDefaults& defaults, Log& log);
 
 /// An encoded field: its text, and whether the mode has a proper one.

@@ -160,7 +160,13 @@ bool Supports(const Element& element, FormatMode mode) {
   return Encode(element, mode, {}, silent).supported;
 }
 
-// By the bracket and not by the flag: the note of a damaged file may itself begin with one.
+bool IsHeld(const Element& element, FormatMode mode) {
+  SilentLog silent;
+  const Token token = Encode(element, mode, kNoTokenDefaults, silent);
+  return token.supported && !token.text.empty();
+}
+
+// Goes by the bracket and not by the flag: the note of a damaged file may itself begin with a bracket.
 std::string SupportedText(const Element& element, FormatMode mode, const TokenDefaults& defaults, Log& log) {
   std::string text = Encode(element, mode, defaults, log).text;
   if (text.starts_with('[')) text.clear();
