@@ -42,7 +42,6 @@ class ShortText {
   std::string_view View() const {
     return IsElsewhere() ? ViewElsewhere() : std::string_view(bytes_.data(), Length());
   }
-  bool IsEmpty() const { return bytes_[kInPlace] == 0; }
   bool IsInPlace() const { return !IsElsewhere(); }
 
   bool operator==(const ShortText& other) const { return View() == other.View(); }

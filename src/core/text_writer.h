@@ -34,8 +34,6 @@ class TextWriter {
   explicit TextWriter(size_t expected) { text_.reserve(expected); }
 
   size_t Size() const { return text_.size() - Left(); }
-  /// What was written from `begin` on; valid until more is written.
-  std::string_view From(size_t begin) const { return std::string_view(text_).substr(begin, Size() - begin); }
 
   template <size_t kRoom>
   void Add(const ReadyText<kRoom>& piece) {

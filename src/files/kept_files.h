@@ -51,8 +51,6 @@ class KeptFiles {
   Restored Restore();
 
  private:
-  std::string WhyNotKept() const;
-
   FileStore& store_;
   FileKeeper& keeper_;
   std::optional<KeptCopy> last_;

@@ -58,10 +58,12 @@ TEST(RepeatedTokens, TheTextsOfElementsAreThoseOfEachAlone) {
   ElementTexts texts(0, text, log);
   std::mt19937 random(11);
   SilentLog silent;
-  TextWriter all(0);
-  const auto written = [&](const Element& element) {
-    const size_t size = texts.Write(element, all);
-    return all.From(all.Size() - size);
+  const auto written = [&texts](const Element& element) {
+    TextWriter one(0);
+    const size_t size = texts.Write(element, one);
+    std::string made = one.Take();
+    EXPECT_EQ(made.size(), size);
+    return made;
   };
   EXPECT_EQ(written(Element()), text(Element(), plain)) << "the element that holds nothing";
   for (const std::string& token : SomeTokens(20000, 8)) {
