@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/limits.h"
 #include "files/path_text.h"
 
 namespace trillomat {
@@ -23,7 +24,7 @@ void RecentFiles::Add(const std::filesystem::path& file) {
   const std::filesystem::path path = std::filesystem::absolute(file).lexically_normal();
   Drop(path);
   files_.insert(files_.begin(), path);
-  if (files_.size() > kMost) files_.pop_back();
+  if (files_.size() > kMostRecentFiles) files_.pop_back();
 }
 
 void RecentFiles::Drop(const std::filesystem::path& file) { std::erase(files_, file); }

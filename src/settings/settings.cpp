@@ -7,6 +7,7 @@
 
 #include "core/ascii.h"
 #include "core/element.h"
+#include "core/limits.h"
 #include "core/number_text.h"
 #include "core/output_type.h"
 
@@ -18,7 +19,6 @@ constexpr std::string_view kVersion = "Version";
 constexpr std::string_view kPath = "Path";
 constexpr std::string_view kSettings = "Settings";
 constexpr std::string_view kRecent = "Recent";
-constexpr size_t kMostRecent = 10;
 
 using Paths = std::vector<std::string>;
 
@@ -29,7 +29,7 @@ bool Has(const Paths& paths, const std::string& path) {
 // Empty ones are places that are not used.
 Paths RecentIn(const std::function<std::string(std::string_view)>& get) {
   Paths paths;
-  for (size_t i = 0; i < kMostRecent; ++i) {
+  for (size_t i = 0; i < kMostRecentFiles; ++i) {
     const std::string path = get(std::to_string(i));
     if (!path.empty() && !Has(paths, path)) paths.push_back(path);
   }
@@ -56,7 +56,7 @@ Paths Merged(const Paths& own, const Paths& loaded, const Paths& stored) {
     const bool dropped = Has(loaded, path) && !Has(own, path);
     if (!dropped && !Has(merged, path)) merged.push_back(path);
   }
-  merged.resize(std::min(merged.size(), kMostRecent));
+  merged.resize(std::min(merged.size(), kMostRecentFiles));
   return merged;
 }
 
@@ -66,7 +66,7 @@ void PutRecent(const Paths& own, SettingsDraft& draft) {
   draft.Refresh();
   const Paths stored = RecentIn([&](std::string_view key) { return draft.Stored(kRecent, key); });
   const Paths merged = Merged(own, loaded, stored);
-  for (size_t i = 0; i < kMostRecent; ++i) {
+  for (size_t i = 0; i < kMostRecentFiles; ++i) {
     draft.SetAlways(kRecent, std::to_string(i), i < merged.size() ? merged[i] : "");
   }
 }

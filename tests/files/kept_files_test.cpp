@@ -2,6 +2,7 @@
 // last.
 #include <fstream>
 
+#include "core/limits.h"
 #include "files/files_fixture.h"
 
 namespace trillomat {
@@ -150,7 +151,7 @@ TEST_F(FilesTest, WhatWasOpenedOrSavedLastOpensAgain) {
   again.Set(recent.Paths());
   EXPECT_EQ(again.Files(), recent.Files());
   for (int i = 0; i < 20; ++i) again.Add(folder / std::to_string(i));
-  EXPECT_EQ(again.Files().size(), RecentFiles::kMost);
+  EXPECT_EQ(again.Files().size(), kMostRecentFiles);
   EXPECT_EQ(again.Files().front(), folder / "19");
 }
 
