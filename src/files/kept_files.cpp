@@ -1,10 +1,10 @@
 #include "files/kept_files.h"
 
 #include <cerrno>
-#include <system_error>
 #include <utility>
 
 #include "core/limits.h"
+#include "files/last_error.h"
 #include "files/replace_file.h"
 
 namespace trillomat {
@@ -12,12 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using How = FileKeeper::How;
-
-// With what the system says of the last error, as far as it says anything.
-std::string Fault(std::string what) {
-  if (errno != 0) what += " (" + std::generic_category().message(errno) + ")";
-  return what;
-}
 
 }  // namespace
 
@@ -29,7 +23,7 @@ KeptCopy KeptFiles::KeepCopy(const fs::path& file, std::string_view bytes) {
   errno = 0;
   const auto copy = keeper_.Keep(*place, How::Copy);
   if (copy) return {fs::absolute(*place), *copy, {}};
-  return {*place, {}, Fault("the old file could not be kept")};
+  return {*place, {}, WithLastError("the old file could not be kept")};
 }
 
 void KeptFiles::Replaced(const KeptCopy& copy) {
@@ -50,7 +44,7 @@ KeptFiles::Removal KeptFiles::TakeAway(const fs::path& file) {
   if (!kept) {
     errno = 0;
     kept = keeper_.Keep(file, How::Copy);
-    if (!kept) return {false, Fault("it could not be kept")};
+    if (!kept) return {false, WithLastError("it could not be kept")};
     store_.Delete(file);
     if (store_.Exists(file)) {
       keeper_.Discard(*kept);
@@ -74,7 +68,7 @@ KeptFiles::Restored KeptFiles::Restore() {
   errno = 0;
   if (!store_.CopyInPlace(last_->copy, place, !free)) {
     NotReplaced(present);
-    return {place, Fault("it cannot be put back in its place")};
+    return {place, WithLastError("it cannot be put back in its place")};
   }
   keeper_.Discard(last_->copy);
   last_ = present.copy.empty() ? std::nullopt : std::optional(std::move(present));

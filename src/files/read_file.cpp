@@ -1,19 +1,15 @@
 #include "files/read_file.h"
 
 #include <cerrno>
-#include <system_error>
 #include <utility>
 
 #include "core/limits.h"
+#include "files/last_error.h"
 
 namespace trillomat {
 namespace {
 
-// With what the system says of the last error, as far as it says anything.
-Refusal Refused(const std::string& what) {
-  const int code = errno;
-  return {.why = code == 0 ? what : what + " (" + std::generic_category().message(code) + ")"};
-}
+Refusal Refused(std::string what) { return {.why = WithLastError(std::move(what))}; }
 
 }  // namespace
 

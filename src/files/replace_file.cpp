@@ -4,6 +4,7 @@
 #include <memory>
 #include <system_error>
 
+#include "files/last_error.h"
 #include "files/output_buffer.h"
 
 namespace trillomat {
@@ -12,10 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 using Outcome = Replacement::Outcome;
 
-// With what the system says of the last error, as far as it says anything.
-Replacement Failed(Outcome outcome) {
-  return {outcome, errno == 0 ? "" : std::generic_category().message(errno)};
-}
+Replacement Failed(Outcome outcome) { return {outcome, LastErrorText()}; }
 
 bool WriteTo(OutputFile& file, const WriteContent& write) {
   OutputBuffer buffer(file);

@@ -25,7 +25,8 @@ struct Replacement {
   };
 
   Outcome outcome = Outcome::Replaced;
-  std::string reason = {};  ///< why not, in words ("No space left on device"), as far as the system has any
+  std::string reason =
+      {};  ///< why not, in words ("No space left on device"); empty where the system has none
 
   explicit operator bool() const {
     return outcome == Outcome::Replaced || outcome == Outcome::ReplacedUnflushed;
