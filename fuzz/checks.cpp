@@ -27,10 +27,7 @@ void CheckPlace(std::string_view input, const Refusal& refusal) {
   std::string_view text = refusal.text;
   const bool isCut = text.ends_with(kCut) && line.size() - refusal.column + 1 > text.size() - kCut.size();
   if (isCut) text.remove_suffix(kCut.size());
-  std::string there(line.substr(refusal.column - 1, text.size()));
-  std::replace_if(
-      there.begin(), there.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
-  Require(there == text, "the text stands there");
+  Require(OnOneLine(line.substr(refusal.column - 1, text.size()), '?') == text, "the text stands there");
 }
 
 // A tone that nobody understood takes over the keys of the one before, as far as kLargestExport: that is the

@@ -61,6 +61,13 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
   }
 }
 
+std::string OnOneLine(std::string_view text, char instead) {
+  std::string line(text);
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, instead);
+  return line;
+}
+
 std::string WithoutWhitespace(std::string_view text) { return WithoutCharacters(text, WhitespaceIn); }
 
 CompactText::CompactText(std::string_view text) : view_(text) {

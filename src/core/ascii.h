@@ -32,6 +32,9 @@ bool RemoveAll(std::string& text, std::string_view part);
 /// `text` with every occurrence of `from` (not empty) replaced by `to`, scanning left to right.
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to);
 
+/// `text` on one line: each control character, those below the blank, replaced by `instead`.
+std::string OnOneLine(std::string_view text, char instead);
+
 /// `text` without any whitespace.
 std::string WithoutWhitespace(std::string_view text);
 

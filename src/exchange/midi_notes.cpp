@@ -18,11 +18,8 @@ constexpr int kChannels = 16;
 
 // A text of the file on one line: UTF-8 where it is that, as files of today have it, or else Windows-1252.
 std::string NameOf(std::string_view bytes) {
-  std::string name = FromUtf8(bytes).value_or(std::string(bytes));
-  std::replace_if(
-      name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
-  const size_t start = std::min(name.find_first_not_of(' '), name.size());
-  return name.substr(start, name.find_last_not_of(' ') + 1 - start);
+  const std::string line = OnOneLine(FromUtf8(bytes).value_or(std::string(bytes)), ' ');
+  return std::string(Trimmed(line));
 }
 
 // The notes of one track, channel by channel.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/ascii.h"
 #include "core/code_page.h"
 #include "exchange/tidy_functions.h"
 #include "formats/reading.h"
@@ -27,10 +28,7 @@ Tidied TidyCodePage(std::string_view text, FormatMode mode) {
 // What stands for the part in a list, which is no place for all of a long text.
 std::string Shown(std::string_view part) {
   constexpr size_t kLongest = 40;
-  std::string shown(part.substr(0, kLongest));
-  std::replace_if(
-      shown.begin(), shown.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
-  return "\"" + shown + (part.size() > kLongest ? "...\"" : "\"");
+  return "\"" + OnOneLine(part.substr(0, kLongest), ' ') + (part.size() > kLongest ? "...\"" : "\"");
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "files/path_text.h"
 
-#include <algorithm>
-
 #include "core/ascii.h"
 #include "core/code_page.h"
 
@@ -20,10 +18,7 @@ bool HasMidiName(const std::filesystem::path& file) {
 }
 
 std::string LogText(std::string_view path) {
-  std::string text = FromUtf8(path).value_or(std::string(path));
-  std::replace_if(
-      text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
-  return text;
+  return OnOneLine(FromUtf8(path).value_or(std::string(path)), '?');
 }
 
 std::string LogText(const std::filesystem::path& native, const FileStore& store) {

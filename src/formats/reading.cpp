@@ -16,10 +16,8 @@ CharacterMask LineEndsIn(CharacterBlock block) { return block.Equal('\r') | bloc
 
 // For a message: cut when it is long, control characters as "?".
 std::string Shown(std::string_view text) {
-  std::string shown(text.substr(0, kLongestShown));
+  std::string shown = OnOneLine(text.substr(0, kLongestShown), '?');
   if (text.size() > kLongestShown) shown += "...";
-  std::replace_if(
-      shown.begin(), shown.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
   return shown;
 }
 
