@@ -15,6 +15,7 @@ bool ReadsWhole(std::string_view text, FormatMode mode) {
 
 bool NotesReadWhole(std::string_view notes, FormatMode mode) {
   if (mode == FormatMode::Melody) return ReadsWhole(notes, mode);
+  // An iMelody file ends with any line that holds "END", so these lines do for both.
   return ReadsWhole("MELODY:" + std::string(notes) + "\r\nEND:EMELODY\r\n", mode);
 }
 

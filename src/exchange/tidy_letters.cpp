@@ -8,12 +8,11 @@
 #include "core/tone.h"
 #include "exchange/reads_whole.h"
 #include "exchange/tidy_functions.h"
+#include "formats/letter_notes.h"
 
 namespace trillomat {
 namespace {
 
-constexpr std::string_view kStart = "MELODY:";
-constexpr std::string_view kEnd = "END:EMELODY";
 constexpr std::string_view kFlat = "(b)";
 constexpr size_t kMostMarks = 2;  // for the octave
 
@@ -106,20 +105,20 @@ void TidyMelody(TidyText& text) { TidyNotes(text.Rest(), FormatMode::Melody, tex
 void TidyEMelody(TidyText& text) {
   if (ReadsWhole(text.Rest(), FormatMode::EMelody)) return;
   const std::string lowered = Lowered(text.Rest());
-  const size_t start = lowered.find(Lowered(kStart));
+  const size_t start = lowered.find(Lowered(kNotesStart));
   if (start == std::string::npos) {
     text.Keep(BehindTags(lowered));
-    text.Insert(kStart, "the notes begin with it");
+    text.Insert(kNotesStart, "the notes begin with it");
   } else {
     text.Keep(start);
-    text.Replace(kStart.size(), kStart, "the marker is written so");
+    text.Replace(kNotesStart.size(), kNotesStart, "the marker is written so");
   }
   const size_t before = lowered.size() - text.Rest().size();
-  const size_t end = lowered.find(Lowered(kEnd), before);
+  const size_t end = lowered.find(Lowered(kNotesEnd), before);
   TidyNotes(text.Rest().substr(0, end == std::string::npos ? end : end - before), FormatMode::EMelody, text);
   if (end == std::string::npos)
-    return text.Insert("\r\n" + std::string(kEnd) + "\r\n", "the notes end with it");
-  text.Replace(kEnd.size(), kEnd, "the marker is written so");
+    return text.Insert("\r\n" + std::string(kNotesEnd) + "\r\n", "the notes end with it");
+  text.Replace(kNotesEnd.size(), kNotesEnd, "the marker is written so");
 }
 
 }  // namespace trillomat

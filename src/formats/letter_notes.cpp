@@ -8,8 +8,6 @@
 namespace trillomat {
 namespace {
 
-constexpr std::string_view kStart = "MELODY:";
-constexpr std::string_view kEnd = "END:EMELODY";
 constexpr std::string_view kAdvice = "Each note ends with its letter, a to h, or p for a pause";
 
 constexpr char PauseAndGermanB(char c) {
@@ -51,11 +49,11 @@ void SetUnknownSong(SongInfo& info) {
 }
 
 MarkedNotes FindMarkedNotes(std::string_view text) {
-  const size_t start = text.find(kStart);
+  const size_t start = text.find(kNotesStart);
   if (start == std::string_view::npos) return {};
-  MarkedNotes marked{.start = text.substr(start, kStart.size()), .notes = {}};
-  text.remove_prefix(start + kStart.size());
-  const size_t end = text.find(kEnd);
+  MarkedNotes marked{.start = text.substr(start, kNotesStart.size()), .notes = {}};
+  text.remove_prefix(start + kNotesStart.size());
+  const size_t end = text.find(kNotesEnd);
   if (end != std::string_view::npos) marked.notes = text.substr(0, end);
   return marked;
 }

@@ -3,7 +3,7 @@
 //
 //   ++#c.(b)dRe   is   "++#c."  "(b)d"  "R"  "e"
 //
-// An EMelody text stands between the markers "MELODY:" and "END:EMELODY".
+// In an EMelody text they stand between two markers.
 #pragma once
 
 #include <optional>
@@ -18,10 +18,14 @@ namespace trillomat {
 /// empty. The loop is left as it is.
 void SetUnknownSong(SongInfo& info);
 
-/// The parts of an EMelody text.
+/// The markers around the notes of an EMelody text.
+inline constexpr std::string_view kNotesStart = "MELODY:";
+inline constexpr std::string_view kNotesEnd = "END:EMELODY";
+
+/// The parts of an EMelody text. What stands before the first marker and behind the second does not count.
 struct MarkedNotes {
-  std::optional<std::string_view> start;  ///< the first "MELODY:"; nothing when there is none
-  std::optional<std::string_view> notes;  ///< what follows, up to "END:EMELODY"; nothing when that is missing
+  std::optional<std::string_view> start;  ///< the first kNotesStart; nothing when there is none
+  std::optional<std::string_view> notes;  ///< what follows, up to kNotesEnd; nothing when that is missing
 };
 MarkedNotes FindMarkedNotes(std::string_view text);
 
@@ -34,10 +38,10 @@ inline constexpr std::string_view kMarkersAdvice = "Notes stand between \"MELODY
 /// `notes` is a part of `text`, which is the bytes without some of their whitespace.
 void TakeLetterNotes(std::string_view notes, std::string_view text, FormatMode mode, Reading& reading);
 
-/// How many characters of a file a token takes.
+/// About how many characters of a file a token takes.
 inline constexpr size_t kTypicalLetterToken = 3;
 
-/// The tokens that a writer of `mode` writes.
+/// What the writer of `mode` writes for each element: its SupportedText.
 ElementTexts TokensOf(const ElementList& elements, FormatMode mode, Log& log);
 
 }  // namespace trillomat
