@@ -1,7 +1,7 @@
 #include "files/save_commands.h"
 
-#include <algorithm>
 #include <array>
+#include <utility>
 
 #include "core/ascii.h"
 #include "core/code_page.h"
@@ -9,38 +9,12 @@
 #include "files/recent_files.h"
 #include "files/recovery.h"
 #include "files/refusal_text.h"
+#include "files/save_dialog.h"
 #include "formats/rtttl_text.h"
 
 namespace trillomat {
 
 using Outcome = SaveResult::Outcome;
-
-std::string BuildDialogFilter(std::span<const std::pair<std::string_view, std::string_view>> formats) {
-  std::string filter;
-  for (const auto& [description, extension] : formats) {
-    filter.append(description).append(" (*.").append(extension).append(")").push_back('\0');
-    filter.append("*.").append(extension).push_back('\0');
-  }
-  if (!filter.empty()) filter.pop_back();
-  return filter + " + Chr$(0)";
-}
-
-std::optional<std::filesystem::path> ChosenFile(const std::filesystem::path& answer,
-                                                std::string_view extension) {
-  std::string name = Utf8OfPath(answer.filename());
-  name.resize(std::min(name.find('\0'), name.size()));
-  name.resize(name.find_last_not_of(' ') + 1);
-  if (name.empty() || name == "." || name == "..") return std::nullopt;
-  const std::string ending = "." + std::string(extension);
-  if (!Contains(Lowered(name), ending)) name += ending;
-  return answer.parent_path() / PathOfUtf8(name);
-}
-
-ProgressPump WritingPump(const std::filesystem::path& file, const FileParts& parts) {
-  return {parts.services.pump, [&host = parts.host, name = Utf8OfPath(file.filename())](size_t elements) {
-            host.ShowProgress("Writing " + name + ": " + std::to_string(elements) + " elements");
-          }};
-}
 
 bool SaveCommands::NothingToSave() {
   if (!parts_.document.IsEmpty()) return false;
@@ -94,7 +68,7 @@ void SaveCommands::AskAndWrite() {
   // In a folder that the list does not show, nobody else has looked for what a killed program left.
   parts_.store.Sweep(file->parent_path());
   const bool exists = parts_.store.Exists(*file);
-  if (exists && !parts_.host.AskYesNo("File Exist", "File Already exist! Remove?")) return;
+  if (exists && !AskToReplace(parts_.host)) return;
   const TargetFile target{*file, LogText(*file, parts_.store)};
   const SaveResult result = Write(target, exists, [] {});
   Say(target, result);

@@ -4,29 +4,13 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
-#include <span>
 #include <string>
-#include <string_view>
-#include <utility>
 
-#include "core/progress_pump.h"
 #include "files/file_browser.h"
 #include "files/files_host.h"
 #include "files/save.h"
 
 namespace trillomat {
-
-/// The filter text of the save dialog from pairs of a description and an extension. Each gives
-/// "DESCRIPTION (*.EXT)" and "*.EXT", every part ended by NUL, the last by the text " + Chr$(0)".
-std::string BuildDialogFilter(std::span<const std::pair<std::string_view, std::string_view>> formats);
-
-/// The file that a save dialog's answer means: its name without blanks at the end and cut before a NUL,
-/// with "." and `extension` appended unless it contains them. Nothing for an answer without a name.
-std::optional<std::filesystem::path> ChosenFile(const std::filesystem::path& answer,
-                                                std::string_view extension);
-
-/// Shows how far the writing of `file` has come; that is to be cleared at its end.
-ProgressPump WritingPump(const std::filesystem::path& file, const FileParts& parts);
 
 /// While another file operation runs, none of the commands does anything.
 class SaveCommands {

@@ -7,7 +7,7 @@
 #include "files/kept_files.h"
 #include "files/path_text.h"
 #include "files/replace_file.h"
-#include "files/save_commands.h"
+#include "files/save_dialog.h"
 
 namespace trillomat {
 
@@ -19,8 +19,7 @@ void SoundExport::Run() {
   const auto file = AskFile(extension);
   if (!file) return;
   parts_.store.Sweep(file->parent_path());
-  const bool exists = parts_.store.Exists(*file);
-  if (exists && !parts_.host.AskYesNo("File Exist", "File Already exist! Remove?")) return;
+  if (parts_.store.Exists(*file) && !AskToReplace(parts_.host)) return;
   const Result<SoundBytes> sound = Make(*file, extension);
   if (!sound) return parts_.host.Say({"Not exported: " + ToUtf8(sound.Why().why)});
   Write(*file, *sound);

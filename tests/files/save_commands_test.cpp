@@ -1,4 +1,5 @@
 #include "files/files_fixture.h"
+#include "files/save_dialog.h"
 
 namespace trillomat {
 namespace {
