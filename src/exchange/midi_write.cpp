@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/number_text.h"
 #include "core/tone.h"
 #include "exchange/midi_file.h"
 
@@ -41,8 +42,7 @@ class Writer {
 
   WrittenMidi Take() {
     if (lowered_ > 0) {
-      changes_.push_back(std::to_string(lowered_) + (lowered_ == 1 ? " tone is" : " tones are") +
-                         " too high for MIDI and written lower");
+      changes_.push_back(Counted(lowered_, "tone is", "tones are") + " too high for MIDI and written lower");
     }
     return {MidiFileBytes(kMidiDivision, track_), std::move(changes_)};
   }

@@ -1,4 +1,5 @@
 // Opening what was not clicked, and what else takes the place of the composed song.
+#include "core/number_text.h"
 #include "files/file_browser.h"
 #include "files/path_text.h"
 #include "files/recent_files.h"
@@ -9,7 +10,7 @@ namespace {
 using Offer = FileMessage::Offer;
 
 FileMessage MessageOf(const KeptSong& left) {
-  const std::string elements = left.elements == 1 ? "1 element" : std::to_string(left.elements) + " elements";
+  const std::string elements = Counted(left.elements, "element", "elements");
   return {left.name + " (" + elements + ") was not saved when Trillomat ended the last time", Offer::Recover};
 }
 

@@ -1,6 +1,7 @@
 #include "files/refusal_text.h"
 
 #include "core/code_page.h"
+#include "core/number_text.h"
 
 namespace trillomat {
 namespace {
@@ -30,7 +31,7 @@ std::string RefusalText(std::string_view name, const Refusal& refusal) {
 
 std::string NotUnderstoodText(const NotUnderstood& lost) {
   if (lost.count == 0) return {};
-  const std::string elements = std::to_string(lost.of) + (lost.of == 1 ? " element" : " elements");
+  const std::string elements = Counted(lost.of, "element", "elements");
   const std::string first = lost.first.text.empty() ? "empty" : "\"" + ToUtf8(lost.first.text) + "\"";
   const std::string place = PlaceText(lost.first);
   return std::to_string(lost.count) + " of " + elements +
