@@ -125,7 +125,7 @@ std::string_view MidiTrackEvents::TakeBytes() {
 }
 
 void MidiTrackBytes::Add(const MidiEvent& event) {
-  // A time that one number cannot hold is passed by texts of no letters.
+  // A longer time than one number can hold is made up of several, with empty text events in between.
   for (; event.time - time_ > kLargestNumber; time_ += kLargestNumber) {
     AddNumber(kLargestNumber);
     bytes_ += {static_cast<char>(kMidiMeta), static_cast<char>(kMetaText), '\0'};

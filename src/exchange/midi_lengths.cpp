@@ -10,8 +10,8 @@
 namespace trillomat {
 namespace {
 
-// One length is cheaper than two, and a plain one cheaper than one with an extra: in the order of
-// kDurationExtras.
+// Of one length, in the order of kDurationExtras: one length is cheaper than two, and a plain one cheaper
+// than one with an extra.
 constexpr std::array<int, kDurationExtras.size()> kCosts{4, 5, 6, 6};
 
 int CostOf(const MidiLength& length) {
@@ -74,9 +74,10 @@ int64_t MidiLengths::Filled(int64_t units) const {
   return wholes + rest;
 }
 
-// How many lengths without an extra are taken off before sums are looked up.
+// How many of the longest lengths are taken off `units`, so that what is left is in the table of sums.
 int64_t MidiLengths::Wholes(int64_t units) const { return std::max<int64_t>(0, units / longest_ - 1); }
 
+// The cheapest way to make each sum, found from those of the smaller sums.
 void MidiLengths::FindSums() {
   sums_.resize(static_cast<size_t>(2 * longest_));
   for (size_t sum = 1; sum < sums_.size(); ++sum) {

@@ -12,9 +12,10 @@
 namespace trillomat {
 namespace {
 
-constexpr int64_t kTogether = kMidiUnits / 32;  // a chord that is not struck quite at once
+constexpr int64_t kTogether = kMidiUnits / 32;  // between the tones of a chord that is not struck at once
 constexpr int64_t kLegato = kMidiUnits / 4;     // by which a tone may reach into the next one
-constexpr int64_t kArticulation = 8;  // a tone that falls short by this part of its time is a whole one
+// A tone that ends early by no more than this fraction of the time until the next one is meant to fill it.
+constexpr int64_t kArticulation = 8;
 constexpr size_t kMostElements = 100'000;
 constexpr int64_t kLongestPause = kMidiUnits * 4 * int64_t{kMostElements};
 
@@ -22,7 +23,7 @@ constexpr int64_t kLongestPause = kMidiUnits * 4 * int64_t{kMostElements};
   throw ReadFault(ReadFault::Kind::Quiet, "the melody comes to more than 100,000 tones and pauses");
 }
 
-// Whether `note`, which begins while the higher `sounding` does, is of another voice than that.
+// Whether `note` belongs to a voice below that of `sounding`, which began before it.
 bool IsBeneath(const MidiNote& note, const MidiNote& sounding) {
   if (note.start >= sounding.end || note.key >= sounding.key) return false;
   const int64_t overlap = sounding.end - note.start;
@@ -31,7 +32,8 @@ bool IsBeneath(const MidiNote& note, const MidiNote& sounding) {
 
 bool IsLower(const MidiNote& a, const MidiNote& b) { return a.key != b.key ? a.key < b.key : a.end < b.end; }
 
-// Puts the tones of a voice on the lengths of a mode.
+// Puts the tones of a voice on the lengths of a mode: as they are where each has such a length, else snapped
+// to a grid.
 class Fitting {
  public:
   Fitting(std::span<const MidiNote> voice, FormatMode mode)
@@ -44,7 +46,7 @@ class Fitting {
   }
 
   ElementList elements;
-  std::vector<int> keys;  ///< of the elements, 0 for a pause
+  std::vector<int> keys;  ///< MIDI keys of the elements, 0 for a pause
 
   void Tell(std::vector<std::string>& changes) const {
     const std::string mode(LimitsOf(mode_).caption);
@@ -59,7 +61,7 @@ class Fitting {
   }
 
  private:
-  // Everything is as long as an element can be, or lies on the grid.
+  // Whether every tone has a length of the mode, or one on the grid, and every pause can be filled.
   bool IsExact() const {
     int64_t time = 0;
     return std::all_of(voice_.begin(), voice_.end(), [&](const MidiNote& note) {
@@ -79,7 +81,7 @@ class Fitting {
     return std::abs(triplet - time) < std::abs(plain - time) ? triplet : plain;
   }
 
-  // Of tones that come to begin together the longest stays.
+  // Of tones that begin together then, the longest stays.
   void SnapAll() {
     std::vector<MidiNote> snapped;
     for (const MidiNote& note : voice_) {
@@ -106,7 +108,7 @@ class Fitting {
     time_ += length.units;
   }
 
-  // `lasts` is the time until the next tone.
+  // `sounds` is the length of the tone, `lasts` the time until the next one begins.
   const MidiLength& LengthOf(int64_t sounds, int64_t lasts) {
     if (exact_ && lengths_.Has(sounds)) return lengths_.Nearest(sounds);
     const int64_t gap = lasts - sounds;
@@ -136,13 +138,13 @@ class Fitting {
   FormatMode mode_;
   MidiLengths lengths_;
   bool exact_ = false;
-  int64_t time_ = 0;  // units that the elements fill
+  int64_t time_ = 0;  // units that the elements fill so far
   size_t lost_ = 0;
   size_t split_ = 0;
   size_t moved_ = 0;
 };
 
-// C of octave 0 is the twelfth of these below kMidiLowestC, so that none is negative.
+// The internal octave of a key. Divided before it is subtracted, because division rounds towards zero.
 int OctaveOf(int key) { return key / 12 - kMidiLowestC / 12; }
 
 void TellMove(int octaves, std::vector<std::string>& changes) {
@@ -151,14 +153,15 @@ void TellMove(int octaves, std::vector<std::string>& changes) {
                     Counted(static_cast<size_t>(std::abs(octaves)), "octave", "octaves"));
 }
 
-// The octaves by which a melody moves as a whole.
-int MoveInto(const ModeLimits& limits, int lowest, int highest) {
+// By how many octaves a melody from the octave `lowest` to `highest` moves as a whole; 0 where it does not
+// fit.
+int WholeMove(const ModeLimits& limits, int lowest, int highest) {
   if (highest - lowest > limits.highestOctave - limits.lowestOctave) return 0;
   if (lowest < limits.lowestOctave) return limits.lowestOctave - lowest;
   return std::min(0, limits.highestOctave - highest);
 }
 
-// Gives the tones among `elements` the note and octave of their key.
+// Gives the tones of the melody the note and octave of their keys.
 void SetKeys(const std::vector<int>& keys, FormatMode mode, MidiMelody& melody) {
   const ModeLimits& limits = LimitsOf(mode);
   std::vector<int> octaves;
@@ -166,7 +169,7 @@ void SetKeys(const std::vector<int>& keys, FormatMode mode, MidiMelody& melody) 
     if (!IsPause(melody.elements[i])) octaves.push_back(OctaveOf(keys[i]));
   }
   const auto [lowest, highest] = std::minmax_element(octaves.begin(), octaves.end());
-  const int move = MoveInto(limits, *lowest, *highest);
+  const int move = WholeMove(limits, *lowest, *highest);
   TellMove(move, melody.changes);
   size_t folded = 0;
   for (size_t i = 0; i < keys.size(); ++i) {

@@ -19,7 +19,7 @@ std::vector<MidiNote> HighestVoice(std::span<const MidiNote> notes);
 
 struct MidiMelody {
   ElementList elements;
-  std::vector<std::string> changes;  ///< what is otherwise than in the notes: sentences without full stop
+  std::vector<std::string> changes;  ///< what differs from the notes: sentences without full stop
 };
 
 /// `voice` as tones and pauses of `mode`. Where all its lengths are ones that the mode has they stay what

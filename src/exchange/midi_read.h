@@ -24,8 +24,7 @@ struct MidiRead {
   ReadResult read;
   std::vector<MidiTrackTitle> tracks;  ///< those that hold notes
   size_t track = 0;                    ///< the number of the one that was taken
-  std::vector<std::string>
-      dropped;  ///< what did not come along or came otherwise: sentences without full stop
+  std::vector<std::string> dropped;    ///< what was left out or changed: sentences without full stop
 };
 
 /// The highest voice of the track of that number as a melody of `mode`; without a number that of the track

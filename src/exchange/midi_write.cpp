@@ -16,7 +16,7 @@ constexpr int64_t kMicrosecondsInMinute = 60'000'000;
 constexpr int32_t kSlowest = 4;  // beats per minute: three bytes hold no longer beat
 constexpr int32_t kFastest = 60'000'000;
 
-// Below its lowest octave the program plays the tones of that.
+// The program plays tones below octave 0 as those of octave 0.
 int64_t KeyOf(const Element& tone) {
   return kMidiLowestC + 12 * int64_t{std::max<int16_t>(tone.octave, 0)} + SemitoneOf(tone.Note());
 }

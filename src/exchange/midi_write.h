@@ -16,8 +16,7 @@ inline constexpr int kMidiLowestC = 24;
 
 struct WrittenMidi {
   std::string bytes;
-  std::vector<std::string>
-      changes;  ///< what the file tells otherwise than the song: sentences without full stop
+  std::vector<std::string> changes;  ///< what differs from the song: sentences without full stop
 };
 
 /// A file of type 0 with the name, the tempo and the tones and pauses of `song`, whose elements come in the
