@@ -47,7 +47,7 @@ constexpr std::array<Converter, 3> kConverters{
      {PastedFormat::EMelody, FormatMode::EMelody, "emelody", "bConvert_EMelody", TakePastedEMelody},
      {PastedFormat::Melody, FormatMode::Melody, "melody", "bConvert_Melody", TakePastedMelody}}};
 
-// Gives why the elements could not be moved, if so.
+// Why the elements could not be moved; empty where they were.
 std::string AdaptForT68i(ElementList& elements, Log& log) {
   const ExportTarget& phone = TargetOf(Phone::T68i);
   if (AdaptRange(elements, phone.range, log)) return {};

@@ -31,7 +31,7 @@ Imported Import(PastedFormat format, std::string_view text, bool adapt, const Re
 /// The format of that name on the command line ("rtttl"); nothing for an unknown name.
 std::optional<PastedFormat> PastedFormatOf(std::string_view option);
 
-/// The same of a mode; nothing for the I-Melody mode.
+/// The pasted texts of a mode, and the mode of pasted texts; nothing for the I-Melody mode.
 std::optional<PastedFormat> PastedFormatOf(FormatMode mode);
 FormatMode ModeOf(PastedFormat format);
 

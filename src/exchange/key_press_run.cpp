@@ -12,7 +12,8 @@ void Require(bool writable) {
   if (!writable) throw ExportFault("the melody takes more key presses than can be written down");
 }
 
-// The number in front of a line. Counting in its digits takes a fraction of the time that making them takes.
+// The number in front of a line, "12--> ". Counting up its digits takes a fraction of the time that
+// std::to_string takes.
 class LineNumber {
  public:
   const auto& Text() const { return text_; }

@@ -1,4 +1,5 @@
-// What the key-press exports share: the run over the melody that numbers the lines.
+// What the key-press exports share: the interface of a phone's keys, and the run over the melody that numbers
+// the lines.
 #pragma once
 
 #include <cstddef>
@@ -15,8 +16,8 @@ namespace trillomat {
 
 inline constexpr std::string_view kLineEnd = "\r\n";
 
-/// The largest export text, in bytes. A tone without keys takes over the whole text of the element before
-/// it, so damaged melodies would otherwise grow a text with the square of their length.
+/// The largest export text, in bytes. A tone that has no key repeats the whole text of the element before it,
+/// so the text of a damaged melody would otherwise grow with the square of its length.
 inline constexpr size_t kLargestExport = size_t{256} << 20U;
 
 /// Ends an export without a text. what() is for the user.
@@ -24,15 +25,15 @@ class ExportFault : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// What an export cannot say of an element as it is.
+/// What of an element an export cannot express.
 enum class Loss {
   None,
-  NotUnderstood,  ///< no reader knew what it is
+  NotUnderstood,  ///< IsUnderstood is false for it
   Command,
   Octave,
   Length,
   Extra,    ///< a dot, double dot or triplet
-  TooMany,  ///< it stands behind the longest tune that the phone takes
+  TooMany,  ///< it is beyond the longest tune that the phone takes
 };
 
 /// Where a part of a text stands.
@@ -41,10 +42,10 @@ struct TextPart {
   size_t size = 0;
 };
 
-/// What keys are wanted for.
+/// The melody that keys are wanted for.
 struct MelodyToType {
-  size_t elements = 0;  ///< some so many
-  int octavesUp = 0;    ///< that all of them are moved by
+  size_t elements = 0;  ///< about how many it has
+  int octavesUp = 0;    ///< by which all of them are moved
 };
 
 /// One phone's way to type a melody. Abstract because each phone's composer wants other keys.
@@ -55,15 +56,15 @@ class PhoneKeys {
   PhoneKeys& operator=(const PhoneKeys&) = delete;
   virtual ~PhoneKeys() = default;
 
-  /// Writes what types `element` when it is moved, its CR LF included, behind `text`, which has that of the
-  /// element before at `before`. Gives what the keys do not say of it. Throws ExportFault for more presses
-  /// than can be written.
+  /// Appends to `text` the line of keys that types `element`, moved as MelodyToType says, and its CR LF.
+  /// `before` is where the line of the element before stands in `text`. Returns what the keys cannot express.
+  /// Throws ExportFault for more presses than can be written down.
   virtual Loss Press(const Element& element, TextPart before, TextWriter& text) = 0;
 };
 
-/// The Result text for `elements`, which the keys are for, moved by `octaves`: a line on the move, if it is
-/// one up, and a numbered line an element. Throws ExportFault when the text grows beyond kLargestExport or
-/// the program is ending.
+/// The Result text of an export: a line that tells the move, if it is upwards, and a numbered line for each
+/// element. `phone` was made for these elements and this move. Throws ExportFault when the text grows beyond
+/// kLargestExport or the program is ending.
 std::string KeyPressText(PhoneKeys& phone, const ElementList& elements, int octaves,
                          const Services& services);
 

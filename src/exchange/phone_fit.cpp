@@ -8,8 +8,8 @@ namespace trillomat {
 namespace {
 
 struct LossWords {
-  std::string_view first;  ///< why the first one does not fit
-  std::string_view one;    ///< in a list, behind its number
+  std::string_view first;  ///< behind "element 3": why it does not fit
+  std::string_view one;    ///< in a list, behind the number 1
   std::string_view more;
 };
 
@@ -23,14 +23,16 @@ constexpr std::array<LossWords, kLosses> kLossWords{
      {"has a dot or a triplet that it lacks", "dot or triplet", "dots or triplets"},
      {"is one more than it takes", "more than it takes", "more than it takes"}}};
 
-// A header's repeat count brings back the repeat that the reader makes of it.
+// Whether the element is one end of the repeat that the reader makes of the header's repeat count: then it
+// comes back, though no token is written for it.
 bool IsHeldByLoop(const Song& song, size_t index) {
   const std::string_view command = song.elements[index].Command();
   return song.info.loop != 0 &&
          ((index == 0 && command == "(") || (index + 1 == song.elements.size() && command.starts_with('@')));
 }
 
-// Of the element at `index`, in the octaves of RTTTL, which has all lengths.
+// What RTTTL loses of the element at `index`, which is `element` when it is moved. All lengths and octaves
+// fit.
 Loss RtttlLoss(const Song& song, size_t index, const Element& element, RtttlSpelling spelling) {
   SilentLog silent;
   if (!RtttlToken(element, spelling, kNoTokenDefaults, silent).empty()) return Loss::None;
@@ -79,7 +81,7 @@ class LossCount {
   PhoneFit& fit_;
   SilentLog silent_;
   std::unique_ptr<PhoneKeys> keys_;
-  TextWriter text_{0};  ///< of one element
+  TextWriter text_{0};  ///< the keys of one element, which nobody reads
   size_t notes_ = 0;
 };
 

@@ -12,7 +12,7 @@
 
 namespace trillomat {
 
-/// What is no file goes through the import converters, as far as its format has one.
+/// Where a text came from. All but files are read by the import converters, where their format has one.
 enum class TextSource { File, Import, Clipboard };
 
 /// A way to read a text.
@@ -25,10 +25,10 @@ struct ReadingWay {
 /// What a text came to that was read in some way.
 struct WayResult {
   ReadResult read;
-  std::vector<TidyChange> changes;  ///< that tidying made before
+  std::vector<TidyChange> changes;  ///< made by tidying before it was read
 };
 
-/// Reads `part` of `text`, one of those that TextsFor gives.
+/// Reads `part`, one of the parts of `text` that TextsFor gives. `before` as for Read.
 WayResult ReadInWay(const ReadingWay& way, std::string_view part, std::string_view text,
                     const ReadRecord& before, const Services& services);
 

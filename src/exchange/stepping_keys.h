@@ -11,10 +11,10 @@
 
 namespace trillomat {
 
-/// The octave and the length of such a composer.
+/// The octave and the length that such a composer is set to, and the keys that step to others.
 class SteppingComposer {
  public:
-  /// A target that no key steps to.
+  /// A target that stands for no step at all.
   static constexpr int kAsItIs = -1;
 
   /// Keys of at most two characters.
@@ -38,7 +38,7 @@ class SteppingComposer {
   void StepLength(int code, TextWriter& text);
 
  private:
-  // As often as there are steps: those between the lengths are the most.
+  // A key as often as the most steps need it: 5, from one end of the six lengths to the other.
   using OftenPressed = ReadyText<10>;
 
   static OftenPressed Often(std::string_view key);
@@ -51,13 +51,13 @@ class SteppingComposer {
   int duration_ = 2;
 };
 
-/// What types an element on such a composer, whatever that is set to.
+/// The line that types an element on such a composer, whatever that is set to; its parts in their order.
 struct ElementKeys {
-  std::string before;                      ///< the keys that step
-  bool again = false;                      ///< whether the whole text of the element before comes behind that
-  int octave = SteppingComposer::kAsItIs;  ///< to which is stepped
-  int length = SteppingComposer::kAsItIs;  ///< to which is stepped then, an I-Melody duration code
-  std::string after = {};                  ///< the rest of the line, without its end
+  std::string before;                      ///< in front of the stepping keys
+  bool again = false;                      ///< the whole line of the element before is repeated here
+  int octave = SteppingComposer::kAsItIs;  ///< target of the octave key
+  int length = SteppingComposer::kAsItIs;  ///< target of the length keys, an I-Melody duration code
+  std::string after = {};                  ///< behind the stepping keys, without the line end
   Loss loss = Loss::None;
 };
 
@@ -68,7 +68,7 @@ class SteppingKeys : public PhoneKeys {
   Loss Press(const Element& element, TextPart before, TextWriter& text) final;
 
  private:
-  // The ElementKeys of an element that logs nothing and takes over nothing.
+  // The ElementKeys of an element, if it is short, repeats nothing and nothing was logged about it.
   struct Known {
     ReadyText<23> before;
     ReadyText<39> after;
@@ -88,7 +88,7 @@ class SteppingKeys : public PhoneKeys {
   Log& log_;
   int octavesUp_;
   SteppingComposer composer_;
-  ElementCache<Known> known_;  ///< by the elements as they were before they moved
+  ElementCache<Known> known_;  ///< by the elements as they are before the move
 };
 
 /// The I-Melody duration code, 0 whole to 5 thirty-second; a length without a code counts as 0 and is logged.

@@ -11,7 +11,7 @@
 
 namespace trillomat {
 
-/// What both phones share; how they write lengths, octaves and commands differs.
+/// What both phones share. Each has its own way to type lengths, octaves and commands.
 class HeldKeys : public PhoneKeys {
  public:
   HeldKeys(const MelodyToType& melody, Log& log)
@@ -19,30 +19,30 @@ class HeldKeys : public PhoneKeys {
   Loss Press(const Element& element, TextPart before, TextWriter& text) final;
 
  protected:
-  /// What types an element, and whether that says its length.
+  /// The keys of an element, and whether they express its length.
   struct Keys {
     std::string text;
     bool saysLength = true;
   };
 
-  /// The E-Melody duration code, "0" whole to "3" eighth; "3", which it is not, for what is shorter.
+  /// The E-Melody duration code, "0" whole to "3" eighth. A shorter length has "3" too, and is not supported.
   static FieldText LengthCode(const Element& element, Log& log);
 
  private:
-  // What a tone without a key takes over from the tone before: the key with its accidental, and octave keys.
+  // The last tone that had a key. A tone without one is typed with its key, accidental and octave keys.
   struct LastTone {
     int tone = -1;  ///< as ToneIndex; -1 for none yet
     int64_t octaveKeys = 0;
   };
 
-  // The line of an element.
+  // The line of an element, with its end.
   struct Typed {
     std::string text = {};
     Loss loss = Loss::None;
     int tone = -1;  ///< as ToneIndex; -1 for what is none
   };
 
-  // That of an element that logs nothing and takes over nothing.
+  // The Typed of an element, if it is short and nothing was logged about it.
   struct Known {
     ReadyText<58> text;
     int8_t tone = -1;
@@ -57,14 +57,14 @@ class HeldKeys : public PhoneKeys {
   virtual Keys PauseKeys(const Element& element, Log& log) const = 0;
   virtual bool IsCommand(std::string_view special) const = 0;
   virtual std::string_view UnknownToneMessage() const = 0;
-  /// How often the octave key is pressed.
+  /// How often the octave key is pressed; less than 0 counts as 0.
   virtual int OctavePresses(int octave) const = 0;
   virtual Keys ToneKeys(std::string_view key, std::string_view lengthCode) const = 0;
 
   Log& log_;
   int octavesUp_;
   LastTone last_;
-  ElementCache<Known> known_;  ///< by the elements as they were before they moved
+  ElementCache<Known> known_;  ///< by the elements as they are before the move
 };
 
 class T39Keys : public HeldKeys {

@@ -25,7 +25,7 @@ Tidied TidyCodePage(std::string_view text, FormatMode mode) {
   return std::move(tidy).Finish();
 }
 
-// What stands for the part in a list, which is no place for all of a long text.
+// A part of a text as a list shows it: in quotes, on one line, cut when it is long.
 std::string Shown(std::string_view part) {
   constexpr size_t kLongest = 40;
   return "\"" + OnOneLine(part.substr(0, kLongest), ' ') + (part.size() > kLongest ? "...\"" : "\"");
@@ -34,10 +34,10 @@ std::string Shown(std::string_view part) {
 }  // namespace
 
 Tidied Tidy(std::string_view text, FormatMode mode) {
-  const std::string_view marked =
+  const std::string_view unmarked =
       text.starts_with(kByteOrderMark) ? text.substr(kByteOrderMark.size()) : text;
   if (std::all_of(text.begin(), text.end(), IsAscii)) return TidyCodePage(text, mode);
-  const auto converted = FromUtf8(marked);
+  const auto converted = FromUtf8(unmarked);
   if (!converted) return TidyCodePage(text, mode);
   Tidied tidied = TidyCodePage(*converted, mode);
   tidied.changes.insert(tidied.changes.begin(), {.line = 1,

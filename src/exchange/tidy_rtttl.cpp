@@ -27,7 +27,7 @@ std::string_view PublishedOf(char letter) {
   return key == kNeededKeys.end() ? "" : key->published;
 }
 
-// The value of a key that the reader takes for what it means: the digits, where it does.
+// The value to write for a key: `value`, the digits that stand there, where the reader takes it.
 std::string TidyValue(char key, const std::string& value) {
   constexpr double kHighestCount = 32767;
   const double number = LeadingNumber(value);
@@ -40,7 +40,8 @@ std::string TidyValue(char key, const std::string& value) {
 
 class Keys {
  public:
-  /// `readsWhole`: the elements are understood as the reader reads them, which knows no upper-case keys.
+  /// `readsWhole`: the reader understands all of the text as it is. It knows no upper-case keys, so there
+  /// putting such a key right would change the elements.
   Keys(TidyText& text, bool readsWhole) : text_(text), readsWhole_(readsWhole) {}
 
   void Tidy(std::string_view all) {
@@ -118,7 +119,7 @@ class Keys {
   std::string octave_{kNeededKeys[1].published};
 };
 
-// A ":" in it would end it, and what is quoted begins behind the quote.
+// A ":" would end the name; a name in quotes begins behind the quote.
 void TidyName(std::string_view name, TidyText& text) {
   const size_t quote = name.rfind('"');
   if (quote != std::string_view::npos) {
@@ -140,7 +141,7 @@ std::string_view TuneIn(std::string_view text) {
 }  // namespace
 
 void TidyRtttl(TidyText& text) {
-  // What the reader understands is cut as it cuts it.
+  // A text that the reader understands is cut into its parts as the reader does it.
   const bool whole = ReadsWhole(text.Rest(), FormatMode::Rtttl);
   const std::string_view tune = whole ? text.Rest() : TuneIn(text.Rest());
   const RtttlShape shape = whole ? ShapeByColons(tune) : RtttlShapeOf(tune);

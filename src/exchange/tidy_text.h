@@ -18,14 +18,16 @@ class TidyText {
 
   /// The next `count` characters stay.
   void Keep(size_t count);
-  /// Everything up to `place` stays, a part of Rest().
+  /// Everything in front of `place`, a part of Rest(), stays.
   void KeepTo(std::string_view place) { Keep(static_cast<size_t>(place.data() - rest_.data())); }
-  /// The next `count` characters become `after`; that is no change where they are just that.
+  /// The next `count` characters become `after`. Goes on the list unless they are `after` already.
   void Replace(size_t count, std::string_view after, std::string_view why);
+  /// Puts `after` in front of Rest().
   void Insert(std::string_view after, std::string_view why) { Replace(0, after, why); }
-  /// Leaves out the next `count` characters, unless they are whitespace alone.
+  /// Leaves out the next `count` characters; whitespace alone stays, so that nothing is listed for it.
   void LeaveOut(size_t count, std::string_view why);
 
+  /// What is left stays; the result.
   Tidied Finish() &&;
 
  private:
