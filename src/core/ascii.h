@@ -16,6 +16,7 @@ constexpr bool IsWhitespace(char c) { return c == ' ' || c == '\r' || c == '\n' 
 
 std::string Lowered(std::string_view text);
 std::string Uppered(std::string_view text);
+/// Whether they are the same but for the case of letters.
 bool EqualNoCase(std::string_view a, std::string_view b);
 
 constexpr bool Contains(std::string_view text, std::string_view part) {

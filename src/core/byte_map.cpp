@@ -2,7 +2,8 @@
 
 namespace trillomat {
 
-// Every byte is written, and the next takes its place if it does not stay: no branch to guess wrong.
+// Every byte is written, and overwritten by the next one if it does not stay: so there is no branch for the
+// processor to guess wrong.
 std::string ByteMap::operator()(std::string_view text) const {
   std::string result(text.size(), '\0');
   size_t size = 0;

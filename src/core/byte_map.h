@@ -1,4 +1,4 @@
-// A text with each of its bytes replaced or left out, by a table: one pass, whatever the rule.
+// Replaces or leaves out each byte of a text by a table, in one pass whatever the rule is.
 #pragma once
 
 #include <array>
@@ -10,7 +10,7 @@ namespace trillomat {
 
 class ByteMap {
  public:
-  /// `replacement` gives the byte that takes the place of one, `stays` whether there is any.
+  /// For each byte, `replacement` gives the byte that takes its place, and `stays` whether it is kept at all.
   template <typename Replacement, typename Stays>
   constexpr ByteMap(Replacement replacement, Stays stays) {
     for (size_t i = 0; i < kBytes; ++i) {

@@ -1,5 +1,5 @@
-// 64 characters of a text looked at together, a bit for each, and the work on long texts that is made of it:
-// to find, to count and to leave out characters, many times as fast as one after the other.
+// Looks at 64 characters of a text at a time, with a bit for each. With it, characters of long texts are
+// found, counted and left out many times as fast as one after the other.
 #pragma once
 
 #include <array>
@@ -16,27 +16,29 @@
 
 namespace trillomat {
 
-/// Some of 64 characters: a bit for each, the first the lowest.
+/// A selection of 64 characters: a bit for each, the lowest for the first.
 using CharacterMask = uint64_t;
 
 class CharacterBlock {
  public:
   static constexpr size_t kCount = 64;
 
-  /// The characters from `at` on, which have to exist as long as the block.
+  /// The 64 characters from `at` on, which have to exist as long as the block does.
   explicit CharacterBlock(const char* at) : at_(at) {}
 
+  /// Which of the characters are `c`.
   CharacterMask Equal(char c) const {
     return Where([c](Vector characters) { return characters == static_cast<signed char>(c); });
   }
-  /// Those from `low` to `high`, ASCII characters.
+  /// Which of them lie between `low` and `high`, two ASCII characters, both included.
   CharacterMask Between(char low, char high) const {
     return Where([low, high](Vector characters) {
       return (characters >= static_cast<signed char>(low)) & (characters <= static_cast<signed char>(high));
     });
   }
 
-  /// The characters so many places behind these, or before them; they have to exist too.
+  /// The 64 characters that begin `places` further on, or before where it is negative; they have to exist
+  /// too.
   CharacterBlock Behind(ptrdiff_t places) const { return CharacterBlock(at_ + places); }
 
  private:
@@ -54,7 +56,8 @@ class CharacterBlock {
     return mask;
   }
 
-  // A bit for each element that is not 0. Compilers do not find the one instruction for it by themselves.
+  // A bit for each element that is not 0. Compilers do not find the single instruction for this by
+  // themselves.
   static uint16_t Bits(Vector found) {
 #ifdef __SSE2__
     return static_cast<uint16_t>(_mm_movemask_epi8(std::bit_cast<__m128i>(found)));
@@ -68,13 +71,14 @@ class CharacterBlock {
   const char* at_;
 };
 
-/// What is looked for: gives where it is in a block. It does not match NUL.
+/// A function object that selects the characters that are looked for in a block. It must not select NUL, with
+/// which the last block of a text is filled up.
 template <typename Match>
 concept BlockMatch = requires(Match match, CharacterBlock block) {
   { match(block) } -> std::same_as<CharacterMask>;
 };
 
-/// Where `match` finds something in `text` from `at` on, as far as a block reaches.
+/// What `match` selects of the 64 characters of `text` from `at` on, or of as many as there are.
 CharacterMask MatchesIn(std::string_view text, size_t at, BlockMatch auto match) {
   if (text.size() - at >= CharacterBlock::kCount) return match(CharacterBlock(text.data() + at));
   std::array<char, CharacterBlock::kCount> end{};
@@ -82,7 +86,7 @@ CharacterMask MatchesIn(std::string_view text, size_t at, BlockMatch auto match)
   return match(CharacterBlock(end.data()));
 }
 
-/// Where `match` finds its first character in `text`; the text's size for none.
+/// Index of the first character of `text` that `match` selects; the size of the text for none.
 size_t FindCharacter(std::string_view text, BlockMatch auto match) {
   for (size_t at = 0; at < text.size(); at += CharacterBlock::kCount) {
     const CharacterMask found = MatchesIn(text, at, match);
@@ -91,14 +95,15 @@ size_t FindCharacter(std::string_view text, BlockMatch auto match) {
   return text.size();
 }
 
-/// How many there are; inline, while std::popcount is a call where the processor may be an old one.
+/// The number of selected characters. std::popcount would be a call of a function, as the program has to run
+/// on processors without an instruction for it.
 inline size_t CountOf(CharacterMask mask) {
   mask -= (mask >> 1U) & 0x5555555555555555;
   mask = (mask & 0x3333333333333333) + ((mask >> 2U) & 0x3333333333333333);
   return static_cast<size_t>((((mask + (mask >> 4U)) & 0x0F0F0F0F0F0F0F0F) * 0x0101010101010101) >> 56U);
 }
 
-/// How many characters of `text` are those of `match`.
+/// How many characters of `text` `match` selects.
 size_t CountCharacters(std::string_view text, BlockMatch auto match) {
   size_t count = 0;
   for (size_t at = 0; at < text.size(); at += CharacterBlock::kCount) {
@@ -107,7 +112,7 @@ size_t CountCharacters(std::string_view text, BlockMatch auto match) {
   return count;
 }
 
-/// `text` without the characters of `match`.
+/// `text` without the characters that `match` selects.
 std::string WithoutCharacters(std::string_view text, BlockMatch auto match) {
   std::string result(text.size(), '\0');
   size_t size = 0;

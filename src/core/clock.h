@@ -12,7 +12,7 @@ class Clock {
   Clock& operator=(const Clock&) = delete;
   virtual ~Clock() = default;
 
-  /// Local time of day in seconds with fractions, 0 at midnight. Goes on steadily, also when somebody puts
+  /// Local time of day in seconds with fractions, 0 at midnight. Goes on steadily, even when somebody sets
   /// the system's clock forward or back.
   virtual double SecondsSinceMidnight() const = 0;
   /// Today's date in the system's short format, for the name of a file: UTF-8, in the locale's own digits.

@@ -24,10 +24,11 @@ std::optional<char> ByteOf(char32_t codePoint) {
   return static_cast<char>(0x80 + (found - kHighControls.begin()));
 }
 
+// What the first byte of a character in UTF-8 tells.
 struct Sequence {
-  size_t length;
-  char32_t lowest;  // anything below is an overlong form
-  char32_t bits;    // what the lead byte carries
+  size_t length;    // bytes in all
+  char32_t lowest;  // code point; anything below is an overlong form
+  char32_t bits;    // of the code point, those that the first byte carries
 };
 
 std::optional<Sequence> SequenceOf(unsigned char lead) {
@@ -71,18 +72,18 @@ void AppendUtf8(std::string& out, char32_t codePoint) {
   }
 }
 
-std::optional<char32_t> TakeCharacter(std::string_view& text) {
-  const auto sequence = SequenceOf(static_cast<unsigned char>(text.front()));
-  if (!sequence || text.size() < sequence->length) return std::nullopt;
+std::optional<char32_t> TakeCharacter(std::string_view& utf8) {
+  const auto sequence = SequenceOf(static_cast<unsigned char>(utf8.front()));
+  if (!sequence || utf8.size() < sequence->length) return std::nullopt;
   char32_t codePoint = sequence->bits;
-  for (const char c : text.substr(1, sequence->length - 1)) {
+  for (const char c : utf8.substr(1, sequence->length - 1)) {
     const auto byte = static_cast<unsigned char>(c);
     if ((byte & 0xC0U) != 0x80U) return std::nullopt;
     codePoint = (codePoint << 6U) | (byte & 0x3FU);
   }
   const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
   if (codePoint < sequence->lowest || codePoint > 0x10FFFF || surrogate) return std::nullopt;
-  text.remove_prefix(sequence->length);
+  utf8.remove_prefix(sequence->length);
   return codePoint;
 }
 

@@ -9,8 +9,8 @@ namespace {
 
 template <size_t N>
 int IndexOf(const std::array<float, N>& values, float value) {
-  // Without a branch, for the lengths of a melody come in no order. None of the values is 0, so the bits
-  // tell.
+  // Without a branch: the lengths of a melody come in no order that the processor could foretell. The bits
+  // can be compared because none of the values is 0, which has two forms.
   int found = -1;
   for (size_t i = 0; i < N; ++i) {
     const bool same = std::bit_cast<uint32_t>(values[i]) == std::bit_cast<uint32_t>(value);

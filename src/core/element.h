@@ -62,7 +62,7 @@ class Element {
     isCommand_ = isCommand;
   }
 
-  bool isCommand_ = false;  ///< what text_ is
+  bool isCommand_ = false;  ///< text_ is a command, not a note
   ShortText text_;
 };
 
@@ -80,12 +80,13 @@ inline ElementBits Element::Bits() const {
 
 using ElementList = std::vector<Element>;
 
+/// A tone: `note` as Element::Note gives it, the other values as the fields hold them.
 Element Tone(std::string_view note, int16_t octave, float duration, float extra);
 Element Pause(float duration, float extra);
 /// A command as the decoders make it: no octave, no length.
 Element Command(std::string_view token);
 
-/// The element that many octaves higher, as far as its field goes; one without an octave as it is.
+/// The element `octaves` higher, its octave kept within 16 bits; one without an octave as it is.
 Element OctavesUp(const Element& element, int octaves);
 
 /// True for a pause: a note that contains an "r" of either case.

@@ -40,7 +40,7 @@ std::string LetterByCode(const std::string& letter, std::string_view code) {
   return (upper ? Uppered(letter) : Lowered(letter)) + (dotted ? "." : "");
 }
 
-// The eighth pause reads back as a quarter and the quarter pause vanishes: so the phones' texts are.
+// An eighth pause reads back as a quarter and a quarter pause vanishes: that is how the phones' texts are.
 std::string_view EMelodyPause(std::string_view code) {
   if (code == "0") return "P.";
   if (code == "1") return "P";
@@ -74,7 +74,7 @@ Token EncodeEMelody(const Element& element, Log& log) {
   return token;
 }
 
-// The octave of today's players that the phones' composers lack.
+// An octave that today's players have and the phones' composers lack: RTTTL's 4.
 constexpr int16_t kLowestModernOctave = 2;
 
 FieldText RtttlOctave(int16_t octave, RtttlSpelling spelling) {

@@ -20,7 +20,8 @@ class EventPump {
   virtual bool WaitForEvents(double milliseconds) = 0;
 };
 
-/// Ends one piece of work as the program's end would end all: for work that the user can cancel.
+/// The pump of a piece of work that the user can cancel: after Stop that work ends as it would at the
+/// program's end.
 class StoppablePump : public EventPump {
  public:
   explicit StoppablePump(EventPump& pump) : pump_(pump) {}

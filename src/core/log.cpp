@@ -12,7 +12,8 @@ namespace trillomat {
 FileLog::FileLog(std::filesystem::path file, const Clock& clock, MessageBox& messages)
     : file_(std::move(file)), clock_(clock), messages_(messages) {}
 
-// A pipe in the log's place would wait for a reader, a device take anything.
+// Only into a plain file: a pipe in its place would wait for a reader, and a device could do anything with
+// the text.
 bool FileLog::Append(std::string_view message) const {
   namespace fs = std::filesystem;
   std::error_code unknown;

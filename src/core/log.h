@@ -63,8 +63,8 @@ class FileLog : public Log {
  public:
   FileLog(std::filesystem::path file, const Clock& clock, MessageBox& messages);
 
-  /// Appends the time, two tabs, the message, CR and LF; then shows a level-2 message. A line that
-  /// cannot be written, where the file is no plain one too, is shown to the user instead, once a run.
+  /// Appends the time, two tabs, the message, CR and LF; then shows a level-2 message. When a line cannot be
+  /// written, which includes that there is something else than a plain file, the user is told so once a run.
   void WriteLog(std::string_view message, int16_t level) override;
   void BeginOperation() override;
   void EndOperation() override;

@@ -1,4 +1,4 @@
-// Tells how far a loop has come that lets events run once an element.
+// Tells how far a loop has come that lets events run once for each element.
 #pragma once
 
 #include <cstddef>

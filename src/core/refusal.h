@@ -20,7 +20,7 @@ struct Refusal {
   bool operator==(const Refusal&) const = default;
 };
 
-/// Why work stopped that lets events run, when these said that the program is ending.
+/// Why work was broken off when EventPump said that the program is ending.
 inline constexpr std::string_view kProgramEnding = "the program is ending";
 
 /// A value, or the refusal in its place.
@@ -34,7 +34,7 @@ class Result {
   const Value& operator*() const { return *value_; }
   Value& operator*() { return *value_; }
   const Value* operator->() const { return &*value_; }
-  /// Of a result without a value.
+  /// Why there is no value; only where there is none.
   const Refusal& Why() const { return refusal_; }
 
  private:

@@ -1,4 +1,4 @@
-// A flag or number that has another value for as long as a piece of work lasts, however that ends.
+// Gives a variable another value for as long as a piece of work lasts, however that ends.
 #pragma once
 
 #include <utility>

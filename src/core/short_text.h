@@ -3,7 +3,7 @@
 //   byte 0 ... 11   12          the text, its length
 //   byte 0 ... 7    12 = 255    the address of the text
 //
-// So an array of records that hold one is copied and moved as quickly as plain bytes.
+// So records that hold one are copied and moved nearly as quickly as plain bytes.
 #pragma once
 
 #include <array>

@@ -8,7 +8,8 @@ namespace {
 
 constexpr int16_t kLowestCounted = 3;
 
-// Counted in 16 bits by the block, which the compiler makes eight at a time of.
+// How many of `octaves` are `octave`. A block is counted in 16 bits, so that the compiler can compare eight
+// at a time.
 int64_t CountOf(int16_t octave, std::span<const int16_t> octaves) {
   constexpr size_t kBlock = 4096;
   int64_t count = 0;
@@ -24,9 +25,9 @@ int64_t CountOf(int16_t octave, std::span<const int16_t> octaves) {
 
 }  // namespace
 
-// Without a branch, for the octaves and lengths of a melody come in no order.
+// Without a branch: the octaves and lengths of a melody come in no order that the processor could foretell.
 DefaultsCount::DefaultsCount(const ElementList& elements, int octaves) {
-  std::array<int64_t, 6> octaveCounts{};  // those outside at both ends
+  std::array<int64_t, 6> octaveCounts{};  // octaves 3 to 6, between all that lie below and all that lie above
   std::array<int64_t, kDurations.size()> durationCounts{};
   for (const Element& element : elements) {
     const int octave = element.octave == kNoOctave ? kNoOctave : element.octave + octaves;

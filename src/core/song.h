@@ -47,23 +47,24 @@ struct TokenDefaults {
 /// Every token carries its own octave and duration.
 inline constexpr TokenDefaults kNoTokenDefaults{.octave = -1, .duration = -1.0F};
 
-/// How often each octave of 3 to 6 and each duration occurs, which tells the commonest ones. Ties go to
-/// the longer duration; with nothing to count, octave 3 and duration 4.0.
+/// Counts the octaves 3 to 6 (those of RTTTL) and the durations of a song's elements, to tell the commonest.
+/// Of durations that occur equally often the longest counts as the commonest; with nothing to count, it is
+/// octave 3 and duration 4.0.
 class DefaultsCount {
  public:
   DefaultsCount() = default;
-  /// Of elements moved by so many octaves.
+  /// Counts `elements` as if they were moved by `octaves`.
   explicit DefaultsCount(const ElementList& elements, int octaves = 0);
 
   void Add(const Element& element) { Change(element, 1); }
   void Remove(const Element& element) { Change(element, -1); }
-  /// Elements with these octaves come, or go, and leave or have others in their place.
+  /// Elements get these octaves, or lose them; their durations stay.
   void AddOctaves(std::span<const int16_t> octaves) { ChangeOctaves(octaves, 1); }
   void RemoveOctaves(std::span<const int16_t> octaves) { ChangeOctaves(octaves, -1); }
 
-  /// A tie goes to the lower octave: what the text view leaves out.
+  /// Of octaves that occur equally often the lowest: what the text view leaves out.
   TokenDefaults Commonest() const;
-  /// A tie for the commonest octave gives 3: what an RTTTL header announces.
+  /// Where several octaves are the commonest, octave 3: what an RTTTL header announces.
   TokenDefaults CommonestForHeader() const;
 
  private:

@@ -4,7 +4,8 @@
 
 namespace trillomat {
 
-// By a block each time, so that what is cleared here is still at hand in the processor when it is written.
+// By a block of limited size, so that what resize clears is still in the processor's cache when it is
+// written.
 void TextWriter::Grow(size_t least) {
   constexpr size_t kFewest = 256;
   constexpr size_t kMost = 32768;

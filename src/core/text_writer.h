@@ -11,7 +11,7 @@
 
 namespace trillomat {
 
-/// A short text that is written many times.
+/// A short text that is written many times, of at most kRoom characters.
 template <size_t kRoom>
 struct ReadyText {
   static_assert(kRoom < 256);
@@ -22,7 +22,7 @@ struct ReadyText {
   static bool Holds(std::string_view text) { return text.size() <= kRoom; }
 
   ReadyText() = default;
-  /// Of a text that it holds.
+  /// `text` is one that Holds takes.
   explicit ReadyText(std::string_view text) : size(static_cast<uint8_t>(text.size())) {
     text.copy(characters.data(), kRoom);
   }
@@ -30,7 +30,7 @@ struct ReadyText {
 
 class TextWriter {
  public:
-  /// For a text of some `expected` bytes, which need not be copied as it grows.
+  /// `expected`: about how many bytes will be written. Room for them is made at once.
   explicit TextWriter(size_t expected) { text_.reserve(expected); }
 
   size_t Size() const { return text_.size() - Left(); }
@@ -47,25 +47,25 @@ class TextWriter {
     std::memcpy(at_, piece.characters.data(), kRoom);
     at_ += size;
   }
-  /// `piece` is no part of what was written.
+  /// `piece` must not be a part of what was written.
   void Add(std::string_view piece);
-  /// Writes the `size` characters from `begin` on, which were written, once more.
+  /// Writes once more the `size` characters that were written from `begin` on.
   void AddAgain(size_t begin, size_t size);
 
-  /// Begins anew.
+  /// Forgets what was written.
   void Clear() {
     at_ = text_.data();
     end_ = at_ + text_.size();
   }
-  /// The text; nothing is to be written any more.
+  /// What was written. The last call: nothing can be written any more.
   std::string Take();
 
  private:
   size_t Left() const { return static_cast<size_t>(end_ - at_); }
   void Grow(size_t least);
 
-  std::string text_;  ///< what was written, and room up to its end
-  char* at_ = nullptr;
+  std::string text_;    ///< what was written, and behind it the room that is left
+  char* at_ = nullptr;  ///< where the next character goes
   char* end_ = nullptr;
 };
 

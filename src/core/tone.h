@@ -19,12 +19,14 @@ using ToneTable = std::array<Value, kTones.size()>;
 inline constexpr std::array<std::string_view, 12> kPianoTones{"c",  "#c", "d",  "#d", "e",  "f",
                                                               "#f", "g",  "#g", "a",  "#a", "b"};
 
-/// Where a note of one or two characters stands in tables: by length, accidental and letter of either case.
+/// Tables of a value for each note of one or two characters, and where a note stands in them: by its length,
+/// its accidental and its letter of either case.
 namespace tone_places {
 
-inline constexpr size_t kLetters = 8;      // a to g, and what is none of them
-inline constexpr size_t kAccidentals = 4;  // a letter, "#", "&", and what is none of them
+inline constexpr size_t kLetters = 8;      // a to g, and one for any other character
+inline constexpr size_t kAccidentals = 4;  // for a letter, "#", "&", and any other character
 
+// What each character is as an accidental (in eighths) and as a letter (the rest).
 inline constexpr auto kCharacters = [] {
   std::array<uint8_t, 256> characters{};
   characters.fill((kAccidentals - 1) * kLetters + kLetters - 1);
@@ -34,14 +36,14 @@ inline constexpr auto kCharacters = [] {
   return characters;
 }();
 
-// No branches: what comes next in a melody cannot be foretold.
+// Without a branch: the processor could not foretell what comes next in a melody.
 constexpr size_t PlaceOf(std::string_view note) {
   const size_t accidental = kCharacters[static_cast<unsigned char>(note.front())] / kLetters;
   const size_t letter = kCharacters[static_cast<unsigned char>(note.back())] % kLetters;
   return ((note.size() - 1) * kAccidentals + accidental) * kLetters + letter;
 }
 
-/// What `valueOf` gives for each of kTones, -1 elsewhere.
+/// A table with what `valueOf` gives for the index of each of kTones, and -1 for all other notes.
 template <typename ValueOf>
 constexpr auto TableOf(ValueOf valueOf) {
   std::array<int8_t, 2 * kAccidentals * kLetters> table{};
@@ -63,15 +65,16 @@ constexpr int ToneIndex(std::string_view note) {
   return note.empty() || note.size() > 2 ? -1 : tone_places::kIndexes[tone_places::PlaceOf(note)];
 }
 
-/// The index in kPianoTones of what `note`, of either case, sounds as: semitones above c. -1 for what is none
-/// of kTones.
+/// The semitones from c up to `note`, of either case: its index in kPianoTones. -1 for what is none of
+/// kTones.
 constexpr int SemitoneOf(std::string_view note) {
   return note.empty() || note.size() > 2 ? -1 : tone_places::kSemitones[tone_places::PlaceOf(note)];
 }
 
+/// A key of the piano.
 struct PianoTone {
   std::string_view tone;  ///< one of kPianoTones
-  int octavesUp;          ///< from the octave of the letter that it was spelled with
+  int octavesUp;          ///< from the octave of the letter that it was spelled with: -1, 0 or 1
 };
 
 /// The key of the piano that a letter, a to g in lower case, means with an accidental of -1, 0 or 1
