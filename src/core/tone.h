@@ -26,7 +26,7 @@ namespace tone_places {
 inline constexpr size_t kLetters = 8;      // a to g, and one for any other character
 inline constexpr size_t kAccidentals = 4;  // for a letter, "#", "&", and any other character
 
-// What each character is as an accidental (in eighths) and as a letter (the rest).
+// For each character: the number of its accidental times kLetters, plus that of its letter.
 inline constexpr auto kCharacters = [] {
   std::array<uint8_t, 256> characters{};
   characters.fill((kAccidentals - 1) * kLetters + kLetters - 1);

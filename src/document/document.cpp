@@ -8,7 +8,7 @@ namespace trillomat {
 Document::Document(Song song, FormatMode mode)
     : song_(std::move(song)), count_(Elements()), cursor_(-1), mode_(mode) {}
 
-// A splice beyond the end is cut off there, and so are octaves.
+// What the change comes to: a splice or octaves beyond the end of the song are cut off there.
 ChangedRange Document::RangeOf(const Change& change) const {
   const size_t at = std::min(change.at, Size());
   const bool octaves = !change.octaves.empty();
@@ -22,7 +22,7 @@ ChangedRange Document::RangeOf(const Change& change) const {
           .file = change.file.has_value()};
 }
 
-// Leaves in `back` what takes it back.
+// Makes the change of the elements, and puts into `back` what takes it back.
 void Document::ChangeElements(Change& change, ChangedRange& range, Change& back) {
   back.at = range.at;
   if (range.octaves) {
@@ -48,14 +48,13 @@ Change Document::Apply(Change change) {
     if (change.file->saved == SongFile::kThisSong) change.file->saved = number_;
     back.file = std::exchange(file_, *std::move(change.file));
   }
-  Place(change, range);
+  PlaceCursorAndSelection(change, range);
   if (range.ElementsChanged()) ++revision_;
   Tell(range);
   return back;
 }
 
-// Cursor and selection.
-void Document::Place(const Change& change, ChangedRange& range) {
+void Document::PlaceCursorAndSelection(const Change& change, ChangedRange& range) {
   const int32_t cursor = std::clamp(change.cursor.value_or(cursor_), -1, std::max(LastIndex(), -1));
   const bool keeps = !change.cursor && !range.ElementsChanged();
   const ElementRange selection = InSong(change.selection.value_or(keeps ? selection_ : ElementRange{}));
@@ -85,7 +84,7 @@ ElementList Document::Elements(ElementRange range) const {
   return elements;
 }
 
-// The counts follow, but for a new song, which is counted afresh.
+// Keeps the counts up to date; a new song is counted afresh.
 ElementList Document::Splice(size_t at, size_t removed, ElementList inserted) {
   if (removed == Size()) {
     count_ = DefaultsCount(inserted);
@@ -97,7 +96,7 @@ ElementList Document::Splice(size_t at, size_t removed, ElementList inserted) {
   return gone;
 }
 
-// By index, because an observer may add another.
+// By index, because an observer may add another one meanwhile.
 void Document::Tell(const ChangedRange& range) {
   for (size_t i = 0; i < observers_.size(); ++i) observers_[i]->DocumentChanged(range);
 }

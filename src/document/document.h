@@ -28,10 +28,11 @@ struct ElementRange {
   bool operator==(const ElementRange&) const = default;
 };
 
-/// The file that a song belongs to. Songs are numbered: each that a document has held has a number of its
-/// own, so that one that is brought back is known as the one that was saved.
+/// The file that a song belongs to. Each song that a document has held has a number of its own, so that one
+/// that is brought back by Undo is known as the one that was saved.
 struct SongFile {
-  static constexpr uint64_t kNothing = UINT64_MAX;  ///< the file holds none of the songs
+  static constexpr uint64_t kNothing = UINT64_MAX;  ///< the file holds none of the document's songs
+  /// In a Change: the file holds the song as it is after the change, whose number is not known before.
   static constexpr uint64_t kThisSong = kNothing - 1;
 
   std::filesystem::path path = {};  ///< empty for none
@@ -44,8 +45,8 @@ struct Change {
   size_t at = 0;              ///< the splice: from here on ...
   size_t removed = 0;         ///< ... so many elements go, and
   ElementList inserted = {};  ///< these come in their place
-  /// In place of a splice: the elements from `at` on get these octaves. Takes a fraction of the time and of
-  /// the memory that it takes to put others there.
+  /// Instead of the splice: the elements from `at` on get these octaves. Takes a fraction of the time and the
+  /// memory of putting other elements there.
   std::vector<int16_t> octaves = {};
   std::optional<SongInfo> info = {};
   std::optional<int32_t> cursor = {};  ///< where the cursor is afterwards
@@ -53,17 +54,17 @@ struct Change {
   /// selected.
   std::optional<ElementRange> selection = {};
   std::optional<FormatMode> mode = {};  ///< the elements are not converted to it
-  std::optional<SongFile> file = {};    ///< with kThisSong, it holds the song as it is after the change
-  std::optional<uint64_t> song = {};    ///< set by Apply alone, in what brings back the song of that number
+  std::optional<SongFile> file = {};    ///< see SongFile
+  std::optional<uint64_t> song = {};    ///< the number of the song that this brings back; set by Apply alone
 };
 
-/// What a change came to, for those who show the document.
+/// What a change came to, for those who show the document. The splice is told as in Change.
 struct ChangedRange {
   size_t at = 0;
   size_t removed = 0;
   size_t inserted = 0;
-  bool octaves = false;             ///< what came is what went, but for the octaves
-  std::optional<int> tonesUp = {};  ///< by how many octaves, where all tones of it moved alike
+  bool octaves = false;             ///< the inserted elements are the removed ones with other octaves
+  std::optional<int> tonesUp = {};  ///< by how many octaves, if all tones of them moved alike
   bool info = false;
   bool cursor = false;
   bool selection = false;
@@ -71,11 +72,11 @@ struct ChangedRange {
   bool file = false;  ///< which file the song belongs to, or whether that holds it
 
   bool ElementsChanged() const { return removed + inserted > 0; }
-  /// The song itself is another now, not just what is shown of it.
+  /// The song itself is another now, not only what is shown of it or where it is kept.
   bool SongChanged() const { return ElementsChanged() || info; }
 };
 
-/// Is told after each change, before Apply returns. Abstract because many listen.
+/// Who is told of each change, before Apply returns.
 class DocumentObserver {
  public:
   DocumentObserver() = default;
@@ -95,7 +96,8 @@ class Document {
   Document(const Document&) = delete;
   Document& operator=(const Document&) = delete;
 
-  /// The song in one piece, which takes time for its length; references to elements end.
+  /// The song in one piece: takes time in proportion to its length, and references to elements become
+  /// invalid.
   const Song& CurrentSong() const { return song_.Whole(); }
   /// The song as it is now, for those who let events run while they work on it: it stays as it is, and is
   /// copied only if the document changes meanwhile.
@@ -122,8 +124,8 @@ class Document {
   int32_t Cursor() const { return cursor_; }
   /// The selected elements, none when it is empty.
   ElementRange Selection() const { return selection_; }
-  /// Where the selection began, as a cursor: its end away from the cursor, or the cursor where nothing is
-  /// selected.
+  /// Where the selection began, as a cursor: that end of it which is away from the cursor; the cursor itself
+  /// where nothing is selected.
   int32_t Anchor() const;
   FormatMode Mode() const { return mode_; }
   /// Another number after each change of the elements, for those who remember something about them.
@@ -135,17 +137,17 @@ class Document {
   const std::filesystem::path& File() const { return file_.path; }
   /// Whether the song is another than the one that was read or saved.
   bool IsChanged() const { return number_ != file_.saved; }
-  /// The number that no other song of this document has.
+  /// A number that no other song of this document has had.
   uint64_t SongNumber() const { return number_; }
 
   /// Makes the change and tells the observers. A splice beyond the end is cut off there, a cursor or a
   /// selection outside the song put to its nearest end. Returns the change that takes this one back.
   Change Apply(Change change);
-  /// The song was read from `file` or saved there, or (empty) belongs to none. It counts as unchanged, unless
-  /// it was `changed` while that file was written.
+  /// The song was read from `file` or saved there; empty for a song of no file. It counts as unchanged,
+  /// unless it was `changed` while that file was written.
   void SetFile(std::filesystem::path file, bool changed = false);
 
-  /// `observer` has to outlive the document or be removed.
+  /// `observer` has to outlive the document or be removed before.
   void AddObserver(DocumentObserver& observer) { observers_.push_back(&observer); }
   void RemoveObserver(DocumentObserver& observer) { std::erase(observers_, &observer); }
 
@@ -153,7 +155,7 @@ class Document {
   ElementList Splice(size_t at, size_t removed, ElementList inserted);
   ChangedRange RangeOf(const Change& change) const;
   void ChangeElements(Change& change, ChangedRange& range, Change& back);
-  void Place(const Change& change, ChangedRange& range);
+  void PlaceCursorAndSelection(const Change& change, ChangedRange& range);
   ElementRange InSong(ElementRange range) const;
   void Tell(const ChangedRange& range);
 
@@ -164,7 +166,7 @@ class Document {
   ElementRange selection_;
   FormatMode mode_ = FormatMode::IMelody;
   uint64_t number_ = 0;
-  uint64_t lastNumber_ = 0;  ///< that was given to a song
+  uint64_t lastNumber_ = 0;  ///< the highest that a song was given
   SongFile file_{.saved = 0};
   std::vector<DocumentObserver*> observers_;
 };

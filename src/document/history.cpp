@@ -11,7 +11,7 @@ size_t MemoryOf(const SongInfo& info) {
          info.volume.capacity() + info.version.capacity() + info.format.capacity();
 }
 
-// What its text takes outside the element.
+// What the text of an element takes on the heap.
 size_t MemoryOf(const Element& element) {
   const size_t length = std::max(element.Note().size(), element.Command().size());
   return length > ShortText::kInPlace ? length : 0;
@@ -58,7 +58,7 @@ void History::Limit(std::deque<Step>& steps) {
   while (memory_ > mostMemory_ && steps.size() > 1) Forget(steps);
 }
 
-// The one that would be reached last.
+// Forgets the step that would be reached last.
 void History::Forget(std::deque<Step>& steps) {
   memory_ -= steps.front().memory;
   steps.pop_front();

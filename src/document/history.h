@@ -1,5 +1,5 @@
-// What was done to the song, so that it can be taken back and done again: every change that a user's command
-// makes goes through here. A step costs memory for what it replaced alone.
+// What was done to the song, so that it can be taken back and done again. Every change that a command of the
+// user makes goes through here. A step takes memory only for what it replaced.
 #pragma once
 
 #include <cstddef>
@@ -36,8 +36,9 @@ class History {
   /// The name of the step that Undo takes back, or Redo makes again; empty for none.
   std::string_view UndoName() const { return CanUndo() ? std::string_view(undo_.back().name) : ""; }
   std::string_view RedoName() const { return CanRedo() ? std::string_view(redo_.back().name) : ""; }
-  /// Elements, song information, cursor and selection are again as they were before the step, or when it was
-  /// taken back; and so are mode and file where the step changed them. False when there is none.
+  /// Elements, song information, cursor and selection are again as they were before the step (Undo), or when
+  /// it was taken back (Redo); and so are mode and file where the step changed them. False when there is no
+  /// step.
   bool Undo();
   bool Redo();
 
@@ -47,8 +48,8 @@ class History {
  private:
   struct Step {
     std::string name;
-    Change change;  ///< to be made when the step is taken back, or made again
-    size_t memory = 0;
+    Change change;      ///< takes the step back, or makes it again
+    size_t memory = 0;  ///< bytes that the step takes
   };
 
   void Keep(Step step, std::deque<Step>& steps);

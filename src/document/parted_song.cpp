@@ -9,7 +9,7 @@
 namespace trillomat {
 namespace {
 
-// The last elements of one list become the last of the other, the other way round.
+// Takes the last `count` elements of one list and appends them to the other in reverse order.
 void MoveEnd(size_t count, ElementList& from, ElementList& to) {
   const auto end = from.rbegin() + static_cast<std::ptrdiff_t>(count);
   to.insert(to.end(), std::make_move_iterator(from.rbegin()), std::make_move_iterator(end));
@@ -28,7 +28,7 @@ std::shared_ptr<const Song> PartedSong::Shared() const {
   return front_;
 }
 
-// For a change, which those who share the song are not to see.
+// The song, to be changed: copied before if somebody shares it, who must not see the change.
 Song& PartedSong::Own() const {
   if (front_.use_count() > 1) front_ = std::make_shared<Song>(*front_);
   return *front_;
@@ -41,7 +41,7 @@ void PartedSong::PartAt(size_t at) const {
 }
 
 ElementList PartedSong::Splice(size_t at, size_t removed, ElementList inserted) {
-  // A new song takes the place of the old one as a whole; what goes and what comes are not moved one by one.
+  // Another song: the lists are exchanged, so that no element is moved by itself.
   if (removed == Size()) {
     PartAt(Size());
     return std::exchange(Own().elements, std::move(inserted));
