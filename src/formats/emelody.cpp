@@ -6,7 +6,7 @@
 //   MELODY:+C.(b)dPe           tokens without a separator or wrapping
 //   END:EMELODY
 //
-// What stands outside the markers is not read, and line ends may stand anywhere, in the markers too.
+// What stands outside the markers is not read. Line ends may stand anywhere, even in the markers.
 #include "formats/format_functions.h"
 #include "formats/letter_notes.h"
 

@@ -1,7 +1,7 @@
 // The four melody file formats: bytes into a song and a song into bytes, by one table with a row a format.
 // How each looks is described where it is read and written (imelody.cpp, emelody.cpp, rtttl.cpp,
-// melody.cpp). Nothing here knows of files; events run once an element, and what runs meanwhile cannot touch
-// what is read or written.
+// melody.cpp). Nothing here knows of files. Events run once for each element; their handlers cannot touch
+// what is being read or written.
 #pragma once
 
 #include <optional>
@@ -15,25 +15,26 @@
 
 namespace trillomat {
 
-/// What a reader kept, or dropped, without knowing what it is: IsUnderstood is false for it.
+/// The elements that a reader kept, or dropped, without knowing what they are: IsUnderstood is false for
+/// them.
 struct NotUnderstood {
   size_t count = 0;
-  size_t of = 0;       ///< elements that were read, those that were dropped too
-  Refusal first = {};  ///< where the first stands, without a why
+  size_t of = 0;       ///< all elements that were read, dropped ones included
+  Refusal first = {};  ///< the place and text of the first one, without a why
 };
 
 /// What a read or an import came to.
 struct ReadResult {
   ElementList elements;            ///< empty when it was refused
-  ReadRecord record;               ///< what was read of the song information, refused or not: see ReadRecord
+  ReadRecord record;               ///< the song information as far as it was read, refused or not
   std::optional<Refusal> refusal;  ///< why there are no elements
   NotUnderstood notUnderstood = {};
 
   explicit operator bool() const { return !refusal; }
 };
 
-/// Reads a file's bytes. Fields that they do not hold keep their values in `before`. A run-time fault is
-/// logged as "Error in bReadFile_IMelody" (level 1), or the name of that mode's reader.
+/// Reads a file's bytes. Fields that they do not hold get their values from `before`. A fault is logged as
+/// "Error in bReadFile_IMelody" (level 1), with the name of that mode's reader.
 ReadResult Read(std::string_view bytes, FormatMode mode, const ReadRecord& before, const Services& services);
 
 /// The bytes of a file that holds the song; refused only when the program is ending, or out of memory, which

@@ -47,7 +47,7 @@ void TakeMelody(std::string_view original, Reading& reading) {
   reading.elements.reserve(most);
   static constexpr ByteMap kSpelling([](char c) { return c; }, [](char /*c*/) { return true; });
   TokenDecoder decode(FormatMode::IMelody, {}, kSpelling, most, reading.services);
-  // The end is looked for behind a token, so a melody without one fails.
+  // Whether there is more is asked behind each token, so a melody without any token fails.
   do {
     const CutToken token = rest.TakeToken();
     const DecodedToken& decoded = decode(token);
@@ -56,8 +56,8 @@ void TakeMelody(std::string_view original, Reading& reading) {
   } while (!rest.IsEmpty());
 }
 
-// Reads the melody that starts with `value` and goes on in the lines of `rest`, up to the one that holds
-// "END"; takes from `rest` what comes before that.
+// Reads the melody that begins with `value`, the rest of its first line, and goes on in the lines of `rest`
+// up to the one that holds "END". Takes those lines, but not that one, from `rest`.
 void TakeMelodyLines(std::string_view value, std::string_view& rest, Reading& reading) {
   std::string_view last = value;
   std::string_view following = rest;
@@ -91,7 +91,7 @@ void TakeField(std::string_view tag, std::string_view value, Reading& reading) {
   }
 }
 
-// The element as the file has it: octave 4 is the format's default and is left out.
+// The element as a file has it: octave 4 is the default of the format and is left out.
 std::string FileToken(const Element& element, Log& log) {
   if (!element.Command().empty()) return std::string(element.Command());
   std::string token = Encode(element, FormatMode::IMelody, {}, log).text;
@@ -129,7 +129,7 @@ Result<std::string> WriteIMelody(const Song& song, const Services& services) {
            "\r\nCOMPOSER:" + info.composer + "\r\nBEAT:" + DecimalText(info.bpm) + "\r\nSTYLE:" + info.style +
            "\r\nVOLUME:" + info.volume + "\r\nMELODY:");
   ElementTexts tokens(song.elements.size(), FileToken, services.log);
-  size_t length = 0;  // of the physical line; "MELODY:" does not count, a continued line's blank does
+  size_t length = 0;  // of the line in the file; "MELODY:" does not count, the blank of a continued line does
   for (const Element& element : song.elements) {
     length += tokens.Write(element, text);
     if (length > kWrapBehind) {

@@ -7,11 +7,11 @@
 namespace trillomat {
 namespace {
 
-// Commands that are known by their first three letters.
+// Commands that are told by their first three letters.
 struct NamedCommand {
   std::string_view start;
   std::string_view whole;
-  size_t otherLength;  // of the token that is not `whole`
+  size_t otherLength;  // of a token that begins with `start`, but not with `whole`
 };
 constexpr std::array<NamedCommand, 3> kNamedCommands{
     {{"led", "ledon", 6}, {"bac", "backon", 7}, {"vib", "vibeon", 7}}};
@@ -24,7 +24,7 @@ IMelodyTokens::IMelodyTokens(std::string_view original)
     : original_(original), text_(WithoutWhitespace(original) + std::string(kSentinel)), ends_(text_) {}
 
 size_t IMelodyTokens::MostTokens() const {
-  // Each has a length, an "o" or a bracket.
+  // Each token has a length, an "o" or a bracket; the digits behind a "*" are no lengths.
   const auto ends = [](CharacterBlock block) {
     return NoteEnds::DigitsIn(block) | block.Equal('o') | block.Equal('(');
   };
@@ -55,7 +55,7 @@ size_t IMelodyTokens::RepeatEndLength(std::string_view rest) const {
   return end + 1;
 }
 
-// As NoteEnds has it, in a token that may begin in the midst of a note and ends before long.
+// As NoteEnds tells it, for a token that may begin in the middle of a note; it is looked for only so far.
 size_t IMelodyTokens::NoteLength(std::string_view rest) const {
   constexpr size_t kPositions = 32767;
   const std::string_view scanned = rest.substr(0, kPositions);

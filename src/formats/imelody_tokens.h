@@ -18,7 +18,8 @@ class IMelodyTokens {
   /// `original` holds the melody as it stands in the file, over one or more lines.
   explicit IMelodyTokens(std::string_view original);
 
-  /// False again behind a damaged last token that has reached too far; TakeToken ends that.
+  /// Whether all tokens were taken. False too when a damaged last token has reached into the sentinel: the
+  /// next TakeToken throws then.
   bool IsEmpty() const { return text_.size() - begin_ == kSentinel.size(); }
 
   /// Throws a ReadFault where no token can be cut.
@@ -28,14 +29,15 @@ class IMelodyTokens {
     return {text_, begin, begin_};
   }
 
-  /// At least as many as there are, but for damaged ones.
+  /// A number that the tokens do not exceed, as long as none is damaged.
   size_t MostTokens() const;
 
   /// Where a token stands in the file.
   std::string_view Origin(std::string_view token) const;
 
  private:
-  // A note ends with its length, the first digit that is not the octave behind a "*", or the mark after it.
+  // A note ends with its length, which is the first digit that does not stand behind a "*" (that one is its
+  // octave), or with the mark behind the length.
   struct NoteEnds {
     static CharacterMask DigitsIn(CharacterBlock block) { return block.Between('0', '9'); }
     static CharacterMask LengthsIn(CharacterBlock block) {
@@ -48,10 +50,11 @@ class IMelodyTokens {
     }
   };
 
-  // It stands behind the melody while tokens are cut, and a damaged last token may reach into it.
+  // Stands behind the melody while tokens are cut. A damaged last token may reach into it.
   static constexpr std::string_view kSentinel = "--END--";
 
-  // Whether a token that begins so can be anything but a note that begins here.
+  // Whether a token with this first character may be something else than a whole note, so that NoteEnds does
+  // not tell its end.
   static bool NeedsLook(char first) {
     static constexpr auto kNeedsLook = [] {
       std::array<bool, 256> needs{};

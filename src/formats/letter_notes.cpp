@@ -21,12 +21,12 @@ constexpr char PauseAndGermanB(char c) {
   }
 }
 
-// The codes 65 to 121: "z" ends no token, and the signs between the upper- and lower-case letters do. The
-// sign for a pause is spelled with a letter too.
+// The characters with the codes 65 to 121 end a token: so "z" does not, but the signs between the upper- and
+// lower-case letters do. "-" stands for the letter of a pause.
 CharacterMask ToneLettersIn(CharacterBlock block) { return block.Between('A', 'y') | block.Equal('-'); }
 
-// A token ends with the first letter without a ")" behind it (that one belongs to a flat sign), and the dot
-// after it.
+// A token ends with its first letter, or with the dot behind that. A letter with a ")" behind it is part of
+// the flat sign "(b)" and ends nothing.
 struct ToneEnds {
   CharacterMask operator()(CharacterBlock block) const {
     const CharacterBlock behind = block.Behind(1);
@@ -77,7 +77,7 @@ void TakeLetterNotes(std::string_view notes, std::string_view text, FormatMode m
   const auto origin = [&](std::string_view part) {
     return OriginOf(part, tokens, OriginOf(notes, text, reading.bytes));
   };
-  // One letter each, but for that of a flat sign, "(b)".
+  // Each token has one letter, and perhaps that of a flat sign, "(b)".
   const size_t flats = CountCharacters(tokens, [](CharacterBlock block) { return block.Equal(')'); });
   const size_t most = std::max(CountCharacters(tokens, ToneLettersIn), flats) - flats;
   reading.elements.reserve(most);

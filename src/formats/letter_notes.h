@@ -32,10 +32,10 @@ MarkedNotes FindMarkedNotes(std::string_view text);
 /// For a refusal of a text whose markers are missing.
 inline constexpr std::string_view kMarkersAdvice = "Notes stand between \"MELODY:\" and \"END:EMELODY\"";
 
-/// Removes whitespace from `notes`, turns p, P and "-" into pauses and h, H into b, cuts the tokens and takes
-/// in their elements in `mode`. A remainder that ends no token is logged ("Critical error when
-/// converting!!!!", level 1) and ends the read quietly; a text without any token ends it with a logged fault.
-/// `notes` is a part of `text`, which is the bytes without some of their whitespace.
+/// Reads `notes` as elements of `mode`: whitespace does not count, p, P and "-" are pauses, h and H are b.
+/// `notes` is a part of `text`, which is the bytes without some of their whitespace. A remainder that no
+/// letter ends is logged ("Critical error when converting!!!!", level 1) and ends the read with a quiet
+/// fault; a text without any token ends it with a logged one.
 void TakeLetterNotes(std::string_view notes, std::string_view text, FormatMode mode, Reading& reading);
 
 /// About how many characters of a file a token takes.

@@ -14,7 +14,7 @@ constexpr bool EndsLine(char c) { return c == '\r' || c == '\n'; }
 
 CharacterMask LineEndsIn(CharacterBlock block) { return block.Equal('\r') | block.Equal('\n'); }
 
-// For a message: cut when it is long, control characters as "?".
+// As a message shows it: on one line, cut when it is long.
 std::string Shown(std::string_view text) {
   std::string shown = OnOneLine(text.substr(0, kLongestShown), '?');
   if (text.size() > kLongestShown) shown += "...";
@@ -25,7 +25,7 @@ size_t CountVisible(std::string_view text) {
   return text.size() - static_cast<size_t>(std::count_if(text.begin(), text.end(), IsWhitespace));
 }
 
-// How many characters of `text` hold the first `count` that are no whitespace, and end with the last of them.
+// The length of the beginning of `text` that ends with its `count`th character that is no whitespace.
 size_t LengthOfVisible(std::string_view text, size_t count) {
   size_t length = 0;
   for (size_t i = 0; i < text.size() && count > 0; ++i) {
@@ -36,7 +36,7 @@ size_t LengthOfVisible(std::string_view text, size_t count) {
   return length;
 }
 
-// Fills in the place of `where`, a part of `bytes`.
+// Fills in line, column and text of `where`, a part of `bytes`.
 void SetPlace(Refusal& refusal, std::string_view bytes, std::string_view where) {
   const auto offset = static_cast<size_t>(where.data() - bytes.data());
   const std::string_view before = bytes.substr(0, offset);

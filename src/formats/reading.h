@@ -16,7 +16,7 @@
 
 namespace trillomat {
 
-/// A read in progress, into what it will come to.
+/// A read in progress. What is read goes into a ReadResult.
 struct Reading {
   Reading(std::string_view bytes, const Services& services, ReadResult& result)
       : bytes(bytes),
@@ -30,17 +30,17 @@ struct Reading {
   ElementList& elements;
   NotUnderstood& notUnderstood;
   Services services;
-  std::string_view firstNotUnderstood = {};  ///< where it stands in the bytes
+  std::string_view firstNotUnderstood = {};  ///< the part of the bytes that was not understood first
 
-  /// Counts an element that was cut and decoded. `where` gives the part of the bytes that it was; it is asked
-  /// for that of the first which is not understood, so that places cost nothing for all others.
+  /// Counts an element that was read. `where()` gives the part of the bytes that it was read from; that is
+  /// looked for only for the first one that is not understood, because it takes time.
   template <typename Where>
   void Count(bool understood, const Where& where) {
     ++notUnderstood.of;
     if (understood) return;
     if (notUnderstood.count++ == 0) firstNotUnderstood = where();
   }
-  /// Takes in one element, then lets events run.
+  /// Takes in one element, then lets events run, as LetEventsRun does.
   void Append(const Element& element) {
     elements.push_back(element);
     LetEventsRun();
@@ -71,17 +71,18 @@ class ReadFault : public std::runtime_error {
   std::string advice;
 };
 
-/// Runs `body` over `bytes` in one log operation. A ReadFault, or any other standard exception (which counts
-/// as Logged), becomes the refusal, with its line and column.
+/// Runs `body`, a reader, over `bytes` in one log operation; `routine` is its name in the log, `before` is
+/// the record that it starts from. A ReadFault, or any other standard exception (which counts as Logged),
+/// becomes the refusal, with its line and column.
 ReadResult RunReader(std::string_view routine, std::string_view bytes, const ReadRecord& before,
                      const Services& services, const std::function<void(Reading&)>& body);
 
 /// Throws quietly when the file holds fewer than `fewest` characters, line ends not counted.
 void RequireCharacters(const Reading& reading, size_t fewest);
 
-/// Where `part` of `text` came from: the part of `original`, of which `text` is a copy that lacks nothing but
-/// whitespace. An empty part stands right behind the character before it. So places cost nothing until a read
-/// fails.
+/// Where `part` of `text` came from: a part of `original`, of which `text` is a copy without some or all of
+/// its whitespace. An empty part came from right behind the character before it. Takes time in proportion to
+/// the text, so that places cost nothing as long as a read does not fail.
 std::string_view OriginOf(std::string_view part, std::string_view text, std::string_view original);
 
 /// `text` in double quotes for use in a message, cut when it is long, control characters as "?".

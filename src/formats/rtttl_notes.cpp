@@ -21,7 +21,7 @@ RtttlParts Split(std::string_view bytes) {
   return {bytes.substr(0, second), bytes.substr(second + 1)};
 }
 
-// The keys of one header, into `keys`.
+// Reads the header of a text into `keys`.
 class Header {
  public:
   Header(std::string_view original, RtttlKeys& keys, Log& log)
@@ -34,7 +34,7 @@ class Header {
   }
 
  private:
-  // Reads the key that `text` starts with, if it does.
+  // Reads the key and value that `text` begins with, if it begins with a key.
   void ReadKey(std::string_view text) {
     if (text.size() < 2 || text[1] != '=') return;
     const std::string_view key = text.substr(0, 2);
@@ -101,7 +101,7 @@ struct Commas {
   CharacterMask operator()(CharacterBlock block) const { return block.Equal(','); }
 };
 
-// Refused tokens are dropped.
+// Tokens that Decode refuses are dropped.
 void TakeNotes(std::string_view notes, Reading& reading) {
   notes = notes.substr(0, static_cast<size_t>(Trimmed(notes).end() - notes.begin()));
   const size_t tokens = CountCharacters(notes, Commas()) + 1;

@@ -21,9 +21,10 @@ struct RtttlParts {
 };
 
 /// Reads an RTTTL text: its header into `reading.record`, where a key that it lacks keeps the last header's
-/// value, and its notes, if there are any, into the elements; gives where they stand in the bytes. Volume
-/// stays as it was. Logs "Critical Error in GetDefault RTTTL" (level 1) for a digit run at the header's end
-/// and "Last Note??-->" for a last token without ",". Ends the read with a logged fault for fewer than two
+/// value and the volume stays as it was; and its notes, of which there may be none, into the elements.
+/// Returns where both stand in the bytes. Logs "Critical Error in GetDefault RTTTL" (level 1) for a digit run
+/// at the header's end and "Last Note??-->" for a last token without ",". Ends the read with a logged fault
+/// for fewer than two
 /// ":" and for a number that does not fit its field.
 RtttlParts TakeRtttlText(Reading& reading);
 

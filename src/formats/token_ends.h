@@ -1,5 +1,5 @@
-// Where the tokens of a text end, found for 64 characters at once: then cutting them is to count off bits,
-// without a branch that depends on how long each token is.
+// Finds where the tokens of a text end, 64 characters at a time. Cutting the tokens is then a matter of
+// taking one bit after the other, without a branch that depends on how long each token is.
 #pragma once
 
 #include <algorithm>
@@ -12,10 +12,11 @@
 
 namespace trillomat {
 
-/// How far in front of a block and behind it the ends may look.
+/// How many characters in front of a block and behind it `Ends` may look at.
 inline constexpr size_t kEndsMargin = 2;
 
-/// `Ends` is a function object: of a block it gives the characters that end a token, NUL not among them.
+/// `Ends` is a function object that takes a CharacterBlock and returns which of its characters end a token.
+/// NUL, with which the text is filled up at both ends, must not end one.
 template <typename Ends>
 class TokenEnds {
  public:
@@ -34,7 +35,7 @@ class TokenEnds {
     return end;
   }
 
-  /// Goes on at `index`, which is not in front of the last that Next gave.
+  /// Goes on at `index`, which must not lie in front of the last end that Next gave.
   void SkipTo(size_t index) {
     if (index >= next_) {
       next_ = index - index % kBlock;
@@ -62,8 +63,8 @@ class TokenEnds {
   }
 
   std::string_view text_;
-  size_t next_ = 0;    ///< the block that follows
-  uint64_t ends_ = 0;  ///< those that are left of the block in front of it, a bit each
+  size_t next_ = 0;    ///< where the next block begins
+  uint64_t ends_ = 0;  ///< the ends in the block before that which were not taken yet, a bit for each
 };
 
 }  // namespace trillomat
