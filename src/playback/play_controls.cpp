@@ -71,11 +71,10 @@ void PlayControls::Play(ElementRange range) {
   if (pause_) return SetPause(false);
   if (playing_) return;
   const LogOperation operation(services_.log);
-  if (PlaySongs(range) == Ending::Done) services_.log.WriteLog("Done Playing", 1);
+  if (PlayRangeThenNewSongs(range) == Ending::Done) services_.log.WriteLog("Done Playing", 1);
 }
 
-// The range, and then whatever song takes the place of this one.
-PlayControls::Ending PlayControls::PlaySongs(ElementRange range) {
+PlayControls::Ending PlayControls::PlayRangeThenNewSongs(ElementRange range) {
   const Playing playing(*this);
   host_.PlayStateChanged();
   restart_ = false;
@@ -102,14 +101,15 @@ PlayControls::Ending PlayControls::PlayLoop(ElementRange range) {
   return Ending::Done;
 }
 
-// The index of the element to go on with.
+// Returns the index of the element to go on with.
 int32_t PlayControls::BeginRound(ElementRange range) {
   player_.BeginRound();
   player_.repeat.PlayFrom(range.begin);
   return range.begin;
 }
 
-// Moves the cursor onto the element and plays it. What is selected stays so.
+// Moves the cursor onto the element and plays it; returns what Player::PlayElement does. What is selected
+// stays so.
 int32_t PlayControls::PlayAt(int32_t position) {
   document_.Apply({.cursor = position, .selection = document_.Selection()});
   host_.RefreshMelodyView();

@@ -1,5 +1,5 @@
-// The six play buttons, their kin of the "Play" menu, the play loop, and the one answer to whether a melody
-// plays.
+// The six play buttons, the further commands of the "Play" menu, the play loop, and the one answer to whether
+// a melody plays.
 //
 //              Play               Pause
 //    Stopped ----------> Playing <------> Paused
@@ -25,8 +25,8 @@ enum class Control { Clear, StartOver, Pause, Stop, Play, ToEnd };
 
 enum class PlayState { Stopped, Playing, Paused };
 
-/// What the play controls need of who shows the song. Abstract so that tests and the command line can play
-/// without a window.
+/// What the play controls need of whoever shows the song. Abstract so that tests and the command line can
+/// play without a window.
 class PlayHost {
  public:
   PlayHost() = default;
@@ -53,23 +53,24 @@ class PlayControls {
                const Services& services)
       : document_(document), player_(player), settings_(settings), host_(host), services_(services) {}
 
-  /// Presses a button. Play returns when the melody has ended, and returns at once when it plays already.
-  /// Clear does nothing here, and none does on an empty melody. Stop, Start over and Pause take effect
-  /// between elements. Pause pressed while nothing plays only makes the next Play do nothing but take it
-  /// back.
+  /// Presses a button. Play returns when the melody has ended, and at once when it plays already. Clear does
+  /// nothing here, and no button does anything on an empty melody. Stop, Start over and Pause take effect
+  /// between elements. A Pause while nothing plays is taken back by the next Play, which does nothing else
+  /// then.
   void Press(Control control);
 
   /// As Play, but from the element at the cursor on, or from the first one when the cursor is before it.
   void PlayFromCursor();
-  /// As Play, but what is selected alone; nothing where nothing is. Repeats stay inside.
+  /// As Play, but only what is selected; nothing where nothing is. Repeats do not go back beyond its
+  /// beginning.
   void PlaySelection();
-  /// With the loop on, what plays begins anew where it ended until it is stopped.
+  /// With the loop on, what plays begins anew at its end, until it is stopped.
   void SetLoop(bool loop) { loop_ = loop; }
   bool Loops() const { return loop_; }
 
-  /// To be called when another song has taken the place of this one. Ends the play loop that runs, if any;
-  /// with AutoPlay on that same loop then plays the new song from its start, so the caller may press Play all
-  /// the same: it is ignored while one plays.
+  /// To be called when another song has taken the place of this one. Ends the play loop that runs, if any.
+  /// With AutoPlay on that loop then plays the new song from its start; a Play that the caller presses on top
+  /// of that is ignored.
   void SongReplaced();
 
   PlayState State() const {
@@ -87,7 +88,7 @@ class PlayControls {
   void Play(ElementRange range);
   void ToEnd();
   ElementRange Whole() const { return {0, document_.LastIndex() + 1}; }
-  Ending PlaySongs(ElementRange range);
+  Ending PlayRangeThenNewSongs(ElementRange range);
   Ending PlayLoop(ElementRange range);
   int32_t BeginRound(ElementRange range);
   bool WaitWhilePaused();

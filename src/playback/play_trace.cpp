@@ -5,7 +5,7 @@
 namespace trillomat {
 namespace {
 
-// A clock and a pump in one: waiting moves the time on without taking any.
+// A clock and a pump in one: waiting puts the clock forward and returns at once.
 class SilentTime : public Clock, public EventPump {
  public:
   explicit SilentTime(EventPump& real) : real_(real) {}
@@ -18,7 +18,7 @@ class SilentTime : public Clock, public EventPump {
     seconds_ += milliseconds / 1000;
     return PumpEvents();
   }
-  /// Starts a day anew, so that the time stays small enough to be exact.
+  /// Puts the clock back to 0, so that its time stays small enough to be exact.
   void Reset() { seconds_ = 0; }
 
  private:

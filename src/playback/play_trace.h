@@ -19,12 +19,13 @@ struct TraceStep {
   PlayedElement played;
 };
 
-/// Takes one step; false ends the walk.
+/// Is called with each step; returning false ends the walk.
 using TraceSink = std::function<bool(const TraceStep&)>;
 
 /// Calls `sink` for each element of the document in the order of playing, and logs what the player logs.
-/// Endless blocks are played `endlessRounds` times (at least once); blocks that send each other back for
-/// ever are left when they begin to recur. False when the sink or the end of the program broke the walk off.
+/// Endless blocks are played `endlessRounds` times (at least once). Blocks that would send each other back
+/// for ever are left as soon as they repeat themselves (RepeatBlock::leaveCycles). False when the sink or the
+/// end of the program broke the walk off.
 bool TraceMelody(const Document& document, int32_t endlessRounds, const Services& services,
                  const TraceSink& sink);
 

@@ -1,4 +1,4 @@
-// How long a song sounds when it is performed, and whether that is more than anybody means to write.
+// How long a song sounds when it is played, and whether that is more than anybody would want in a file.
 #pragma once
 
 #include <algorithm>
@@ -11,7 +11,7 @@ namespace trillomat {
 
 class PlayedLength {
  public:
-  /// Of a song of so many elements.
+  /// `elements`: of the song, each counted once.
   explicit PlayedLength(size_t elements) : mostSteps_(elements + kMostRepeated) {}
 
   void Add(const PlayedElement& played) {
@@ -21,7 +21,8 @@ class PlayedLength {
   int64_t Milliseconds() const { return milliseconds_; }
 
   bool ExceedsHour() const { return milliseconds_ > kHour; }
-  /// No block that repeats without end stays below it, for the count of its rounds stops at 32,767.
+  /// Whether more than 30,000 elements were played again. A block that repeats without end always comes to
+  /// that, because the count of its rounds stops at 32,767.
   bool RepeatsTooOften() const { return steps_ > mostSteps_; }
 
  private:

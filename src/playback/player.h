@@ -17,7 +17,7 @@ namespace trillomat {
 
 enum class ElementKind { Tone, Pause, Command, Repeat };
 
-/// What playing one element came to.
+/// What came of playing one element.
 struct PlayedElement {
   ElementKind kind = ElementKind::Tone;
   int32_t length = 0;     ///< milliseconds; 0 for a tone that is not sounded
@@ -55,23 +55,24 @@ class Player {
   OutputType outputType = OutputType::Wave;
   RepeatBlock repeat;
 
-  /// Plays `element`, which is at `index` of the song. Returns how many elements back playing goes on
-  /// (subtract it, then advance by one as usual), 0 normally. `element` may be one of the document's own: it
-  /// is not read again once events have run. Before a tone that lets no events run, what was shown is
-  /// painted.
+  /// Plays `element`, which is at `index` of the song. Returns by how many elements to go back before going
+  /// on to the next one: 0 but for the end of a repeat. `element` may be one of the document's own: it is not
+  /// read again once events have run. Before a tone that lets no events run, what was shown is painted.
   int32_t PlayElement(const Element& element, int32_t index);
 
-  /// To be called before elements are played again. Where no time has passed since it was called last it
-  /// sleeps a moment, and events run: a round that takes no time would keep the processor busy for ever.
+  /// To be called before elements are played again. If no time has passed since the last call, sleeps a
+  /// moment and lets events run: an endless block of elements that take no time would keep the processor
+  /// busy.
   void BeginRound();
 
-  /// Ends the tone or pause that sounds at once, for one who runs inside its wait. A beep goes on.
+  /// Ends the tone or pause that is being waited for; to be called by handlers that run during the wait. A
+  /// beep goes on.
   void CutShort() { cutShort_ = true; }
 
   /// Puts the phone display to rest: lights and shaking off, frequency 0.
   void Rest();
 
-  /// True while a tone sounds, also for those who run inside its wait.
+  /// True while a tone sounds; handlers that run meanwhile can ask.
   bool NoteIsSounding() const { return sounding_; }
   /// True when tones sound without letting events run, so that what is typed meanwhile waits.
   bool TonesBlock() const { return outputType == OutputType::Beep; }
@@ -94,7 +95,7 @@ class Player {
   PhoneLights lights_;
   PlayedElement last_;
   bool sounding_ = false;
-  bool cutShort_ = false;    ///< the wait that runs is to end
+  bool cutShort_ = false;    ///< the wait that is running is to end
   bool timePassed_ = false;  ///< since the last round began
 };
 

@@ -28,10 +28,10 @@ class PlayerView {
   virtual void ShowPicture(int picture) = 0;
   /// Starts and ends the shaking of the phone pictures.
   virtual void Vibrate(bool on) = 0;
-  /// The player begins with this element, or (nothing) has ended with the one before. Must not let events
-  /// run.
+  /// The player begins to play this element; nothing: it has ended the one that it played. Must not let
+  /// events run.
   virtual void ShowPlaying(const std::optional<NowPlaying>& now) = 0;
-  /// Paints what was shown since it was painted last, everywhere in the window: a tone follows that lets no
+  /// Paints everything in the window that changed and is not painted yet, because a tone follows that lets no
   /// events run. Must not let events run itself.
   virtual void PaintNow() = 0;
 };

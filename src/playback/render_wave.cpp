@@ -17,7 +17,8 @@ namespace {
 constexpr int64_t kRampFrames = kSampleRate * 3 / 1000;
 constexpr int64_t kMaxDataSize = std::numeric_limits<uint32_t>::max() - int64_t{kWaveHeaderSize};
 
-// The position of a time in samples. Counted from the start of the melody, so that nothing adds up.
+// The sample at which a time begins. Times count from the start of the melody, so that rounding does not add
+// up.
 int64_t FramesAt(int64_t milliseconds) { return (milliseconds * kSampleRate + 500) / 1000; }
 
 int64_t DataSizeAt(int64_t milliseconds) { return FramesAt(milliseconds) * 2; }
@@ -62,7 +63,7 @@ class WaveWriter {
     }
   }
 
-  // The frames from `begin` up to `end` of `samples` set one behind the other without end.
+  // The frames from `begin` up to `end` of `samples` repeated without end.
   void WriteAgain(Bytes samples, int64_t begin, int64_t end) {
     auto at = static_cast<size_t>(begin * kFrameSize) % samples.size();
     for (int64_t left = (end - begin) * kFrameSize; left > 0; at = 0) {
@@ -78,7 +79,8 @@ class WaveWriter {
     WriteAgain(kSilence, 0, length);
   }
 
-  // Melodies have few tones, and the sines of one take longer than to write it many times.
+  // Kept, because melodies have few tones and computing the sines of one takes longer than writing it many
+  // times.
   Bytes ToneOf(int32_t hertz) {
     constexpr size_t kMostTones = 256;
     if (images_.size() > kMostTones) images_.clear();
@@ -92,7 +94,7 @@ class WaveWriter {
   int64_t time_ = 0;  // milliseconds
 };
 
-// Why what has been measured is more than can or should be rendered.
+// Why the melody, as far as it was measured, is more than can or should be rendered; nothing when it is not.
 std::optional<RenderFailure> TooMuch(const PlayedLength& length, bool anyLength) {
   if (!anyLength && length.ExceedsHour()) {
     return RenderFailure{"The melody has more than an hour of sound.", true};
@@ -111,7 +113,8 @@ std::optional<RenderFailure> TooMuch(const PlayedLength& length, bool anyLength)
 std::optional<RenderFailure> RenderWave(const Document& document, const RenderOptions& options,
                                         const Services& services, std::ostream& out) {
   const RenderFailure interrupted{"Interrupted."};
-  // The header tells the size, and the stream may be one that cannot go back: so the walk is made twice.
+  // The header holds the size, and the stream may be one that cannot go back to it: so the walk is made
+  // twice.
   SilentLog silent;
   PlayedLength length(document.Size());
   const auto add = [&](const TraceStep& step) {

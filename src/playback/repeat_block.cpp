@@ -59,7 +59,7 @@ bool RepeatBlock::BlockIsDone(int32_t count) const {
   return count != 0 && count < counter_ + 2;
 }
 
-// The state of a walk is its position and the counter: the same jump again means the same for ever.
+// A walk's state is its position and the counter: when the same jump comes again, it would do so for ever.
 bool RepeatBlock::ClosesCycle(int32_t index) {
   constexpr int64_t kCounts = int64_t{std::numeric_limits<int16_t>::max()} + 1;
   return !jumps_.insert(index * kCounts + counter_).second;

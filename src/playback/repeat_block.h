@@ -16,13 +16,13 @@ class RepeatBlock {
  public:
   /// How often an endless block is played in all; 0 plays it for ever.
   int32_t endlessRounds = 0;
-  /// For a walk that must end, over a melody that nothing changes meanwhile. Blocks that share the
-  /// counter can send each other back for ever, though each has a finite count: a repeat end that would
-  /// jump a second time from the same count is passed then.
+  /// For a walk that must come to an end, over a melody that nothing changes meanwhile. As blocks share the
+  /// counter, they can send each other back for ever though each has a finite count. With this on, a repeat
+  /// end does not jump a second time from the same count.
   bool leaveCycles = false;
 
-  /// What is played begins at `first`: no jump goes back beyond it, and a block around it counts as begun
-  /// there. From the first element of a song on the count stays what it was.
+  /// Playing begins at `first`: no jump goes back beyond it, and a block that it lies in counts as begun
+  /// there. At the first element of a song the count stays what it was.
   void PlayFrom(int32_t first) {
     first_ = first;
     if (first > 0) Start();
@@ -30,15 +30,16 @@ class RepeatBlock {
 
   int16_t Counter() const { return counter_; }
 
-  /// A "(" is performed.
+  /// Performs a "(".
   void Start();
-  /// The repeat end `command` at `index` of the song is performed: the number of elements to go back, 0 to
-  /// go on. Lets events run while it looks for the start. Logs a missing start and a count without an end.
+  /// Performs the repeat end `command` ("@2)") at `index` of the song. Returns the number of elements to go
+  /// back, 0 to go on. Lets events run while it looks for the start. Logs a missing start and a count that is
+  /// too large.
   int32_t End(std::string_view command, int32_t index, const Document& document, const Services& services);
 
  private:
-  /// What is known of the song at `revision`: from the "(" at `start` (-1 for the beginning without one) up
-  /// to `last` comes no other. So whoever goes through a song looks at each element once.
+  /// What the last search found in the song of that `revision`: the "(" at `start` (-1: there is none), and
+  /// no other from there up to `last`. So playing through a song looks at each element once.
   struct Searched {
     bool Holds(uint64_t now, int32_t index) const {
       return now == revision && index >= start && index <= last;
@@ -53,7 +54,7 @@ class RepeatBlock {
   std::optional<int32_t> FindStart(int32_t index, const Document& document, EventPump& pump);
 
   int16_t counter_ = 0;
-  int32_t first_ = 0;  ///< of what is played
+  int32_t first_ = 0;  ///< where playing began
   Searched searched_;
   std::unordered_set<int64_t> jumps_;  ///< index and counter of the jumps since the last "("
 };

@@ -13,7 +13,7 @@ namespace trillomat {
 inline constexpr ToneTable<int32_t> kBaseFrequencies{33, 35, 35, 37, 39, 39, 41, 44, 46,
                                                      46, 49, 52, 52, 55, 58, 58, 62};
 
-/// The base frequency of a spelling of either case, nothing for an unknown tone.
+/// Hertz of a note of either case in internal octave 0; nothing for an unknown tone.
 std::optional<int32_t> BaseFrequency(std::string_view note);
 
 /// Hertz of a base frequency in an internal octave: doubled `octave` times, so that the rounding of

@@ -28,7 +28,7 @@ double PhaseStep(int32_t sampleRate, double frequency) {
   return 2 * pi / (sampleRate / frequency);
 }
 
-// The samples of the sine, up to where it has crossed zero upwards once for each period.
+// The samples of a sine over some whole periods: up to where it crosses zero upwards for the last time.
 std::vector<double> WholePeriods(int32_t sampleRate, double frequency) {
   const int periods = PeriodsOf(frequency);
   const double step = PhaseStep(sampleRate, frequency);

@@ -18,7 +18,7 @@ namespace trillomat {
 inline constexpr int32_t kSampleRate = 44100;
 inline constexpr size_t kWaveHeaderSize = 44;
 
-/// By default what every tone of the program is made in.
+/// The sample format; by default that of all tones of the program.
 struct WaveFormat {
   int32_t sampleRate = kSampleRate;
   int16_t bits = 16;     ///< 8 (unsigned, around 127) or 16 (signed)
