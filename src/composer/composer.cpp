@@ -25,7 +25,7 @@ bool Composer::CanSetVolume() const { return LimitsOf(document_.Mode()).commands
 
 bool Composer::HasDuration(int index) const { return LimitsOf(document_.Mode()).HasDuration(index); }
 
-// A mode that can write no extra has none to choose from, "Nothing" included.
+// A mode that can write no extra offers none, not even "Nothing".
 bool Composer::HasDurationExtra(int index) const {
   const ModeLimits& limits = LimitsOf(document_.Mode());
   return limits.lastExtra > 0 && limits.HasExtra(index);
@@ -55,7 +55,7 @@ void Composer::SetMode(FormatMode mode) {
   if (!document_.IsEmpty()) RefreshMelodyView();
 }
 
-// The document is in another mode now.
+// Shows that the document is in another mode, and selects what that mode wants selected.
 void Composer::ShowMode() {
   const ModeLimits& limits = LimitsOf(document_.Mode());
   if (limits.selectedExtra >= 0) SelectDurationExtra(limits.selectedExtra);
@@ -91,7 +91,7 @@ void Composer::TakeIn(IncomingSong song) {
   play_.SongReplaced();
 }
 
-// The next read starts from the song information that came back with a step.
+// The next read starts from the song information that the step brings back.
 void Composer::TakeStep(bool (History::*step)()) {
   if (!MayEdit()) return;
   const FormatMode mode = document_.Mode();

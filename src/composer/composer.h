@@ -1,6 +1,7 @@
-// The composer: entering and editing elements at the cursor or selected ones, the duration, extra and octave
-// in force, the format mode and the song information. Each command is at most one change of the document, and
-// one that changes the song a step of the history; the window calls the commands and shows the state.
+// The composer: entering elements, editing those at the cursor or the selected ones, the duration, extra and
+// octave of what is entered next, the format mode and the song information. Each command makes at most one
+// change of the document; one that changes the song is a step of the history. The window calls the commands
+// and shows the state.
 #pragma once
 
 #include <filesystem>
@@ -35,7 +36,7 @@ class ComposerView {
   virtual void ShowFilesOfMode() = 0;
 };
 
-/// The buttons of the "Insert" frame; three of them do more than insert their command.
+/// The buttons of the "Insert" frame, and the indexes of the three that do more than insert their command.
 inline constexpr size_t kInsertButtons = 11;
 inline constexpr int kRepeatStart = 8;
 inline constexpr int kRepeatStop = 9;
@@ -55,7 +56,7 @@ struct IncomingSong {
   ReadRecord record;  ///< holds its song information; the next read starts from it
   FormatMode mode;
   std::filesystem::path file = {};  ///< that holds it; empty for none
-  std::string_view step;            ///< what the menu calls its coming: "opening", as in "Undo opening"
+  std::string_view step;            ///< name of the step in the history: "opening", as in "Undo opening"
 };
 
 class Composer : public PlayHost {
@@ -71,19 +72,21 @@ class Composer : public PlayHost {
   /// Whether the melody may be edited now: not while it plays. Buttons, keys, menus and drops ask this;
   /// the editing commands below ask it themselves and do nothing when it is false.
   bool MayEdit() const { return play_.State() == PlayState::Stopped; }
-  /// What the mode allows of it.
+  /// Whether the "Insert" frame is enabled: the mode has commands, and MayEdit.
   bool CanInsertCommands() const { return MayEdit() && CanSetVolume(); }
+  /// Whether the mode has commands, of which the volume is one.
   bool CanSetVolume() const;
+  /// Whether the mode has the duration, or the extra, of that index in kDurations or kDurationExtras.
   bool HasDuration(int index) const;
   bool HasDurationExtra(int index) const;
   /// True while a command is being heard, or about to be: a key that is held down waits for it.
   bool Sounds() const { return sound_.Runs() || player_.NoteIsSounding(); }
 
   // Entering. `tone` is 0 for c to 11 for b.
-  /// The piano's buttons: dropped while an entered tone sounds.
+  /// A button of the piano was pressed: does nothing while an entered tone sounds.
   void EnterTone(int tone);
-  /// The letter keys: never dropped. So many octaves above the one in force; refused where the mode has no
-  /// such octave.
+  /// A letter key was typed: enters the tone in any case, `octavesUp` above the octave of the slider.
+  /// Refused, with a log line, where the mode has no such octave.
   void TypeTone(int tone, int octavesUp = 0);
   void EnterPause();
   /// `button` of the "Insert" frame; `repeatCount` and `volume` are the texts of txtRepeat and cboVolume,
@@ -95,9 +98,9 @@ class Composer : public PlayHost {
   void SetOctave(int octave);
 
   // Editing at the cursor.
-  /// To the next shorter duration that the mode has, from the shortest to the longest.
+  /// To the next shorter duration that the mode has; behind the shortest comes the longest.
   void StepDuration();
-  /// From natural to sharp to flat, as far as the letter has them.
+  /// From natural to sharp to flat and back, as far as the letter has them.
   void StepAccidental();
   void MoveLeft();
   void MoveRight();
@@ -107,27 +110,28 @@ class Composer : public PlayHost {
   void EraseLeft();
   void EraseRight();
   void Clear();
-  /// Of what is selected, else of all, by octaves or semitones. Refused, with a level-2 message, where a tone
+  /// Move what is selected, else all, by octaves or semitones. Refused, with a level-2 message, where a tone
   /// would leave the mode's octaves.
   void MoveScale(int16_t octaves);
   void MoveSemitones(int semitones);
 
-  // Selecting. The cursor is at one end of what is selected; entering and pasting end it.
+  // Selecting. The cursor is at one end of the selection. After entering or pasting nothing is selected.
   /// Moves the cursor, and the selection reaches from where it began to there.
   void SelectTo(int32_t cursor);
   void SelectElements(ElementRange range);
   void SelectAll() { SelectElements({0, document_.LastIndex() + 1}); }
-  /// What is selected, else nothing.
+  /// Copies of the selected elements.
   ElementList Selected() const;
   /// `step` as in IncomingSong: "erasing" or "cutting".
   void EraseSelected(std::string_view step);
   /// Behind the cursor or in the place of what is selected; the cursor is on the last of them afterwards.
   void Paste(ElementList elements);
-  /// What is selected, else the element at the cursor, once more behind itself; selects it if it was.
+  /// Puts a copy of what is selected, else of the element at the cursor, behind that. The copy of a selection
+  /// is selected.
   void Duplicate();
 
-  // One element, where it is. MoveTone and SetLength are one step until EndDrag, and sound the element.
-  /// Duration, extra and octave in force become those of the element, as far as the mode has them.
+  // One element, where it is. MoveTone and SetLength of one element are one step until EndDrag, and sound it.
+  /// Takes the element's duration, extra and octave for what is entered next, as far as the mode has them.
   void TakeLengthAndOctave(int32_t index);
   /// Moves the tone by semitones; does nothing where that leaves the mode's octaves.
   void MoveTone(int32_t index, int semitones);
@@ -139,9 +143,9 @@ class Composer : public PlayHost {
   const History& Steps() const { return history_; }
   void Undo() { TakeStep(&History::Undo); }
   void Redo() { TakeStep(&History::Redo); }
-  /// The song is one that nothing was done to yet.
+  /// Forgets all steps; the song counts as unchanged and belongs to no file.
   void StartAfresh();
-  /// What is typed from here on is a step of its own.
+  /// What is typed from here on is another step.
   void EndTyping() { history_.Seal(); }
 
   // Format mode and song information.
@@ -150,7 +154,7 @@ class Composer : public PlayHost {
   /// Row `row` of the panel, a text box or a list, now reads `text`.
   void EditSongText(int row, std::string_view text);
   bool AcceptsKey(int row, char key) const { return panel_.AcceptsKey(row, key); }
-  /// "Use Default in Composer": shows with the next rebuild of the text.
+  /// "Use Default in Composer". The text view shows it when it is rebuilt the next time.
   void ToggleUseDefaults() { useDefaults_ = !useDefaults_; }
   bool UseDefaults() const { return useDefaults_; }
 

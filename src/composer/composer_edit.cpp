@@ -100,20 +100,21 @@ void Composer::EnterCommand(int button, std::string_view repeatCount, std::strin
   }
 }
 
-// Right of the cursor, which moves onto the new element; the first element whatever the cursor was.
+// Inserts right of the cursor, which moves onto the new element. The first element of all goes in wherever
+// the cursor is.
 void Composer::Insert(Element element, std::string_view step) {
   const int32_t at = std::min(document_.Cursor(), document_.LastIndex()) + 1;
   Change change{.at = static_cast<size_t>(at), .cursor = at};
   change.inserted.push_back(std::move(element));
   history_.Do(step, std::move(change));
-  RefreshMelodyView();  // what sounds is to be seen while it sounds
+  RefreshMelodyView();  // before the element sounds
 }
 
 void Composer::StepDuration() {
   if (!MayEdit() || !document_.HasElement(document_.Cursor())) return;
   constexpr int kCount = static_cast<int>(kDurations.size());
   Element element = document_.At(document_.Cursor());
-  // A length without a code reads as code 0, a full note.
+  // A length that is none of kDurations counts as a whole note.
   int index = std::max(DurationIndex(element.duration), 0);
   do {
     index = (index + 1) % kCount;
@@ -158,7 +159,8 @@ void Composer::MoveLeft() {
   if (settings_.playMoving) sound_.Play(document_.Cursor() + 1, EditSound::Cause::Other);
 }
 
-// What it passes sounds first and is shown then, but for a tone during which nothing could be shown.
+// The element that is passed sounds before the cursor is shown behind it; but a tone that lets no events run
+// comes last, because nothing could be painted during it.
 void Composer::MoveRight() {
   if (!MayEdit() || document_.IsEmpty()) return;
   document_.Apply({.cursor = document_.Cursor() + 1});

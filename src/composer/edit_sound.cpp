@@ -15,8 +15,8 @@ void EditSound::Play(int32_t index, Cause cause) {
   while (next_ && LetCommandsRun()) PlayNext();
 }
 
-// What was typed during a tone that lets no events run waits in the event queue, and the newest of it is
-// what is to be heard. False when the program is ending.
+// Before a tone that lets no events run: what was typed during the last one waits in the event queue, and
+// only the newest of it is to be heard. False when the program is ending.
 bool EditSound::LetCommandsRun() { return !player_.TonesBlock() || pump_.WaitForEvents(1); }
 
 void EditSound::PlayNext() {

@@ -1,5 +1,5 @@
-// One element in words, for the status bar, the tooltips of the note strip and screen readers; and what it
-// sounds like, by the rules that the player keeps to.
+// One element in words, for the status bar, the tooltips of the note strip and screen readers; and the length
+// and frequency that the player gives it, which are among these words.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ int32_t ElementLength(const Element& element, int32_t bpm);
 int32_t ElementFrequency(const Element& element);
 
 /// "c sharp, octave 4, dotted quarter, 450 ms"; "pause, eighth, 300 ms"; "light on", "repeat 3 times" for
-/// commands. What no word is known for is quoted. Windows-1252, as all of the program's text.
+/// commands. A text that the program does not know is quoted. Windows-1252.
 std::string ElementWords(const Element& element, int32_t bpm);
 
 /// The same without the length in milliseconds.

@@ -9,7 +9,7 @@ namespace {
 /// Written in front of every token.
 constexpr std::string_view kSeparator = "   ";
 
-// An element without text takes a place in the count all the same.
+// The tokens around the cursor. An element without a token counts as one of those shown all the same.
 class Tokens {
  public:
   Tokens(const Document& document, const TokenDefaults& defaults, Log& log)

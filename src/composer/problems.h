@@ -9,12 +9,12 @@
 
 namespace trillomat {
 
-/// The index of the first such element behind the cursor, going round to the one at the cursor; nothing where
-/// there is none.
+/// The index of the next such element: searched from behind the cursor to the end, then from the start up to
+/// the cursor. Nothing where there is none.
 std::optional<int32_t> NextProblem(const Document& document);
 
 /// 'Element 12 of 40: not understood (unknown tone "5_", quarter)' or 'Element 3 of 40: RTTTL cannot hold it
-/// (light on)'; without an index that there is none.
+/// (light on)'; without an index, words that there is no problem.
 std::string ProblemWords(const Document& document, std::optional<int32_t> index);
 
 }  // namespace trillomat

@@ -24,8 +24,8 @@ std::string StyleCode(std::string_view text);
 /// kHighestVolume, "V10" for any other text.
 std::string VolumeText(std::string_view volume);
 
-/// Style and volume as they are after the panel took them over: what follows every load and import, in the
-/// window and on the command line alike.
+/// Makes style and volume what they are once the panel has shown them, as happens after every load and
+/// import, in the window and on the command line alike.
 void NormaliseStyleAndVolume(SongInfo& info);
 
 }  // namespace trillomat

@@ -16,7 +16,7 @@ struct SongInfoRow {
   bool visible = true;
   bool enabled = true;
   std::string text;      ///< Windows-1252
-  bool invalid = false;  ///< shown in red; a text typed here was not taken over
+  bool invalid = false;  ///< shown in red: what was typed here did not go into the song
 };
 
 /// Shows the document's song information. What is typed goes to the document, as one step for each row, and
@@ -35,7 +35,8 @@ class SongInfoPanel {
   void ShowMode();
   /// Fills the rows that the mode has from the document.
   void Load();
-  /// The two boxes that the melody text fills in the RTTTL mode.
+  /// Fills the boxes of the default octave and duration, which show in the RTTTL mode what the melody comes
+  /// to.
   void ShowDefaults(std::string_view octave, std::string_view duration);
 
   /// Whether what is typed into the row goes anywhere: two boxes only show what the melody comes to.

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int64_t kTicksPerBar = int64_t{kBeatsPerBar} * kTicksPerBeat;
 
-// Rows are low, so a tone is taken from a little beside it, too.
+// Rows are low, so a tone is hit from a little above and below, too.
 constexpr double kRowSlack = 0.5;
 
 struct OnOffCommand {
@@ -95,7 +95,7 @@ StripItem StripLayout::ItemAt(int32_t index, const StripSpan& before) const {
           .held = IsHeld(element, document_.Mode())};
 }
 
-// The line at the start of the element, and those inside it.
+// The bar lines at the start of the element and inside it.
 void StripLayout::AddBars(int32_t index, const StripSpan& before, std::vector<double>& bars) const {
   const int64_t ticks = before.ticks;
   if (ticks > 0 && ticks % kTicksPerBar == 0 && BarMayStandBefore(index)) {

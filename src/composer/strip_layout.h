@@ -13,7 +13,7 @@ inline constexpr int kBeatsPerBar = 4;
 
 enum class StripKind { Tone, UnknownTone, Pause, Mark };
 
-/// One element as it is drawn.
+/// One element as it is drawn. Places count in the units of the scale.
 struct StripItem {
   int32_t index = 0;
   StripKind kind = StripKind::Mark;
@@ -25,6 +25,7 @@ struct StripItem {
 
 /// The sign of an element that takes no time.
 enum class StripSign { Light, Backlight, Vibration, Volume, RepeatStart, RepeatEnd, Other };
+/// What is drawn for it.
 struct StripSymbol {
   StripSign sign = StripSign::Other;
   bool on = true;         ///< of a light or vibration
@@ -35,22 +36,23 @@ StripSymbol SymbolOf(const Element& element);
 /// Whether a row is that of a black key.
 bool IsBlackRow(int row);
 
-/// A length as the composer writes it.
+/// A length that a mode can write.
 struct WrittenLength {
   int duration = 0;  ///< index of kDurations
   int extra = 0;     ///< index of kDurationExtras
   int32_t ticks = 0;
 };
-/// Of all lengths that the mode has, the one that comes nearest.
+/// Of all lengths that the mode has, the one that comes nearest to `ticks`.
 WrittenLength NearestLength(const ModeLimits& limits, double ticks);
 
-/// What a place of the strip is part of.
+/// What is at a place of the strip.
 enum class StripPart {
   Behind,  ///< right of all elements
   Empty,   ///< above or below a tone
   Body,    ///< a tone, or an element that takes all of the height
   End      ///< the right end of a tone or pause
 };
+/// The part of an element that is at a place.
 struct StripHit {
   StripPart part = StripPart::Behind;
   int32_t index = -1;  ///< -1 behind the end
@@ -70,26 +72,26 @@ class StripLayout {
 
   const StripTimes& Times() const { return times_; }
   double Width() const { return scale.WidthOf(times_.Total()); }
-  /// Where the element at `index` begins, for the number of elements the right end of all.
+  /// Where the element at `index` begins; the right end of all where the index is the number of elements.
   double Left(int32_t index) const { return scale.WidthOf(times_.Before(index)); }
-  /// Where the cursor is: right of its element.
+  /// Where the cursor is drawn: right of its element.
   double CursorPlace() const { return Left(document_.Cursor() + 1); }
-  /// The element that covers `x`, the first one left of all, -1 right of all.
+  /// The element that covers `x`; the first one where `x` lies left of all, -1 where it lies right of all.
   int32_t IndexAt(double x) const;
 
   struct Shown {
     std::vector<StripItem> items;
     std::vector<double> bars;  ///< the bar lines
   };
-  /// What can be seen between two places. A bar line may be in the middle of an element; where commands are
-  /// at its place, it is before them, but behind the end of a repeat.
+  /// What can be seen between two places. A bar line may stand in the middle of an element. Where commands
+  /// stand at its place, it comes before them, but behind the end of a repeat.
   Shown Between(double from, double to) const;
 
-  /// What is at a place. `row` counts in parts of rows (2.5 is the middle of row 2), `endWidth` is how near
-  /// to its end an element is taken by it.
+  /// What is at a place. `row` is a fraction (2.5 is the middle of row 2). Within `endWidth` of its right
+  /// end, at most a third of its width, an element is hit at its end.
   StripHit At(double x, double row, double endWidth) const;
 
-  /// Whole octaves: those of the mode and of the melody.
+  /// The rows of all octaves that the mode has or that the melody uses.
   RowSpan Rows() const;
   /// From the lowest tone to the highest; the rows of the mode when there is none.
   RowSpan Pitches() const;

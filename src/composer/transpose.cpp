@@ -19,7 +19,7 @@ void LogOutside(int64_t number, const ModeLimits& limits, Log& log) {
                2);
 }
 
-// Gives one element after the other its octave.
+// Gives one element after the other its new octave; see Transposed.
 class OctaveMove {
  public:
   explicit OctaveMove(int by) : by_(by) {}
@@ -45,7 +45,7 @@ std::optional<std::vector<int16_t>> MovedOctaves(const Document& document, Eleme
   OctaveMove move(by);
   auto next = octaves.begin();
   document.ForEach(range, [&](const Element& element) { *next++ = move.Next(element); });
-  // Counted first, because that takes no time beside looking for one.
+  // Counted before one is looked for, because counting is many times as fast and there is none nearly always.
   const auto isOutside = [&limits](int16_t octave) { return !limits.HasOctave(octave); };
   if (std::count_if(octaves.begin(), octaves.end(), isOutside) == 0) return octaves;
   LogOutside(range.begin + (std::find_if(octaves.begin(), octaves.end(), isOutside) - octaves.begin()) + 1,
