@@ -24,8 +24,8 @@ std::optional<std::vector<int16_t>> MovedOctaves(const Document& document, Eleme
                                                  Log& log);
 
 /// `elements` with each tone moved by `semitones`, spelled as a piano's keys are; pauses, commands and tones
-/// of no known name stay. Refuses as
-/// Transposed does; `first` is the number of the first element in its message.
+/// of no known name stay. Refuses as Transposed does; `first` is the number of the first element in the
+/// message.
 std::optional<ElementList> TransposedBySemitones(ElementList elements, int semitones, FormatMode mode,
                                                  Log& log, int64_t first = 1);
 

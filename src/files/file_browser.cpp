@@ -11,7 +11,7 @@ namespace {
 
 constexpr size_t kRootLength = 3;  // of "c:\"
 
-// A few names that cannot be shown are named, a folder full of them is summed up.
+// Names of files that cannot be listed: a few are logged one by one, the others are counted.
 void LogLeftOut(const std::vector<std::string>& names, Log& log) {
   constexpr size_t kMostNamed = 10;
   for (size_t i = 0; i < std::min(names.size(), kMostNamed); ++i) {
@@ -134,7 +134,7 @@ void FileBrowser::Click(int row) {
   if (opened) parts_.host.PlayOrShow();
 }
 
-// A melody that plays would defer the click again and again, so it is stopped where a file is to be opened:
+// A melody that plays would defer the click again and again, so where a file is to be opened it is stopped;
 // its tone sounds to the end first.
 void FileBrowser::ClickTimerRan() {
   parts_.host.StopClickTimer();
@@ -146,8 +146,8 @@ void FileBrowser::ClickTimerRan() {
   if (RowOf(row) != kNoRow) Click(RowOf(row));
 }
 
-// Whoever calls it ends the file operation before the song plays, so that another file can be opened
-// meanwhile.
+// Opens the selected file, if it is one. The caller ends the file operation before the song plays, so that
+// another file can be opened meanwhile.
 bool FileBrowser::ReadSelected(std::string_view missingBackslash) {
   parts_.host.ShowSelectedFile();
   if (!FileSelected()) return false;

@@ -28,7 +28,7 @@ class FileBrowser {
   const std::string& Folder() const { return folder_; }
   /// The entries of `cboDrives`.
   const std::vector<std::string>& Drives() const { return drives_; }
-  /// Index into Drives() of the drive that the browse folder is on, kNoRow when it is on none.
+  /// Index into Drives() of the drive that the browse folder is on; kNoRow when the list lacks it.
   int CurrentDrive() const;
   const std::vector<FileRow>& Rows() const { return rows_; }
   /// Index of the selected row or kNoRow.
@@ -41,8 +41,9 @@ class FileBrowser {
   /// Reads the drive list. False, and "Failed to get drivelist-> End program" in the log, when the program
   /// has to end.
   bool FillDrives();
-  /// Reads the rows anew, and clears away what killed saves left in the folder. The selected row stays
-  /// selected while it is still there and the file that the document belongs to.
+  /// Reads the rows anew, and deletes what killed programs left of their saves in the folder. The selected
+  /// row stays selected if it is still there and is the file that the document belongs to, or waits for its
+  /// click.
   void Refresh();
 
   // Event handlers. A row is given by its index, kNoRow for none.
@@ -60,8 +61,8 @@ class FileBrowser {
   /// mode follows its extension, the browse folder its folder, and its row is selected. False when it was
   /// not opened; a file that is no melody file is said so to the user (level 2).
   bool OpenFile(const std::filesystem::path& file);
-  /// Takes in what was imported and not refused, under the token of who imported it, and says `done`. Nothing
-  /// is selected any more.
+  /// Puts what was imported, which was not refused, in the place of the song, and says `done`. The caller
+  /// holds the token of the file operation. Nothing is selected any more.
   void TakeImported(ReadResult&& read, const FileMessage& done = {});
 
   // Commands that put another song in the place of the composed one, which is kept if it was not saved. None
@@ -70,15 +71,16 @@ class FileBrowser {
   void New();
   /// Asks for a file and opens it.
   void Open();
-  /// One of the files that were opened or saved last; says so of one that is gone, and forgets it.
+  /// Opens one of the files that were opened or saved last; one that is gone is said to be, and forgotten.
   void OpenRecent(const std::filesystem::path& file);
-  /// Brings back one of Recovery's songs as one that belongs to no file, or says (level 2) that it is gone.
+  /// Brings back one of Recovery's songs; it belongs to no file. Says (level 2) when it is gone.
   void Recover(const std::filesystem::path& kept);
-  /// The same of the one that was kept last.
+  /// The same for the one that was kept last.
   void RecoverLast();
 
-  // The messages that offer something.
-  /// At start: offers the song that the last run left, until it is recovered or CloseMessage is called.
+  // Messages that offer something.
+  /// At start: offers the song that the last run left. Other messages may come in between; the offer stands
+  /// until the song is recovered or CloseMessage is called.
   void OfferLeft(const KeptSong& left);
   /// Does what a message offered. Restore puts the file back that was replaced or removed last.
   void Accept(FileMessage::Offer offer);
@@ -113,9 +115,9 @@ class FileBrowser {
   std::vector<FileRow> rows_;
   int selected_ = kNoRow;
   bool clicked_ = false;             ///< the selected row was clicked, not only right-clicked
-  std::optional<FileRow> deferred_;  ///< whose click timer 1 will run
+  std::optional<FileRow> deferred_;  ///< the row whose click waits for the click timer
   bool rightButtonDown_ = false;
-  std::optional<KeptSong> left_;  ///< by the last run, and still offered
+  std::optional<KeptSong> left_;  ///< the song that the last run left, while it is offered
 };
 
 }  // namespace trillomat

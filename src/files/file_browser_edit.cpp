@@ -1,4 +1,5 @@
-// Deleting and renaming from the right-click menu, and putting back what was replaced or deleted.
+// The file browser: deleting and renaming from the right-click menu, and putting back what was replaced or
+// deleted.
 #include "core/code_page.h"
 #include "files/file_browser.h"
 #include "files/kept_files.h"
@@ -22,7 +23,7 @@ std::string InOneLine(std::string_view text) {
   return line;
 }
 
-// Why a file cannot have this name, empty when it can: it must stay in its folder and in the list.
+// Why a file cannot be given this name; empty when it can. It has to stay in its folder and in the list.
 std::string NameFault(std::string_view name) {
   if (name.empty()) return "the name is empty";
   if (name == "." || name == "..") return "the name is that of a folder";
@@ -39,7 +40,7 @@ void FileBrowser::DeleteSelected() {
   Refresh();
 }
 
-// What it comes to is said and logged in the same words whether the file is worth keeping or not.
+// Returns what is to be said. That and the log are the same whether the file is kept or just deleted.
 FileMessage FileBrowser::Delete(const TargetFile& file) {
   const FileMessage notDeleted{"Not deleted: the file is not there any more, or cannot be removed"};
   Log& log = parts_.services.log;
@@ -55,7 +56,7 @@ FileMessage FileBrowser::Delete(const TargetFile& file) {
   return removal.fault.empty() ? notDeleted : FileMessage{"Not deleted: " + ToUtf8(removal.fault)};
 }
 
-// The song of a file that holds other bytes now is not the saved one any more.
+// If the song's own file is restored, it holds other bytes now: so the song counts as changed.
 void FileBrowser::Restore() {
   const auto operation = parts_.operations.Begin();
   if (!operation || !parts_.host.MayEdit()) return;
@@ -97,7 +98,8 @@ void FileBrowser::RenameSelected() {
   Refresh();
 }
 
-// Why it could not be renamed; empty where it was, or where the log says already what it was not.
+// Why the file could not be renamed. Empty when it was, and also when only the old name could not be deleted,
+// which DeleteFile has logged.
 std::string FileBrowser::Rename(const TargetFile& file, const std::string& newGiven) {
   const std::filesystem::path to = parts_.store.NativePath(newGiven);
   if (parts_.store.Exists(to)) return "a file of that name exists";

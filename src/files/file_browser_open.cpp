@@ -1,4 +1,4 @@
-// Opening what was not clicked, and what else takes the place of the composed song.
+// The file browser: opening what was not clicked, and whatever else takes the place of the composed song.
 #include "core/number_text.h"
 #include "files/file_browser.h"
 #include "files/path_text.h"
@@ -109,7 +109,7 @@ void FileBrowser::Accept(Offer offer) {
   if (offer == Offer::Recover && left_) Recover(std::filesystem::path(left_->file));
 }
 
-// True when it is to be played, as a file is that was opened.
+// Reads in the way that was offered. True when the song is to be played, as a file that was opened is.
 bool FileBrowser::TakeBetter() {
   const auto operation = parts_.operations.Begin();
   if (!operation || !parts_.host.MayEdit()) return false;
@@ -133,7 +133,7 @@ void FileBrowser::CloseMessage() {
   parts_.host.Say({});
 }
 
-// What an earlier command came to is of no interest any more, but what the last run left is.
+// With nothing else to say, what the last run left is still offered; messages of earlier commands go.
 void FileBrowser::SayDone(const FileMessage& done) {
   parts_.host.Say(done.text.empty() && left_ ? MessageOf(*left_) : done);
 }

@@ -1,4 +1,4 @@
-// The seam to the place where files are put by that a command replaces or removes: the desktop's trash, or a
+// The seam to the place where files are kept that a command replaces or deletes: the desktop's trash, or a
 // folder of the program's own. Abstract so that each system has its own, and tests can make it fail.
 #pragma once
 
@@ -11,7 +11,7 @@ class FileKeeper {
  public:
   enum class How {
     Copy,
-    Move,  ///< what cannot be moved there without being copied is not kept
+    Move,  ///< never by copying and deleting: Keep fails where the file cannot be moved there directly
   };
 
   FileKeeper() = default;
@@ -19,10 +19,10 @@ class FileKeeper {
   FileKeeper& operator=(const FileKeeper&) = delete;
   virtual ~FileKeeper() = default;
 
-  /// Keeps a plain file with its rights and times, and flushes it. Where it lies then; nothing when it could
-  /// not, and errno says why, as far as it says anything.
+  /// Keeps a plain file with its rights and times, and flushes it. Returns where it is now; nothing when it
+  /// could not be kept, for which errno gives the reason if it is not 0.
   virtual std::optional<std::filesystem::path> Keep(const std::filesystem::path& file, How how) = 0;
-  /// Deletes what Keep gave.
+  /// Deletes a file that Keep has returned.
   virtual void Discard(const std::filesystem::path& kept) = 0;
 };
 

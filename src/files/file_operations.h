@@ -9,7 +9,7 @@ namespace trillomat {
 
 class FileOperations {
  public:
-  /// Stands for the operation that runs; its end is that of the operation. Can be moved, not copied.
+  /// Stands for an operation that runs, which ends when this does. Can be moved, not copied.
   class Token {
    private:
     friend class FileOperations;
@@ -25,7 +25,7 @@ class FileOperations {
   FileOperations(const FileOperations&) = delete;
   FileOperations& operator=(const FileOperations&) = delete;
 
-  /// Begins an operation; nothing while another runs. Outlives the token.
+  /// Begins an operation; nothing while another one runs. This object has to outlive the token.
   std::optional<Token> Begin() { return runs_ ? std::nullopt : std::optional(Token(runs_)); }
   bool Runs() const { return runs_; }
 

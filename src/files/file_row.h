@@ -1,4 +1,4 @@
-// One row of the file list.
+// One row of the list of folders and files.
 #pragma once
 
 #include <string>

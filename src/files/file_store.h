@@ -1,7 +1,7 @@
-// The seam to the drives, folders and files of the system. Paths of the given form have drive letters
-// and "\" on every system ("C:\tunes\a.imy", bytes as the system has them, UTF-8 where it says so);
-// NativePath turns one into the system's own form once, and everything else takes that. Abstract so that
-// each system maps its drives as its users expect, and tests can make every step fail.
+// The seam to the drives, folders and files of the system. Paths of the given form have drive letters and "\"
+// on every system ("C:\tunes\a.imy"; names in the system's bytes, UTF-8 where they are text). NativePath
+// turns one into the system's own form, which everything else takes. Abstract so that each system maps its
+// drives as its users expect, and tests can make every step fail.
 #pragma once
 
 #include <cstddef>
@@ -22,7 +22,7 @@ struct FolderListing {
   bool complete = true;              ///< false when the folder could not be read to its end
 };
 
-/// Holds a lock for as long as it lives.
+/// A lock on a file, held for as long as this lives.
 class FileLock {
  public:
   FileLock() = default;
@@ -31,7 +31,7 @@ class FileLock {
   virtual ~FileLock() = default;
 };
 
-/// Takes bytes; closed when it goes.
+/// An open file that takes bytes; closed by the destructor.
 class OutputFile {
  public:
   OutputFile() = default;
@@ -43,17 +43,17 @@ class OutputFile {
   virtual bool Write(std::string_view bytes) = 0;
 };
 
-/// A file that is to take the place of another. Until it has, nobody sees it by that one's name, and
-/// nothing of it is left when it goes, or when the program is killed, as far as the medium allows.
+/// A file that is to take the place of another one. Until it has, it does not have that one's name, and
+/// nothing of it is left after the destructor, or when the program is killed, as far as the medium allows.
 class NewFile : public OutputFile {
  public:
-  /// True once the bytes are on the medium.
+  /// Writes everything through to the medium; true once it is there.
   virtual bool Flush() = 0;
-  /// What had the name is replaced in the same instant.
+  /// Gives it the other file's name, replacing that in the same instant. False when it could not.
   virtual bool TakePlace() = 0;
 };
 
-/// What is there under a name, with links followed.
+/// What has a name, with links followed.
 enum class FileKind {
   None,
   Plain,
@@ -91,53 +91,53 @@ class FileStore {
   /// The ordinary files of a folder that match `pattern` ("*" and what follows), whatever their case.
   virtual FolderListing ListFiles(const std::filesystem::path& folder, std::string_view pattern) = 0;
 
-  // Of what fails from here on, the system's last error (errno) says why, as far as it says anything.
+  // When one of the following fails, errno gives the reason, or is 0 where the system has none.
   /// True for an entry of any kind, a link that leads nowhere included.
   virtual bool Exists(const std::filesystem::path& file) const = 0;
   virtual FileKind Kind(const std::filesystem::path& file) const = 0;
-  /// What a symbolic link leads to, whether that is there or not; any other path as it is. Nothing where
-  /// links lead in a circle.
+  /// What a symbolic link leads to, whether that exists or not; any other path as it is. Nothing where links
+  /// lead in a circle.
   virtual std::optional<std::filesystem::path> Resolved(const std::filesystem::path& file) const = 0;
   /// Reads a plain file, or the nameless pipe that a shell hands over (/dev/stdin), of at most `limit` bytes.
-  /// Never waits for somebody to write to what has a name.
+  /// Never waits for somebody to write into a pipe that has a name.
   virtual FileBytes Read(const std::filesystem::path& file, size_t limit) const = 0;
   /// Deletes a file, never a folder.
   virtual bool Delete(const std::filesystem::path& file) = 0;
   /// Copies a file and flushes the copy. False when `to` exists, or when the copy fails, which leaves
   /// nothing of it.
   virtual bool Copy(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
-  /// Puts a copy of a plain file under the name `to` in one instant, flushed before, with the rights, owner,
-  /// extended attributes and time of change of `from` as far as the system allows. What has that name is
-  /// replaced; without `replace` the copy fails then. One that fails leaves nothing.
+  /// Copies a plain file, flushes the copy, and gives it the name `to` in one instant. It has the rights,
+  /// owner, extended attributes and time of change of `from` as far as the system allows. What has that name
+  /// already is replaced; without `replace` the copy fails then. A copy that fails leaves nothing behind.
   virtual bool CopyInPlace(const std::filesystem::path& from, const std::filesystem::path& to,
                            bool replace) = 0;
 
-  /// A file to take the place of `target`, which may exist but is no link, in the same folder. From its first
-  /// byte on it has the rights of what it replaces, its owner and extended attributes as far as the system
-  /// allows; or, with `userAlone`, nobody but the user may read it. Nothing when it cannot be made.
+  /// Makes a file, in the same folder, to take the place of `target`, which may exist but is no link. From
+  /// its first byte on it has the rights of what it replaces, and its owner and extended attributes as far as
+  /// the system allows; or, with `userAlone`, nobody but the user may read it. Null when it cannot be made.
   virtual std::unique_ptr<NewFile> Make(const std::filesystem::path& target, bool userAlone) = 0;
-  /// Opens what is a FileKind::Stream. Without `wait`, what nobody reads from is not opened, and what takes
-  /// no more bytes at once fails.
+  /// Opens a FileKind::Stream. Without `wait`, a pipe that nobody reads from is not opened, and writing fails
+  /// where not all bytes are taken at once. Null when it cannot be opened.
   virtual std::unique_ptr<OutputFile> OpenStream(const std::filesystem::path& file, bool wait) = 0;
-  /// Deletes the new files that this store made and that have not taken their place; none does any more. To
-  /// be called, from any thread, when the process ends in the middle of its work.
+  /// Deletes the new files of this store that have not taken their place; none can do that any more. To be
+  /// called, from any thread, when the process ends in the middle of its work.
   virtual void DeleteUnfinished() = 0;
-  /// Deletes what killed programs left in `folder` of new files: those alone that carry the mark of having
-  /// been made there, and that nobody works on.
+  /// Deletes the new files that killed programs left in `folder`: only those that carry the mark of having
+  /// been made there, and that no program works on.
   virtual void Sweep(const std::filesystem::path& folder) = 0;
-  /// True once the names in the folder are on the medium, and where the medium cannot be asked for it.
+  /// Writes the names in the folder through to the medium; true once they are there, and where that cannot be
+  /// asked for.
   virtual bool FlushFolder(const std::filesystem::path& folder) = 0;
-  /// Whether another file can take the place of `file`, links followed: false for a folder, for what nobody
-  /// but its owner may remove, and for what is marked read-only.
+  /// Whether another file can take the place of `file`, links followed: false for a folder, for a file that
+  /// somebody else alone may remove, and for one that is marked read-only.
   virtual bool CanRemove(const std::filesystem::path& file) const = 0;
   /// Whether the file, links followed, is marked as one that the user may not write.
   virtual bool IsReadOnly(const std::filesystem::path& file) const = 0;
   /// Renames a file within its folder; what was named `to` is replaced in the same instant.
   virtual bool Move(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
 
-  /// Locks a file, made when missing; nothing while anybody else holds it. What the file holds can be read
-  /// and written, and the file moved and deleted, all the same. The system ends the lock with the process,
-  /// however that ends.
+  /// Locks a file, which is made when missing; null while anybody else holds the lock. The file can be read,
+  /// written, moved and deleted all the same. The lock ends with the process, however that ends.
   virtual std::unique_ptr<FileLock> TryLock(const std::filesystem::path& file) = 0;
 };
 
