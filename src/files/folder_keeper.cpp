@@ -20,7 +20,7 @@ std::optional<uint64_t> NumberOf(const std::string& name) {
   return fault == std::errc() && rest != end && *rest == '-' ? std::optional(number) : std::nullopt;
 }
 
-// Cut where the number would make the name longer than a system allows, the ending kept.
+// The file's name, shortened in the middle if a number in front could make it longer than a system allows.
 std::string ShortName(const fs::path& file) {
   constexpr size_t kMostBytes = 200;
   const std::string name = Utf8OfPath(file.filename());
@@ -50,12 +50,12 @@ std::optional<fs::path> FolderKeeper::Keep(const fs::path& file, How how) {
       DropOldest();
       return kept;
     }
-    if (!taken && !store_.Exists(kept)) break;  // it was not another program's
+    if (!taken && !store_.Exists(kept)) break;  // it failed, and not because another program took the name
   }
   return std::nullopt;
 }
 
-// The oldest first.
+// The kept files, the oldest first.
 std::vector<FolderKeeper::Entry> FolderKeeper::Entries() const {
   std::vector<Entry> entries;
   std::error_code fault;

@@ -1,6 +1,7 @@
 // Keeps files in a folder of the program's own, for systems whose trash it does not use: the last 50 of them,
-// 20 MiB together at most, each named "NUMBER-NAME" with a number that grows. The oldest go. The last two
-// always have room: to put one of them back, what it replaces has to be kept beside it.
+// and no more than 20 MiB together; the oldest are deleted. Each is named "NUMBER-NAME" with a number that
+// grows. No file takes more than half of the room: to put one back, the file that it replaces has to be kept
+// beside it.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +22,7 @@ class FolderKeeper : public FileKeeper {
   /// `folder` is made when it is needed, for the user alone; an empty one keeps nothing.
   FolderKeeper(FileStore& store, std::filesystem::path folder) : store_(store), folder_(std::move(folder)) {}
 
-  /// Only copies: a move could hit what another program puts there at the same time.
+  /// Only copies: a move could overwrite what another program puts there at the same time.
   std::optional<std::filesystem::path> Keep(const std::filesystem::path& file, How how) override;
   void Discard(const std::filesystem::path& kept) override { store_.Delete(kept); }
 

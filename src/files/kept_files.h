@@ -1,5 +1,5 @@
-// What Save, Save As and Delete replace or remove is kept, and the last such file can be put back in its
-// place. Only plain files are kept, and only where their bytes are not in the new file anyway.
+// Keeps the files that Save, Save As and Delete replace or remove; the last such file can be put back in its
+// place. Only plain files are kept, and none whose bytes are those of the new file.
 #pragma once
 
 #include <filesystem>
@@ -14,7 +14,7 @@ namespace trillomat {
 
 /// A file that is about to be replaced.
 struct KeptCopy {
-  std::filesystem::path place = {};  ///< that it had, links followed
+  std::filesystem::path place = {};  ///< its path, links followed
   std::filesystem::path copy = {};   ///< empty where nothing had to be kept, or nothing could
   std::string fault = {};            ///< why it could not be kept: Windows-1252, a plain sentence; else empty
 };
@@ -25,19 +25,19 @@ class KeptFiles {
 
   /// To be called before `bytes` take the place of `file`, which need not exist.
   KeptCopy KeepCopy(const std::filesystem::path& file, std::string_view bytes);
-  /// The file of the copy was replaced: Restore puts it back now.
+  /// The file was replaced: from now on Restore puts the copy back.
   void Replaced(const KeptCopy& copy);
-  /// It was not: the copy goes.
+  /// The file was not replaced: the copy is deleted.
   void NotReplaced(const KeptCopy& copy);
 
   /// Whether a file that is to be deleted has to be kept: a plain one, no link.
   bool IsWorthKeeping(const std::filesystem::path& file) const;
   struct Removal {
     bool removed = false;
-    std::string fault = {};  ///< why it could not be kept, for which it stays where it is; else empty
+    std::string fault = {};  ///< why it could not be kept and so was not removed: Windows-1252; else empty
   };
-  /// Puts such a file by instead of deleting it. One that could not be kept is not deleted either: nothing
-  /// would be left of it.
+  /// Removes such a file by keeping it. One that cannot be kept is not deleted either: nothing would be left
+  /// of it.
   Removal TakeAway(const std::filesystem::path& file);
 
   /// Whether there is a file that can be put back.
@@ -46,8 +46,8 @@ class KeptFiles {
     std::filesystem::path place = {};
     std::string fault = {};  ///< why it was not put back, Windows-1252; else empty
   };
-  /// Puts the last file back that was replaced or removed, in one instant. What stands in its place by now is
-  /// kept before that, and can be put back by the next Restore.
+  /// Puts the last file that was replaced or removed back in its place, in one instant. The file that stands
+  /// there by now is kept before, and is put back by the next Restore.
   Restored Restore();
 
  private:

@@ -14,8 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// What is no plain file (a pipe, a device) could be read without end. Empty for what is one.
-std::string WhyNoFile(const fs::path& file, const FileStore& store) {
+// Why it is no plain file; empty when it is one. A pipe or a device could be read without end.
+std::string WhyNoPlainFile(const fs::path& file, const FileStore& store) {
   const std::string name = Utf8OfPath(file.filename());
   switch (store.Kind(file)) {
     case FileKind::Plain: return {};
@@ -27,7 +27,7 @@ std::string WhyNoFile(const fs::path& file, const FileStore& store) {
 }  // namespace
 
 std::optional<FileMessage> Opener::Open(const fs::path& file, FormatMode mode) {
-  if (const std::string why = WhyNoFile(file, parts_.store); !why.empty()) {
+  if (const std::string why = WhyNoPlainFile(file, parts_.store); !why.empty()) {
     return Refuse({"Not opened: " + why});
   }
   const auto bytes = ReadFile(file, parts_.store);

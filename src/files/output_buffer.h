@@ -1,4 +1,4 @@
-// An OutputFile as what a std::ostream writes to.
+// The buffer of a std::ostream that writes into an OutputFile.
 #pragma once
 
 #include <array>
@@ -8,10 +8,10 @@
 
 namespace trillomat {
 
-/// Collects small pieces; flush the stream at the end, and ask it whether all was taken.
+/// Flush the stream at the end, and ask it whether everything was written.
 class OutputBuffer : public std::streambuf {
  public:
-  /// `file` outlives it.
+  /// `file` has to outlive it.
   explicit OutputBuffer(OutputFile& file) : file_(file) {
     setp(block_.data(), block_.data() + block_.size());
   }

@@ -9,18 +9,19 @@
 
 namespace trillomat {
 
-/// A path or name of UTF-8 text, and back. Where the system's names are bytes all bytes pass.
+/// A path or name of UTF-8 text, and back. Where the system's names are bytes, any bytes are taken as they
+/// are.
 std::filesystem::path PathOfUtf8(std::string_view text);
 std::string Utf8OfPath(const std::filesystem::path& path);
 
 /// Whether the name of `file` ends in ".mid" or ".midi".
 bool HasMidiName(const std::filesystem::path& file);
 
-/// `path` (UTF-8) as one line of Windows-1252 text: what that lacks, and control characters, as "?". Bytes
-/// that are no UTF-8 stand for themselves.
+/// `path` (UTF-8) as one line of Windows-1252 text: control characters and those that it lacks are "?". A
+/// path that is no UTF-8 is taken as Windows-1252.
 std::string LogText(std::string_view path);
 
-/// The same for a path of the system, in its given form where it has one.
+/// The same for a path in the system's form; in its given form where it has one (FileStore::GivenPath).
 std::string LogText(const std::filesystem::path& native, const FileStore& store);
 
 }  // namespace trillomat

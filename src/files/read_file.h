@@ -1,4 +1,4 @@
-// Reading a file whole, for the window and the command line.
+// Reads a whole file, for the window and the command line.
 #pragma once
 
 #include <filesystem>
@@ -9,11 +9,11 @@
 
 namespace trillomat {
 
-/// All bytes of the file, or why it cannot be read, with the system's words: it is no plain file, or larger
-/// than kLargestInput.
+/// All bytes of the file. Refused, with the system's words where it has any, when it cannot be read, is no
+/// plain file, or is larger than kLargestInput.
 Result<std::string> ReadFile(const std::filesystem::path& file, const FileStore& store);
 
-/// "larger than 64 MiB"
+/// "larger than 64 MiB": of what exceeds kLargestInput.
 std::string TooLargeText();
 
 }  // namespace trillomat

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 using std::chrono::milliseconds;
 using std::chrono::system_clock;
 
-constexpr int kSlots = 9;
+constexpr int kSlots = 9;  // N from 1 on
 constexpr std::string_view kKept = "kept-";
 constexpr std::string_view kLeft = "left-";
 
@@ -55,7 +55,7 @@ std::string NameOf(const RecoveredSong& recovered) {
   return recovered.song.info.name.empty() ? "Untitled" : ToUtf8(recovered.song.info.name);
 }
 
-// Earlier versions left it to the file to tell when it was written.
+// Texts of earlier versions do not tell when they were written, so the file does.
 system_clock::time_point TimeOf(const RecoveredSong& recovered, const fs::path& file) {
   if (recovered.time != 0) return system_clock::time_point(milliseconds(recovered.time));
   std::error_code gone;
@@ -83,7 +83,7 @@ fs::path Recovery::File(std::string_view kind, int slot, std::string_view extens
   return folder_ / (std::string(kind) + std::to_string(slot) + std::string(extension));
 }
 
-// The newest first.
+// The files kept-S-N.txt and left-S-N.txt, the newest first.
 std::vector<Recovery::Entry> Recovery::Entries() const {
   std::vector<Entry> entries;
   for (const std::string& name : store_.ListFiles(folder_, "*.txt").names) {
@@ -158,14 +158,14 @@ void Recovery::Told() {
   left_.clear();
 }
 
-// Of a run that was killed: nobody holds its lock any more.
+// Takes over the song of a run that was killed: nobody holds the lock of its number any more.
 void Recovery::TakeOverAbandoned(int slot) {
   if (!store_.Exists(File("recovery-", slot))) return;
   const auto lock = slot == slot_ ? nullptr : store_.TryLock(File("running-", slot, ""));
   if (slot == slot_ || lock) Enlist(File("recovery-", slot), kLeft);
 }
 
-// Puts a file among those that are kept, as the newest.
+// Renames a file to "KIND-S-N.txt", with an S that makes it the newest.
 bool Recovery::Enlist(const fs::path& from, std::string_view kind) {
   const std::vector<Entry> entries = Entries();
   const uint64_t number = entries.empty() ? 1 : entries.front().number + 1;
@@ -202,7 +202,8 @@ void Recovery::Leave(std::string_view kind) {
   DropDoublesAndOldest();
 }
 
-// Of the same song in other files the newest stays. What is damaged may be of use to somebody yet.
+// Deletes all but the newest kMostSongs, and those that keep the same song as the newest one. Damaged files
+// stay: they may still be of use to somebody.
 void Recovery::DropDoublesAndOldest() {
   std::string newest;
   size_t songs = 0;

@@ -39,8 +39,8 @@ std::string WriteRecovery(const Song& song, FormatMode mode, std::string_view fi
 /// What WriteRecovery wrote; nothing for any other bytes.
 std::optional<RecoveredSong> ReadRecovery(std::string_view text);
 
-/// The part of such a text that tells the song alone, the same for the same song whatever file it belonged to
-/// and whenever it was written. Empty for a damaged text.
+/// The part of such a text that holds mode, song information and elements: the same for the same song,
+/// whatever file it belonged to and whenever it was written. Empty for a damaged text.
 std::string_view SongPartOf(std::string_view text);
 
 }  // namespace trillomat

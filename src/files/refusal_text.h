@@ -10,14 +10,15 @@
 namespace trillomat {
 
 /// One or two short sentences: 'tune.imy, line 12, column 1: the line has no ":" (an empty line). Each line
-/// begins with a tag and ":", like "NAME:Tune".' What is not known is left out. `name` (UTF-8) is that of
-/// what was read, empty for a text without one.
+/// begins with a tag and ":", like "NAME:Tune".' What is not known is left out. `name` (UTF-8) is that of the
+/// file, empty for a text that is in none.
 std::string RefusalText(std::string_view name, const Refusal& refusal);
 
 /// '3 of 120 elements were not understood, the first is "85_" in line 1, column 24'; empty where all were.
 std::string NotUnderstoodText(const NotUnderstood& lost);
 
-/// Two texts as sentences; either can be empty.
+/// Two texts as sentences behind each other; either may be empty, and then the other stands without a full
+/// stop.
 std::string JoinedSentences(std::string first, const std::string& second);
 
 }  // namespace trillomat

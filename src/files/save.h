@@ -18,13 +18,13 @@ struct TargetFile {
   std::string shown;  ///< its path as the log names it
 };
 
-/// How a save came out. The old file is as it was for all but Saved.
+/// The outcome of a save. The old file is as it was for all but Saved.
 struct SaveResult {
   enum class Outcome { Saved, NotFound, NotRemoved, NotWritten };
 
   Outcome outcome = Outcome::Saved;
   std::string why = {};    ///< why not, Windows-1252
-  KeptCopy replaced = {};  ///< of a file that was replaced by other bytes
+  KeptCopy replaced = {};  ///< the old file, where other bytes replaced it
 };
 
 /// What saving works on; all of it outlives the call.
@@ -35,13 +35,13 @@ struct SaveParts {
   Services services;
 };
 
-/// Writes the song in the place of the file, which the document then belongs to, and keeps what it replaces.
-/// A file that cannot be kept is replaced all the same, which the log says. `onRemoved` is called once the
-/// old file is known to be replaceable, before the writer runs. NotFound, NotRemoved: what DeleteFile fails
-/// with, logged as there.
+/// Replaces the file by one that holds the song, to which the document then belongs, and keeps the old file.
+/// One that cannot be kept is replaced all the same, and that is logged. `onRemoved` is called once the old
+/// file is known to be replaceable, before the writer runs. When the old file is missing or cannot be
+/// replaced (NotFound, NotRemoved), that is logged as DeleteFile does.
 SaveResult SaveOver(const TargetFile& file, const SaveParts& parts, const std::function<void()>& onRemoved);
 
-/// The same where no file of that name exists: Saved or NotWritten.
+/// The same where no file of that name exists; only Saved or NotWritten.
 SaveResult SaveNew(const TargetFile& file, const SaveParts& parts);
 
 /// Deletes a file; false and a log line when it does not exist or stays.

@@ -12,9 +12,10 @@
 
 namespace trillomat {
 
+/// A sound file.
 struct SoundBytes {
   std::string bytes;
-  std::vector<std::string> changes = {};  ///< what they hold otherwise than the song: Windows-1252 sentences
+  std::vector<std::string> changes = {};  ///< what differs from the song: Windows-1252, without full stop
 };
 
 /// Makes the bytes of a file with that extension, "wav" or "mid"; lets events run meanwhile.
@@ -26,8 +27,9 @@ class SoundExport {
   SoundExport(const FileParts& parts, const FileBrowser& browser, MakeSound make)
       : parts_(parts), browser_(browser), make_(std::move(make)) {}
 
-  /// Asks for a name, and writes a WAV file, or a MIDI file where the name ends so. Nothing while another
-  /// file operation runs or the melody plays. What it replaces is kept; the host says what came of it.
+  /// Asks for a name, and writes a WAV file, or a MIDI file where the name ends in ".mid" or ".midi". Does
+  /// nothing while another file operation runs or the melody plays. A file that it replaces is kept. The host
+  /// says what came of it.
   void Run();
 
  private:
