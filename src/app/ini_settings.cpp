@@ -30,8 +30,9 @@ std::optional<std::string> IniSettingsStore::Get(std::string_view section, std::
   return text_.Get(section, key);
 }
 
-// Another program holds its turn for milliseconds. One that hangs in it does not keep this one from saving:
-// the file is whole all the same, and at worst what one of them changed is lost.
+// Waits up to a second; another program holds its turn for milliseconds. Null when it is not this one's turn
+// then: it saves all the same, so that a program that hangs does not stop it. The file stays whole, and at
+// worst the changes of one of them are lost.
 std::unique_ptr<FileLock> IniSettingsStore::WaitForTurn() {
   using namespace std::chrono_literals;
   for (auto waited = 0ms; waited < 1000ms; waited += 20ms) {

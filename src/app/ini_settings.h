@@ -1,5 +1,5 @@
-// The settings in an ini file of the user's. It is replaced whole, as a melody is, so that a full disk leaves
-// the old one; and programs that run at the same time take turns.
+// Keeps the settings in an ini file. It is replaced as a whole, as melody files are, so that a full disk
+// leaves the old one; and programs that run at the same time take turns to change it.
 #pragma once
 
 #include <filesystem>
@@ -12,7 +12,7 @@ namespace trillomat {
 
 class IniSettingsStore : public SettingsStore {
  public:
-  /// `file` need not exist, nor its folder; what is no plain file counts as one that cannot be read.
+  /// Neither `file` nor its folder need exist. Anything but a plain file counts as one that cannot be read.
   IniSettingsStore(std::filesystem::path file, FileStore& files);
 
   std::optional<Refusal> Fault() const override { return fault_; }

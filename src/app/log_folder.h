@@ -8,8 +8,8 @@
 
 namespace trillomat {
 
-/// The first of the two folders in which a file can be made, made itself when missing; nothing when neither
-/// can be written.
+/// The first of the two folders in which a file can be made; a missing folder is made. Nothing when a file
+/// can be made in neither.
 std::optional<std::filesystem::path> LogFolder(const std::filesystem::path& programFolder,
                                                const std::filesystem::path& stateFolder, FileStore& files);
 

@@ -31,7 +31,7 @@
 namespace trillomat {
 namespace {
 
-// Level-2 messages of a program that no one sits in front of.
+// Shows messages on standard error, for a screenshot: nobody is there to close a box.
 class StandardErrorMessages : public MessageBox {
  public:
   bool ShowMessage(std::string_view message, bool /*offerSilence*/) override {

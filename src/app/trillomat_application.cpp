@@ -13,8 +13,8 @@ TrillomatApplication::TrillomatApplication(int& argc, char** argv) : QApplicatio
   setDesktopFileName(QStringLiteral("trillomat"));
 }
 
-// The toolkit remembers the box that takes what is dragged, also when that has gone with its dialog, and
-// would tell it of the next movement.
+// The toolkit remembers the widget that a drag is over, even when that is gone with its dialog, and would
+// send it the next movement.
 void TrillomatApplication::EndDragOver(QObject& receiver) {
   if (qobject_cast<QDialog*>(&receiver) == nullptr) return;
   QDragLeaveEvent leave;

@@ -12,7 +12,7 @@ class TrillomatApplication : public QApplication {
  public:
   TrillomatApplication(int& argc, char** argv);
 
-  /// Called with what an exception says that came out of an event handler. The program goes on.
+  /// Called with the text of an exception that came out of an event handler. The program goes on.
   std::function<void(std::string_view what)> onFault;
 
   bool notify(QObject* receiver, QEvent* event) override;

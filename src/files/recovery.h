@@ -54,7 +54,8 @@ class Recovery : private DocumentObserver {
   /// Writes the song if it is not saved and has changed since it was written, and deletes what was written
   /// once it is saved. A failure is logged once.
   void Tick();
-  /// To be called before another song takes the place of the composed one: keeps that, if it is not saved.
+  /// To be called before another song takes the place of the composed one, or that is cleared: keeps it, if
+  /// it is not saved.
   void KeepBeforeReplacing();
 
   /// The songs that were kept, the newest first; damaged files are left out.

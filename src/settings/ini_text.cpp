@@ -20,7 +20,8 @@ std::optional<std::string_view> SectionOf(std::string_view line) {
 
 bool IsHexDigit(char c) { return Contains(kHexDigits, ToLower(c)); }
 
-// The digits behind "\x", as many as there are; what is no character counts as none.
+// The character whose hexadecimal digits follow "\x", as many as there are; empty where there is no such
+// character.
 std::string TakeHexadecimal(std::string_view& text) {
   constexpr char32_t kBeyond = 0x10000;
   char32_t number = 0;
@@ -33,7 +34,7 @@ std::string TakeHexadecimal(std::string_view& text) {
   return character;
 }
 
-// What stands for the character behind a backslash.
+// The character that is meant by the one behind a backslash.
 std::string TakeEscape(std::string_view& text) {
   constexpr std::string_view kLetters = "abfnrtv0";
   constexpr std::string_view kControls{"\a\b\f\n\r\t\v\0", 8};
@@ -59,7 +60,7 @@ std::string Unescaped(std::string_view text) {
   return value;
 }
 
-// A digit behind an escape in hexadecimal is escaped too, or it would count as part of it.
+// A hexadecimal digit behind a "\x" escape is escaped too, or it would count as part of that.
 std::string Escaped(std::string_view value) {
   std::string text;
   bool behindHexadecimal = false;
@@ -95,7 +96,7 @@ std::optional<IniText::Line> IniText::LineOf(std::string_view section, std::stri
   return found;
 }
 
-// Behind the last line of the section that is not blank.
+// Where the last line of the section that is not blank ends.
 std::optional<size_t> IniText::EndOf(std::string_view section) const {
   std::optional<size_t> end;
   bool inside = false;

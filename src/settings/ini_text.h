@@ -1,6 +1,7 @@
 // The text of an ini file: sections in brackets, "key=value" lines, and whatever else stands there, which
-// stays as it is. A value is written as desktop programs do: a backslash before a backslash or a quote,
-// control characters as "\x1b", quotes around what would be misread without them. Bytes are UTF-8 or not.
+// stays as it is. A value is written as desktop programs do: with a backslash before a backslash or a quote,
+// control characters as "\x1b", and quotes around a value that would be misread without them. Bytes need not
+// be UTF-8.
 #pragma once
 
 #include <optional>
@@ -16,11 +17,12 @@ class IniText {
  public:
   explicit IniText(std::string text = {}) : text_(std::move(text)) {}
 
-  /// Nothing when there is no such line; of several the last.
+  /// The value of a key; nothing when there is no such line, the last one's when there are several.
   std::optional<std::string> Get(std::string_view section, std::string_view key) const;
-  /// Section and key are letters and digits.
+  /// Writes the value in the place of the old one, or in a new line. Section and key are letters and digits.
   void Set(std::string_view section, std::string_view key, std::string_view value);
   void DeleteSection(std::string_view section);
+  /// Makes the changes, in the order that SettingsChanges tells.
   void Make(const SettingsChanges& changes);
   const std::string& Text() const { return text_; }
 
@@ -30,7 +32,7 @@ class IniText {
     size_t length = 0;  ///< with its line end
   };
 
-  /// Of length 0 behind the last one.
+  /// The line behind `line`, the first one for {}; of length 0 behind the last one.
   Line Next(Line line) const;
   std::string_view In(Line line) const { return std::string_view(text_).substr(line.begin, line.length); }
   std::optional<Line> LineOf(std::string_view section, std::string_view key) const;

@@ -26,7 +26,7 @@ bool Has(const Paths& paths, const std::string& path) {
   return std::find(paths.begin(), paths.end(), path) != paths.end();
 }
 
-// Empty ones are places that are not used.
+// The recent files that `get` has by their numbers. An empty text is a number that is not used.
 Paths RecentIn(const std::function<std::string(std::string_view)>& get) {
   Paths paths;
   for (size_t i = 0; i < kMostRecentFiles; ++i) {
@@ -36,8 +36,8 @@ Paths RecentIn(const std::function<std::string(std::string_view)>& get) {
   return paths;
 }
 
-// How many at the front of `own` were used in this run: the others stand in the order in which they were
-// loaded.
+// How many of `own` this run has used: it has put these to the front, and the others still stand in the order
+// in which they were loaded.
 size_t UsedCount(const Paths& own, const Paths& loaded) {
   auto before = loaded.rbegin();
   size_t used = own.size();
@@ -49,7 +49,8 @@ size_t UsedCount(const Paths& own, const Paths& loaded) {
   return used;
 }
 
-// What this run used comes first, then what is stored by now, without what this run dropped.
+// First the files that this run has used, then those that are stored by now, but for those that this run has
+// dropped from the list.
 Paths Merged(const Paths& own, const Paths& loaded, const Paths& stored) {
   Paths merged(own.begin(), own.begin() + static_cast<std::ptrdiff_t>(UsedCount(own, loaded)));
   for (const std::string& path : stored) {
@@ -71,7 +72,7 @@ void PutRecent(const Paths& own, SettingsDraft& draft) {
   }
 }
 
-// Digits with a sign in front and nothing else, as PutSettings writes them.
+// The value of digits, perhaps with a "-" in front, as PutSettings writes them; nothing for any other text.
 std::optional<int32_t> WholeNumber(std::string_view text) {
   if (!IsAllDigits(text.substr(text.starts_with('-') ? 1 : 0))) return std::nullopt;
   return RoundToInt32(LeadingNumber(text));

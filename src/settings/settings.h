@@ -1,6 +1,6 @@
-// The user's choices between two runs: what is kept, under which section and key, and its defaults.
+// What of the user's choices is kept between two runs, under which section and key, and the defaults.
 //
-//   [Version]   Counter        layout number of the settings; an older one makes them start afresh
+//   [Version]   Counter        version of this layout; settings of an older one are deleted
 //   [Path]      BrowseFolder
 //   [Settings]  AutoPlay Mode Scale PlayMoving PlayComposing OutPut Duration DurationExtra Volume NoteStrip
 //               StripZoom ModernSpelling TidyImport
@@ -29,7 +29,7 @@ struct Settings {
   int16_t duration = 4;                       ///< index of the duration option
   int16_t durationExtra = 0;                  ///< index of the duration-extra option
   int16_t output = 1;                         ///< an OutputType
-  int16_t volume = 100;                       ///< of our own output, in percent
+  int16_t volume = 100;                       ///< of the program's output, in percent
   bool noteStrip = true;                      ///< it is shown
   int32_t stripZoom = 100;                    ///< in percent, 1 to 10000
   bool modernSpelling = false;                ///< of RTTTL that is exported
@@ -39,19 +39,19 @@ struct Settings {
   bool operator==(const Settings&) const = default;
 };
 
-/// Reads all settings; settings of an older layout are cleaned up first. A stored value that is not a
-/// number, or not one that the program knows, is logged and its default used; so are all defaults when
-/// nothing can be read.
+/// Reads all settings; those of an older layout are cleaned up first. Where a stored value is none that the
+/// program knows, that is logged and the default used. When nothing can be read, that is logged and all are
+/// the defaults.
 Settings LoadSettings(SettingsDraft& draft, Log& log);
 
-/// What `draft` is to write when it is saved. Recent files that other runs have stored since stay, behind
-/// those that this one used.
+/// Puts the settings into `draft`, to be written by Save. Recent files that other runs have stored meanwhile
+/// stay, behind those that this one has used.
 void PutSettings(const Settings& settings, SettingsDraft& draft);
 
 /// Writes what was put into `draft`. A failure is logged, and what is stored stays as it was.
 void Save(SettingsDraft& draft, Log& log);
 
-/// Deletes everything that is kept but the layout number, once `draft` is saved.
+/// Has Save delete everything that is kept, but for the version of the layout.
 void CleanUpSettings(SettingsDraft& draft, Log& log);
 
 }  // namespace trillomat

@@ -1,5 +1,5 @@
-// The settings as one run of the program sees and changes them. Several runs share a store, so what this one
-// did not change it leaves as the others wrote it.
+// The settings as one run of the program sees and changes them. Several runs share a store, so values that
+// this one has not changed are left as the others have written them.
 #pragma once
 
 #include <map>
@@ -21,21 +21,23 @@ class SettingsDraft {
   std::optional<Refusal> Fault() const { return store_.Fault(); }
   /// The stored text, `fallback` when there is none.
   std::string Get(std::string_view section, std::string_view key, std::string_view fallback);
-  /// What Get gave for it last, empty when it was not asked.
+  /// What Get has returned for it last; empty when it was not called.
   std::string Seen(std::string_view section, std::string_view key) const;
-  /// Reads what other runs have stored since.
+  /// Reads what other runs have stored meanwhile.
   void Refresh() { store_.Refresh(); }
-  /// The stored text, empty when there is none. It counts as not seen.
+  /// The stored text, empty when there is none. Does not count for Seen.
   std::string Stored(std::string_view section, std::string_view key) const;
 
   // Nothing is written before Save.
-  /// What Get gave for it is written only where nothing is stored.
+  /// Sets a value. One that Get has returned, so one that this run has not changed, is written only where
+  /// nothing is stored.
   void Set(std::string_view section, std::string_view key, std::string_view text);
-  /// Written whatever is stored.
+  /// Sets a value that is written whatever is stored.
   void SetAlways(std::string_view section, std::string_view key, std::string_view text);
   /// Deletes a whole section; one that does not exist is no error. Get finds nothing in it from now on.
   void DeleteSection(std::string_view section);
-  /// Writes what was set and deleted, and forgets it. Why it could not be written.
+  /// Writes what was set and deleted, and forgets it. Returns why it could not be written; nothing when it
+  /// was.
   std::optional<Refusal> Save();
 
  private:

@@ -1,5 +1,5 @@
-// Where the settings are kept between two runs: text values by section and key. Abstract so that each
-// system keeps them where its users expect them, and tests in memory.
+// Where the settings are kept between two runs: text values by section and key. Abstract so that each system
+// keeps them where its users expect them, and tests keep them in memory.
 #pragma once
 
 #include <optional>
@@ -11,13 +11,13 @@
 
 namespace trillomat {
 
-/// What one run changes: the sections go first.
+/// What one run changes. Sections are deleted before values are written.
 struct SettingsChanges {
   struct Value {
     std::string section;
     std::string key;
     std::string text;
-    bool onlyIfMissing = false;  ///< what is stored by now stays
+    bool onlyIfMissing = false;  ///< a value that is stored by now stays
   };
 
   std::vector<std::string> deletedSections = {};
@@ -31,15 +31,14 @@ class SettingsStore {
   SettingsStore& operator=(const SettingsStore&) = delete;
   virtual ~SettingsStore() = default;
 
-  /// Why nothing can be read from it; nothing when it can.
+  /// Why the values cannot be read; nothing when they can.
   virtual std::optional<Refusal> Fault() const { return std::nullopt; }
-  /// Reads what others have written since.
+  /// Reads what others have written meanwhile.
   virtual void Refresh() {}
-  /// The stored text, as it was when the program started, last wrote or refreshed it; nothing when there is
-  /// none.
+  /// The stored text, as it was at the start or at the last Write or Refresh; nothing when there is none.
   virtual std::optional<std::string> Get(std::string_view section, std::string_view key) const = 0;
-  /// Makes the changes to what is stored by now, also by others; what they do not name stays. Why it could
-  /// not, with everything as it was.
+  /// Makes the changes to what is stored by now, by others too; values that they do not name stay. Returns
+  /// why it could not, with everything as it was; nothing when it could.
   virtual std::optional<Refusal> Write(const SettingsChanges& changes) = 0;
 };
 
