@@ -11,8 +11,8 @@
 namespace trillomat {
 namespace {
 
-// The end of a program can wait for a call that hangs: the C library writes out all open files then, that of
-// a device too. So the program ends without that.
+// At the end of a program the C library writes out all open files, and would wait for a call that hangs with
+// a device open. So the program ends without that.
 void EndWithoutWaiting() {
 #ifdef __GLIBC__
   const auto end = [](int status, void* /*unused*/) {

@@ -8,20 +8,21 @@
 
 namespace trillomat {
 
-/// Makes calls one after the other, while its owner, which is one thread, waits for them no longer than it
-/// likes. What a call uses it has to own or share: it may return after all else is gone.
+/// Makes calls one after the other on a thread of its own, while its owner, which is one thread, waits for
+/// them no longer than it wants. A call has to own or share whatever it uses, because it may return when
+/// everything else is gone.
 class CallThread {
  public:
   CallThread();
   CallThread(const CallThread&) = delete;
   CallThread& operator=(const CallThread&) = delete;
-  /// Does not wait for a call that has not returned. All that were posted are still made, as long as the
-  /// program runs.
+  /// Does not wait for a call that has not returned. All that were posted are still made, if the program runs
+  /// long enough.
   ~CallThread();
 
-  /// Has `call`, which must not throw, made after those before it. False when the system gives no thread.
+  /// Adds `call`, which must not throw, to those that are to be made. False when the system gives no thread.
   bool Post(std::function<void()> call);
-  /// Waits until every call has returned, but not beyond `deadline`; whether they have.
+  /// Waits until every call has returned, but not beyond `deadline`. True when they have.
   bool IsIdle(std::chrono::steady_clock::time_point deadline = {}) const;
 
  private:

@@ -13,7 +13,7 @@ class StdClock : public Clock {
  public:
   /// Now, in the user's locale.
   StdClock();
-  /// Begins at `start`.
+  /// Begins at the time of day `start`; texts are in `locale`.
   StdClock(const std::locale& locale, std::chrono::system_clock::time_point start);
 
   /// Goes on steadily from the start, whatever happens to the system's time meanwhile.
@@ -22,7 +22,8 @@ class StdClock : public Clock {
   std::string TimeText() const override;
 
  protected:
-  /// `utf8` in Windows-1252; where that lacks a character of it, the time of day as "HH:MM:SS".
+  /// `utf8`, a time of day, in Windows-1252; where that lacks a character of it, the time of day as
+  /// "HH:MM:SS".
   static std::string TimeInCodePage(const std::string& utf8);
 
  private:

@@ -11,7 +11,8 @@
 
 namespace trillomat {
 
-/// Calls again what a signal interrupted, as often as that can be a coincidence.
+/// Makes a system call, again when a signal has interrupted it; but not for ever. Returns what the call has
+/// returned last.
 template <typename Call>
 auto Uninterrupted(Call call) {
   constexpr int kMostTries = 100;
@@ -20,7 +21,7 @@ auto Uninterrupted(Call call) {
   return result;
 }
 
-/// Writes all of it: write(2) may take less.
+/// Writes all of `bytes`, which write(2) may take in parts. False when that fails.
 inline bool WriteAll(int file, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = Uninterrupted([&] { return write(file, bytes.data(), bytes.size()); });
@@ -43,7 +44,7 @@ class Descriptor {
     std::swap(number_, other.number_);
     return *this;
   }
-  // What went wrong before stays known.
+  // Leaves errno as it was, for those who ask why something before has failed.
   ~Descriptor() {
     const int code = errno;
     if (number_ >= 0) close(number_);
@@ -53,6 +54,7 @@ class Descriptor {
   explicit operator bool() const { return number_ >= 0; }
   int operator*() const { return number_; }
 
+  /// Writes everything through to the medium; true once it is there.
   bool Flush() const {
     return number_ >= 0 && Uninterrupted([this] { return fsync(number_); }) == 0;
   }

@@ -1,4 +1,4 @@
-// What the file stores of all systems do alike with the names in a folder.
+// What the file stores of all systems do with the names in a folder.
 #pragma once
 
 #include <string>

@@ -18,9 +18,9 @@ namespace fs = std::filesystem;
 constexpr char kHomeDrive = 'C';
 constexpr char kFirstVolume = 'D';
 constexpr char kRootDrive = 'Z';
-constexpr std::string_view kForeign = "\\:";
+constexpr std::string_view kForeign = "\\:";  // what a name of the given form cannot hold
 
-// Blank, tab, line feed and "\" stand in the list as "\" and three octal digits.
+// A field of the list of mounts: blank, tab, line feed and "\" stand there as "\" and three octal digits.
 std::string Unescaped(std::string_view text) {
   std::string plain;
   for (size_t i = 0; i < text.size(); ++i) {
@@ -44,7 +44,7 @@ bool IsRemovable(std::string_view mountPoint) {
          mountPoint.starts_with("/run/media/");
 }
 
-// The first field of `text`, which it is taken from. Every start of a program comes by here, so no streams.
+// Takes the first field from `text`. Without streams, because this is a part of every start of the program.
 std::string_view TakeField(std::string_view& text) {
   text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
   const std::string_view field = text.substr(0, text.find_first_of(" \t"));
@@ -52,7 +52,8 @@ std::string_view TakeField(std::string_view& text) {
   return field;
 }
 
-// The names of `native` below `folder`, each with a "\" before it.
+// The names of `native` below `folder`, each with a "\" in front; nothing when one of them cannot be written
+// so.
 std::optional<std::string> NamesBelow(const fs::path& native, const fs::path& folder) {
   std::string names;
   auto name = std::next(native.begin(), std::distance(folder.begin(), folder.end()));

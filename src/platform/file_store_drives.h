@@ -21,17 +21,19 @@ std::vector<std::filesystem::path> RemovableVolumes(std::string_view mounts);
 
 class DriveMap {
  public:
-  /// `mounts` is a file in the format of fstab(5); one that cannot be read names no volume.
+  /// `mounts` is a file in the format of fstab(5); when it cannot be read there are no volumes.
   explicit DriveMap(const std::filesystem::path& home = HomeFolder(),
                     std::filesystem::path mounts = "/proc/self/mounts");
 
-  /// Looks for volumes that came or went; one that stays keeps its letter. The drives as a bit mask.
+  /// Looks for volumes that came or went; one that stays keeps its letter. Returns the drives as
+  /// FileStore::Drives does.
   uint32_t Refresh();
   /// "C: /home/ada"; the letter with its colon alone for a drive that is not there.
   std::string Text(char letter) const;
-  /// Empty for a text that is not of the given form, that names "." or "..", or whose drive is not there.
+  /// The path of one in the given form; empty for any other text, one with a name "." or "..", and one whose
+  /// drive is not there.
   std::filesystem::path Native(std::string_view given) const;
-  /// By the drive that lies deepest; nothing when a name holds "\" or ":".
+  /// The given form of a path, by the drive whose folder lies deepest; nothing when a name holds "\" or ":".
   std::optional<std::string> Given(const std::filesystem::path& native) const;
 
  private:

@@ -30,7 +30,7 @@ class PosixLock : public FileLock {
   bool held_ = false;
 };
 
-// Of the entry, or of what it leads to when it is a link. 0 when neither can be told.
+// The kind of the entry, or of what it leads to when it is a link; 0 when that cannot be told.
 mode_t KindOf(const fs::path& folder, const dirent& entry) {
   if (entry.d_type == DT_DIR) return S_IFDIR;
   if (entry.d_type == DT_REG) return S_IFREG;
@@ -68,8 +68,8 @@ class PosixStream : public OutputFile {
   Descriptor file_;
 };
 
-// The process's own open file that the path stands for (/proc/self/fd/1, what /dev/stdout is a link to).
-// Opened anew such a file would be written from its beginning.
+// The process's own open file that the path stands for (/proc/self/fd/1, to which /dev/stdout is a link);
+// nothing for other paths. If such a file were opened anew, it would be written from its beginning.
 std::optional<int> OwnDescriptor(const fs::path& file) {
   const std::string name = file.filename().native();
   std::error_code none;
@@ -79,7 +79,7 @@ std::optional<int> OwnDescriptor(const fs::path& file) {
   return std::stoi(name);
 }
 
-// A pipe without a name has somebody at its other end.
+// Whether it is a pipe without a name, such as a shell makes: it always has somebody at its other end.
 bool IsNamelessPipe(int file) {
   struct statfs system {};
   return fstatfs(file, &system) == 0 && system.f_type == PIPEFS_MAGIC;
@@ -87,7 +87,7 @@ bool IsNamelessPipe(int file) {
 
 FileBytes ReadAll(int file, size_t limit) {
   FileBytes read;
-  std::array<char, 16384> block{};  // small, as most files are: each page of it costs
+  std::array<char, 16384> block{};  // small, because most files are, and each page of it takes time
   while (true) {
     const ssize_t count = Uninterrupted([&] { return ::read(file, block.data(), block.size()); });
     if (count < 0) return {FileBytes::Fault::NotRead};
@@ -172,7 +172,7 @@ bool PosixFileStore::FlushFolder(const fs::path& folder) {
   return Descriptor(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY).Flush() || errno == EINVAL;
 }
 
-// In a folder like /tmp everybody may write, but remove only what is one's own.
+// In a folder like /tmp (with the sticky bit) everybody may write, but only remove files of his own.
 bool PosixFileStore::CanRemove(const fs::path& file) const {
   const auto target = Resolved(file);
   struct stat found {};
@@ -187,7 +187,7 @@ bool PosixFileStore::CanRemove(const fs::path& file) const {
   return user == 0 || user == found.st_uid || user == folder.st_uid;
 }
 
-// The mark binds the superuser too, whom the system lets write anything.
+// Files without a right to write count as marked for the superuser too, whom the system lets write anything.
 bool PosixFileStore::IsReadOnly(const fs::path& file) const {
   struct stat found {};
   if (stat(file.c_str(), &found) != 0 || !S_ISREG(found.st_mode)) return false;

@@ -67,7 +67,7 @@ class Win32Lock : public FileLock {
   bool held_;
 };
 
-// A write-protected file open for writing: it has to be unprotected for as long as that takes.
+// Takes the write protection from a file for as long as this lives, so that it can be opened for writing.
 class Unprotected {
  public:
   explicit Unprotected(const fs::path& file) : file_(file), attributes_(GetFileAttributesW(file.c_str())) {
@@ -94,14 +94,14 @@ bool IsKind(const WIN32_FIND_DATAW& entry, bool folders) {
   return (entry.dwFileAttributes & no) == 0 && (entry.dwFileAttributes & yes) == yes;
 }
 
-// Adds the entry's name if it is of the kind and has the ending. The system's own matching is not used:
-// it compares with the short names as well, which no one sees.
+// Adds the entry's name if it is of the kind and has the ending. The system's own matching is not used,
+// because it looks at the short names too, which nobody sees.
 void AddEntry(const WIN32_FIND_DATAW& entry, bool folders, std::string_view ending, FolderListing& listing) {
   const std::wstring_view name = entry.cFileName;
   if (!IsKind(entry, folders) || name == L"." || name == L"..") return;
   const auto utf8 = Utf8OfWide(name);
   if (!utf8) {
-    // Half a surrogate pair: there is no other text for it than this.
+    // It holds half a surrogate pair, so there is no UTF-8 for it.
     listing.leftOut.emplace_back("(a name that is not valid Unicode)");
   } else if (EndsNoCase(*utf8, ending)) {
     listing.names.push_back(*utf8);
@@ -155,7 +155,7 @@ std::wstring FullPath(const fs::path& path) {
   return full;
 }
 
-// What has this name is asked for by name alone: to open it would take it away from somebody else.
+// Pipes and devices are known by their names alone: opening one to ask would take it away from somebody else.
 bool IsPipeName(const fs::path& file) { return file.native().starts_with(L"\\\\.\\"); }
 
 FileBytes ReadAll(HANDLE file, size_t limit) {
@@ -182,7 +182,7 @@ bool IsFolder(const fs::path& file) {
 
 uint32_t Win32FileStore::Drives() { return ::GetLogicalDrives(); }
 
-// With the volume's name where asking for it cannot wait for a medium.
+// With the volume's name for fixed drives only: of others the system could wait for a medium.
 std::string Win32FileStore::DriveText(char letter) const {
   const std::string drive = std::string(1, letter) + ":";
   const fs::path root = drive + "\\";
@@ -260,7 +260,7 @@ bool Win32FileStore::Copy(const fs::path& from, const fs::path& to) {
   return false;
 }
 
-// Files that are worth it are small enough to be held in memory.
+// In memory, because files that are copied in place are no larger than kLargestInput.
 bool Win32FileStore::CopyInPlace(const fs::path& from, const fs::path& to, bool replace) {
   const FileBytes bytes = Read(from, kLargestInput);
   if (bytes.fault != FileBytes::Fault::None) return false;
@@ -278,10 +278,10 @@ std::unique_ptr<OutputFile> Win32FileStore::OpenStream(const fs::path& file, boo
   return stream;
 }
 
-// The medium's journal has the names by the end of the move, which waits for it.
+// Nothing to do: every move waits until the medium's journal has the names.
 bool Win32FileStore::FlushFolder(const fs::path& /*folder*/) { return true; }
 
-// Opening it to be deleted asks those who have it open.
+// Opening a file for deletion fails when somebody else has it open and does not allow that.
 bool Win32FileStore::CanRemove(const fs::path& file) const {
   if (IsFolder(file) || IsReadOnly(file)) return false;
   return static_cast<bool>(File(file, DELETE, kShareAll, OPEN_EXISTING));

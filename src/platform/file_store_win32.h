@@ -26,7 +26,7 @@ class Win32FileStore : public FileStore {
   bool CopyInPlace(const std::filesystem::path& from, const std::filesystem::path& to, bool replace) override;
   std::unique_ptr<NewFile> Make(const std::filesystem::path& target, bool userAlone) override;
   std::unique_ptr<OutputFile> OpenStream(const std::filesystem::path& file, bool wait) override;
-  /// The system does it.
+  // The system deletes new files by itself (new_file_win32.h).
   void DeleteUnfinished() override {}
   void Sweep(const std::filesystem::path& /*folder*/) override {}
   bool FlushFolder(const std::filesystem::path& folder) override;

@@ -19,10 +19,10 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kPrefix = ".saving-";
 constexpr std::string_view kSuffix = ".trillomat";
-constexpr std::string_view kUnmarked = ".saving-new-";  // for the instant until its inode is known
+constexpr std::string_view kUnmarked = ".saving-new-";  // prefix for the instant until the inode is known
 constexpr int kMostNames = 100;
 
-// The part of a new file's name that tells the file itself.
+// The beginning of a new file's name, which holds its inode number.
 std::string MarkOf(const struct stat& file) {
   std::array<char, 32> inode{};
   std::snprintf(inode.data(), inode.size(), "%llx-", static_cast<unsigned long long>(file.st_ino));
@@ -39,7 +39,7 @@ void CopyAttribute(const fs::path& from, int to, const char* name) {
   if (count >= 0) fsetxattr(to, name, value.data(), static_cast<size_t>(count), 0);
 }
 
-// The access list is one of them.
+// Copies the extended attributes, of which the access list is one.
 void CopyAttributes(const fs::path& from, int to) {
   const ssize_t size = listxattr(from.c_str(), nullptr, 0);
   if (size <= 0) return;
@@ -79,12 +79,12 @@ class PosixNewFile : public NewFile {
   void Prepare(int file) const;
 
   fs::path target_;
-  bool replaces_;    ///< something has the name
-  bool ownRights_;   ///< it is made for the user alone before it gets any other rights
-  fs::path rights_;  ///< of which file; empty for those of a new one
+  bool replaces_;    ///< a plain file has the target's name
+  bool ownRights_;   ///< it is made for the user alone, and gets the rights of `rights_`, if any, afterwards
+  fs::path rights_;  ///< the file whose rights it gets; empty for those that new files have
   bool copies_ = false;
   UnfinishedFiles& unfinished_;
-  std::optional<fs::path> name_;
+  std::optional<fs::path> name_;  ///< nothing as long as it has none
   Descriptor file_;
 };
 
@@ -131,7 +131,8 @@ PosixNewFile::~PosixNewFile() {
   errno = code;
 }
 
-// Before the first byte is in it, and before its name says what it is.
+// Locks the file and sets its rights: before the first byte is in it, and before it has a name that
+// SweepNewFiles knows.
 void PosixNewFile::Prepare(int file) const {
   flock(file, LOCK_EX | LOCK_NB);
   if (!rights_.empty()) KeepRights(rights_, file);
@@ -153,7 +154,7 @@ bool PosixNewFile::TakePlace(bool replace) {
   });
 }
 
-// The last write to it has been made.
+// Gives a copy the times of the original; to be called after the last write.
 void PosixNewFile::KeepTime() const {
   struct stat found {};
   if (!copies_ || stat(rights_.c_str(), &found) != 0) return;
@@ -161,7 +162,7 @@ void PosixNewFile::KeepTime() const {
   futimens(*file_, times.data());
 }
 
-// A process may name its own open file by way of /proc.
+// Gives the open file a name, which a process can do by way of /proc.
 bool PosixNewFile::Link(const fs::path& name) const {
   const std::string self = "/proc/self/fd/" + std::to_string(*file_);
   return Uninterrupted(
@@ -184,7 +185,8 @@ bool PosixNewFile::GiveName() {
   return CopyToNamed();
 }
 
-// Where a file without a name can be made, but not be given one.
+// Goes on with a copy that has a name: for media on which a file without a name can be made, but not be given
+// one.
 bool PosixNewFile::CopyToNamed() {
   Descriptor named = MakeNamed();
   if (!named || lseek(*file_, 0, SEEK_SET) != 0) return false;
@@ -213,7 +215,7 @@ Descriptor PosixNewFile::MakeNamed() {
   return file;
 }
 
-// Not every medium can do the second in one step.
+// Not every medium can rename in one step without replacing; there the name is looked for before.
 bool PosixNewFile::Rename(const fs::path& from, const fs::path& to, bool replace) const {
   const auto plainly = [&] { return rename(from.c_str(), to.c_str()); };
   const auto toFree = [&] {
@@ -225,7 +227,7 @@ bool PosixNewFile::Rename(const fs::path& from, const fs::path& to, bool replace
   return errno == EINVAL && lstat(to.c_str(), &found) != 0 && Uninterrupted(plainly) == 0;
 }
 
-// Made by a program for this folder, and by none that is still at work.
+// Whether it is a new file that was made here, by a program that no longer runs.
 bool IsAbandoned(const fs::path& file) {
   const Descriptor opened(file, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
   struct stat found {};
@@ -273,14 +275,15 @@ void SweepNewFiles(const fs::path& folder) {
   }
 }
 
-// The owner first, as a change of owner takes rights away. The group may be given where the owner may not.
+// The owner comes first, because a change of owner takes rights away. Where the owner cannot be changed, the
+// group may still be.
 void KeepRights(const fs::path& from, int to) {
   struct stat found {};
   if (stat(from.c_str(), &found) != 0 || !S_ISREG(found.st_mode)) return;
   constexpr uid_t kUnchanged = static_cast<uid_t>(-1);
   const bool owned = fchown(to, found.st_uid, found.st_gid) == 0 || fchown(to, kUnchanged, found.st_gid) == 0;
   CopyAttributes(from, to);
-  // Rights of a group that it could not be given are not those of the group that it has.
+  // The rights of another group must not go to the group that it has.
   fchmod(to, found.st_mode & (owned ? 0777U : 0707U));
 }
 

@@ -1,11 +1,11 @@
 // New files that take the place of others, over POSIX.
 //
 // A new file has no name while it is written (O_TMPFILE), so whatever ends the program, nothing is left of
-// it. Where there is no file yet it gets its name at once. Where there is one, it is named
-// ".saving-INODE-N.trillomat" in the same folder for the instant before it is renamed over that. Where the
-// medium has no files without a name it is called so from the start; a killed program then leaves it behind.
-// The inode in its name tells it from every other file that is called so: a copy, or a file of somebody
-// else's. Who works on it holds a lock (flock).
+// it. If there is no old file, it then gets its name directly. If there is one, it is called
+// ".saving-INODE-N.trillomat" in the same folder for the instant before it is renamed over the old one. Where
+// the medium has no files without a name, it is called so from the start, and a killed program leaves it
+// behind. The inode number in its name tells it from all other files of such a name, like a copy of it. The
+// program that works on it holds a lock (flock).
 #pragma once
 
 #include <filesystem>
@@ -17,11 +17,11 @@
 
 namespace trillomat {
 
-/// The names that new files have at the moment. May be used from any thread.
+/// The names of the new files that have one and have not taken their place. May be used from any thread.
 class UnfinishedFiles {
  public:
-  /// Runs `step`, which makes, moves or deletes a named file, so that no End comes into its middle.
-  /// False with the error EINTR, and nothing done, after an End.
+  /// Runs `step`, which makes, renames or deletes a file and keeps the names up to date, so that no End comes
+  /// in between. Returns what it returns; after an End, does nothing and returns false with the error EINTR.
   template <typename Step>
   bool Do(Step step) {
     const std::lock_guard guard(lock_);
@@ -29,7 +29,7 @@ class UnfinishedFiles {
     errno = EINTR;
     return false;
   }
-  /// Deletes them all; none comes after it.
+  /// Deletes all these files; there are no new ones from then on.
   void End();
 
  private:
@@ -50,10 +50,10 @@ bool CopyNewFile(const std::filesystem::path& from, const std::filesystem::path&
 void SweepNewFiles(const std::filesystem::path& folder);
 
 /// Gives the open file `to` the owner, the extended attributes and the rights of `from`, as far as the system
-/// allows; those of a group that it could not be given are left out.
+/// allows. When it cannot be given the group, the rights of the group are left out.
 void KeepRights(const std::filesystem::path& from, int to);
 
-/// Copies what is left of one open file to another.
+/// Copies the rest of one open file to another. False when that fails.
 bool CopyBytes(int from, int to);
 
 }  // namespace trillomat

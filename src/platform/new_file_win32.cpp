@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 class Win32NewFile : public NewFile {
  public:
-  /// With the time of change and the attributes of `like` where that is a file.
+  /// It gets the time of change and the attributes of `like`, if that is given and a file.
   explicit Win32NewFile(fs::path target, fs::path like = {}, bool replace = true)
       : target_(std::move(target)),
         like_(std::move(like)),
@@ -56,8 +56,8 @@ class Win32NewFile : public NewFile {
 
   fs::path target_;
   fs::path like_;
-  bool replace_;   ///< whether it may
-  bool replaces_;  ///< something has the name
+  bool replace_;   ///< it may replace a file
+  bool replaces_;  ///< something has the target's name
   fs::path name_;
   HANDLE handle_ = INVALID_HANDLE_VALUE;
 };
@@ -102,7 +102,7 @@ void KeepAccessList(const fs::path& from, HANDLE to) {
 
 }  // namespace
 
-// The folders of a user's own files let nobody else in, so `userAlone` needs nothing.
+// Nobody else can read what is in the folders of a user, so there is nothing to do for `userAlone`.
 std::unique_ptr<NewFile> MakeNewFile(const fs::path& target, bool /*userAlone*/) {
   auto file = std::make_unique<Win32NewFile>(target);
   if (!*file) return nullptr;

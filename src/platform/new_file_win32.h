@@ -1,7 +1,7 @@
 // New files that take the place of others, over Windows.
 //
-// A new file is called ".saving-PROCESS-N.trillomat" in the same folder. It is marked to be deleted when it
-// is closed, until the instant before it is renamed, so whatever ends the program, the system deletes it.
+// A new file is called ".saving-PROCESS-N.trillomat" in the same folder. Until the instant before it is
+// renamed it is marked to be deleted when it is closed: so whatever ends the program, the system deletes it.
 // Nobody else can open it meanwhile.
 #pragma once
 
@@ -21,11 +21,11 @@ std::unique_ptr<NewFile> MakeNewFile(const std::filesystem::path& target, bool u
 std::unique_ptr<NewFile> MakeCopy(const std::filesystem::path& from, const std::filesystem::path& target,
                                   bool replace);
 
-/// Gives the open file `to` the access list of `from`, what it inherits staying inherited, and whether it is
-/// shown.
+/// Gives the open file `to` the access list of `from` (inherited entries stay inherited), and the attributes
+/// that decide whether it is shown.
 void KeepRights(const std::filesystem::path& from, HANDLE to);
 
-/// Writes all of it.
+/// Writes all of `bytes`. False when that fails.
 bool WriteAll(HANDLE file, std::string_view bytes);
 
 }  // namespace trillomat

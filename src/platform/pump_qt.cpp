@@ -20,10 +20,11 @@ void QtPump::End() {
   if (QThread::currentThread()->loopLevel() > 0) QCoreApplication::exit();
 }
 
+// Looks at the clock, and lets events run if it is time for that.
 bool QtPump::Look() {
   constexpr int kMostDoublings = 12;
   constexpr int kMostCalls = 128;
-  constexpr auto kShortTime = 100us;  // for so many calls
+  constexpr auto kShortTime = 100us;  // for kMostCalls
   const auto now = SteadyClock::now();
   calls_ = untilLook_ = (now - lastLook_) * kMostCalls < kShortTime * calls_ ? kMostCalls : 1;
   lastLook_ = now;
@@ -39,7 +40,7 @@ bool QtPump::WaitForEvents(double milliseconds) {
     std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(milliseconds));
     return PumpEvents();
   }
-  // The timer ends the wait; it is of no account when another event did so before.
+  // The timer ends the wait, unless another event does so before.
   QTimer alarm;
   alarm.setTimerType(Qt::PreciseTimer);
   alarm.setSingleShot(true);
@@ -53,7 +54,7 @@ void QtPump::Process(QEventLoop::ProcessEventsFlags flags) {
   QCoreApplication::processEvents(flags);
   --depth_;
   lastPump_ = lastLook_ = SteadyClock::now();
-  calls_ = untilLook_ = 1;  // another loop may have run meanwhile, and told how fast that one is
+  calls_ = untilLook_ = 1;  // another loop may have run meanwhile, whose speed tells nothing about this one
 }
 
 }  // namespace trillomat

@@ -17,7 +17,8 @@ class QtPump : public EventPump {
   /// doubles it. Waiting lets events run at any depth.
   static constexpr int kPumpInterval = 4;
 
-  /// The window was closed: from now on every loop is told to leave, the toolkit's own too, with all boxes.
+  /// The window was closed: from now on every loop is told to leave, even those of the toolkit, whose boxes
+  /// close.
   void End();
 
   bool PumpEvents() override { return --untilLook_ > 0 ? !ending_ : Look(); }
@@ -30,11 +31,11 @@ class QtPump : public EventPump {
   void Process(QEventLoop::ProcessEventsFlags flags);
 
   SteadyClock::time_point lastPump_ = SteadyClock::now();
-  // To look at the clock takes longer than the work on an element, so fast loops do not do it each time.
+  // Looking at the clock takes longer than the work on an element, so fast loops do not do it at each call.
   SteadyClock::time_point lastLook_ = lastPump_;
-  int calls_ = 1;      ///< from one look to the next
-  int untilLook_ = 1;  ///< of them
-  int depth_ = 0;
+  int calls_ = 1;      ///< calls of PumpEvents from one look at the clock to the next
+  int untilLook_ = 1;  ///< calls that are left until the next look
+  int depth_ = 0;      ///< of nested loops
   bool ending_ = false;
 };
 

@@ -7,7 +7,7 @@
 
 namespace trillomat {
 
-/// Never returns early, as the library's own sleep may by less than a millisecond.
+/// Sleeps until `end`; never less, while the library's own sleep may return up to a millisecond too early.
 void SleepUntil(std::chrono::steady_clock::time_point end);
 
 class SleepPump : public EventPump {

@@ -13,7 +13,7 @@ namespace {
 using Frames = std::chrono::duration<int64_t, std::ratio<1, kSampleRate>>;
 
 constexpr uint16_t kBufferFrames = 1024;
-// Eight buffers: far more than a busy machine is late.
+// The time of about eight buffers: a busy machine is never that late.
 constexpr std::chrono::milliseconds kStall{200};
 
 SDL_AudioSpec WantedSpec() {
@@ -25,7 +25,8 @@ SDL_AudioSpec WantedSpec() {
   return spec;
 }
 
-// SDL keeps its errors for each thread by itself. It forgets those of its own threads alone.
+// SDL keeps its errors for each thread, and frees them only for its own threads. This frees those of the
+// calling thread.
 class ThreadErrors {
  public:
   ThreadErrors() = default;
@@ -121,7 +122,7 @@ bool SdlDevice::HasStalled() const {
   return std::chrono::steady_clock::now() - lastAsked_ > kStall;
 }
 
-// Called by SDL's own thread, which waits for the device outside of this.
+// Called on SDL's own thread; that waits for the device elsewhere, so the lock is held for a short time only.
 void SdlDevice::FillBuffer(void* self, uint8_t* bytes, int size) {
   auto& device = *static_cast<SdlDevice*>(self);
   const std::span out(reinterpret_cast<int16_t*>(bytes), static_cast<size_t>(size) / sizeof(int16_t));

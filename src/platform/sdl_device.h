@@ -17,8 +17,8 @@ namespace trillomat {
 /// mono, 16 bits, 44,100 samples a second.
 std::optional<std::vector<int16_t>> SamplesOfImage(std::span<const uint8_t> image);
 
-/// Open and Close belong to one thread, which may have to wait for the system; it must see to it that the
-/// device lives until Close has returned. All else never waits. Times are in samples.
+/// Open and Close are to be called on one thread, and may have to wait for the system. The device has to live
+/// until Close has returned. All other functions return at once. Times are in samples.
 class SdlDevice {
  public:
   using Time = std::chrono::steady_clock::time_point;
@@ -28,13 +28,14 @@ class SdlDevice {
   /// Opens the device, which from then on asks for samples.
   void Open();
   void Close();
-  /// For when Open has returned: whether it did, and if not, why.
+  /// Once Open has returned: whether the device is open, and if not, why.
   bool IsOpen() const { return id_ != 0; }
   const std::string& Error() const { return error_; }
 
+  /// The sample that belongs to a time, counted from the making of this object.
   int64_t SampleAt(Time time) const;
   int64_t Now() const { return SampleAt(std::chrono::steady_clock::now()); }
-  /// As the mixer's.
+  // As in ToneMixer.
   void Start(std::vector<int16_t> loop, int64_t at);
   void Stop(int64_t at);
   void SetVolume(double gain);

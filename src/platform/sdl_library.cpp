@@ -8,7 +8,8 @@
 namespace trillomat {
 namespace {
 
-// It stays loaded: its threads and those of the sound servers' libraries may outlive the last call.
+// The library stays loaded, because its threads and those of the sound servers' libraries may outlive the
+// last call.
 std::optional<SdlLibrary> Load() {
   void* const library = dlopen("libSDL2-2.0.so.0", RTLD_NOW | RTLD_LOCAL);
   if (library == nullptr) return std::nullopt;

@@ -7,7 +7,7 @@
 
 namespace trillomat {
 
-/// The per-user area in which Visual Basic programs keep theirs. Texts are UTF-8.
+/// Keeps them in the per-user area in which Visual Basic programs keep their settings. Texts are UTF-8.
 class RegistrySettingsStore : public SettingsStore {
  public:
   RegistrySettingsStore();

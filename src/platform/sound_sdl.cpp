@@ -48,7 +48,7 @@ void SdlSound::Beep(int32_t hertz, int32_t milliseconds) {
   const auto begin = steady_clock::now();
   const auto end = begin + std::chrono::milliseconds(milliseconds);
   if (IsOpen(end)) {
-    // What the opening has taken is made up for, as far as the mixer can lag.
+    // The time that the opening took counts as part of the tone, as far as the mixer can lag behind.
     const int64_t at = std::max(device_->SampleAt(begin), device_->Now() - ToneMixer::kMaxLag);
     if (StartAt(ToneImage(hertz), at)) device_->Stop(device_->SampleAt(end));
   }
@@ -82,7 +82,7 @@ void SdlSound::Fail(const std::string& why) {
   state_ = State::Failed;
 }
 
-// What was stopped just now is heard one latency later.
+// Waits until everything has been heard: a tone that was stopped just now sounds for one more latency.
 void SdlSound::Drain() {
   const auto limit = steady_clock::now() + kLongestDrain;
   while (!device_->IsDrained() && !device_->HasStalled() && steady_clock::now() < limit) {
@@ -90,7 +90,7 @@ void SdlSound::Drain() {
   }
 }
 
-// As soon as the device has opened, if ever.
+// Closes the device as soon as it has opened, if it ever does.
 void SdlSound::Close() {
   calls_.Post([device = device_] { device->Close(); });
 }

@@ -1,5 +1,5 @@
-// The sound device over SDL2: opened once, on first use, and fed with silence between the tones. A sound
-// server that hangs costs the program two seconds, once.
+// The sound device over SDL2: opened once, on first use, and fed with silence between the tones. When a sound
+// server hangs, the program waits two seconds for it, once.
 #pragma once
 
 #include <chrono>
@@ -15,7 +15,7 @@
 
 namespace trillomat {
 
-/// To be used from one thread. Takes wave images of the one format that the program makes.
+/// To be used on one thread. Plays wave images of the one format that the program makes.
 class SdlSound : public SoundDevice {
  public:
   /// A device that has not opened after this time never sounds.
@@ -25,11 +25,11 @@ class SdlSound : public SoundDevice {
   explicit SdlSound(Log& log) : log_(log) {}
   SdlSound(const SdlSound&) = delete;
   SdlSound& operator=(const SdlSound&) = delete;
-  /// Lets the last tone sound to its end, which takes no longer than the latency, and closes the device,
-  /// unless it has stopped to take samples.
+  /// Lets the last tone sound to its end, which takes no longer than the latency, and closes the device;
+  /// waits for neither where the device takes no samples any more.
   ~SdlSound() override;
 
-  /// Waits for the device to open.
+  /// The first call waits for the device to open, up to kLongestOpening.
   bool StartWave(std::span<const uint8_t> image) override;
   void StopWave() override;
   /// The opening of the device counts as part of the length.

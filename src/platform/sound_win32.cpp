@@ -18,14 +18,15 @@ using std::chrono::steady_clock;
 constexpr UINT kTimerPeriod = 1;  // milliseconds
 constexpr milliseconds kLongestStart{2000};
 constexpr milliseconds kLongestEnd{500};
-// The last of them has no meaning for an image in memory; it is passed for what it is worth.
+// 128 has no meaning for an image in memory, and is passed all the same.
 constexpr DWORD kStartFlags = SND_MEMORY | SND_ASYNC | SND_LOOP | SND_NODEFAULT | 128;
 constexpr DWORD kStopFlags = SND_PURGE | SND_NODEFAULT;
 static_assert(kStartFlags == 143 && kStopFlags == 66);
 
 }  // namespace
 
-/// What loops. Used by the thread of the calls alone, but for `started` when none runs.
+/// The image that loops. Used on the thread of the calls only; `started` may be read while no call is being
+/// made.
 struct Win32Sound::Wave {
   void Stop() const { PlaySoundA(nullptr, nullptr, kStopFlags); }
   void Start(const std::vector<uint8_t>& image) {
@@ -46,7 +47,7 @@ Win32Sound::~Win32Sound() {
   timeEndPeriod(kTimerPeriod);
 }
 
-// Whether all calls have returned. Waits for that, but not where that was in vain before.
+// Whether all calls have returned. Waits for that, unless the last wait for them was in vain.
 bool Win32Sound::IsFree() {
   const auto now = steady_clock::now();
   hangs_ = !calls_.IsIdle(hangs_ ? now : now + kLongestStart);
@@ -80,7 +81,7 @@ void Win32Sound::Beep(int32_t hertz, int32_t milliseconds) {
   StopWave();
 }
 
-// The one before may end a little late.
+// Waits for the beep before, which may end a little late.
 void Win32Sound::SystemBeep(int32_t hertz, steady_clock::time_point end) {
   if (!calls_.IsIdle(end)) return;
   const auto left = std::chrono::ceil<milliseconds>(end - steady_clock::now()).count();

@@ -13,8 +13,8 @@
 
 namespace trillomat {
 
-/// To be used from one thread. While it lives, the system's waits are exact to about a millisecond instead
-/// of its usual 16, so that tones keep their length. As long as a call into the system hangs, it is silent.
+/// To be used on one thread. While it lives, the system's waits are exact to about a millisecond instead of
+/// the usual 16, so that tones keep their length. As long as a call into the system hangs, nothing sounds.
 class Win32Sound : public SoundDevice {
  public:
   Win32Sound();
@@ -22,7 +22,7 @@ class Win32Sound : public SoundDevice {
   Win32Sound& operator=(const Win32Sound&) = delete;
   ~Win32Sound() override;
 
-  /// Waits two seconds at the longest, and not again for the same call.
+  /// Waits for a call that hangs for two seconds at most, and not again for the same call.
   bool StartWave(std::span<const uint8_t> image) override;
   void StopWave() override;
   /// The system refuses tones below 37 Hz; they are silent and take their time all the same.

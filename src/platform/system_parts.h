@@ -19,8 +19,8 @@ std::unique_ptr<SoundDevice> SystemSound(Log& log);
 
 std::unique_ptr<FileStore> SystemFileStore();
 
-/// The desktop's trash, or else a folder of the program's own in `stateFolder` (on Windows always that).
-/// `files` outlives it.
+/// The desktop's trash; where there is none, and on Windows, a folder of the program's own in `stateFolder`.
+/// `files` has to outlive it.
 std::unique_ptr<FileKeeper> SystemFileKeeper(FileStore& files, const std::filesystem::path& stateFolder);
 
 }  // namespace trillomat

@@ -7,7 +7,8 @@
 namespace trillomat {
 namespace {
 
-// Tones wait in the queue only as long as the latency; more means that the device has died.
+// Tones wait in the queue only as long as the latency. So many mean that the device no longer asks for
+// samples.
 constexpr size_t kMaxTones = 256;
 
 }  // namespace
@@ -33,7 +34,7 @@ void ToneMixer::Render(std::span<int16_t> out, int64_t now) {
   }
 }
 
-// Corrects the distance to `now` where nobody hears it.
+// Puts the distance to `now` right, where nobody hears it: in a silence.
 void ToneMixer::Align(int64_t now) {
   const int64_t target = now - latency_;
   if (!position_) silentSince_ = *(position_ = target);
@@ -44,7 +45,8 @@ void ToneMixer::Align(int64_t now) {
   position_ = tones_.empty() ? target : std::min(target, std::max(*position_, tones_.front().begin));
 }
 
-// Silence up to the next tone. Without one, silence that has not passed yet is filled in and not counted.
+// Writes silence up to the next tone. Without one, silence that lies in the future is written but not
+// counted, so that a tone that starts now is not late.
 size_t ToneMixer::RenderSilence(std::span<int16_t> out, int64_t now) {
   if (!tones_.empty() && tones_.front().begin <= *position_) {
     position_ = tones_.front().begin;
@@ -85,7 +87,7 @@ double ToneMixer::NextGain() {
   return gain_ * volume_;
 }
 
-// A stop that becomes known too late leaves room for the ramp that ends the tone.
+// Where the stop becomes known too late, the tone is lengthened by the ramp that ends it.
 void ToneMixer::LearnLength() {
   const Tone& tone = tones_.front();
   if (length_ || !tone.end) return;

@@ -22,7 +22,7 @@
 
 namespace trillomat {
 
-/// Times are in samples of the one channel. Not thread-safe: the owner locks.
+/// Times are in samples of the one channel. Not thread-safe: the owner has to lock.
 class ToneMixer {
  public:
   /// `latency` should exceed the number of samples asked for at a time.
@@ -39,8 +39,7 @@ class ToneMixer {
   void Start(std::vector<int16_t> loop, int64_t at);
   /// Ends the sounding tone at `at`, which may lie in the future.
   void Stop(int64_t at);
-  /// What all samples are multiplied with from the next Render on, 0 to 1. A tone that sounds gets there in a
-  /// ramp.
+  /// The factor for all samples from the next Render on, 0 to 1. A tone that sounds reaches it in a ramp.
   void SetVolume(double gain) { volumeWanted_ = gain; }
   /// Fills `out`, which is asked for at the time `now`.
   void Render(std::span<int16_t> out, int64_t now);
@@ -65,7 +64,7 @@ class ToneMixer {
   int64_t latency_;
   std::deque<Tone> tones_;           ///< the first sounds or comes next
   std::optional<int64_t> position_;  ///< the time that is rendered next
-  int64_t silentSince_ = 0;          ///< end of the last tone
+  int64_t silentSince_ = 0;          ///< where the last tone ended
   bool sounding_ = false;            ///< the first tone has begun
   int64_t rendered_ = 0;             ///< samples of the first tone so far
   std::optional<int64_t> length_;    ///< samples of the first tone in all, once known

@@ -16,8 +16,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The first as it is, the others with a number before the ending. Cut where no room would be left for what is
-// added to it.
+// The name of the file's `number`th copy in the trash: the first is as it is, the others have the number in
+// front of the ending. Cut where there would be no room for what is added.
 std::string NameInTrash(const fs::path& file, int number) {
   constexpr size_t kMostBytes = 200;
   std::string ending = file.extension().native();
@@ -27,7 +27,7 @@ std::string NameInTrash(const fs::path& file, int number) {
   return stem + (number == 1 ? "" : " " + std::to_string(number)) + ending;
 }
 
-// As in the path of a URL.
+// As paths stand in a URL.
 std::string PercentEncoded(std::string_view path) {
   constexpr std::string_view kPlain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
   constexpr std::string_view kHexDigits = "0123456789ABCDEF";
@@ -53,7 +53,7 @@ std::string InfoText(const fs::path& file) {
          "\nDeletionDate=" + date.data() + "\n";
 }
 
-// Deletes what a step that failed has made; why it failed stays known.
+// Deletes what a step that failed has made. errno still tells why that failed.
 void Undo(const fs::path& file) {
   const int code = errno;
   unlink(file.c_str());
@@ -76,7 +76,7 @@ std::optional<fs::path> Trash::Keep(const fs::path& file, How how) {
   for (int i = 1; i <= kMostNames; ++i) {
     const std::string name = NameInTrash(file, i);
     fs::path kept = folder_ / "files" / name;
-    if (store_.Exists(kept)) continue;  // somebody did not keep to the rule
+    if (store_.Exists(kept)) continue;  // somebody put it there without an info file
     if (MakeInfo(name, file)) {
       if (Put(file, kept, how)) return kept;
       Undo(InfoOf(name));

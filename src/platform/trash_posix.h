@@ -1,9 +1,9 @@
-// The user's trash as desktops have it, after the freedesktop.org Trash specification 1.0 (the home trash):
+// The user's trash as desktops have it, by the freedesktop.org Trash specification 1.0 (the home trash):
 //
 //   $XDG_DATA_HOME/Trash/files/NAME            the file
-//   $XDG_DATA_HOME/Trash/info/NAME.trashinfo   which place it had, and when it was put here
+//   $XDG_DATA_HOME/Trash/info/NAME.trashinfo   its former path, and when it was put into the trash
 //
-// Who makes the second, which fails where there is one, has the name.
+// The info file is made first, which fails where there is one: so two programs never use the same name.
 #pragma once
 
 #include <optional>
@@ -15,7 +15,7 @@
 
 namespace trillomat {
 
-/// The trash's folder, where it is there already or a desktop runs that shows it.
+/// The folder of the trash; nothing when it does not exist and no desktop runs that would show it.
 std::optional<std::filesystem::path> DesktopTrash();
 
 class Trash : public FileKeeper {

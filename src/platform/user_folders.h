@@ -1,5 +1,5 @@
-// Where the program lies, and where it keeps what is the user's. Paths are the system's own: names in them
-// need not be text.
+// Where the program is, and the folders in which it keeps its files for the user. Names in these paths need
+// not be text.
 #pragma once
 
 #include <filesystem>

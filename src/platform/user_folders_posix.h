@@ -1,4 +1,4 @@
-// Where desktops have what is the user's.
+// The user's folders: the XDG base directories of desktops.
 #pragma once
 
 #include <filesystem>
@@ -6,7 +6,7 @@
 namespace trillomat {
 
 /// The folder that the variable names ("XDG_STATE_HOME"), else the one below the home folder. A relative path
-/// in the variable counts as none, as the standard for it says.
+/// in the variable counts as none, as XDG wants it.
 std::filesystem::path UserFolder(const char* variable, const char* belowHome);
 
 }  // namespace trillomat

@@ -16,11 +16,11 @@ namespace trillomat {
 /// UTF-8 of the system's text; nothing when it is not valid UTF-16, as names of files can be.
 std::optional<std::string> Utf8OfWide(std::wstring_view text);
 
-/// The other way round; nothing when it is not valid UTF-8.
+/// The system's text of UTF-8; nothing when it is not valid.
 std::optional<std::wstring> WideOfUtf8(std::string_view text);
 
-/// Sets errno to what GetLastError says, as far as there is such a code; to 0 where there is none. Returns
-/// false, so that what failed can return it.
+/// Sets errno to the code for what GetLastError says; to 0 where there is none. Returns false, so that a
+/// function that fails can return that.
 bool KeepLastError();
 
 }  // namespace trillomat
