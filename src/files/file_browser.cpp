@@ -63,14 +63,15 @@ TargetFile FileBrowser::SelectedFile() const {
 void FileBrowser::Refresh() {
   const auto folder = parts_.store.NativePath(folder_);
   parts_.store.Sweep(folder);
-  const auto folders = parts_.store.ListFolders(folder);
   const std::string_view extension = LimitsOf(parts_.document.Mode()).extension;
-  const auto files = parts_.store.ListFiles(folder, "*." + std::string(extension));
+  const FolderListing found = parts_.store.List(folder, "*." + std::string(extension));
   const auto selected = Selected() == nullptr ? std::nullopt : std::optional(*Selected());
   rows_.clear();
   if (folder_.size() > kRootLength) rows_.push_back({RowKind::Previous, {}});
-  AddRows(folders, RowKind::Folder, "Could not list all folders in UpdateListFiles");
-  AddRows(files, RowKind::File, "Could not list all files in UpdateListFiles");
+  if (!found.complete) parts_.services.log.WriteLog("Could not list all folders in UpdateListFiles", 1);
+  AddRows(found.folders, RowKind::Folder);
+  if (!found.complete) parts_.services.log.WriteLog("Could not list all files in UpdateListFiles", 1);
+  AddRows(found.files, RowKind::File);
   const int row = selected ? RowOf(*selected) : kNoRow;
   selected_ = selected == deferred_ || row == DocumentRow() ? row : kNoRow;
   parts_.host.ShowFiles();
@@ -83,10 +84,9 @@ void FileBrowser::RefreshAndSelectSaved() {
   parts_.host.ShowSelectedFile();
 }
 
-void FileBrowser::AddRows(const FolderListing& listing, RowKind kind, std::string_view failure) {
-  if (!listing.complete) parts_.services.log.WriteLog(failure, 1);
-  LogLeftOut(listing.leftOut, parts_.services.log);
-  for (const std::string& name : listing.names) rows_.push_back({kind, name});
+void FileBrowser::AddRows(const FolderListing::Names& found, RowKind kind) {
+  LogLeftOut(found.leftOut, parts_.services.log);
+  for (const std::string& name : found.names) rows_.push_back({kind, name});
 }
 
 int FileBrowser::RowOf(const FileRow& row) const {

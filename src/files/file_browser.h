@@ -105,7 +105,7 @@ class FileBrowser {
   void Restore();
   bool TakeBetter();
   void SayDone(const FileMessage& done = {});
-  void AddRows(const FolderListing& listing, RowKind kind, std::string_view failure);
+  void AddRows(const FolderListing::Names& found, RowKind kind);
   std::string Rename(const TargetFile& file, const std::string& newGiven);
 
   FileParts parts_;

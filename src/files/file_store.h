@@ -15,11 +15,16 @@
 
 namespace trillomat {
 
-/// The names found in a folder, sorted without regard to case.
+/// What was found in a folder.
 struct FolderListing {
-  std::vector<std::string> names;
-  std::vector<std::string> leftOut;  ///< names that no path of the given form can hold
-  bool complete = true;              ///< false when the folder could not be read to its end
+  struct Names {
+    std::vector<std::string> names;    ///< sorted without regard to case
+    std::vector<std::string> leftOut;  ///< those that no path of the given form can hold
+  };
+
+  Names folders;
+  Names files;
+  bool complete = true;  ///< false when the folder could not be read to its end
 };
 
 /// A lock on a file, held for as long as this lives.
@@ -86,10 +91,9 @@ class FileStore {
   /// The given form of a path, made absolute first; nothing when one of its names cannot be written so.
   virtual std::optional<std::string> GivenPath(const std::filesystem::path& native) const = 0;
 
-  /// The sub-folders of a folder, without "." and "..".
-  virtual FolderListing ListFolders(const std::filesystem::path& folder) = 0;
-  /// The ordinary files of a folder that match `pattern` ("*" and what follows), whatever their case.
-  virtual FolderListing ListFiles(const std::filesystem::path& folder, std::string_view pattern) = 0;
+  /// The sub-folders of a folder, without "." and "..", and its plain files that match `pattern` ("*" and
+  /// what follows) whatever their case. A link is what it leads to.
+  virtual FolderListing List(const std::filesystem::path& folder, std::string_view pattern) = 0;
 
   // When one of the following fails, errno gives the reason, or is 0 where the system has none.
   /// True for an entry of any kind, a link that leads nowhere included.

@@ -86,7 +86,7 @@ fs::path Recovery::File(std::string_view kind, int slot, std::string_view extens
 // The files kept-S-N.txt and left-S-N.txt, the newest first.
 std::vector<Recovery::Entry> Recovery::Entries() const {
   std::vector<Entry> entries;
-  for (const std::string& name : store_.ListFiles(folder_, "*.txt").names) {
+  for (const std::string& name : store_.List(folder_, "*.txt").files.names) {
     const auto number = NumberIn(name);
     if (number) entries.push_back({folder_ / name, *number, name.starts_with(kLeft)});
   }

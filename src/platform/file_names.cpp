@@ -7,6 +7,10 @@
 
 namespace trillomat {
 
+std::string_view EndingOf(std::string_view pattern) {
+  return pattern.substr(pattern.starts_with('*') ? 1 : 0);
+}
+
 bool EndsNoCase(std::string_view name, std::string_view ending) {
   return name.size() >= ending.size() && EqualNoCase(name.substr(name.size() - ending.size()), ending);
 }

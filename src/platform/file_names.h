@@ -7,6 +7,9 @@
 
 namespace trillomat {
 
+/// What a name has to end in to match `pattern`, "*" and what follows.
+std::string_view EndingOf(std::string_view pattern);
+
 /// Whether `name` ends in `ending`, whatever their case.
 bool EndsNoCase(std::string_view name, std::string_view ending);
 

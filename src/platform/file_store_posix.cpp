@@ -39,24 +39,18 @@ mode_t KindOf(const fs::path& folder, const dirent& entry) {
   return stat((folder / entry.d_name).c_str(), &found) == 0 ? found.st_mode & S_IFMT : 0;
 }
 
-FolderListing List(const fs::path& folder, mode_t kind, std::string_view ending) {
-  FolderListing listing;
-  DIR* const stream = folder.empty() ? nullptr : opendir(folder.c_str());
-  if (stream == nullptr) return {{}, {}, false};
-  errno = 0;
-  while (const dirent* entry = readdir(stream)) {
-    const std::string_view name = entry->d_name;
-    const bool matches = EndsNoCase(name, ending) && name != "." && name != "..";
-    if (matches && KindOf(folder, *entry) == kind) {
-      auto& names = name.find_first_of("\\:") == name.npos ? listing.names : listing.leftOut;
-      names.emplace_back(name);
-    }
-    errno = 0;
-  }
-  listing.complete = errno == 0;
-  closedir(stream);
-  SortNoCase(listing.names);
-  return listing;
+void AddName(std::string_view name, FolderListing::Names& found) {
+  const bool canBeGiven = name.find_first_of("\\:") == name.npos;
+  (canBeGiven ? found.names : found.leftOut).emplace_back(name);
+}
+
+// Adds the entry to the folders or to the files, if it is one of them.
+void AddEntry(const fs::path& folder, const dirent& entry, std::string_view ending, FolderListing& listing) {
+  const std::string_view name = entry.d_name;
+  if (name == "." || name == "..") return;
+  const mode_t kind = KindOf(folder, entry);
+  if (kind == S_IFDIR) AddName(name, listing.folders);
+  if (kind == S_IFREG && EndsNoCase(name, ending)) AddName(name, listing.files);
 }
 
 class PosixStream : public OutputFile {
@@ -99,11 +93,20 @@ FileBytes ReadAll(int file, size_t limit) {
 
 }  // namespace
 
-FolderListing PosixFileStore::ListFolders(const fs::path& folder) { return List(folder, S_IFDIR, {}); }
-
-FolderListing PosixFileStore::ListFiles(const fs::path& folder, std::string_view pattern) {
-  if (pattern.starts_with('*')) pattern.remove_prefix(1);
-  return List(folder, S_IFREG, pattern);
+FolderListing PosixFileStore::List(const fs::path& folder, std::string_view pattern) {
+  FolderListing listing;
+  DIR* const stream = folder.empty() ? nullptr : opendir(folder.c_str());
+  if (stream == nullptr) return {.folders = {}, .files = {}, .complete = false};
+  errno = 0;
+  while (const dirent* entry = readdir(stream)) {
+    AddEntry(folder, *entry, EndingOf(pattern), listing);
+    errno = 0;
+  }
+  listing.complete = errno == 0;
+  closedir(stream);
+  SortNoCase(listing.folders.names);
+  SortNoCase(listing.files.names);
+  return listing;
 }
 
 bool PosixFileStore::Exists(const fs::path& file) const {

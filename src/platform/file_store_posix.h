@@ -19,8 +19,7 @@ class PosixFileStore : public FileStore {
     return drives_.Given(native);
   }
 
-  FolderListing ListFolders(const std::filesystem::path& folder) override;
-  FolderListing ListFiles(const std::filesystem::path& folder, std::string_view pattern) override;
+  FolderListing List(const std::filesystem::path& folder, std::string_view pattern) override;
 
   bool Exists(const std::filesystem::path& file) const override;
   FileKind Kind(const std::filesystem::path& file) const override;

@@ -88,43 +88,21 @@ class Unprotected {
   DWORD attributes_;
 };
 
-bool IsKind(const WIN32_FIND_DATAW& entry, bool folders) {
-  const DWORD no = folders ? 0 : FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE;
-  const DWORD yes = folders ? FILE_ATTRIBUTE_DIRECTORY : 0;
-  return (entry.dwFileAttributes & no) == 0 && (entry.dwFileAttributes & yes) == yes;
-}
-
-// Adds the entry's name if it is of the kind and has the ending. The system's own matching is not used,
-// because it looks at the short names too, which nobody sees.
-void AddEntry(const WIN32_FIND_DATAW& entry, bool folders, std::string_view ending, FolderListing& listing) {
+// Adds the entry to the folders or to the files, if it is one of them. The system's own matching of names is
+// not used, because it looks at the short names too, which nobody sees.
+void AddEntry(const WIN32_FIND_DATAW& entry, std::string_view ending, FolderListing& listing) {
   const std::wstring_view name = entry.cFileName;
-  if (!IsKind(entry, folders) || name == L"." || name == L"..") return;
+  const bool isFolder = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  if ((!isFolder && (entry.dwFileAttributes & FILE_ATTRIBUTE_DEVICE) != 0) || name == L"." || name == L"..")
+    return;
+  FolderListing::Names& found = isFolder ? listing.folders : listing.files;
   const auto utf8 = Utf8OfWide(name);
   if (!utf8) {
     // It holds half a surrogate pair, so there is no UTF-8 for it.
-    listing.leftOut.emplace_back("(a name that is not valid Unicode)");
-  } else if (EndsNoCase(*utf8, ending)) {
-    listing.names.push_back(*utf8);
+    found.leftOut.emplace_back("(a name that is not valid Unicode)");
+  } else if (isFolder || EndsNoCase(*utf8, ending)) {
+    found.names.push_back(*utf8);
   }
-}
-
-FolderListing List(const fs::path& folder, bool folders, std::string_view ending) {
-  FolderListing listing;
-  if (folder.empty()) return {{}, {}, false};
-  WIN32_FIND_DATAW entry;
-  const HANDLE search = FindFirstFileW((folder / L"*").c_str(), &entry);
-  if (search == INVALID_HANDLE_VALUE) {
-    // The root of an empty drive has not even "." in it.
-    listing.complete = GetLastError() == ERROR_FILE_NOT_FOUND;
-    return listing;
-  }
-  do {
-    AddEntry(entry, folders, ending, listing);
-  } while (FindNextFileW(search, &entry) != FALSE);
-  listing.complete = GetLastError() == ERROR_NO_MORE_FILES;
-  FindClose(search);
-  SortNoCase(listing.names);
-  return listing;
 }
 
 bool IsDrivePath(std::string_view given) {
@@ -209,11 +187,24 @@ std::optional<std::string> Win32FileStore::GivenPath(const fs::path& native) con
   return given;
 }
 
-FolderListing Win32FileStore::ListFolders(const fs::path& folder) { return List(folder, true, {}); }
-
-FolderListing Win32FileStore::ListFiles(const fs::path& folder, std::string_view pattern) {
-  if (pattern.starts_with('*')) pattern.remove_prefix(1);
-  return List(folder, false, pattern);
+FolderListing Win32FileStore::List(const fs::path& folder, std::string_view pattern) {
+  FolderListing listing;
+  if (folder.empty()) return {.folders = {}, .files = {}, .complete = false};
+  WIN32_FIND_DATAW entry;
+  const HANDLE search = FindFirstFileW((folder / L"*").c_str(), &entry);
+  if (search == INVALID_HANDLE_VALUE) {
+    // The root of an empty drive has not even "." in it.
+    listing.complete = GetLastError() == ERROR_FILE_NOT_FOUND;
+    return listing;
+  }
+  do {
+    AddEntry(entry, EndingOf(pattern), listing);
+  } while (FindNextFileW(search, &entry) != FALSE);
+  listing.complete = GetLastError() == ERROR_NO_MORE_FILES;
+  FindClose(search);
+  SortNoCase(listing.folders.names);
+  SortNoCase(listing.files.names);
+  return listing;
 }
 
 bool Win32FileStore::Exists(const fs::path& file) const {

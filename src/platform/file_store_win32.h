@@ -14,8 +14,7 @@ class Win32FileStore : public FileStore {
   std::filesystem::path NativePath(std::string_view given) const override;
   std::optional<std::string> GivenPath(const std::filesystem::path& native) const override;
 
-  FolderListing ListFolders(const std::filesystem::path& folder) override;
-  FolderListing ListFiles(const std::filesystem::path& folder, std::string_view pattern) override;
+  FolderListing List(const std::filesystem::path& folder, std::string_view pattern) override;
 
   bool Exists(const std::filesystem::path& file) const override;
   FileKind Kind(const std::filesystem::path& file) const override;
