@@ -19,14 +19,11 @@ Result<ElementList> PlayedElements(const Document& document, int32_t endlessRoun
   const auto take = [&](const TraceStep& step) {
     length.Add(step.played);
     if (IsHeard(step.played)) elements.push_back(document.At(step.index));
-    return !length.ExceedsHour() && !length.RepeatsTooOften();
+    return length.WhyTooMuch().empty();
   };
   if (TraceMelody(document, endlessRounds, services, take)) return elements;
-  if (length.ExceedsHour()) return Refusal{.why = "the melody has more than an hour of sound"};
-  if (length.RepeatsTooOften()) {
-    return Refusal{.why = "the melody plays more than 30,000 elements over again"};
-  }
-  return Refusal{.why = std::string(kProgramEnding)};
+  const std::string_view tooMuch = length.WhyTooMuch();
+  return Refusal{.why = std::string(tooMuch.empty() ? kProgramEnding : tooMuch)};
 }
 
 }  // namespace trillomat

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "playback/player.h"
 
@@ -20,10 +21,13 @@ class PlayedLength {
   }
   int64_t Milliseconds() const { return milliseconds_; }
 
-  bool ExceedsHour() const { return milliseconds_ > kHour; }
-  /// Whether more than 30,000 elements were played again. A block that repeats without end always comes to
-  /// that, because the count of its rounds stops at 32,767.
-  bool RepeatsTooOften() const { return steps_ > mostSteps_; }
+  /// Why that is too much, as in Refusal; empty where it is not. A block that repeats without end always is,
+  /// because the count of its rounds stops at 32,767.
+  std::string_view WhyTooMuch() const {
+    if (milliseconds_ > kHour) return "the melody has more than an hour of sound";
+    if (steps_ > mostSteps_) return "the melody plays more than 30,000 elements over again";
+    return {};
+  }
 
  private:
   static constexpr int64_t kHour = 3'600'000;  // milliseconds

@@ -5,8 +5,10 @@
 #include <limits>
 #include <map>
 #include <span>
+#include <string>
 #include <vector>
 
+#include "core/ascii.h"
 #include "playback/play_trace.h"
 #include "playback/played_length.h"
 #include "playback/wave_synthesis.h"
@@ -94,13 +96,16 @@ class WaveWriter {
   int64_t time_ = 0;  // milliseconds
 };
 
+std::string Sentence(std::string_view why) {
+  std::string sentence(why);
+  sentence.front() = ToUpper(sentence.front());
+  return sentence + '.';
+}
+
 // Why the melody, as far as it was measured, is more than can or should be rendered; nothing when it is not.
 std::optional<RenderFailure> TooMuch(const PlayedLength& length, bool anyLength) {
-  if (!anyLength && length.ExceedsHour()) {
-    return RenderFailure{"The melody has more than an hour of sound.", true};
-  }
-  if (!anyLength && length.RepeatsTooOften()) {
-    return RenderFailure{"The melody plays more than 30,000 elements over again.", true};
+  if (const std::string_view tooMuch = length.WhyTooMuch(); !anyLength && !tooMuch.empty()) {
+    return RenderFailure{Sentence(tooMuch), true};
   }
   if (DataSizeAt(length.Milliseconds()) > kMaxDataSize) {
     return RenderFailure{"The melody is too long for a WAV file."};
