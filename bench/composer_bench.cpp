@@ -1,5 +1,5 @@
-// How long an entered tone takes to be in the text view, for melodies of different lengths: at the end, so
-// that no records have to be moved, and at the front, so that all have. It is erased again.
+// How long it takes until an entered tone is in the text view, for melodies of different lengths: at the end,
+// where no elements have to be moved, and at the front, where all have. The tone is erased again.
 #include <benchmark/benchmark.h>
 
 #include "bench/idle_parts.h"

@@ -1,5 +1,5 @@
 // How the time of everything that walks over a text or a melody grows with its size, for what people write
-// and for what nobody would: a work that takes more than its share of time fails.
+// and for what nobody would write. A work whose time grows faster than the size fails.
 //   growth [LARGEST]    elements or pieces of text, 10^6 if nothing is said
 #include <malloc.h>
 
@@ -46,7 +46,7 @@ constexpr std::string_view kRtttl = "Tune:d=4,o=5,b=100:";
 constexpr std::string_view kIMelody = "BEGIN:IMELODY\r\nVERSION:1.2\r\nFORMAT:CLASS1.0\r\nMELODY:";
 constexpr std::string_view kIMelodyEnd = "\r\nEND:IMELODY\r\n";
 
-/// The pieces bare, as notes of an RTTTL tune and of an iMelody file.
+/// Adds texts of the piece repeated: alone, as the notes of an RTTTL tune, and as those of an iMelody file.
 void AddKinds(std::vector<TextKind>& kinds, const std::string& piece) {
   kinds.push_back({"'" + piece + "'", [piece](size_t n) { return Repeated(piece, n); }});
   kinds.push_back(
@@ -249,8 +249,8 @@ std::vector<SongWork> SongWorks(const Services& services) {
 /// Prepares a work of that size.
 using Prepare = std::function<Work(size_t size)>;
 
-/// How many times as long as a scan of so many bytes the work takes, in the median of some turns of both:
-/// what else the machine does slows both alike.
+/// How many times as long the work takes as a scan of so many bytes: the median of some turns of both,
+/// because whatever else the machine does slows both alike.
 double MedianRatio(const Work& work, size_t bytes, int passes) {
   constexpr size_t kShortest = 1 << 16;  // bytes that take long enough to be timed
   const std::string text(std::max(bytes, kShortest), 'x');
@@ -274,7 +274,7 @@ double MedianRatio(const Work& work, size_t bytes, int passes) {
 
 class Growth {
  public:
-  /// Sizes of 1000 and of `largest` are compared, as times a scan of as many bytes.
+  /// Compares works of size 1000 with those of size `largest`, each as a multiple of a scan of as many bytes.
   explicit Growth(size_t largest) : largest_(largest) {}
 
   void Check(const std::string& name, const Prepare& prepare) {
@@ -305,7 +305,8 @@ class Growth {
   static constexpr size_t kBatch = 20;
   static constexpr double kMost = 1.1;
 
-  // Of one small work, done again and again, the processor would know every turn by heart.
+  // Several small works, because the processor would learn the branches of a single one that is done again
+  // and again.
   static Work BatchOf(const Prepare& prepare) {
     std::vector<Work> batch;
     for (size_t i = 0; i < kBatch; ++i) batch.push_back(prepare(kSmallest + i));
@@ -322,7 +323,7 @@ class Growth {
 void CheckTexts(Growth& growth, const Services& services) {
   const std::vector<TextWork> works = TextWorks(services);
   for (const TextKind& kind : TextKinds()) {
-    // Sizes are bytes here, whatever a piece has.
+    // Sizes count bytes here, however long a piece is.
     const double bytesOfPiece = static_cast<double>(kind.make(10000).size()) / 10000;
     for (const TextWork& work : works) {
       growth.Check(work.name + " " + kind.name, [&](size_t size) {
@@ -348,7 +349,7 @@ void CheckSongs(Growth& growth, const Services& services) {
 }  // namespace trillomat
 
 int main(int argc, char** argv) {
-  // Memory is kept, so that the time to get it from the system is not that of the first large work.
+  // Freed memory is kept, so that the first large work is not charged with getting it from the system.
   mallopt(M_MMAP_THRESHOLD, 1 << 30);
   mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
   trillomat::Growth growth(argc > 1 ? std::stoul(argv[1]) : 1000000);

@@ -1,4 +1,4 @@
-// A composer, and parts of the program around it that do nothing and take no time for it.
+// A composer, with parts of the program around it that do nothing and take no time.
 #pragma once
 
 #include <benchmark/benchmark.h>

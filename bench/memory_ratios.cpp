@@ -1,6 +1,6 @@
-// The heap that reading, saving and exporting take at their peak, in bytes an element: of reading beyond the
-// text, of saving and exporting beyond the song and the text that they make. Every operator new is counted,
-// by the size that malloc gave.
+// The heap that reading, saving and exporting take at their peak, in bytes for each element: what reading
+// takes beside the text, and what saving and exporting take beside the song and the text that they make.
+// Every operator new is counted, with the size that malloc has given.
 #include <malloc.h>
 
 #include <cstdlib>
@@ -66,7 +66,7 @@ void PrintReading(FormatMode mode, const std::string& name, const SilentServices
             PeakOf([&] { measured = Read(text, mode, {}, silent.services).elements.size(); }));
 }
 
-// What a growing text wastes is the text's own, up to its size again.
+// Up to three times the text counts as the text itself, because a growing text is copied into twice its room.
 void PrintWriting(const std::string& what, const std::function<std::string()>& write) {
   size_t size = 0;
   const double peak = PeakOf([&] { size = write().size(); });

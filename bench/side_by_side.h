@@ -20,7 +20,7 @@ namespace trillomat {
 
 using Work = std::function<void()>;
 
-/// What the compiler must not leave out.
+/// Takes results, so that the compiler cannot leave the work out.
 inline volatile size_t measured = 0;
 
 inline double ProcessorNanoseconds() {
@@ -34,7 +34,7 @@ struct BestPasses {
   double yardstick = work;
 };
 
-/// Turns of both until enough were seen.
+/// Runs both in turns until that has taken long enough, and keeps the best pass of each.
 inline BestPasses Measure(const Work& work, const Work& yardstick) {
   constexpr int kFewest = 7;
   constexpr double kLongEnough = 4e8;
@@ -65,7 +65,7 @@ inline Work ScanOf(std::string_view bytes) {
 
 inline bool IsCounting() { return RUNNING_ON_VALGRIND != 0; }
 
-/// Leaves the instructions of one pass in a file of callgrind's that names `what`.
+/// Has callgrind write the instructions of one pass into a file, under the name `what`.
 inline void CountInstructions(const std::string& what, const Work& work) {
   CALLGRIND_ZERO_STATS;
   work();
@@ -78,15 +78,15 @@ inline void Print(std::string_view what, double figure, double nanoseconds) {
   std::fflush(stdout);
 }
 
-/// How many times as long as the yardstick the work takes.
+/// Prints how many times as long as the yardstick the work takes.
 inline void PrintRatio(const std::string& what, const Work& yardstick, const Work& work) {
   if (IsCounting()) return CountInstructions(what, work);
   const BestPasses best = Measure(work, yardstick);
   Print(what, best.work / best.yardstick, best.work);
 }
 
-/// The time of one of the `repeats` that the work does, in microseconds of a machine like the one that the
-/// goals were set on, which scans a byte in a quarter of a nanosecond.
+/// Prints the time of one of the `repeats` that the work does. It is scaled to the machine that the goals
+/// were set on, which scans a byte in a quarter of a nanosecond.
 inline void PrintTime(const std::string& what, size_t repeats, const Work& work) {
   if (IsCounting()) return CountInstructions(what, work);
   constexpr double kScanOfByte = 0.25;

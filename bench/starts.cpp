@@ -1,8 +1,9 @@
 // Starts two programs in turns and compares what their processes cost until their end.
-//   starts ROUNDS PROGRAM... -- PROGRAM...           the ratio of the processor time of their best starts
-//   starts ROUNDS --window PROGRAM... -- PROGRAM...  of programs with a window, which are ended when it is
-//   up,
-//                                                    and the ratio of the memory that is theirs alone
+//   starts ROUNDS PROGRAM... -- PROGRAM...
+//     prints the ratio of the processor time of their best starts
+//   starts ROUNDS --window PROGRAM... -- PROGRAM...
+//     the same for programs with a window, which are ended when it is up, and the ratio of their resident
+//     memory
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>

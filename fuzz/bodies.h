@@ -1,5 +1,5 @@
-// What must hold for any input: one body for each way into the program. The fuzz programs run one body each
-// over what libFuzzer invents; the tests run those over texts over their data and mutations of it.
+// What must hold for any input: one body for each way into the program. Each fuzz program runs one body over
+// what libFuzzer invents; the tests run the bodies for texts over their own data and mutations of it.
 #pragma once
 
 #include <cstddef>
@@ -12,9 +12,9 @@ namespace trillomat {
 struct FuzzBody {
   std::string_view name;  ///< of the fuzz program behind "fuzz_", and of the folder of its seeds
   void (*run)(std::string_view input);  ///< throws std::logic_error when something does not hold
-  double microsecondsAByte =
-      50;                      ///< of processor time, a few times what any input takes under the sanitizers
-  size_t longInput = 1 << 16;  ///< bytes to which some inputs are lengthened, so that what is quadratic shows
+  /// Processor time that an input may take: a few times what any input takes under the sanitizers.
+  double microsecondsAByte = 50;
+  size_t longInput = 1 << 16;  ///< bytes to which some inputs are lengthened, so that quadratic work shows
 };
 
 /// Throws std::logic_error of `what` unless it holds.

@@ -13,7 +13,7 @@
 namespace trillomat {
 namespace {
 
-// The refusal's place lies in the input, and its text stands there.
+// The refusal's place lies in the input, and its text is what stands there.
 void CheckPlace(std::string_view input, const Refusal& refusal) {
   Require(!refusal.why.empty(), "a refusal says why");
   if (input.empty() && refusal.line == 0) return;
@@ -30,8 +30,8 @@ void CheckPlace(std::string_view input, const Refusal& refusal) {
   Require(OnOneLine(line.substr(refusal.column - 1, text.size()), '?') == text, "the text stands there");
 }
 
-// A tone that nobody understood takes over the keys of the one before, as far as kLargestExport: that is the
-// rule, and would be all that a time bound tells of a long text of such.
+// A tone that no reader understood repeats the keys of the one before, up to kLargestExport. That is the
+// rule, and a long text of such tones would exceed every time bound because of it.
 bool GrowsWithTheSquare(const ElementList& elements) {
   constexpr std::ptrdiff_t kMost = 1000;
   return std::count_if(elements.begin(), elements.end(),

@@ -1,4 +1,4 @@
-// What a paste takes: the clipboard's own form of elements, and texts of any origin.
+// What a paste reads: elements in the program's own form, and texts from anywhere.
 #include <optional>
 #include <string>
 
@@ -13,7 +13,7 @@
 namespace trillomat {
 namespace {
 
-// The other way to read the text leaves what it was said to leave, and less than the first.
+// The better way leaves as many elements not understood as it was said to, and fewer than the first.
 void CheckBetterWay(std::string_view text, FormatMode mode, const ReadResult& first,
                     const Services& services) {
   const ReadingWay way{.mode = mode, .source = TextSource::Clipboard};
@@ -38,7 +38,7 @@ void PasteText(std::string_view text, const Services& services) {
     const ReadResult read = ReadPasted(text, limits.mode, services);
     Require(read.refusal || !read.elements.empty(), "a paste gives elements or a refusal");
     CheckBetterWay(text, limits.mode, read, services);
-    // That a whole file holds no note has no place in it.
+    // "There is no note in it" is a refusal without a place.
     Require(!read.refusal || !read.refusal->why.empty(), "a refusal says why");
     if (!read.refusal || read.refusal->line > 0) CheckResult(text, read, services);
   }

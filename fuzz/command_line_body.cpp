@@ -1,3 +1,5 @@
+// Runs the command line with any arguments, over files and a standard input of any text.
+
 #include <sys/resource.h>
 
 #include <algorithm>
@@ -18,7 +20,7 @@ namespace {
 
 constexpr std::array kFiles{"a.imy", "a.emy", "a.rtx", "a.mel"};
 
-// Keeps what is written, up to a length at which it fails: so that what plays for hours ends soon.
+// Keeps what is written, and fails beyond a certain length, so that a melody that plays for hours ends soon.
 class ShortBuffer : public std::streambuf {
  public:
   const std::string& Text() const { return text_; }
@@ -89,7 +91,7 @@ class WorkFolder {
   TempFolder folder_;
 };
 
-// Cuts every number to three digits: how often something is repeated is not to the point here.
+// Cuts every number to three digits, because repeating something a million times would only take time here.
 std::string WithShortNumbers(std::string_view text) {
   std::string shorter;
   int digits = 0;

@@ -1,4 +1,4 @@
-// Editing as it comes: the input presses buttons and keys, also inside every wait.
+// Editing at random: the bytes of the input press buttons and keys, even inside every wait.
 #include <algorithm>
 #include <string>
 
@@ -88,7 +88,7 @@ class Editing {
   PlayControls play_{document_, player_, settings_, composer_, services_};
 };
 
-// Whatever waits ends with the input.
+// Inside a wait: does a step now and then; stops the playing at the end of the input.
 void Editing::HandleEvent() {
   if (depth_ == kDeepest || rest_.empty()) return play_.Press(Control::Stop);
   if (TakeByte() % 4 != 0) return;

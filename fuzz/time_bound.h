@@ -1,4 +1,4 @@
-// What a body may cost: a processor time that grows with the input's size and no faster.
+// Limits the processor time of a body: it may grow with the size of the input, and no faster.
 #pragma once
 
 #include <string>
@@ -8,12 +8,13 @@
 
 namespace trillomat {
 
-/// Runs `body` over `input`. Throws std::logic_error when it takes more processor time than its bound for a
-/// text of that size, also when it is run again: the wall clock and other programs do not matter.
+/// Runs `body` over `input`. Throws std::logic_error when it takes more processor time than its bound for an
+/// input of that size, and does so again when it is repeated. The wall clock and other programs do not
+/// matter.
 void RunInTime(const FuzzBody& body, std::string_view input);
 
-/// `input` with a part of it, which its bytes choose, repeated until there are `size` bytes or a few more:
-/// what costs too much grows with it. Inputs of that size are too slow to be invented byte by byte.
+/// `input` with a part of it, chosen by its bytes, repeated until there are `size` bytes or a few more: so
+/// work that takes too long shows. Inputs of that size would take too long to be invented byte by byte.
 std::string Lengthened(std::string_view input, size_t size);
 
 /// Whether `input` is one of the few, chosen by its bytes, that are run lengthened, too.
