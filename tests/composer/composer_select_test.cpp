@@ -11,7 +11,7 @@ class AnyEditing {
  public:
   AnyEditing(Composing& on, unsigned seed) : on_(on), random_(seed) {}
 
-  /// Cursor and selection, and what makes no step.
+  /// Runs a command that makes no step: on the cursor, the selection, or what is entered next.
   void Move() {
     switch (Number(8)) {
       case 0: return on_.composer.MoveLeft();

@@ -31,7 +31,7 @@ TEST(ElementWordsTest, NamesWhatTheElementIs) {
   EXPECT_EQ(ElementWords(Note("a"), 0), "a, octave 4, quarter, 600 ms") << "as the tempo 0 is played";
 }
 
-// Commands that were entered have a length of their own, which is never played.
+// Entered commands hold a length, but it is never played.
 TEST(ElementWordsTest, LengthAndFrequencyAreThoseThatArePlayed) {
   Song song{ElementsOf("*4c2. *0&d0: r3; *8b5 ledon V10 *4x2 r0:"), {.bpm = 133}};
   song.elements[4].duration = song.elements[4].extra = 1.0F;

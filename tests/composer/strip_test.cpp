@@ -45,7 +45,7 @@ TEST(StripTimesTest, EveryWrittenLengthIsAWholeNumberOfTicks) {
   EXPECT_EQ(TicksOf(entered), 0) << "commands take no time, whatever their record says";
 }
 
-// By going over all elements.
+// The same as the table tells, found by going over all elements.
 void ExpectTrue(const StripTimes& times, const ElementList& elements, std::mt19937& random) {
   const StripScale scale{.tick = 0.5, .mark = 7};
   StripSpan before;
@@ -81,7 +81,7 @@ TEST(StripTimesTest, FollowsAnyChange) {
     Change change{.at = random() % (size + 1), .removed = random() % most};
     if (random() % 4 == 0) change.octaves.assign(random() % most, static_cast<int16_t>(random() % 9));
     if (random() % 8 == 0) {
-      // Up or down, pauses too or not.
+      // Up or down, with or without the pauses.
       const int up = static_cast<int>(random() % 7) - 3;
       const bool pauses = random() % 2 == 0;
       for (const Element& element :

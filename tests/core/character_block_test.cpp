@@ -1,4 +1,4 @@
-// Looking at 64 characters at once tells what looking at each tells, for all characters and lengths.
+// Looking at 64 characters at once gives the same as looking at each, for all characters and lengths of text.
 #include "core/character_block.h"
 
 #include <gtest/gtest.h>

@@ -16,7 +16,7 @@ constexpr FormatMode E = FormatMode::EMelody;
 constexpr FormatMode R = FormatMode::Rtttl;
 constexpr FormatMode M = FormatMode::Melody;
 
-// The element that is described as Described does it.
+// The element of a description that Described gives.
 Element ElementOf(const std::string& description) {
   if (description.find(' ') == std::string::npos) return Command(description);
   std::istringstream in(description);
@@ -141,7 +141,9 @@ TEST(CodecTest, EncodingSaysWhatTheDefaultsLeaveOutAndWhatHasNoName) {
     std::vector<std::string> log;
   };
   const Case cases[] = {
-      // What equals the default is still judged; without a default every token is complete.
+      // A field that equals the default is left out, but can make the token unsupported; without defaults
+      // nothing is
+      // left out.
       {{7, 0.0F}, "7 c 0 1", "[C]", {"1: Unknown duration-->0"}},
       {kNoTokenDefaults, "4 a 1 1", "4A6", {}},
       {{4, 1.0F}, "4 #e 3 1", "[32]", {"1: Unknown duration-->3", "1: Couldnot find the note"}}};

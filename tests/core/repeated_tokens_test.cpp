@@ -1,5 +1,5 @@
-// TokenDecoder and ElementTexts give what Decode and the maker give, log lines included, whatever came
-// before.
+// TokenDecoder and ElementTexts give the same results and log lines as Decode and the maker of texts do,
+// whatever came before.
 #include <gmock/gmock.h>
 
 #include <random>
@@ -13,8 +13,8 @@
 namespace trillomat {
 namespace {
 
-// Tokens of few characters, some of them damaged, so that they repeat and meet in one place of a small
-// memory.
+// Tokens of few characters, some of them damaged, so that they repeat and take each other's places in a small
+// cache.
 std::vector<std::string> SomeTokens(size_t count, unsigned seed) {
   constexpr std::string_view kCharacters = "abcdefgrpACR0123456789#&.:;*+()osV-\0\xE4";
   std::mt19937 random(seed);

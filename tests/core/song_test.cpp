@@ -34,7 +34,8 @@ TEST(DefaultsCountTest, TheCommonestWinsAndTiesAreSettled) {
   }
 }
 
-// Texts around the length from which they stand elsewhere, copied, moved and exchanged in every way.
+// Texts of lengths around the one from which they stand on the heap, copied, moved and exchanged in every
+// way.
 TEST(ElementTest, TextsOfAnyLengthSurviveCopiesAndMoves) {
   for (const size_t length : {0U, 1U, 11U, 12U, 13U, 254U, 255U, 256U, 100000U}) {
     const std::string text(length, 'x');

@@ -74,7 +74,7 @@ TEST(DocumentTest, TellsWhatChangedAndWhetherTheSongDid) {
   EXPECT_EQ(listener.count, 6);
 }
 
-// Everything that any editing can do, against a list that is changed in the plainest way.
+// Random edits of every kind, compared with a plain list that is changed in the same way.
 TEST(DocumentTest, StaysRightThroughAnyEditingAndAllOfItTakenBack) {
   std::mt19937 random(20020514);
   const auto pick = [&random](size_t bound) { return random() % bound; };

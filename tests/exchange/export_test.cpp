@@ -34,12 +34,12 @@ TEST(RangeAdaptation, MovesByTheSmallestNumberOfOctaves) {
       {Tones({3, 5}), {3, 4}, {}, {3, 5}},
       {{}, {3, 6}, 0, {}},
       {Tones({-1, -1}), {3, 6}, 0, {-1, -1}},
-      // The scan starts at 10 and 0, which widens the span of melodies wholly outside.
+      // The scan starts from 10 and 0, so it finds a larger span in melodies that lie far outside.
       {Tones({-2, -2}), {3, 6}, 5, {3, 3}},
       {Tones({-5}), {3, 6}, {}, {-5}},
       {Tones({12, 13}), {3, 6}, 0, {5, 6}},
       {Tones({12, 15}), {3, 6}, {}, {12, 15}},
-      // Octaves stay within their field.
+      // Octaves at the limits of their 16 bits.
       {Tones({32767, -32768}), {3, 6}, {}, {32767, -32768}},
       {Tones({-32768}), {-1, 32767}, 32767, {-1}, {"1: Crical Error when adapting TTL tones"}},
       {Tones({7, -1, 8}), {8, 9}, 1, {8, -1, 9}, {"1: Crical Error when adapting TTL tones"}},

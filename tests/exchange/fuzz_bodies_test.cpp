@@ -20,7 +20,7 @@ void AddFilesOf(const std::filesystem::path& folder, std::vector<std::string>& t
     std::ifstream in(entry.path(), std::ios::binary);
     texts.emplace_back(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
   }
-  // Folders come in any order, mutations shall be the same everywhere.
+  // Folders list their files in any order, but the mutations have to be the same everywhere.
   std::sort(texts.begin() + static_cast<std::ptrdiff_t>(before), texts.end());
 }
 

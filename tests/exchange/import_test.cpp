@@ -18,7 +18,7 @@ void CheckImports(PastedFormat format, const std::vector<ReadCase>& cases) {
 }
 
 TEST(Import, TakesTextsThatAreNoWholeFiles) {
-  // No repeat marks, no gap where "so" is refused.
+  // There are no repeat marks, and no element for the refused "so".
   CheckImports(PastedFormat::Rtttl, {{"a header over lines",
                                       "t:\td=4, o=5,b=100,\r\nl=3,s=C:c, P,8H.,-,so,x",
                                       "3 c 1 1, -1 r 1 1, 3 b 0.5 1.5, -1 r 1 1, 3 x 1 1",

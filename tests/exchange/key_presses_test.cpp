@@ -46,8 +46,8 @@ std::string HoldLine(const std::string& key, const std::string& until, const std
 }
 
 TEST(KeyPresses, EveryToneWhateverItsCase) {
-  // Quarter notes: the Nokia's keys, the T68i's, the key that the T39 and R320 hold, and what they press
-  // then.
+  // Of quarter notes: the keys of the Nokia and of the T68i, the key that is held on the T39 and R320, and
+  // what is pressed there afterwards.
   const ToneTable<const char*> keys{"1 1 1 0",    "1# 1# 1 #0",  "1# 2# 2 ##0", "2 2 2 0",    "2# 2## 2 #0",
                                     "2# 3# 3 #0", "3 3 3 0",     "4 4 4 0",     "4# 4# 4 #0", "4# 5# 5 ##0",
                                     "5 5 5 0",    "5# 5## 5 #0", "5# 6# 6 ##0", "6 6 6 0",    "6# 6## 6 #0",
@@ -166,7 +166,8 @@ TEST(KeyPresses, AToneWithoutKeysCarriesOnTheElementBefore) {
                                     "1: Critical error in Make R320 Keypress"));
 }
 
-// What is known of an element from its first time gives the keys that it wants this time.
+// The keys of a repeated element, which come from a cache, fit the octave and length that the phone is set to
+// then.
 TEST(KeyPresses, ElementsThatComeAgainFollowWhatIsBeforeThem) {
   const Element high = Note("#c", 5, 0.5F, 1.5F);
   const Element low = Note("a", 4, 2.0F);

@@ -28,7 +28,7 @@ class Piece {
     for (int bar = 0; bar < 8; ++bar) AddBar();
   }
 
-  // As one track or as several, the melody anywhere among them.
+  // The file, with one track or with several, in any order.
   std::string File() {
     const bool running = Pick({0, 1}) == 1;
     if (Pick({0, 1}) == 1) return MidiBytes(0, division_, {lead_.Track(running)});
@@ -44,7 +44,8 @@ class Piece {
   int Pick(std::vector<int> from) { return from[random_() % from.size()]; }
   int Ticks(double beats) const { return static_cast<int>(std::lround(beats * division_)); }
 
-  // Four beats: a tone or pause a beat, two halves of one, or a triplet. One bar a piece is a dotted half.
+  // Four beats, each a tone or a pause, two halves of a beat, or a triplet. One bar of a piece has a dotted
+  // half.
   void AddBar() {
     bass_.Note(Ticks(beat_), Ticks(beat_ + 4), Pick({36, 40, 43}));
     for (int quarter = 0; quarter < 4; ++quarter)
@@ -80,7 +81,7 @@ class Piece {
 
   void AddNote(double length, int key) { lead_.Note(Ticks(beat_), Ticks(beat_ + length), key); }
 
-  // Two pauses in a row would be one.
+  // Never two pauses in a row, which would be read as one.
   void AddPause() {
     if (expected_.empty() || IsPause(expected_.back())) return AddTone(1, 1);
     expected_.push_back(Pause(1, 1));
@@ -97,7 +98,7 @@ class Piece {
   ElementList expected_;
 };
 
-// A pause at the end is the end of the track, no element.
+// A pause at the end only moves the end of the track; it is not read as an element.
 ElementList WithoutLastPause(ElementList elements) {
   while (!elements.empty() && IsPause(elements.back())) elements.pop_back();
   return elements;

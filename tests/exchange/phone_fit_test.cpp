@@ -1,4 +1,4 @@
-// What each export makes of a song: told before, and held against the export itself.
+// What each export would make of a song, compared with the export itself.
 #include <gmock/gmock.h>
 
 #include <map>
@@ -97,7 +97,7 @@ ElementList EveryTonePauseAndCommand(const OctaveRange& range) {
   return elements;
 }
 
-// What counts as typed is typed by keys of its own: no two elements share theirs, and none is "Not
+// An element that counts as typed has keys of its own: no two elements share theirs, and none is "Not
 // supported".
 TEST(PhoneFit, WhatFitsHasKeysOfItsOwnInEveryExport) {
   for (const ExportTarget& target : kExportTargets) {

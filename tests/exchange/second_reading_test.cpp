@@ -6,7 +6,7 @@
 namespace trillomat {
 namespace {
 
-/// "as RTTTL tidied, 2 left, 3 tunes" of a better way, "" for none.
+/// A better way as text, "as RTTTL tidied, 2 left, 3 tunes"; "" where there is none.
 std::string BetterWords(const std::string& text, const ReadingWay& way) {
   FakeServices fake;
   const WayResult first = ReadInWay(way, text, text, {}, fake.services);

@@ -185,8 +185,8 @@ TEST(TidyTest, WhatTheProgramWroteIsNotChanged) {
   }
 }
 
-// Every text that reads with all elements understood reads as the same elements when it is tidied; and
-// whatever comes, tidying ends and is stable.
+// A text whose elements are all understood reads as the same elements when it is tidied. Any text at all can
+// be tidied, and tidying it again changes nothing.
 TEST(TidyTest, DamagedTextsKeepWhatWasUnderstood) {
   const std::vector<std::pair<FormatMode, std::string>> originals{
       {FormatMode::Rtttl, "Tune:d=4,o=5,b=120:8c,16d#6.,p,2h,e,32p,c7,a#."},

@@ -17,8 +17,8 @@ class FaultsTest : public FilesTest {
  protected:
   ~FaultsTest() override { Faults() = {}; }
 
-  /// Runs `work` with the first of the calls failing, then with the second, and so on, until it makes fewer
-  /// than that. `check` is told the fault after each.
+  /// Runs `work` with its first call failing, then with its second, and so on, until it makes no more calls
+  /// than that. `check` is told the fault after each run.
   void WithEachFault(const std::function<void()>& prepare, const std::function<void()>& work,
                      const std::function<void(const SystemFaults&)>& check) {
     for (const Medium medium : {Medium::AsItIs, Medium::NoLinks, Medium::NoNamelessFiles}) {
@@ -73,7 +73,7 @@ TEST_F(FaultsTest, SaveAndSaveAsKeepTheOldOrTheNewContent) {
   EXPECT_GT(cases_, 300);
 }
 
-// The same commands with what they replace or remove going to the trash.
+// The same commands, where the files that they replace or remove go to the trash.
 class KeepingFaultsTest : public FaultsTest {
  protected:
   KeepingFaultsTest() { host.browser = &browser; }

@@ -1,5 +1,5 @@
-// The file commands over a real temporary folder that is drive C:, and a host that remembers what it was
-// told and answers as the test says.
+// The file commands over a real temporary folder as drive C:, with a host that remembers what it was told and
+// answers as the test says.
 #pragma once
 
 #include <gmock/gmock.h>

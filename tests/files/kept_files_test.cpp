@@ -178,7 +178,7 @@ TEST_F(FilesTest, OpenAsksForAFile) {
   EXPECT_EQ(SelectedText(), "");
 }
 
-// It is said until it is brought back or put away, whatever else is done.
+// The offer stands until the song is brought back or the message is closed, whatever else is done.
 TEST_F(FilesTest, ASongThatTheLastRunLeftIsOffered) {
   FillWith({{"a.imy", "a2"}});
   for (const bool wanted : {false, true}) {

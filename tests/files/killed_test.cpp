@@ -19,7 +19,7 @@ namespace {
 
 using testing::ElementsAre;
 
-// A full disk, as a process meets it that may not write more than so much.
+// A full disk, imitated by a limit on what the process may write.
 TEST_F(FilesTest, AFullDiskLeavesTheOldFile) {
   FillWith({{"a.imy", "c2"}});
   Click("a.imy");
@@ -42,13 +42,13 @@ TEST_F(FilesTest, AFullDiskLeavesTheOldFile) {
   EXPECT_THAT(folder.Names(), ElementsAre("a.imy"));
 }
 
-// How often the kill test kills; more than in the everyday run with TRILLOMAT_KILL_ROUNDS.
+// How often the kill test kills: more often with TRILLOMAT_KILL_ROUNDS.
 int KillRounds() {
   const char* rounds = std::getenv("TRILLOMAT_KILL_ROUNDS");
   return rounds == nullptr ? 50 : std::atoi(rounds);
 }
 
-// On a medium whose new files have no name, nothing is left to see of a save that was killed.
+// On a medium whose new files have no name, a killed save leaves nothing behind.
 TEST_F(FilesTest, AKilledSaveLeavesTheOldOrTheNewContent) {
   const ElementList songs[] = {ElementList(300, Note("c")), ElementList(500, Note("d", 5, 0.5F))};
   std::string texts[2];
@@ -85,7 +85,8 @@ TEST_F(FilesTest, AKilledSaveLeavesTheOldOrTheNewContent) {
   }
 }
 
-// What a composer enters, seen by the test too: element i at times[i], in ms of the steady clock.
+// What the other process enters, in memory that the test shares: element i at times[i], in ms of the steady
+// clock.
 struct Entered {
   static constexpr int kMost = 1000;
 
@@ -98,7 +99,7 @@ int64_t SteadyTime() {
   return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
 }
 
-// No two that follow each other are alike.
+// The element at `index`; two in a row are never alike.
 Element EnteredElement(int index) { return Note(index % 2 == 0 ? "c" : "#d", 3 + index % 3); }
 
 // Enters an element every 20 to 50 ms, and writes the recovery file when the window would.
@@ -138,7 +139,7 @@ class KilledComposer {
     ASSERT_TRUE(child_.Kill());
   }
 
-  /// How many ms before the kill the first element was entered that is lost; 0 where none is.
+  /// How many ms before the kill the first of the lost elements was entered; 0 where none is lost.
   int64_t LostTime() const {
     FakeLog log;
     Document document;

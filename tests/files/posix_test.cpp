@@ -115,7 +115,7 @@ TEST_F(FilesTest, APipeIsWrittenInto) {
   EXPECT_EQ(ReadFile(pipe, store).Why().why, "it is no plain file");
 }
 
-// As a rename finds it when the file was replaced after the list was filled.
+// What a rename meets when the file was replaced after the list was filled.
 TEST_F(FilesTest, APipeIsNotWaitedForToBeCopied) {
   const auto pipe = folder / "pipe.imy";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
@@ -123,7 +123,7 @@ TEST_F(FilesTest, APipeIsNotWaitedForToBeCopied) {
   EXPECT_THAT(folder.Names(), ElementsAre("pipe.imy"));
 }
 
-// What killed programs left is known by more than its name.
+// A name alone does not make a file one that a killed program left.
 TEST_F(FilesTest, OnlyWhatIsMarkedAsAbandonedIsSwept) {
   Faults().medium = Medium::NoNamelessFiles;
   auto made = store.Make(folder / "a.imy", false);

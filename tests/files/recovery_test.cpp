@@ -54,8 +54,8 @@ class RecoveryTest : public FilesTest {
     return {document.Mode(), document.CurrentSong(), document.File().filename().string()};
   }
 
-  /// Ends the recovery as a crash does (the lock goes, the files stay), and starts the next. What it tells
-  /// that the last run left, and the songs that are kept then, the newest first.
+  /// Ends the recovery as a crash does (the lock goes, the files stay), and starts the next one. Returns what
+  /// that tells of the last run, and the songs that are kept then, the newest first.
   void Restart(const std::string& left, const std::vector<std::string>& songs) {
     recovery.emplace(document, store, folder / "state", log);
     const auto told = recovery->Start();
@@ -197,7 +197,7 @@ TEST_F(RecoveryTest, TheLastTenAreKeptWithNameTimeAndLength) {
   EXPECT_EQ(files, 11) << "the ten and the lock";
 }
 
-// A song that is erased note by note is none to keep, and what is undone back to the saved one neither.
+// Neither a song that is erased note by note is kept, nor changes that are undone back to the saved song.
 TEST_F(RecoveryTest, WhatIsNotUnsavedAnyMoreIsForgotten) {
   Restart("none", {});
   Edit("c2");

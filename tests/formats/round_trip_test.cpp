@@ -64,7 +64,7 @@ std::string RandomBytes(size_t size, std::mt19937& random) {
   return bytes;
 }
 
-// What is lost and what is changed stands in the table of read_back.h.
+// The table in read_back.h tells what is lost and what is changed.
 TEST(RoundTrip, RandomSongsComeBackButForWhatTheFormatLoses) {
   constexpr int kSongs = 500;
   std::mt19937 random(2);
@@ -75,7 +75,7 @@ TEST(RoundTrip, RandomSongsComeBackButForWhatTheFormatLoses) {
       const std::string text = Written(limits.mode, song.elements, song.info);
       if (limits.mode == FormatMode::Melody && text.size() < 4) continue;  // one character is no melody
       ASSERT_EQ(Described(Read(limits.mode, text)), Described(expected)) << limits.caption << ": " << text;
-      // What came back is held to the end of time.
+      // What came back once comes back for ever.
       const ElementList again = ReadBack({expected, song.info}, limits.mode);
       ASSERT_EQ(Read(limits.mode, Written(limits.mode, expected, song.info)), again) << limits.caption;
     }
@@ -87,8 +87,8 @@ std::string Described(const SongInfo& info) {
          info.volume + "|" + info.version + "|" + info.format + "|" + std::to_string(info.loop);
 }
 
-// E-Melody and Melody have none; RTTTL has the tempo, and ten characters of the name but for blanks. What it
-// has no place for is that of the record, which the panel turns into the mode's own.
+// E-Melody and Melody have no song information; RTTTL has the tempo, and ten characters of the name without
+// blanks. For all else it keeps what the record has.
 TEST(RoundTrip, SongInformationComesBackAsFarAsTheFormatHasIt) {
   const SongInfo info{.name = "Twelve marks", .composer = "me", .bpm = 123, .style = "S2", .volume = "V3"};
   const std::pair<FormatMode, std::string> cases[] = {

@@ -31,7 +31,7 @@ TEST(StdClock, GoesOnFromItsStartAndBeginsAnewAtMidnight) {
   day.tm_hour = 23;
   day.tm_min = day.tm_sec = 59;
   day.tm_isdst = -1;
-  // Not the system's time, so one that asks the system again is found out.
+  // Another time than the system's, so that a clock that asks the system again is noticed.
   const StdClock clock(std::locale::classic(),
                        system_clock::from_time_t(std::mktime(&day)) + milliseconds(900));
   EXPECT_NEAR(clock.SecondsSinceMidnight(), 86399.9, 0.09);

@@ -74,7 +74,8 @@ std::vector<int16_t> SamplesOf(const std::filesystem::path& file) {
   return samples;
 }
 
-// Between its first and last upward crossing of zero, which the ramps do not move.
+// The frequency, measured between the first and the last upward crossing of zero, which the ramps do not
+// move.
 double FrequencyOf(std::span<const int16_t> samples) {
   size_t first = 0;
   size_t last = 0;
@@ -87,7 +88,7 @@ double FrequencyOf(std::span<const int16_t> samples) {
   return periods < 1 ? 0 : periods * 44100.0 / static_cast<double>(last - first);
 }
 
-// Cuts where the level passes half of that of a tone: the dip between two tones is a stretch, too.
+// Cuts the sound where its level passes half of a tone's: so the dip between two tones is a stretch, too.
 std::vector<Stretch> Listen(std::span<const int16_t> samples) {
   constexpr size_t kWindow = 44;
   const auto loud = [&](size_t at) {
@@ -175,7 +176,7 @@ TEST(SdlSound, WithoutADeviceTheMelodyKeepsItsTime) {
   }
 }
 
-// Whether `work` takes that many milliseconds, or little more or less, as on a busy machine.
+// Whether `work` takes about that many milliseconds; a busy machine may be a little late.
 bool Takes(int milliseconds, const std::function<void()>& work) {
   const auto begin = std::chrono::steady_clock::now();
   work();

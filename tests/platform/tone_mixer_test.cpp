@@ -46,7 +46,7 @@ class Card {
     for (int64_t now = from; now < to; now += kBuffer) Ask(now);
   }
 
-  /// When it asks next, if it has asked regularly.
+  /// When the card asks next, if it asks regularly.
   int64_t Asked() const { return static_cast<int64_t>(out.size()); }
 
   /// The lengths of the stretches of one sign: positive above, negative below, with silence as "0".
@@ -81,7 +81,7 @@ std::vector<Event> RandomEvents(std::mt19937& random, int count) {
   return events;
 }
 
-// Tones, their order and the gaps between them must be as exact as if there were no buffers.
+// Tones, their order and the gaps between them have to be as exact as if there were no buffers.
 void ExpectExact(const Card& card, const std::vector<Event>& events) {
   std::vector<std::pair<int, int64_t>> expected;
   for (size_t i = 0; i < events.size(); ++i) {

@@ -141,7 +141,7 @@ TEST(PlayControls, AnEndlessBlockThatTakesNoTimeSleepsEachRound) {
   EXPECT_NEAR(timed.clock.seconds, 1.8, 0.0005);
 }
 
-// Each tone of these tokens has a frequency of its own, so that they tell what was played in which order.
+// Each tone of these tokens has its own frequency, so that the beeps tell what was played in which order.
 TEST(PlayControls, PlaysFromTheCursorAndTheSelectionWithItsRepeatsInside) {
   struct Case {
     const char* tokens;

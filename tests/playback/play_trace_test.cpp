@@ -16,7 +16,7 @@ struct Steps {
   int most = 1 << 30;
 };
 
-// The indices alone, as one text.
+// Only the indices, as one text.
 std::string Order(const std::string& tokens, int32_t endlessRounds = 1,
                   FormatMode mode = FormatMode::IMelody) {
   Playing p(tokens, mode);

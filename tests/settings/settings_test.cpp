@@ -70,7 +70,7 @@ TEST(SettingsTest, ValuesThatMakeNoSenseAreLoggedAndReplaced) {
   }
 }
 
-// Two windows at once: what one did not change stays as the other left it.
+// Two windows at once: values that one has not changed stay as the other has left them.
 TEST(SettingsTest, OnlyWhatWasChangedIsWritten) {
   MemoryStore store;
   FakeLog log;

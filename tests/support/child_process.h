@@ -21,7 +21,7 @@ class ChildProcess {
     if (id_ > 0) Kill();
   }
 
-  /// Ends it at once (SIGKILL). False when it had ended by itself.
+  /// Kills it (SIGKILL). False when it had ended by itself.
   bool Kill() {
     kill(id_, SIGKILL);
     return WaitFor() == -SIGKILL;

@@ -1,4 +1,4 @@
-// What taking a step back has to bring back, and making it again.
+// What of a document Undo and Redo have to bring back.
 #pragma once
 
 #include <filesystem>

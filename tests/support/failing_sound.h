@@ -7,8 +7,9 @@
 
 namespace trillomat {
 
-/// Opened at its first sound, which can take a while and fail for good; fails in the middle for one sound or
-/// from then on. It says so as the systems' devices do: no wave starts, and a beep takes its time in silence.
+/// Opens at its first sound, which can take a while and fail for good. Later it can fail for one sound, or
+/// from then on. Failing shows as with the systems' devices: no wave starts, and a beep takes its time in
+/// silence.
 class FailingSound : public SoundDevice {
  public:
   FailingSound(Dice& dice, FakeClock& clock) : dice_(dice), clock_(clock) {}
@@ -25,7 +26,7 @@ class FailingSound : public SoundDevice {
   }
   void SetVolume(int percent) override { volume = percent; }
 
-  /// As in a program that begins.
+  /// Starts over, as at the start of a program.
   void Begin() { state_ = State::Unused; }
   /// Whether a wave sounds that was not stopped.
   bool Loops() const { return loops_; }

@@ -31,7 +31,7 @@ class FakeClock : public Clock {
   std::string time = "12:34:56";
 };
 
-/// Waiting moves the clock on. `onPump`, when set, runs at each pump with the number of pumps so far.
+/// Waiting puts the clock forward. `onPump`, when set, runs at each pump with the number of pumps so far.
 class FakePump : public EventPump {
  public:
   explicit FakePump(FakeClock* clock = nullptr) : clock_(clock) {}

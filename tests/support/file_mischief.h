@@ -17,7 +17,7 @@ namespace trillomat {
 
 class FileMischief {
  public:
-  /// Only what has one of `names` in `folder` is touched, and it comes to hold one of `contents`.
+  /// Touches only the files with one of `names` in `folder`, and writes one of `contents` into them.
   FileMischief(Dice& dice, const TempFolder& folder, std::vector<std::string> names,
                std::vector<std::string> contents)
       : dice_(dice), folder_(folder), names_(std::move(names)), contents_(std::move(contents)) {}
@@ -53,7 +53,7 @@ class FileMischief {
     std::filesystem::remove_all(file, refused);
   }
 
-  /// All that can be told of what stands there, without waiting for a pipe.
+  /// Kind, rights and content of what has that name, told without waiting for a pipe.
   std::string StateOf(const std::string& name) const {
     std::error_code unknown;
     const auto status = std::filesystem::symlink_status(folder_ / name, unknown);

@@ -50,10 +50,10 @@ class MidiTrackDraft {
   void At(int time, std::string event) { events_[time].push_back(std::move(event)); }
   void Note(int start, int end, int key, int channel = 0) {
     At(start, Bytes({0x90 | channel, key, 80}));
-    // Ends come before what begins then.
+    // At the same time, ends of notes come before beginnings.
     events_[end].insert(events_[end].begin(), Bytes({0x80 | channel, key, 0}));
   }
-  /// Its bytes, with each status that repeats left out when `running`.
+  /// Its bytes; with `running`, a status byte that is the same as the last one is left out.
   std::string Track(bool running = false) const {
     std::string bytes;
     int before = 0;

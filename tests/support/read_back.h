@@ -1,12 +1,12 @@
-// What a melody file gives back of each element that was written into it, said a second time and by hand: the
-// elements that a format cannot hold, and what comes of them.
+// What is read back of each element that was written into a melody file, written down a second time and
+// independently of the program: what a format cannot hold, and what it changes.
 //
 //              octaves  lengths              lost as well             changed
 //   I-Melody   0 to 8   all                  nothing                  nothing
 //   E-Melody   3 to 5   1/1 to 1/8, plain    commands, 1/4 pauses     1/8 pauses become 1/4
 //   RTTTL      3 to 6   all, plain or dotted commands                 flats become sharps
-//   Melody     3 to 4   1/4 and 1/8, plain   commands                 1/4 pauses become 1/8, 1/4 tones upper
-//   case
+//   Melody     3 to 4   1/4 and 1/8, plain   commands                 1/4 pauses become 1/8,
+//                                                                     1/4 tones are in upper case
 //
 // What lies outside the octaves and lengths of a format is lost. A pause of E-Melody and Melody comes back
 // with the octave 3, which counts for nothing. RTTTL's repeat count comes back as elements around the others.
