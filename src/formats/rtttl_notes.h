@@ -24,8 +24,7 @@ struct RtttlParts {
 /// value and the volume stays as it was; and its notes, of which there may be none, into the elements.
 /// Returns where both stand in the bytes. Logs "Critical Error in GetDefault RTTTL" (level 1) for a digit run
 /// at the header's end and "Last Note??-->" for a last token without ",". Ends the read with a logged fault
-/// for fewer than two
-/// ":" and for a number that does not fit its field.
+/// for fewer than two ":" and for a number that does not fit its field.
 RtttlParts TakeRtttlText(Reading& reading);
 
 /// Notes as the codec wants them: without whitespace, in lower case, pauses as "r", the German "h" as "b".

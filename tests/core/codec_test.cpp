@@ -142,8 +142,7 @@ TEST(CodecTest, EncodingSaysWhatTheDefaultsLeaveOutAndWhatHasNoName) {
   };
   const Case cases[] = {
       // A field that equals the default is left out, but can make the token unsupported; without defaults
-      // nothing is
-      // left out.
+      // nothing is left out.
       {{7, 0.0F}, "7 c 0 1", "[C]", {"1: Unknown duration-->0"}},
       {kNoTokenDefaults, "4 a 1 1", "4A6", {}},
       {{4, 1.0F}, "4 #e 3 1", "[32]", {"1: Unknown duration-->3", "1: Couldnot find the note"}}};
