@@ -19,6 +19,7 @@ inline Element Note(std::string_view note, int octave = 4, float duration = 1.0F
 /// A pause, by default a quarter.
 inline Element Rest(float duration = 1.0F, float extra = 1.0F) { return Pause(duration, extra); }
 
+/// Quarters of c in these octaves; -1 gives a tone without one.
 inline ElementList Tones(std::initializer_list<int> octaves) {
   ElementList elements;
   for (const int octave : octaves) elements.push_back(Note("c", octave));
