@@ -87,7 +87,7 @@ void Composer::TakeIn(IncomingSong song) {
   view_.ShowComposer();
   RefreshMelodyView();
   sound_.Forget();
-  player_.Rest();
+  player_.ResetPhone();
   play_.SongReplaced();
 }
 

@@ -196,7 +196,7 @@ void Composer::Clear() {
   if (!MayEdit()) return;
   history_.Do("clearing", {.removed = document_.Size(), .cursor = -1});
   RefreshMelodyView();
-  player_.Rest();
+  player_.ResetPhone();
 }
 
 }  // namespace trillomat

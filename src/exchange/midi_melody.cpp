@@ -99,7 +99,7 @@ class Fitting {
 
   void Place(size_t index) {
     const MidiNote& note = voice_[index];
-    Rest(note.start - time_);
+    AddPauses(note.start - time_);
     const bool last = index + 1 == voice_.size();
     const int64_t sounds = std::max<int64_t>(1, note.end - time_);
     const int64_t lasts = last ? sounds : std::max(sounds, voice_[index + 1].start - time_);
@@ -120,7 +120,7 @@ class Fitting {
     return length;
   }
 
-  void Rest(int64_t units) {
+  void AddPauses(int64_t units) {
     if (units > kLongestPause) RefuseLength();
     for (const MidiLength& length : lengths_.Filling(units)) {
       Add(Pause(length.duration, length.extra), 0);

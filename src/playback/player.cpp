@@ -93,7 +93,7 @@ int32_t Player::PlayElement(const Element& element, int32_t index) {
   return 0;
 }
 
-void Player::Rest() {
+void Player::ResetPhone() {
   lights_ = {};
   seams_.view.Vibrate(false);
   seams_.view.ShowPicture(lights_.Picture());

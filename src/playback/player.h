@@ -69,8 +69,8 @@ class Player {
   /// beep goes on.
   void CutShort() { cutShort_ = true; }
 
-  /// Puts the phone display to rest: lights and shaking off, frequency 0.
-  void Rest();
+  /// Shows the phone at rest: lights and shaking off, frequency 0.
+  void ResetPhone();
 
   /// True while a tone sounds; handlers that run meanwhile can ask.
   bool NoteIsSounding() const { return sounding_; }
