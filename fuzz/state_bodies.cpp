@@ -41,7 +41,7 @@ class TextStore : public SettingsStore {
     return text_.Get(section, key);
   }
   std::optional<Refusal> Write(const SettingsChanges& changes) override {
-    text_.Make(changes);
+    text_.Apply(changes);
     return std::nullopt;
   }
 

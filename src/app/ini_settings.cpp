@@ -55,7 +55,7 @@ std::optional<Refusal> IniSettingsStore::MakeInTurn(const SettingsChanges& chang
   Read();
   if (fault_) return fault_;
   IniText changed = text_;
-  changed.Make(changes);
+  changed.Apply(changes);
   if (changed.Text() == text_.Text()) return std::nullopt;
   const Replacement replaced = ReplaceFile(file_, files_, WriteBytes(changed.Text()), Streams::Refuse);
   if (!replaced) return Refusal{replaced.reason.empty() ? "the file cannot be written" : replaced.reason};

@@ -39,7 +39,7 @@ class CharacterBlock {
 
   /// The 64 characters that begin `places` further on, or before where it is negative; they have to exist
   /// too.
-  CharacterBlock Behind(ptrdiff_t places) const { return CharacterBlock(at_ + places); }
+  CharacterBlock Shifted(ptrdiff_t places) const { return CharacterBlock(at_ + places); }
 
  private:
   static constexpr size_t kVector = 16;

@@ -34,7 +34,7 @@ class MidiLengths {
   /// Few and plain lengths, the longest first, that together fill as much of `units` as lengths can.
   std::vector<MidiLength> Filling(int64_t units) const;
   /// Whether some lengths together are exactly `units`.
-  bool Fill(int64_t units) const { return Filled(units) == units; }
+  bool CanFill(int64_t units) const { return Filled(units) == units; }
 
  private:
   struct Sum {

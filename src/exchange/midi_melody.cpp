@@ -69,7 +69,7 @@ class Fitting {
       time = note.end;
       return (lengths_.Has(note.end - note.start) ||
               Snapped(note.end - note.start) == note.end - note.start) &&
-             lengths_.Fill(pause);
+             lengths_.CanFill(pause);
     });
   }
 

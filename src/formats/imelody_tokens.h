@@ -41,12 +41,13 @@ class IMelodyTokens {
   struct NoteEnds {
     static CharacterMask DigitsIn(CharacterBlock block) { return block.Between('0', '9'); }
     static CharacterMask LengthsIn(CharacterBlock block) {
-      return DigitsIn(block) & ~block.Behind(-1).Equal('*');
+      return DigitsIn(block) & ~block.Shifted(-1).Equal('*');
     }
     static CharacterMask MarksIn(CharacterBlock block) { return block.Equal('.') | block.Between(':', ';'); }
 
     CharacterMask operator()(CharacterBlock block) const {
-      return (LengthsIn(block) & ~MarksIn(block.Behind(1))) | (LengthsIn(block.Behind(-1)) & MarksIn(block));
+      return (LengthsIn(block) & ~MarksIn(block.Shifted(1))) |
+             (LengthsIn(block.Shifted(-1)) & MarksIn(block));
     }
   };
 

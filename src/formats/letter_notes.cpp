@@ -29,9 +29,9 @@ CharacterMask ToneLettersIn(CharacterBlock block) { return block.Between('A', 'y
 // the flat sign "(b)" and ends nothing.
 struct ToneEnds {
   CharacterMask operator()(CharacterBlock block) const {
-    const CharacterBlock behind = block.Behind(1);
+    const CharacterBlock behind = block.Shifted(1);
     return (ToneLettersIn(block) & ~(behind.Equal(')') | behind.Equal('.'))) |
-           (block.Equal('.') & ToneLettersIn(block.Behind(-1)));
+           (block.Equal('.') & ToneLettersIn(block.Shifted(-1)));
   }
 };
 

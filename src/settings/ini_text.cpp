@@ -143,7 +143,7 @@ void IniText::DeleteSection(std::string_view section) {
   text_ = std::move(kept);
 }
 
-void IniText::Make(const SettingsChanges& changes) {
+void IniText::Apply(const SettingsChanges& changes) {
   for (const std::string& section : changes.deletedSections) DeleteSection(section);
   for (const auto& [section, key, text, onlyIfMissing] : changes.values) {
     if (!onlyIfMissing || !LineOf(section, key)) Set(section, key, text);

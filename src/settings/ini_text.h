@@ -23,7 +23,7 @@ class IniText {
   void Set(std::string_view section, std::string_view key, std::string_view value);
   void DeleteSection(std::string_view section);
   /// Makes the changes, in the order that SettingsChanges tells.
-  void Make(const SettingsChanges& changes);
+  void Apply(const SettingsChanges& changes);
   const std::string& Text() const { return text_; }
 
  private:

@@ -23,7 +23,7 @@ TEST(CharacterBlock, TellsTheSameOfEveryCharacterWhereverItStands) {
         EXPECT_EQ(holds(block.Equal('\xE4')), value == 0xE4);
         EXPECT_EQ(holds(block.Between('A', 'y')), value >= 'A' && value <= 'y') << value;
         const auto before = static_cast<unsigned char>(text[at]);
-        EXPECT_EQ(holds(block.Behind(-2).Between('0', '9')), before >= '0' && before <= '9');
+        EXPECT_EQ(holds(block.Shifted(-2).Between('0', '9')), before >= '0' && before <= '9');
       }
     }
   }

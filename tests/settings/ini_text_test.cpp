@@ -30,11 +30,11 @@ TEST(IniTextTest, EveryValueComesBack) {
 
 TEST(IniTextTest, WhatIsNotNamedStays) {
   IniText text("; mine\n[Settings]\nFuture=\\?\nMode=1\n\n[Window]\nWidth=5");
-  text.Make({.deletedSections = {},
-             .values = {{"Settings", "Mode", "2"},
-                        {"Settings", "Scale", "4"},
-                        {"Window", "Width", "9", true},
-                        {"Window", "Height", "7", true}}});
+  text.Apply({.deletedSections = {},
+              .values = {{"Settings", "Mode", "2"},
+                         {"Settings", "Scale", "4"},
+                         {"Window", "Width", "9", true},
+                         {"Window", "Height", "7", true}}});
   EXPECT_EQ(text.Text(), "; mine\n[Settings]\nFuture=\\?\nMode=2\nScale=4\n\n[Window]\nWidth=5\nHeight=7\n");
   text.DeleteSection("Settings");
   text.Set("Path", "Folder", "c:");
