@@ -2,6 +2,7 @@
 #include <QBuffer>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QStandardPaths>
 #include <QTimer>
 #include <exception>
 #include <memory>
@@ -16,6 +17,7 @@
 #include "document/document.h"
 #include "files/path_text.h"
 #include "files/replace_file.h"
+#include "platform/installed_data.h"
 #include "platform/pump_qt.h"
 #include "platform/system_parts.h"
 #include "platform/user_folders.h"
@@ -53,6 +55,10 @@ std::unique_ptr<SettingsStore> UserSettings([[maybe_unused]] FileStore& files) {
 #endif
 }
 
+std::filesystem::path MusicFolder() {
+  return PathOfUtf8(QStandardPaths::writableLocation(QStandardPaths::MusicLocation).toStdString());
+}
+
 // In the format that the name's ending tells.
 bool SavePicture(const QPixmap& picture, const std::filesystem::path& file, FileStore& files) {
   const std::string format = Utf8OfPath(file.extension());
@@ -82,7 +88,10 @@ class Program {
                  files,
                  *keeper_,
                  questions_,
-                 StateFolder()}) {
+                 StateFolder(),
+                 MusicFolder(),
+                 InstalledData(ProgramFolder(), "samples"),
+                 InstalledData(ProgramFolder(), "manual/manual.html")}) {
     QObject::connect(&window_, &MainWindow::Closed, &window_, [this] { pump_.End(); });
   }
 
@@ -103,7 +112,11 @@ class Program {
   int Start() {
     const bool screenshot = !options_.screenshot.empty();
     if (!screenshot) window_.OfferRecovery();
-    if (!options_.file.empty()) window_.OpenFile(options_.file, !screenshot);
+    if (options_.file.empty()) {
+      window_.GreetNewcomer();
+    } else {
+      window_.OpenFile(options_.file, !screenshot);
+    }
     return screenshot ? TakeScreenshot() : 0;
   }
 
@@ -138,7 +151,27 @@ void SayNoLog() {
   box.exec();
 }
 
+// Where texts are printed, and not shown in boxes, they need no display.
+bool AsksForText([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
+#ifndef _WIN32
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view argument = argv[i];
+    if (argument == "--help" || argument == "-h" || argument == "--version" || argument == "-v") return true;
+  }
+#endif
+  return false;
+}
+
+int PrintText(int argc, char** argv) {
+  TrillomatApplication::SetNames();
+  const QCoreApplication app(argc, argv);
+  int status = 1;
+  ParseOptions(app, argc, argv, status);
+  return status;
+}
+
 int Run(int argc, char** argv) {
+  if (AsksForText(argc, argv)) return PrintText(argc, argv);
   TrillomatApplication app(argc, argv);
   LoadResources();
   QApplication::setWindowIcon(Picture(QStringLiteral("trillomat")));

@@ -26,6 +26,9 @@ class FileBrowser {
   // What the window shows.
   /// The current browse folder in the given form, ending in "\".
   const std::string& Folder() const { return folder_; }
+  /// The same, but while the sample melodies are shown, the folder before: where the next start begins, and
+  /// where files are saved.
+  const std::string& OwnFolder() const;
   /// The entries of `cboDrives`.
   const std::vector<std::string>& Drives() const { return drives_; }
   /// Index into Drives() of the drive that the browse folder is on; kNoRow when the list lacks it.
@@ -78,6 +81,12 @@ class FileBrowser {
   /// The same for the one that was kept last.
   void RecoverLast();
 
+  // The sample melodies.
+  /// Lists what is in this folder, and offers to copy it into one of the user's own.
+  void ShowSamples(const std::filesystem::path& samples);
+  /// The same, unless the list has melodies of the user's own, of whatever format.
+  void ShowSamplesToNewcomer(const std::filesystem::path& samples);
+
   // Messages that offer something.
   /// At start: offers the song that the last run left. Other messages may come in between; the offer stands
   /// until the song is recovered or CloseMessage is called.
@@ -103,6 +112,8 @@ class FileBrowser {
   void EnterFolder(const FileRow& row);
   FileMessage Delete(const TargetFile& file);
   void Restore();
+  void CopySamples();
+  bool EnterPlace(const std::filesystem::path& folder);
   bool TakeBetter();
   void SayDone(const FileMessage& done = {});
   void AddRows(const FolderListing::Names& found, RowKind kind);
@@ -118,6 +129,9 @@ class FileBrowser {
   std::optional<FileRow> deferred_;  ///< the row whose click waits for the click timer
   bool rightButtonDown_ = false;
   std::optional<KeptSong> left_;  ///< the song that the last run left, while it is offered
+  std::filesystem::path samples_;  ///< that were shown last
+  std::string samplesFolder_;      ///< the same in the given form
+  std::string folderBeforeSamples_;
 };
 
 }  // namespace trillomat

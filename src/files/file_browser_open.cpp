@@ -106,6 +106,7 @@ void FileBrowser::Accept(Offer offer) {
   if (offer == Offer::Restore) Restore();
   if (offer == Offer::ReadBetter && TakeBetter()) parts_.host.PlayOrShow();
   if (offer == Offer::ShowChanges) parts_.host.ShowChanges();
+  if (offer == Offer::CopySamples) CopySamples();
   if (offer == Offer::Recover && left_) Recover(std::filesystem::path(left_->file));
 }
 

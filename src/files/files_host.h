@@ -27,6 +27,7 @@ struct FileMessage {
     Recover,      ///< brings the melody back that the last run left
     ReadBetter,   ///< reads what was read last in the way that was found better
     ShowChanges,  ///< lists what tidying changed
+    CopySamples,  ///< copies the sample melodies that are shown
   };
 
   std::string text = {};  ///< empty: the message before goes, and none takes its place
@@ -107,6 +108,8 @@ class FilesHost {
   /// Lists what tidying changed in what was read last.
   virtual void ShowChanges() = 0;
 
+  /// The user's folder for music, whether it exists or not.
+  virtual std::filesystem::path MusicFolder() const = 0;
   /// Shows how far a long piece of work has come; an empty text at its end.
   virtual void ShowProgress(std::string_view text) = 0;
 

@@ -84,7 +84,7 @@ void SaveCommands::SaveOrSaveAs() { browser_.CanSave() ? Save() : SaveAs(); }
 std::optional<std::filesystem::path> SaveCommands::AskFile() {
   const ModeLimits& limits = LimitsOf(parts_.document.Mode());
   const std::array formats{std::pair(limits.caption, limits.extension)};
-  const auto answer = parts_.host.AskSavePath({parts_.store.NativePath(browser_.Folder()), "SaveMelody",
+  const auto answer = parts_.host.AskSavePath({parts_.store.NativePath(browser_.OwnFolder()), "SaveMelody",
                                                BuildDialogFilter(formats), std::string(limits.extension)});
   if (!answer) return std::nullopt;
   return ChosenFile(*answer, limits.extension);

@@ -29,7 +29,7 @@ std::optional<std::filesystem::path> SoundExport::AskFile(std::string_view& exte
   constexpr std::array kFormats{std::pair<std::string_view, std::string_view>("Sound", "wav"),
                                 std::pair<std::string_view, std::string_view>("MIDI", "mid")};
   const auto answer = parts_.host.AskSavePath(
-      {parts_.store.NativePath(browser_.Folder()), "Melody", BuildDialogFilter(kFormats), "wav"});
+      {parts_.store.NativePath(browser_.OwnFolder()), "Melody", BuildDialogFilter(kFormats), "wav"});
   if (!answer) return std::nullopt;
   extension = HasMidiName(*answer) ? "mid" : "wav";
   return ChosenFile(*answer, extension);

@@ -118,6 +118,10 @@ class Loader {
 
 }  // namespace
 
+bool IsFirstStart(const SettingsDraft& draft) {
+  return !draft.Fault() && draft.Stored(kVersion, "Counter").empty();
+}
+
 Settings LoadSettings(SettingsDraft& draft, Log& log) {
   const Loader loader(draft, log);
   if (const auto fault = draft.Fault()) {

@@ -39,6 +39,9 @@ struct Settings {
   bool operator==(const Settings&) const = default;
 };
 
+/// Whether no run of the program has stored anything yet. False where that cannot be told.
+bool IsFirstStart(const SettingsDraft& draft);
+
 /// Reads all settings; those of an older layout are cleaned up first. Where a stored value is none that the
 /// program knows, that is logged and the default used. When nothing can be read, that is logged and all are
 /// the defaults.

@@ -58,7 +58,7 @@ MainWindow::MainWindow(const WindowParts& parts)
       songInfo_(new SongInfoBox(composer_, this)),
       phone_(new PhoneDisplay(this)),
       files_(new FilesBox({parts.document, parts.record, parts.files, parts.keeper, parts.questions,
-                           composer_, play_, playSettings_, parts.services, parts.stateFolder},
+                           composer_, play_, playSettings_, parts.services, parts.stateFolder, parts.music},
                           this)),
       bar_(new MessageBar(this)),
       status_(new StatusLine(*statusBar(), parts.document, melody_->Strip().Layout().Times())) {
@@ -151,8 +151,13 @@ bool MainWindow::Load() {
   Log& log = parts_.services.log;
   log.WriteLog("Application started", 1);
   log.WriteLog("Version:" + FromQString(QCoreApplication::applicationVersion()), 1);
+  firstStart_ = IsFirstStart(settings_);
   ApplySettings(LoadSettings(settings_, log));
   return files_->Start();
+}
+
+void MainWindow::GreetNewcomer() {
+  if (firstStart_) files_->Browser().ShowSamplesToNewcomer(parts_.samples);
 }
 
 void MainWindow::Unload() {
@@ -190,7 +195,7 @@ Settings MainWindow::CurrentSettings() const {
   const ComposerState& state = composer_.State();
   return {.octave = state.octave,
           .mode = parts_.document.Mode(),
-          .browseFolder = files_->Browser().Folder(),
+          .browseFolder = files_->Browser().OwnFolder(),
           .autoPlay = playSettings_.autoPlay,
           .playMoving = playSettings_.playMoving,
           .playComposing = playSettings_.playComposing,
@@ -270,6 +275,7 @@ void MainWindow::ShowMessage(const FileMessage& message) {
   offer(Offer::Recover, QStringLiteral("Bring it back"));
   offer(Offer::ReadBetter, ShownName(message.caption), true);
   offer(Offer::ShowChanges, QStringLiteral("Show the changes"), true);
+  offer(Offer::CopySamples, QStringLiteral("Copy them to my music"));
   if (shown.actions.empty()) status_->Say(shown.text);
   bar_->Say(std::move(shown));
 }

@@ -36,6 +36,9 @@ struct WindowParts {
   FileKeeper& keeper;  ///< of files that are replaced or deleted
   Questions& questions;
   std::filesystem::path stateFolder = {};  ///< where the recovery file is kept; empty for nowhere
+  std::filesystem::path music = {};        ///< the user's folder for music, whether it exists or not
+  std::filesystem::path samples = {};  ///< the folder of the sample melodies; empty where they are missing
+  std::filesystem::path manual = {};   ///< its first page; empty where it is missing
 };
 
 class MainWindow final : public QMainWindow,
@@ -52,6 +55,8 @@ class MainWindow final : public QMainWindow,
   bool Load();
   /// Offers the song that the last run left unsaved, if there is one.
   void OfferRecovery() { files_->OfferRecovery(); }
+  /// At the first start of the program, shows the sample melodies to a user who has none.
+  void GreetNewcomer();
   /// The program's end: saves the settings and logs it.
   void Unload();
 
@@ -91,6 +96,9 @@ class MainWindow final : public QMainWindow,
   void Recover(int index);
   void CleanUp();
   void ShowKeys();
+  void ShowManual();
+  void ShowSamples();
+  void ShowAbout();
   void ShowTitle();
   void ShowEdited();
   void ShowMessage(const FileMessage& message);
@@ -118,6 +126,7 @@ class MainWindow final : public QMainWindow,
   Composer composer_;
   PlayControls play_;
   EditCommands edit_;
+  bool firstStart_ = false;
   bool melodyBehind_ = false;  ///< the text view shows an older document
 
   MainMenu* menu_;

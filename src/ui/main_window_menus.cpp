@@ -42,8 +42,7 @@ void MainWindow::FillMenus() {
                   .before = "mnuFileCleanUp",
                   .items = [this] { return RecoverTexts(); },
                   .run = [this](int index) { Recover(index); }});
-  connect(menu_, &MainMenu::AboutRequested, this,
-          [this] { AboutWindow(QCoreApplication::applicationVersion(), this).exec(); });
+  connect(menu_, &MainMenu::AboutRequested, this, &MainWindow::ShowAbout);
 }
 
 QStringList MainWindow::RecentTexts() const {
@@ -145,8 +144,27 @@ std::vector<MenuItem> MainWindow::PlayItems() {
 }
 
 std::vector<MenuItem> MainWindow::HelpItems() {
-  return {{MenuPlace::Help, "mnuHelpKeys", "&Keys", [this] { ShowKeys(); }}};
+  constexpr auto kHelp = MenuPlace::Help;
+  const auto may = [this] { return composer_.MayEdit(); };
+  return {{kHelp, "mnuHelpManual", "&Manual", [this] { ShowManual(); }},
+          {kHelp, "mnuHelpKeys", "&Keys", [this] { ShowKeys(); }},
+          {kHelp, "mnuHelpSamples", "&Sample melodies", [this] { ShowSamples(); }, may},
+          {kHelp, nullptr},
+          {kHelp, "mnuHelpAbout", "&About Trillomat", [this] { ShowAbout(); }, may}};
 }
+
+void MainWindow::ShowManual() {
+  if (parts_.manual.empty()) return ShowMessage({"The manual is not installed with the program"});
+  if (parts_.questions.ShowPage(parts_.manual)) return;
+  ShowMessage({"Nothing on this computer shows the manual: " + Utf8OfPath(parts_.manual)});
+}
+
+void MainWindow::ShowSamples() {
+  if (parts_.samples.empty()) return ShowMessage({"No sample melodies are installed with the program"});
+  files_->Browser().ShowSamples(parts_.samples);
+}
+
+void MainWindow::ShowAbout() { AboutWindow(QCoreApplication::applicationVersion(), this).exec(); }
 
 void MainWindow::ShowKeys() {
   if (keys_ == nullptr) keys_ = new KeysWindow(this);
@@ -154,6 +172,7 @@ void MainWindow::ShowKeys() {
   keys_->raise();
   keys_->activateWindow();
 }
+
 void MainWindow::CleanUp() {
   CleanUpSettings(settings_, parts_.services.log);
   ForgetSize(settings_);

@@ -1,8 +1,10 @@
 #include "ui/questions.h"
 
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QUrl>
 
 #include "files/path_text.h"
 #include "ui/qt_text.h"
@@ -64,6 +66,10 @@ std::optional<int> QtQuestions::AskTrack(QWidget* parent, const QStringList& tra
                                               proposed, false, &chosen);
   if (!chosen) return std::nullopt;
   return static_cast<int>(tracks.indexOf(track));
+}
+
+bool QtQuestions::ShowPage(const std::filesystem::path& page) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(FromUtf8Bytes(Utf8OfPath(page))));
 }
 
 }  // namespace trillomat

@@ -1,4 +1,5 @@
-// What the window asks the user in dialogs of their own. Abstract so that tests can give the answers.
+// What the window asks the user in dialogs of their own, and what it has other programs show. Abstract so
+// that tests can give the answers.
 #pragma once
 
 #include <QString>
@@ -24,6 +25,8 @@ class Questions {
   virtual bool AskYesNo(QWidget* parent, const QString& title, const QString& question) = 0;
   /// Which of the tracks of a MIDI file is taken, `proposed` to begin with. Nothing when cancelled.
   virtual std::optional<int> AskTrack(QWidget* parent, const QStringList& tracks, int proposed) = 0;
+  /// Shows an HTML page in the user's browser. False where there is none.
+  virtual bool ShowPage(const std::filesystem::path& page) = 0;
 };
 
 /// Asks with the window system's own dialogs.
@@ -33,6 +36,7 @@ class QtQuestions : public Questions {
   std::optional<std::filesystem::path> AskOpenPath(QWidget* parent, const OpenDialog& dialog) override;
   bool AskYesNo(QWidget* parent, const QString& title, const QString& question) override;
   std::optional<int> AskTrack(QWidget* parent, const QStringList& tracks, int proposed) override;
+  bool ShowPage(const std::filesystem::path& page) override;
 };
 
 }  // namespace trillomat

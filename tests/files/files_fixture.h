@@ -40,6 +40,7 @@ class FakeFilesHost : public FilesHost {
   std::optional<SaveDialog> dialog;               ///< what it was opened with
   std::optional<std::filesystem::path> openPath;  ///< what the open dialog answers
   std::optional<OpenDialog> openDialog;
+  std::filesystem::path musicFolder;
   std::string lastBytes;  ///< that were read
   std::optional<BetterReading> better;
   bool yes = true;                  ///< what the Yes/No box answers
@@ -69,6 +70,7 @@ class FakeFilesHost : public FilesHost {
     Meanwhile();
   }
   void ShowFiles() override {}
+  std::filesystem::path MusicFolder() const override { return musicFolder; }
   void ShowProgress(std::string_view text) override { progress.emplace_back(text); }
   void ShowSelectedFile() override {}
   void PopUpFileMenu() override {

@@ -55,6 +55,34 @@ TEST(MainWindowStart, TakesTheDefaultsFirstAndThenWhatWasChosen) {
             "mnuSettingAutoPlay mnuSettingPlayMoving ");
 }
 
+TEST(MainWindowStart, GreetsTheNewcomerOnceAndFindsTheManual) {
+  Parts parts;
+  parts.folder.MakeFolder("installed");
+  parts.folder.Write("installed/sample.imy", Tune("c2"));
+  parts.samples = parts.folder / "installed";
+  for (const bool first : {true, false}) {
+    MainWindow window(parts.ForWindow());
+    window.Load();
+    window.GreetNewcomer();
+    EXPECT_EQ(Find<QLabel>(window, "lblFolder").text(), first ? "C:\\installed\\" : "c:\\");
+    EXPECT_EQ(Find<QLabel>(window, "lblMessage").text().contains("sample melodies"), first);
+    window.Unload();
+    EXPECT_EQ(parts.settings.values["Path/BrowseFolder"], "c:\\");
+  }
+  parts.manual = "manual.html";
+  MainWindow window(parts.ForWindow());
+  window.Load();
+  Find<QAction>(window, "mnuHelpSamples").trigger();
+  Click(window, "messageAction(0)");
+  EXPECT_EQ(Find<QLabel>(window, "lblFolder").text(), "C:\\Music\\Trillomat samples\\");
+  for (const bool browser : {true, false}) {
+    parts.questions.yes = browser;
+    Find<QAction>(window, "mnuHelpManual").trigger();
+    EXPECT_EQ(parts.questions.shownPage, "manual.html");
+    EXPECT_EQ(Find<QLabel>(window, "lblMessage").text().contains("manual.html"), !browser);
+  }
+}
+
 class MainWindowFiles : public MainWindowTest {
  protected:
   MainWindowFiles() {

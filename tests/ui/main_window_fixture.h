@@ -50,9 +50,15 @@ class FakeQuestions : public Questions {
     return track == kProposed ? std::optional(proposed) : track;
   }
 
+  bool ShowPage(const std::filesystem::path& page) override {
+    shownPage = page;
+    return yes;
+  }
+
   static constexpr int kProposed = -1;
   QStringList tracks;  ///< that it was last asked of
   std::optional<int> track = kProposed;
+  std::filesystem::path shownPage;
   int saveDialogs = 0;
   std::function<void()> whileAsking;
   std::optional<std::filesystem::path> savePath;
@@ -69,7 +75,8 @@ constexpr const char* kRefusedTune = "NAME:Refused\r\nBEAT:300\r\nSTYLE:S1\r\nno
 /// What the program is made of, apart from the window.
 struct Parts : FakeServices {
   WindowParts ForWindow(const std::filesystem::path& stateFolder = {}) {
-    return {document, record, services, clock, sound, settings, files, keeper, questions, stateFolder};
+    return {document,  record,      services,         clock,   sound, settings, files, keeper,
+            questions, stateFolder, folder / "Music", samples, manual};
   }
 
   Document document;
@@ -81,6 +88,8 @@ struct Parts : FakeServices {
   TempFolder keptFolder;
   FolderKeeper keeper{files, keptFolder.Path()};
   FakeQuestions questions;
+  std::filesystem::path samples;
+  std::filesystem::path manual;
 };
 
 /// Both halves of the melody, without the separators' extra blanks, the cursor as "|".
