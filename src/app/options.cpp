@@ -43,7 +43,7 @@ int PrintResult(const QString& text) {
 
 void SayError(std::string_view utf8) { Print(StandardStream::Error, std::string(utf8) + "\n"); }
 
-std::optional<Options> ParseOptions(const QApplication& app, int argc, char** argv, int& status) {
+std::optional<Options> ParseOptions(const QCoreApplication& app, int argc, char** argv, int& status) {
   QCommandLineParser parser;
   parser.setApplicationDescription(QStringLiteral("Composes ringtone melodies for mobile phones."));
   const QCommandLineOption help = parser.addHelpOption();

@@ -1,7 +1,7 @@
 // The command line of the window program, and what it says on standard output and standard error.
 #pragma once
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QString>
 #include <filesystem>
 #include <optional>
@@ -18,7 +18,7 @@ struct Options {
 /// What the arguments ask for; file names are in the system's own bytes. argc and argv are the arguments that
 /// the toolkit has left. Nothing when the program is to end with `status` instead: after help or version, or
 /// when the arguments are wrong.
-std::optional<Options> ParseOptions(const QApplication& app, int argc, char** argv, int& status);
+std::optional<Options> ParseOptions(const QCoreApplication& app, int argc, char** argv, int& status);
 
 /// Writes a line to standard error, escaped where that is a terminal.
 void SayError(std::string_view utf8);

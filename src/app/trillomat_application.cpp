@@ -7,9 +7,13 @@
 
 namespace trillomat {
 
-TrillomatApplication::TrillomatApplication(int& argc, char** argv) : QApplication(argc, argv) {
+void TrillomatApplication::SetNames() {
   setApplicationName(QStringLiteral("trillomat"));
   setApplicationVersion(QStringLiteral(TRILLOMAT_VERSION));
+}
+
+TrillomatApplication::TrillomatApplication(int& argc, char** argv) : QApplication(argc, argv) {
+  SetNames();
   setDesktopFileName(QStringLiteral("trillomat"));
 }
 

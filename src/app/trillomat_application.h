@@ -12,6 +12,9 @@ class TrillomatApplication : public QApplication {
  public:
   TrillomatApplication(int& argc, char** argv);
 
+  /// Tells the toolkit what the program is called, and its version.
+  static void SetNames();
+
   /// Called with the text of an exception that came out of an event handler. The program goes on.
   std::function<void(std::string_view what)> onFault;
 

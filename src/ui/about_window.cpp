@@ -3,11 +3,20 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <array>
 
 #include "ui/dialog_parts.h"
 
 namespace trillomat {
 namespace {
+
+// What the program is linked with or loads, besides the toolkit.
+constexpr std::array kLibraries{
+#ifndef Q_OS_WIN
+    "SDL 2, zlib licence",
+#endif
+    "GNU C++ library, GPL version 3 with the GCC runtime library exception",
+};
 
 QLabel* NewLine(const char* name, const QString& text, QWidget* parent) {
   QLabel* label = NewLabel(name, text, nullptr, parent);
@@ -25,6 +34,13 @@ QLabel* NewTitle(QWidget* parent) {
   return title;
 }
 
+// A line for each library that the program is made with, and its licence.
+QString LibrariesText() {
+  QString text = QStringLiteral("Made with\nQt %1, LGPL version 3").arg(QLatin1String(qVersion()));
+  for (const char* library : kLibraries) text += QLatin1Char('\n') + QLatin1String(library);
+  return text;
+}
+
 }  // namespace
 
 AboutWindow::AboutWindow(const QString& version, QWidget* parent) : QDialog(parent) {
@@ -39,6 +55,8 @@ AboutWindow::AboutWindow(const QString& version, QWidget* parent) : QDialog(pare
   layout->addWidget(NewLine(
       "lblCredit", QStringLiteral("A composer for mobile phone ringtone melodies, by the Trillomat authors"),
       this));
+  layout->addSpacing(fontMetrics().lineSpacing());
+  layout->addWidget(NewLine("lblLibraries", LibrariesText(), this));
   layout->addStretch();
   layout->addWidget(ok, 0, Qt::AlignHCenter);
 }
