@@ -68,6 +68,7 @@ Section "Trillomat" SectionProgram
   File "${SOURCE}\trillomat-cli.exe"
   File "${SOURCE}\README.md"
   File "${SOURCE}\Qt-licenses.txt"
+  File /r "${SOURCE}\share"
   CreateShortCut "$SMPROGRAMS\Trillomat.lnk" "$INSTDIR\trillomat.exe"
   WriteUninstaller "$INSTDIR\uninstall.exe"
   WriteRegStr HKCU "${UNINSTALL}" "DisplayName" "Trillomat"
@@ -92,31 +93,23 @@ Section "Desktop shortcut" SectionDesktop
   CreateShortCut "$DESKTOP\Trillomat.lnk" "$INSTDIR\trillomat.exe"
 SectionEnd
 
-; They are the user's from then on.
-Section "Sample melodies in Documents" SectionSamples
-  SetOutPath "$DOCUMENTS\Trillomat samples"
-  SetOverwrite off
-  File "${SOURCE}\samples\*.*"
-  SetOverwrite on
-SectionEnd
-
 LangString DescriptionProgram ${LANG_ENGLISH} "The program, its command line, and an entry in the Start menu."
 LangString DescriptionTypes ${LANG_ENGLISH} ".imy, .emy, .rtx and .mel files open with Trillomat on a double click."
 LangString DescriptionDesktop ${LANG_ENGLISH} "An icon on the desktop."
-LangString DescriptionSamples ${LANG_ENGLISH} "A few melodies to begin with."
 !insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
   !insertmacro MUI_DESCRIPTION_TEXT ${SectionProgram} $(DescriptionProgram)
   !insertmacro MUI_DESCRIPTION_TEXT ${SectionTypes} $(DescriptionTypes)
   !insertmacro MUI_DESCRIPTION_TEXT ${SectionDesktop} $(DescriptionDesktop)
-  !insertmacro MUI_DESCRIPTION_TEXT ${SectionSamples} $(DescriptionSamples)
 !insertmacro MUI_FUNCTION_DESCRIPTION_END
 
-; Names each file: the folder may hold melodies of the user's.
+; Names each file and the one folder of its own: the rest may be the user's.
 Section "Uninstall"
   Delete "$INSTDIR\trillomat.exe"
   Delete "$INSTDIR\trillomat-cli.exe"
   Delete "$INSTDIR\README.md"
   Delete "$INSTDIR\Qt-licenses.txt"
+  RMDir /r "$INSTDIR\share\trillomat"
+  RMDir "$INSTDIR\share"
   Delete "$INSTDIR\uninstall.exe"
   RMDir "$INSTDIR"
   Delete "$SMPROGRAMS\Trillomat.lnk"
