@@ -1,0 +1,43 @@
+# What cpack makes of the installed files: a Debian package, with the documents that Debian wants in each.
+set(documents ${CMAKE_INSTALL_DATAROOTDIR}/doc/trillomat)
+install(FILES debian/copyright DESTINATION ${documents})
+configure_file(${PROJECT_SOURCE_DIR}/CHANGELOG.md NEWS COPYONLY)
+install_compressed(${CMAKE_CURRENT_BINARY_DIR}/NEWS ${documents})
+# Debian's own log of the package has one entry for the release, which points to the program's.
+execute_process(COMMAND date --utc --rfc-email "--date=${release_day}"
+  OUTPUT_VARIABLE release_time OUTPUT_STRIP_TRAILING_WHITESPACE)
+configure_file(debian/changelog.in changelog @ONLY)
+install_compressed(${CMAKE_CURRENT_BINARY_DIR}/changelog ${documents})
+
+# The packages of what is linked are found by dpkg-shlibdeps; of what is loaded while the program runs, here.
+function(packages_of_loaded out)
+  find_program(DPKG_QUERY dpkg-query)
+  set(packages)
+  foreach(file ${ARGN})
+    execute_process(COMMAND ${DPKG_QUERY} --search "*/${file}" OUTPUT_VARIABLE owner ERROR_QUIET)
+    if(owner MATCHES "^([a-z0-9.+-]+):")
+      list(APPEND packages ${CMAKE_MATCH_1})
+    endif()
+  endforeach()
+  list(JOIN packages ", " packages)
+  set(${out} "${packages}" PARENT_SCOPE)
+endfunction()
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME trillomat)
+set(CPACK_PACKAGE_CONTACT "${TRILLOMAT_CONTACT}")
+set(CPACK_PACKAGE_HOMEPAGE_URL ${PROJECT_HOMEPAGE_URL})
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION sound)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+packages_of_loaded(CPACK_DEBIAN_PACKAGE_DEPENDS libSDL2-2.0.so.0 iconengines/libqsvgicon.so)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-core | fonts-freefont-ttf | fonts-noto-core, qt6-wayland, xdg-utils")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "compose ringtone melodies for mobile phones")
+file(READ debian/description CPACK_DEBIAN_PACKAGE_DESCRIPTION)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+include(CPack)
