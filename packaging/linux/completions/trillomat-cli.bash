@@ -19,13 +19,19 @@ _trillomat_cli() {
   done
 
   if [[ -z $command ]]; then
-    COMPREPLY=($(compgen -W "$(_trillomat_cli_listed "${words[0]}" '' '\(Options\|Subcommands\)')" -- "$cur"))
+    local section=Subcommands
+    [[ $cur == -* ]] && section=Options
+    COMPREPLY=($(compgen -W "$(_trillomat_cli_listed "${words[0]}" '' $section)" -- "$cur"))
     return
   fi
   if [[ $prev == --* ]]; then
     taken=$(_trillomat_cli_taken "${words[0]}" "$command" "$prev")
     case $taken in
-      *{*}*) taken=${taken#*\{}; COMPREPLY=($(compgen -W "${taken%%\}*}" -- "$cur")); return ;;
+      *{*}*)
+        taken=${taken#*\{} taken=${taken%%\}*}
+        COMPREPLY=($(compgen -W "${taken//,/ }" -- "$cur"))
+        return
+        ;;
     esac
     if [[ $prev == --to-folder ]]; then _filedir -d; return; fi
     [[ -n $taken ]] && return

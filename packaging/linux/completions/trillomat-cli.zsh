@@ -1,12 +1,12 @@
 #compdef trillomat-cli
 # What there is to complete, the program's own --help tells.
 
-# Each line of a section of the help, as "word:description" or, for an option, as _arguments takes it. The
-# description of an option that takes something can stand in the line below.
+# The entries of a section of the help, one a line: the description of an option that takes something stands in
+# the line below, and is put behind it.
 _trillomat_cli_section() {
-  local section=$1 line name taken said
+  local section=$1
   shift
-  ${words[1]} "$@" --help 2>/dev/null | sed -n "/^$section:/,/^\$/p" | sed -e 1d -e '/^$/d' -e ':a;$!{N;ba};s/\n   */   /g'
+  ${words[1]} "$@" --help 2>/dev/null | sed -n "/^$section:/,/^\$/p" | sed -e 1d -e '/^$/d' -e ':a;$!{N;ba};s/\n    */   /g'
 }
 
 _trillomat_cli_commands() {
@@ -29,7 +29,7 @@ _trillomat_cli_options() {
     case $taken in
       *\{*\}*) options+=("$name=[$said]: :(${${${taken#*\{}%%\}*}//,/ })") ;;
       [A-Z]*) [[ $name == --to-folder ]] && options+=("$name=[$said]:folder:_files -/") || options+=("$name=[$said]: : ") ;;
-      *) options+=("$name[$said]") ;;
+      *) options+=("${name}[$said]") ;;
     esac
   done
   local files='*.(imy|emy|rtx|mel|mid|midi)(-.)'
