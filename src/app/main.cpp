@@ -1,9 +1,11 @@
 // The window program: makes the parts, wires them together, and runs the event loop.
 #include <QBuffer>
+#include <QElapsedTimer>
 #include <QMessageBox>
 #include <QPixmap>
 #include <QStandardPaths>
 #include <QTimer>
+#include <QWindow>
 #include <exception>
 #include <memory>
 
@@ -111,6 +113,7 @@ class Program {
  private:
   int Start() {
     const bool screenshot = !options_.screenshot.empty();
+    WaitForWindow();
     if (!screenshot) window_.OfferRecovery();
     if (options_.file.empty()) {
       window_.GreetNewcomer();
@@ -118,6 +121,16 @@ class Program {
       window_.OpenFile(options_.file, !screenshot);
     }
     return screenshot ? TakeScreenshot() : 0;
+  }
+
+  // A window that is not on the screen yet would stay empty for as long as the first beep of a file that is
+  // opened sounds.
+  void WaitForWindow() {
+    constexpr qint64 kLongest = 1000;  // milliseconds
+    QElapsedTimer time;
+    time.start();
+    while (!window_.windowHandle()->isExposed() && time.elapsed() < kLongest && pump_.WaitForEvents(20)) {
+    }
   }
 
   int TakeScreenshot() {

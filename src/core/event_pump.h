@@ -18,6 +18,10 @@ class EventPump {
   /// Sleeps until an event arrives or `milliseconds` (more than 0) have passed, and lets the pending
   /// events run. The result is that of PumpEvents.
   virtual bool WaitForEvents(double milliseconds) = 0;
+
+  /// To be told after a call that took long and let no events run: the next PumpEvents lets them run, however
+  /// often it was called lately.
+  virtual void TimeHasPassed() {}
 };
 
 /// The pump of a piece of work that the user can cancel: after Stop that work ends as it would at the
@@ -30,6 +34,7 @@ class StoppablePump : public EventPump {
 
   bool PumpEvents() override { return pump_.PumpEvents() && !stopped_; }
   bool WaitForEvents(double milliseconds) override { return pump_.WaitForEvents(milliseconds) && !stopped_; }
+  void TimeHasPassed() override { pump_.TimeHasPassed(); }
 
  private:
   EventPump& pump_;

@@ -23,6 +23,7 @@ class ProgressPump : public EventPump {
     return pump_.PumpEvents();
   }
   bool WaitForEvents(double milliseconds) override { return pump_.WaitForEvents(milliseconds); }
+  void TimeHasPassed() override { pump_.TimeHasPassed(); }
 
  private:
   EventPump& pump_;

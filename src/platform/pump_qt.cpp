@@ -1,6 +1,7 @@
 #include "platform/pump_qt.h"
 
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QThread>
 #include <QTimer>
 #include <algorithm>
@@ -29,7 +30,9 @@ bool QtPump::Look() {
   calls_ = untilLook_ = (now - lastLook_) * kMostCalls < kShortTime * calls_ ? kMostCalls : 1;
   lastLook_ = now;
   const std::chrono::milliseconds interval(kPumpInterval << std::min(depth_, kMostDoublings));
-  if (!ending_ && now - lastPump_ >= interval) Process(QEventLoop::AllEvents);
+  if (!ending_ && now - lastPump_ >= interval) {
+    Process([] { QCoreApplication::processEvents(QEventLoop::AllEvents, kLongestPump); });
+  }
   return !ending_;
 }
 
@@ -45,13 +48,13 @@ bool QtPump::WaitForEvents(double milliseconds) {
   alarm.setTimerType(Qt::PreciseTimer);
   alarm.setSingleShot(true);
   alarm.start(std::chrono::milliseconds(std::llround(whole)));
-  Process(QEventLoop::WaitForMoreEvents);
+  Process([] { QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents); });
   return !ending_;
 }
 
-void QtPump::Process(QEventLoop::ProcessEventsFlags flags) {
+void QtPump::Process(void (*process)()) {
   ++depth_;
-  QCoreApplication::processEvents(flags);
+  process();
   --depth_;
   lastPump_ = lastLook_ = SteadyClock::now();
   calls_ = untilLook_ = 1;  // another loop may have run meanwhile, whose speed tells nothing about this one

@@ -1,7 +1,6 @@
 // The event pump over Qt's event loop.
 #pragma once
 
-#include <QEventLoop>
 #include <chrono>
 
 #include "core/event_pump.h"
@@ -16,6 +15,9 @@ class QtPump : public EventPump {
   /// PumpEvents reaches the event queue at most once in this time, in milliseconds; each nested level
   /// doubles it. Waiting lets events run at any depth.
   static constexpr int kPumpInterval = 4;
+  /// For how long, in milliseconds, one pump goes on with events that follow from those before: a window that
+  /// is to be painted takes several, and between two beeps there is one pump.
+  static constexpr int kLongestPump = 20;
 
   /// The window was closed: from now on every loop is told to leave, even those of the toolkit, whose boxes
   /// close.
@@ -23,12 +25,13 @@ class QtPump : public EventPump {
 
   bool PumpEvents() override { return --untilLook_ > 0 ? !ending_ : Look(); }
   bool WaitForEvents(double milliseconds) override;
+  void TimeHasPassed() override { untilLook_ = 1; }
 
  private:
   using SteadyClock = std::chrono::steady_clock;
 
   bool Look();
-  void Process(QEventLoop::ProcessEventsFlags flags);
+  void Process(void (*process)());
 
   SteadyClock::time_point lastPump_ = SteadyClock::now();
   // Looking at the clock takes longer than the work on an element, so fast loops do not do it at each call.

@@ -169,6 +169,7 @@ void Player::SoundBeep(int32_t hertz, int32_t milliseconds) {
   if (milliseconds > 0) timePassed_ = true;
   seams_.view.PaintNow();
   seams_.sound.Beep(hertz, milliseconds);
+  seams_.services.pump.TimeHasPassed();
 }
 
 void Player::SoundWave(int32_t hertz, int32_t milliseconds) {

@@ -4,6 +4,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QSet>
+#include <QThread>
 #include <QTimer>
 #include <QUrl>
 
@@ -182,28 +183,50 @@ TEST_F(MainWindowPlay, LightsAndVibrationShowAndClearPutsThePhoneToRest) {
 }
 
 // The same window over the real event pump and the real time.
-TEST(MainWindowClosing, ClosingEndsPlayPauseAndEveryWait) {
+class MainWindowInTime : public testing::Test {
+ protected:
+  MainWindowInTime() {
+    window.Load();
+    QObject::connect(&window, &MainWindow::Closed, &window, [this] { pump.End(); });
+    window.show();
+  }
+
   Parts parts;
   QtPump pump;
-  const StdClock clock;
-  MainWindow window({parts.document,
+  const StdClock realClock;
+  MainWindow window{{parts.document,
                      parts.record,
                      {parts.log, pump},
-                     clock,
+                     realClock,
                      parts.sound,
                      parts.settings,
                      parts.files,
                      parts.keeper,
-                     parts.questions});
-  window.Load();
-  QObject::connect(&window, &MainWindow::Closed, &window, [&pump] { pump.End(); });
-  window.show();
+                     parts.questions}};
+};
+
+TEST_F(MainWindowInTime, AFileThatPlaysAsSoonAsItIsReadCanBeStopped) {
+  std::string notes;
+  for (int i = 0; i < 100; ++i) notes += "c2";
+  parts.folder.Write("a.imy", Tune(notes));
+  // What a beep takes, without events; a click that waits since is handled before the next.
+  parts.sound.onBeep = [this] {
+    QThread::msleep(5);
+    if (parts.sound.beeps.size() == 1) {
+      QTimer::singleShot(0, &window, [this] { Click(window, "cmdControl(3)"); });
+    }
+  };
+  window.OpenFile(parts.folder / "a.imy");
+  EXPECT_EQ(parts.sound.beeps.size(), 1U);
+}
+
+TEST_F(MainWindowInTime, ClosingEndsPlayPauseAndEveryWait) {
   parts.document.Apply({.inserted = ElementList(1000, Rest(4))});
   QElapsedTimer time;
   time.start();
   // Each element waits for 2.4 seconds. Inside its wait Pause is pressed, then the window closed.
-  QTimer::singleShot(50, &window, [&window] { Click(window, "cmdControl(2)"); });
-  QTimer::singleShot(120, &window, [&window] { window.close(); });
+  QTimer::singleShot(50, &window, [this] { Click(window, "cmdControl(2)"); });
+  QTimer::singleShot(120, &window, [this] { window.close(); });
   Click(window, "cmdControl(4)");
   EXPECT_LT(time.elapsed(), 1000);
   EXPECT_FALSE(pump.PumpEvents());
