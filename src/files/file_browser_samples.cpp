@@ -29,7 +29,7 @@ void FileBrowser::ShowSamples(const std::filesystem::path& samples) {
   samplesFolder_ = folder_;
   folderBeforeSamples_ = before;
   parts_.host.Say(
-      {"The list shows sample melodies, for each format its own; copies of them are yours to change",
+      {"Click a sample melody in the list to open it; each format has samples of its own",
        FileMessage::Offer::CopySamples});
 }
 

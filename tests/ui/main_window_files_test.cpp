@@ -65,7 +65,7 @@ TEST(MainWindowStart, GreetsTheNewcomerOnceAndFindsTheManual) {
     window.Load();
     window.GreetNewcomer();
     EXPECT_EQ(Find<QLabel>(window, "lblFolder").text(), first ? "C:\\installed\\" : "c:\\");
-    EXPECT_EQ(Find<QLabel>(window, "lblMessage").text().contains("sample melodies"), first);
+    EXPECT_EQ(Find<QLabel>(window, "lblMessage").text().contains("sample melody"), first);
     window.Unload();
     EXPECT_EQ(parts.settings.values["Path/BrowseFolder"], "c:\\");
   }
