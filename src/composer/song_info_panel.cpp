@@ -70,6 +70,18 @@ bool SongInfoPanel::AcceptsKey(int row, char key) const {
   return (field != Field::Tempo && field != Field::Repeat) || IsDigit(key) || key == kBackspace;
 }
 
+std::string SongInfoPanel::RefusalOf(int row) const {
+  const SongInfo& info = document_.Info();
+  const ModeLimits& limits = LimitsOf(document_.Mode());
+  const auto text = [](int32_t lowest, int32_t highest, int32_t inForce) {
+    return std::to_string(lowest) + "-" + std::to_string(highest) + "; " + std::to_string(inForce) +
+           " is in force";
+  };
+  if (!rows_.at(static_cast<size_t>(row)).invalid) return {};
+  if (FieldOf(row) == Field::Tempo) return text(limits.lowestTempo, limits.highestTempo, info.bpm);
+  return text(0, kHighestLoop, info.loop);
+}
+
 void SongInfoPanel::Edit(int row, std::string_view text) {
   const Field field = FieldOf(row);
   Row(row).text = text;

@@ -43,6 +43,9 @@ class SongInfoPanel {
   bool IsEditable(int row) const { return FieldOf(row) != Field::None; }
   /// Whether the box of row `row` accepts the key with character code `key`.
   bool AcceptsKey(int row, char key) const;
+  /// Why the text of the row is not taken over, and what counts instead: "25-900; 100 is in force". Empty for
+  /// a text that is.
+  std::string RefusalOf(int row) const;
   /// Row `row` now reads `text`: it is taken over when it is valid there.
   void Edit(int row, std::string_view text);
 

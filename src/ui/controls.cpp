@@ -23,6 +23,11 @@ QPushButton* NewButton(const QString& objectName, const ControlText& text, QWidg
   return button;
 }
 
+void ShowSpoken(QLabel& label, const QString& spoken, const QString& text) {
+  label.setText(text);
+  label.setAccessibleName(text.isEmpty() ? spoken : spoken + QStringLiteral(": ") + text);
+}
+
 QLabel* NewLabel(const QString& objectName, const QString& caption, QWidget* buddy, QWidget* parent) {
   auto* label = new QLabel(caption, parent);
   label->setObjectName(objectName);

@@ -26,6 +26,9 @@ QString PlainToolTip(const QString& text);
 /// melody. The Tab key still reaches it.
 QPushButton* NewButton(const QString& objectName, const ControlText& text, QWidget* parent);
 
+/// Shows `text` in a label that stands for itself and no control: screen readers say `spoken` before it.
+void ShowSpoken(QLabel& label, const QString& spoken, const QString& text);
+
 /// A label whose mnemonic leads to `buddy`.
 QLabel* NewLabel(const QString& objectName, const QString& caption, QWidget* buddy, QWidget* parent);
 

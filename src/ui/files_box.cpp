@@ -12,6 +12,7 @@
 #include "files/refusal_text.h"
 #include "ui/export_window.h"
 #include "ui/exported_sound.h"
+#include "ui/key_table.h"
 #include "ui/qt_text.h"
 #include "ui/rename_window.h"
 
@@ -50,11 +51,11 @@ FilesBox::FilesBox(const FilesBoxParts& parts, QWidget* parent)
       fileMenu_(new QMenu(this)),
       saveButton_(NewCommand("cmdSave",
                              {QStringLiteral("Sa&ve"), QStringLiteral("Save over the selected file"),
-                              QStringLiteral("Save over the selected file (Ctrl+S)")},
+                              WithKey("Save over the selected file", KeyCommand::Save)},
                              &FilesBox::Save)),
       saveAsButton_(NewCommand("cmdSaveAs",
                                {QStringLiteral("Save As"), QStringLiteral("Save under a new name"),
-                                QStringLiteral("Save under a new name (Ctrl+Shift+S)")},
+                                WithKey("Save under a new name", KeyCommand::SaveAs)},
                                &FilesBox::SaveAs)),
       importButton_(NewCommand("cmdImport",
                                {QStringLiteral("I&mport"), QStringLiteral("Import a pasted melody"),
@@ -81,12 +82,14 @@ void FilesBox::NameControls() {
   NameControl(*drives_, QStringLiteral("cboDrives"), {{}, QStringLiteral("Drive")});
   drives_->setFocusPolicy(Qt::TabFocus);
   drives_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  NameControl(*list_, QStringLiteral("ListFiles"),
-              {{},
-               QStringLiteral("Folders and melody files"),
-               QStringLiteral("Click a file to open it, double-click a folder to enter it; the right button "
-                              "deletes and renames")});
-  NameControl(*folder_, QStringLiteral("lblFolder"), {{}, QStringLiteral("Current folder")});
+  NameControl(
+      *list_, QStringLiteral("ListFiles"),
+      {{},
+       QStringLiteral("Folders and melody files"),
+       QStringLiteral("Click a file to open it, double-click a folder to enter it, or press Enter; the "
+                      "right button or the menu key deletes and renames")});
+  folder_->setObjectName(QStringLiteral("lblFolder"));
+  folder_->setAccessibleDescription(QStringLiteral("The folder that the list shows"));
   folder_->setTextFormat(Qt::PlainText);
   // A long path must not widen the window.
   folder_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
@@ -285,7 +288,7 @@ void FilesBox::ShowFiles() {
   drives_->clear();
   for (const std::string& drive : browser_.Drives()) drives_->addItem(ShownName(drive));
   drives_->setCurrentIndex(browser_.CurrentDrive());
-  folder_->setText(ShownName(browser_.Folder()));
+  ShowSpoken(*folder_, QStringLiteral("Current folder"), ShownName(browser_.Folder()));
   folder_->setToolTip(PlainToolTip(folder_->text()));
   list_->Refill();
   ShowSelectedFile();

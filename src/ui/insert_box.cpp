@@ -66,6 +66,10 @@ void InsertBox::AddVolume(QGridLayout& grid) {
   for (int volume = 0; volume <= kHighestVolume; ++volume) volume_->addItem(QString::number(volume));
   volume_->setCurrentIndex(kFirstVolume);
   SetUpTextLine(*volume_->lineEdit(), Characters::OfCodePage);
+  volume_->lineEdit()->setAccessibleName(volume_->accessibleName());
+  // Where the toolkit calls a list by what is chosen in it, screen readers take its name from a label. "Set
+  // Volume" stands in the place of one that is seen.
+  NewLabel(QStringLiteral("lblVolume"), volume_->accessibleName(), volume_, this)->hide();
   grid.addWidget(volume_, kSetVolume / 2, 1);
 }
 

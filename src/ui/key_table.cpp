@@ -274,6 +274,10 @@ QString KeyName(KeyCommand command, int index) {
   return KeysOf(command).value(index).toString(QKeySequence::NativeText);
 }
 
+QString WithKey(const QString& tip, KeyCommand command, int index) {
+  return QStringLiteral("%1 (%2)").arg(tip, KeyName(command, index));
+}
+
 void SetShortcuts(QAction& item) {
   for (const KeyRow& row : kTable) {
     const QLatin1String name(row.item);

@@ -79,6 +79,8 @@ const KeyRow& RowOf(KeyCommand command);
 QList<QKeySequence> KeysOf(KeyCommand command);
 /// The key at `index` of KeysOf as the user knows it: "Ctrl+Z".
 QString KeyName(KeyCommand command, int index = 0);
+/// A tooltip that names the key, too: "Move the cursor left (Left)".
+QString WithKey(const QString& tip, KeyCommand command, int index = 0);
 /// Gives a menu item that has a row in the table the row's keys.
 void SetShortcuts(QAction& item);
 

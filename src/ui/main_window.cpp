@@ -27,6 +27,15 @@ constexpr std::array<std::string_view, 4> kExtraTexts{"Nothing", "Dotted note", 
 constexpr int kWidestCentre = 1600;
 constexpr int kHighestUpperRow = 420;  // what large letters need, too
 
+QString DurationTip(int index) {
+  const QString caption = ToQString(kDurationTexts.at(static_cast<size_t>(index)));
+  return WithKey(QString(caption).remove(QLatin1Char('&')), KeyCommand::Durations, index);
+}
+
+QString ExtraTip(int /*index*/) {
+  return WithKey(QLatin1String(RowOf(KeyCommand::NextExtra).words), KeyCommand::NextExtra);
+}
+
 // Where names are bytes, the place of a file holds them as they are.
 std::filesystem::path LocalFile(const QUrl& place) {
 #ifdef Q_OS_WIN
@@ -50,8 +59,10 @@ MainWindow::MainWindow(const WindowParts& parts)
                               const ClipboardMelody& melody) { SayPasted(std::move(said), melody); }}),
       menu_(new MainMenu(*menuBar(), parts.document, composer_, playSettings_, player_)),
       noteEntry_(new NoteEntryBox(composer_, this)),
-      durations_(new OptionBox(QStringLiteral("Duration"), "optDuration", kDurationTexts, this)),
-      extras_(new OptionBox(QStringLiteral("More..."), "optDurationExtra", kExtraTexts, this)),
+      durations_(new OptionBox({QStringLiteral("Duration"), QStringLiteral("Duration")}, "optDuration",
+                               kDurationTexts, DurationTip, this)),
+      extras_(new OptionBox({QStringLiteral("More..."), QStringLiteral("Extra length")}, "optDurationExtra",
+                            kExtraTexts, ExtraTip, this)),
       allNotes_(new AllNotesBox(composer_, this)),
       insert_(new InsertBox(composer_, this)),
       melody_(new MelodyBox(parts.document, composer_, play_, this)),
@@ -118,7 +129,8 @@ void MainWindow::Connect() {
   connect(extras_, &OptionBox::Clicked, this, [this](int index) { composer_.SelectDurationExtra(index); });
   FillMenus();
   connect(files_, &FilesBox::Said, this, &MainWindow::ShowMessage);
-  connect(files_, &FilesBox::Progress, status_, &StatusLine::Say);
+  connect(files_, &FilesBox::Progress, status_, &StatusLine::Show);
+  connect(songInfo_, &SongInfoBox::Refused, status_, &StatusLine::Say);
   connect(&melody_->Volume(), &QSlider::valueChanged, this,
           [this](int percent) { parts_.sound.SetVolume(percent); });
   connect(bar_, &MessageBar::Closed, files_, &FilesBox::CloseMessage);
@@ -247,7 +259,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
 
 void MainWindow::ShowMelody(const MelodyText& text) {
   melodyBehind_ = false;
-  melody_->Line().ShowMelody(text);
+  melody_->Line().ShowMelody(text, melody_->Strip().Words());
   ShowEdited();
 }
 
@@ -276,7 +288,7 @@ void MainWindow::ShowMessage(const FileMessage& message) {
   offer(Offer::ReadBetter, ShownName(message.caption), true);
   offer(Offer::ShowChanges, QStringLiteral("Show the changes"), true);
   offer(Offer::CopySamples, QStringLiteral("Copy them to my music"));
-  if (shown.actions.empty()) status_->Say(shown.text);
+  if (shown.actions.empty()) status_->Show(shown.text);  // the bar speaks
   bar_->Say(std::move(shown));
 }
 
@@ -334,7 +346,7 @@ void MainWindow::DocumentChanged(const ChangedRange& range) {
   melodyBehind_ = melodyBehind_ || range.ElementsChanged() || range.cursor || range.mode;
   if (range.file || range.SongChanged()) ShowTitle();
   if (range.file) status_->ShowState();
-  if (range.SongChanged() || range.cursor || range.selection) status_->Say({});
+  if (range.SongChanged() || range.cursor || range.selection) status_->Show({});
   // Why something was refused counts no more once something was done; what is offered is offered still.
   if (range.SongChanged() && bar_->Said().actions.empty()) bar_->Say({});
 }

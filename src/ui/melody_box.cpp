@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <functional>
+#include <optional>
 
 #include "ui/arrow_icon.h"
 #include "ui/controls.h"
@@ -15,33 +16,39 @@ struct CursorButton {
   const char* name;
   const char* caption;
   const char* spoken;
-  const char* tip;
+  KeyCommand key;
   void (Composer::*click)();
 };
 
 // The arrows have a picture instead of a caption.
 constexpr std::array<CursorButton, 4> kCursorButtons{
-    {{"cmdEraseLeft", "E&rase", "Erase the element left of the cursor",
-      "Erase the element left of the cursor (Backspace)", &Composer::EraseLeft},
-     {"cmdLeft", "", "Move the cursor left", "Move the cursor left (Left arrow)", &Composer::MoveLeft},
-     {"cmdRight", "", "Move the cursor right", "Move the cursor right (Right arrow)", &Composer::MoveRight},
-     {"cmdEraseRight", "Erase", "Erase the element right of the cursor",
-      "Erase the element right of the cursor (Delete)", &Composer::EraseRight}}};
+    {{"cmdEraseLeft", "E&rase", "Erase the element left of the cursor", KeyCommand::EraseLeft,
+      &Composer::EraseLeft},
+     {"cmdLeft", "", "Move the cursor left", KeyCommand::MoveLeft, &Composer::MoveLeft},
+     {"cmdRight", "", "Move the cursor right", KeyCommand::MoveRight, &Composer::MoveRight},
+     {"cmdEraseRight", "Erase", "Erase the element right of the cursor", KeyCommand::EraseRight,
+      &Composer::EraseRight}}};
 
 struct ControlButton {
   const char* caption;
   const char* spoken;
   const char* tip;
+  std::optional<KeyCommand> key = {};
 };
 
 // In the order of `Control`.
 constexpr std::array<ControlButton, 6> kControlButtons{
     {{"&Clear", "Clear the melody", "Erase the whole melody"},
-     {"Start &over", "Start over", "Put the cursor before the first element"},
+     {"Start &over", "Start over", "Put the cursor before the first element", KeyCommand::ToStart},
      {"Pa&use", "Pause playing", "Pause playing, and go on"},
-     {"&Stop", "Stop playing", "Stop playing behind the tone that sounds"},
-     {"&Play", "Play the melody", "Play the melody from its start"},
-     {"To e&nd", "To end", "Put the cursor behind the last element"}}};
+     {"&Stop", "Stop playing", "Stop playing behind the tone that sounds", KeyCommand::PlayOrStop},
+     {"&Play", "Play the melody", "Play the melody from its start", KeyCommand::PlayOrStop},
+     {"To e&nd", "To end", "Put the cursor behind the last element", KeyCommand::ToEnd}}};
+
+QString TipOf(const ControlButton& button) {
+  const QLatin1String tip(button.tip);
+  return button.key ? WithKey(tip, *button.key) : tip;
+}
 
 }  // namespace
 
@@ -70,9 +77,10 @@ QLayout* MelodyBox::NewCursorRow() {
   auto* row = new QHBoxLayout;
   for (size_t i = 0; i < kCursorButtons.size(); ++i) {
     const CursorButton& made = kCursorButtons.at(i);
-    auto* button =
-        NewButton(QLatin1String(made.name),
-                  {QLatin1String(made.caption), QLatin1String(made.spoken), QLatin1String(made.tip)}, this);
+    auto* button = NewButton(QLatin1String(made.name),
+                             {QLatin1String(made.caption), QLatin1String(made.spoken),
+                              WithKey(QLatin1String(made.spoken), made.key)},
+                             this);
     // Not composer_.*click: GCC 12's sanitizer builds lose the object there.
     connect(button, &QPushButton::clicked, this,
             [this, click = made.click] { std::invoke(click, composer_); });
@@ -88,9 +96,8 @@ QLayout* MelodyBox::NewControlRow() {
   auto* row = new QHBoxLayout;
   for (int i = 0; i < static_cast<int>(controls_.size()); ++i) {
     const ControlButton& made = kControlButtons.at(static_cast<size_t>(i));
-    auto* button =
-        NewButton(IndexedName("cmdControl", i),
-                  {QLatin1String(made.caption), QLatin1String(made.spoken), QLatin1String(made.tip)}, this);
+    auto* button = NewButton(IndexedName("cmdControl", i),
+                             {QLatin1String(made.caption), QLatin1String(made.spoken), TipOf(made)}, this);
     connect(button, &QPushButton::clicked, this, [this, i] { Press(static_cast<Control>(i)); });
     row->addWidget(button);
     controls_.at(static_cast<size_t>(i)) = button;

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QStyleOptionFrame>
 
+#include "ui/key_table.h"
 #include "ui/qt_text.h"
 
 namespace trillomat {
@@ -31,8 +32,10 @@ QLineEdit* MelodyLine::NewHalf(const char* name, const char* spoken) {
   auto* half = new QLineEdit(this);
   half->setObjectName(QLatin1String(name));
   half->setAccessibleName(QLatin1String(spoken));
-  half->setToolTip(
-      QStringLiteral("Arrow keys move the cursor, Backspace and Delete erase, Space plays and stops"));
+  half->setToolTip(QStringLiteral("%1 and %2 move the cursor, %3 and %4 erase, %5 plays and stops")
+                       .arg(KeyName(KeyCommand::MoveLeft), KeyName(KeyCommand::MoveRight),
+                            KeyName(KeyCommand::EraseLeft), KeyName(KeyCommand::EraseRight),
+                            KeyName(KeyCommand::PlayOrStop)));
   half->setReadOnly(true);
   half->setFrame(false);
   QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -42,11 +45,13 @@ QLineEdit* MelodyLine::NewHalf(const char* name, const char* spoken) {
   return half;
 }
 
-void MelodyLine::ShowMelody(const MelodyText& text) {
+// The words come last: as they change, they are spoken for the box that has the focus.
+void MelodyLine::ShowMelody(const MelodyText& text, const QString& words) {
   left_->setText(ToQString(text.left));
   left_->setCursorPosition(static_cast<int>(left_->text().size()));
   right_->setText(ToQString(text.right));
   right_->setCursorPosition(right_->text().isEmpty() ? 0 : 1);
+  for (QLineEdit* half : {left_, right_}) half->setAccessibleDescription(words);
 }
 
 bool MelodyLine::eventFilter(QObject* watched, QEvent* event) {

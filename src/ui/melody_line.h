@@ -14,7 +14,8 @@ class MelodyLine : public QWidget {
  public:
   explicit MelodyLine(QWidget* parent);
 
-  void ShowMelody(const MelodyText& text);
+  /// `words` tell screen readers what is at the cursor.
+  void ShowMelody(const MelodyText& text, const QString& words);
   /// Gives the melody the focus.
   void TakeFocus() { right_->setFocus(Qt::OtherFocusReason); }
 

@@ -6,6 +6,7 @@
 #include <QStyle>
 #include <utility>
 
+#include "ui/accessible_parts.h"
 #include "ui/controls.h"
 #include "ui/qt_text.h"
 
@@ -48,9 +49,10 @@ void MessageBar::Say(BarMessage message) {
     actions_.at(i)->setText(message_.actions[i].caption);
     actions_.at(i)->setAccessibleName(message_.actions[i].caption.simplified().remove(QLatin1Char('&')));
   }
-  setAccessibleDescription(message_.text);
+  const bool shown = isVisible();
   setVisible(!message_.text.isEmpty());
   if (message_.text.isEmpty() || !QAccessible::isActive()) return;
+  if (shown) Announce(*this);  // else its being shown has done so
   QAccessibleEvent alert(this, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
 }

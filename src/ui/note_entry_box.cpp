@@ -35,10 +35,9 @@ NoteEntryBox::NoteEntryBox(Composer& composer, QWidget* parent)
 }
 
 QLayout* NoteEntryBox::NewButtonColumn() {
-  const QString pauseKey = KeyName(KeyCommand::Pause);
   buttons_ = {NewButton(QStringLiteral("cmdPause"),
                         {QStringLiteral("P&ause"), QStringLiteral("Insert a pause"),
-                         QStringLiteral("Insert a pause of the selected length (key %1)").arg(pauseKey)},
+                         WithKey("Insert a pause of the selected length", KeyCommand::Pause)},
                         this),
               NewButton(QStringLiteral("cmdDuration"),
                         {QStringLiteral("&Duration"),
@@ -99,7 +98,7 @@ void NoteEntryBox::ShowState(std::string_view rangeNote) {
   const int chosen = composer_.State().octave;
   const QSignalBlocker quiet(octave_);
   octave_->setValue(chosen);
-  labels_[1]->setText(ToQString(DecimalText(chosen)));
+  ShowSpoken(*labels_[1], QStringLiteral("Active octave"), ToQString(DecimalText(chosen)));
   labels_[2]->setText(ToQString(rangeNote));
 }
 

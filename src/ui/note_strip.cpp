@@ -1,11 +1,12 @@
 #include "ui/note_strip.h"
 
+#include <QAccessible>
 #include <QPaintEvent>
 #include <QScrollBar>
 
 #include "composer/strip_words.h"
+#include "ui/accessible_parts.h"
 #include "ui/controls.h"
-#include "ui/note_strip_accessible.h"
 #include "ui/qt_text.h"
 
 namespace trillomat {
@@ -21,7 +22,7 @@ NoteStrip::NoteStrip(Document& document, Composer& composer, QWidget* parent)
       composer_(composer),
       layout_(document),
       mouse_(document, layout_, composer) {
-  InstallNoteStripAccessible();  // before anything asks for it, as the naming does
+  InstallAccessibleParts();  // before anything asks for it, as the naming does
   NameControl(*this, QStringLiteral("noteStrip"), {{}, QStringLiteral("Note strip")});
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);

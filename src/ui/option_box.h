@@ -13,9 +13,16 @@ class OptionBox : public QGroupBox {
   Q_OBJECT
 
  public:
-  /// The options get the object names `group`(0), `group`(1), ... and `captions`, which may hold "&".
-  OptionBox(const QString& title, const char* group, std::span<const std::string_view> captions,
-            QWidget* parent);
+  /// What stands above the options, and what screen readers say before each.
+  struct Title {
+    QString shown;
+    QString spoken;
+  };
+
+  /// The options get the object names `group`(0), `group`(1), ... and `captions`, which may hold "&"; `tipOf`
+  /// tells the tooltip of each while it is enabled.
+  OptionBox(const Title& title, const char* group, std::span<const std::string_view> captions,
+            std::function<QString(int)> tipOf, QWidget* parent);
 
   /// Selects option `selected` and enables those for which `isEnabled` is true.
   void ShowState(int selected, const std::function<bool(int)>& isEnabled);
@@ -24,6 +31,7 @@ class OptionBox : public QGroupBox {
   void Clicked(int index);
 
  private:
+  std::function<QString(int)> tipOf_;
   QButtonGroup group_;
 };
 

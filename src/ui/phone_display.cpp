@@ -86,8 +86,8 @@ PhoneDisplay::PhoneDisplay(QWidget* parent)
 
 // Both labels are as wide as the longest frequency, so that showing one moves nothing.
 QLayout* PhoneDisplay::NewFrequencyRow() {
-  NameControl(*frequency_, QStringLiteral("lblFrequency"),
-              {{}, QStringLiteral("Frequency of the tone in hertz")});
+  frequency_->setObjectName(QStringLiteral("lblFrequency"));
+  frequency_->setToolTip(QStringLiteral("Frequency of the tone in hertz"));
   frequency_->setTextFormat(Qt::PlainText);
   frequency_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   auto* unit = new QLabel(QStringLiteral("Hz"), this);
@@ -101,7 +101,9 @@ QLayout* PhoneDisplay::NewFrequencyRow() {
   return row;
 }
 
-void PhoneDisplay::ShowFrequency(std::string_view text) { frequency_->setText(ToQString(text)); }
+void PhoneDisplay::ShowFrequency(std::string_view text) {
+  ShowSpoken(*frequency_, QStringLiteral("Frequency of the tone in hertz"), ToQString(text));
+}
 
 void PhoneDisplay::Vibrate(bool on) {
   if (on) return timer_.start(kJumpInterval);

@@ -57,9 +57,15 @@ QLineEdit* SongInfoBox::NewTextBox(int index) {
   box->setObjectName(IndexedName("txtSongInfo", index));
   SetUpTextLine(*box, Characters::OfCodePage);
   box->installEventFilter(this);
-  connect(box, &QLineEdit::textChanged, this,
-          [this, index](const QString& text) { composer_.EditSongText(index, FromQString(text)); });
+  connect(box, &QLineEdit::textChanged, this, [this, index](const QString& text) { Edit(index, text); });
   return box;
+}
+
+// What is refused again says so again.
+void SongInfoBox::Edit(int index, const QString& text) {
+  composer_.EditSongText(index, FromQString(text));
+  const QString& refusal = refusals_.at(static_cast<size_t>(index));
+  if (!refusal.isEmpty()) emit Refused(refusal);
 }
 
 QComboBox* SongInfoBox::NewList(int index) {
@@ -102,7 +108,7 @@ void SongInfoBox::ShowState() {
     labels_.at(i)->buddy()->setToolTip(TipOf(static_cast<int>(i)));
   }
   nothing_->setVisible(!rows.front().visible);
-  for (int i = 0; i < SongInfoPanel::kTextRows; ++i) ShowTextRow(i, rows.at(static_cast<size_t>(i)));
+  for (int i = 0; i < SongInfoPanel::kTextRows; ++i) ShowTextRow(i);
   ShowList(*lists_[0], rows.at(SongInfoPanel::kStyleRow));
   ShowList(*lists_[1], rows.at(SongInfoPanel::kVolumeRow));
 }
@@ -111,6 +117,9 @@ void SongInfoBox::ShowState() {
 QString SongInfoBox::TipOf(int row) const {
   const SongInfoPanel& panel = composer_.Panel();
   if (!panel.Rows().at(static_cast<size_t>(row)).enabled) return QStringLiteral("Set by the file format");
+  const std::string refusal = panel.RefusalOf(row);
+  if (!refusal.empty()) return ToQString(refusal);
+  if (panel.Rows().at(static_cast<size_t>(row)).caption == "B P M") return QStringLiteral("Beats per minute");
   if (panel.IsEditable(row)) return {};
   return QStringLiteral("Follows from the melody; what is typed here changes nothing");
 }
@@ -123,16 +132,23 @@ void SongInfoBox::ShowCaption(QLabel& label, const QString& caption) {
   label.buddy()->setAccessibleName(caption);
 }
 
-// Valid text has the palette's own colour, which is black in a light palette.
-void SongInfoBox::ShowTextRow(int index, const SongInfoRow& row) {
+// Valid text has the palette's own colour, which is black in a light palette. What is red is underlined, too,
+// and says why where the pointer rests on it, in the status bar, and to screen readers.
+void SongInfoBox::ShowTextRow(int index) {
   QLineEdit& box = *texts_.at(static_cast<size_t>(index));
   const QSignalBlocker quiet(box);
-  ShowText(box, ToQString(row.text));
-  if (invalid_.at(static_cast<size_t>(index)) == row.invalid) return;
-  invalid_.at(static_cast<size_t>(index)) = row.invalid;
+  ShowText(box, ToQString(composer_.Panel().Rows().at(static_cast<size_t>(index)).text));
+  const QString refusal = ToQString(composer_.Panel().RefusalOf(index));
+  if (refusals_.at(static_cast<size_t>(index)) == refusal) return;
+  refusals_.at(static_cast<size_t>(index)) = refusal;
   QPalette colours;
-  if (row.invalid) colours.setColor(QPalette::Text, QColor(kInvalidText));
+  if (!refusal.isEmpty()) colours.setColor(QPalette::Text, QColor(kInvalidText));
   box.setPalette(colours);
+  QFont font;
+  if (!refusal.isEmpty()) font.setUnderline(true);
+  box.setFont(font);
+  box.setAccessibleDescription(refusal);
+  emit Refused(refusal);
 }
 
 // A volume that the list lacks ("V07") is added to it.

@@ -19,15 +19,20 @@ class SongInfoBox : public QGroupBox {
 
   void ShowState();
 
+ signals:
+  /// What stands in a box is not taken over: why, and what counts instead. Empty once it is taken over.
+  void Refused(const QString& why);
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QLineEdit* NewTextBox(int index);
   QComboBox* NewList(int index);
+  void Edit(int index, const QString& text);
   static void ShowCaption(QLabel& label, const QString& caption);
   QString TipOf(int row) const;
-  void ShowTextRow(int index, const SongInfoRow& row);
+  void ShowTextRow(int index);
   void ShowList(QComboBox& list, const SongInfoRow& row);
 
   Composer& composer_;
@@ -35,7 +40,7 @@ class SongInfoBox : public QGroupBox {
   std::array<QLabel*, 7> labels_{};
   std::array<QLineEdit*, SongInfoPanel::kTextRows> texts_{};
   std::array<QComboBox*, 2> lists_{};
-  std::array<bool, SongInfoPanel::kTextRows> invalid_{};  ///< shown in red
+  std::array<QString, SongInfoPanel::kTextRows> refusals_{};  ///< of the texts that are shown in red
 };
 
 }  // namespace trillomat

@@ -2,6 +2,7 @@
 
 #include "composer/element_words.h"
 #include "playback/player.h"
+#include "ui/accessible_parts.h"
 #include "ui/controls.h"
 #include "ui/qt_text.h"
 
@@ -19,18 +20,17 @@ StatusLine::StatusLine(QStatusBar& bar, const Document& document, const StripTim
       bar_(bar),
       document_(document),
       times_(times),
-      format_(NewPart("lblFormat", "Format", "Format of the melody", 0)),
-      position_(NewPart("lblPosition", "Position", "Element at the cursor and length of the melody", 0)),
-      element_(NewPart("lblElement", "Element", "Element at the cursor", 1)),
-      state_(NewPart("lblState", "Saved or not", "Whether the melody is saved", 0)) {
+      format_(NewPart("lblFormat", "Format of the melody", 0)),
+      position_(NewPart("lblPosition", "Element at the cursor and length of the melody", 0)),
+      element_(NewPart("lblElement", "Element at the cursor", 1)),
+      state_(NewPart("lblState", "Whether the melody is saved", 0)) {
   bar_.setSizeGripEnabled(false);
   // A long text must not widen the window.
   element_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 }
 
-QLabel* StatusLine::NewPart(const char* name, const char* spoken, const char* tip, int stretch) {
+QLabel* StatusLine::NewPart(const char* name, const char* tip, int stretch) {
   QLabel* part = NewLabel(QLatin1String(name), {}, nullptr, &bar_);
-  part->setAccessibleName(QLatin1String(spoken));
   part->setToolTip(QLatin1String(tip));
   part->setContentsMargins(6, 0, 6, 0);
   bar_.addWidget(part, stretch);
@@ -38,15 +38,22 @@ QLabel* StatusLine::NewPart(const char* name, const char* spoken, const char* ti
 }
 
 void StatusLine::ShowState() {
-  format_->setText(ToQString(LimitsOf(document_.Mode()).caption));
-  position_->setText(PositionText());
-  element_->setText(ElementText());
-  state_->setText(document_.IsChanged()      ? QStringLiteral("Not saved")
-                  : document_.File().empty() ? QString()
-                                             : QStringLiteral("Saved"));
+  ShowSpoken(*format_, QStringLiteral("Format"), ToQString(LimitsOf(document_.Mode()).caption));
+  ShowSpoken(*position_, QStringLiteral("Position"), PositionText());
+  ShowSpoken(*element_, QStringLiteral("Element"), ElementText());
+  ShowSpoken(*state_, QStringLiteral("Saved or not"),
+             document_.IsChanged()      ? QStringLiteral("Not saved")
+             : document_.File().empty() ? QString()
+                                        : QStringLiteral("Saved"));
 }
 
-void StatusLine::Say(const QString& text) { bar_.showMessage(ShownName(text.toStdString())); }
+void StatusLine::Show(const QString& text) { bar_.showMessage(ShownName(text.toStdString())); }
+
+void StatusLine::Say(const QString& text) {
+  const QString before = bar_.currentMessage();
+  Show(text);
+  if (!text.isEmpty() && bar_.currentMessage() != before) AnnounceMessage(bar_);
+}
 
 QString StatusLine::PositionText() const {
   if (document_.IsEmpty()) return QStringLiteral("No elements");

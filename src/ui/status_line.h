@@ -20,12 +20,13 @@ class StatusLine : public QObject {
 
   /// Shows what is so now.
   void ShowState();
-  /// Why the last thing was refused, or what is being done: stands in front until ShowState is called with
-  /// another song or cursor. Empty for nothing.
+  /// What is being done: stands in front until something else is said. Empty for nothing.
+  void Show(const QString& text);
+  /// The same for why the last thing was refused, which screen readers speak at once.
   void Say(const QString& text);
 
  private:
-  QLabel* NewPart(const char* name, const char* spoken, const char* tip, int stretch);
+  QLabel* NewPart(const char* name, const char* tip, int stretch);
   QString PositionText() const;
   QString ElementText() const;
 
