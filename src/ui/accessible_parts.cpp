@@ -2,9 +2,9 @@
 
 #include <QAccessibleWidget>
 
-#include "ui/message_bar.h"
 #include "ui/note_strip.h"
 #include "ui/phone_display.h"
+#include "ui/message_bar.h"
 
 namespace trillomat {
 namespace {
@@ -37,10 +37,11 @@ class BarAccessible : public QAccessibleWidget {
   const MessageBar& bar_;
 };
 
-// The message of a status bar, which is no widget of its own.
-class StatusMessage : public QAccessibleInterface {
+// What was spoken last in the name of a status bar. The toolkit does not pass on what has changed in the
+// name or description of a widget, so this, too, is a notification that is shown.
+class SpokenText : public QAccessibleInterface {
  public:
-  explicit StatusMessage(QStatusBar& bar) : bar_(bar) {}
+  explicit SpokenText(QStatusBar& bar) : bar_(bar) {}
 
   bool isValid() const override { return true; }
   QObject* object() const override { return nullptr; }
@@ -50,40 +51,41 @@ class StatusMessage : public QAccessibleInterface {
   int childCount() const override { return 0; }
   int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
   QString text(QAccessible::Text which) const override {
-    return which == QAccessible::Name ? bar_.currentMessage() : QString();
+    return which == QAccessible::Name ? text_ : QString();
   }
-  void setText(QAccessible::Text /*which*/, const QString& /*text*/) override {}
+  void setText(QAccessible::Text /*which*/, const QString& text) override { text_ = text; }
   QRect rect() const override { return parent()->rect(); }
   QAccessible::Role role() const override { return QAccessible::Notification; }
   QAccessible::State state() const override {
     QAccessible::State state;
     state.readOnly = true;
-    state.invisible = bar_.currentMessage().isEmpty() || !bar_.isVisible();
+    state.invisible = text_.isEmpty() || !bar_.isVisible();
     return state;
   }
 
  private:
   QStatusBar& bar_;
+  QString text_;
 };
 
-// The message stands behind the widgets of the bar.
+// The text stands behind the widgets of the bar.
 class StatusBarAccessible : public QAccessibleWidget {
  public:
   explicit StatusBarAccessible(QStatusBar& bar)
       : QAccessibleWidget(&bar, QAccessible::StatusBar),
         bar_(bar),
-        message_(QAccessible::registerAccessibleInterface(new StatusMessage(bar))) {}
-  ~StatusBarAccessible() override { QAccessible::deleteAccessibleInterface(message_); }
+        spoken_(QAccessible::registerAccessibleInterface(new SpokenText(bar))) {}
+  ~StatusBarAccessible() override { QAccessible::deleteAccessibleInterface(spoken_); }
   StatusBarAccessible(const StatusBarAccessible&) = delete;
   StatusBarAccessible& operator=(const StatusBarAccessible&) = delete;
 
   int childCount() const override { return QAccessibleWidget::childCount() + 1; }
   QAccessibleInterface* child(int index) const override {
     const bool last = index == QAccessibleWidget::childCount();
-    return last ? QAccessible::accessibleInterface(message_) : QAccessibleWidget::child(index);
+    return last ? QAccessible::accessibleInterface(spoken_) : QAccessibleWidget::child(index);
   }
   int indexOfChild(const QAccessibleInterface* child) const override {
-    const bool last = child == QAccessible::accessibleInterface(message_);
+    const bool last = child == QAccessible::accessibleInterface(spoken_);
     return last ? QAccessibleWidget::childCount() : QAccessibleWidget::indexOfChild(child);
   }
   QString text(QAccessible::Text which) const override {
@@ -92,7 +94,7 @@ class StatusBarAccessible : public QAccessibleWidget {
 
  private:
   QStatusBar& bar_;
-  QAccessible::Id message_;
+  QAccessible::Id spoken_;
 };
 
 QAccessibleInterface* MakeInterface(const QString& /*className*/, QObject* object) {
@@ -119,14 +121,16 @@ void InstallAccessibleParts() {
   QAccessible::installFactory(MakeInterface);
 }
 
-void Announce(QWidget& part) {
-  if (QAccessible::isActive()) AnnounceInterface(QAccessible::queryAccessibleInterface(&part));
+void Announce(QWidget& messageBar) {
+  if (QAccessible::isActive()) AnnounceInterface(QAccessible::queryAccessibleInterface(&messageBar));
 }
 
-void AnnounceMessage(QStatusBar& bar) {
+void Speak(QStatusBar& bar, const QString& text) {
   if (!QAccessible::isActive()) return;
   QAccessibleInterface* about = QAccessible::queryAccessibleInterface(&bar);
-  AnnounceInterface(about->child(about->childCount() - 1));
+  QAccessibleInterface* spoken = about->child(about->childCount() - 1);
+  spoken->setText(QAccessible::Name, text);
+  AnnounceInterface(spoken);
 }
 
 }  // namespace trillomat

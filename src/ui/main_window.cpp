@@ -259,7 +259,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
 
 void MainWindow::ShowMelody(const MelodyText& text) {
   melodyBehind_ = false;
-  melody_->Line().ShowMelody(text, melody_->Strip().Words());
+  melody_->Line().ShowMelody(text);
   ShowEdited();
 }
 
@@ -267,6 +267,7 @@ void MainWindow::ShowMelody(const MelodyText& text) {
 void MainWindow::ShowEdited() {
   menu_->ShowState();
   status_->ShowState();
+  if (composer_.MayEdit()) status_->SpeakElement();  // while the melody plays, it is heard itself
 }
 
 // The bar is for what offers something.

@@ -45,13 +45,11 @@ QLineEdit* MelodyLine::NewHalf(const char* name, const char* spoken) {
   return half;
 }
 
-// The words come last: as they change, they are spoken for the box that has the focus.
-void MelodyLine::ShowMelody(const MelodyText& text, const QString& words) {
+void MelodyLine::ShowMelody(const MelodyText& text) {
   left_->setText(ToQString(text.left));
   left_->setCursorPosition(static_cast<int>(left_->text().size()));
   right_->setText(ToQString(text.right));
   right_->setCursorPosition(right_->text().isEmpty() ? 0 : 1);
-  for (QLineEdit* half : {left_, right_}) half->setAccessibleDescription(words);
 }
 
 bool MelodyLine::eventFilter(QObject* watched, QEvent* event) {

@@ -14,8 +14,7 @@ class MelodyLine : public QWidget {
  public:
   explicit MelodyLine(QWidget* parent);
 
-  /// `words` tell screen readers what is at the cursor.
-  void ShowMelody(const MelodyText& text, const QString& words);
+  void ShowMelody(const MelodyText& text);
   /// Gives the melody the focus.
   void TakeFocus() { right_->setFocus(Qt::OtherFocusReason); }
 

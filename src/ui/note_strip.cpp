@@ -1,6 +1,5 @@
 #include "ui/note_strip.h"
 
-#include <QAccessible>
 #include <QPaintEvent>
 #include <QScrollBar>
 
@@ -48,7 +47,6 @@ void NoteStrip::DocumentChanged(const ChangedRange& range) {
   layout_.Follow(range);
   mouse_.Follow(range);
   playing_ = std::min(playing_, document_.LastIndex());
-  TellReaders(range);
   const bool other = range.mode || (range.ElementsChanged() && range.inserted == document_.Size());
   if (range.ElementsChanged() || range.mode) Arrange();
   if (other) CentrePitches();
@@ -59,12 +57,6 @@ void NoteStrip::DocumentChanged(const ChangedRange& range) {
   if (range.ElementsChanged()) UpdateFrom(layout_.Left(static_cast<int32_t>(range.at)));
   UpdateBetween(cursorBefore, cursorBefore);
   UpdateBetween(cursorShown_, cursorShown_);
-}
-
-void NoteStrip::TellReaders(const ChangedRange& range) {
-  if (!QAccessible::isActive() || !(range.ElementsChanged() || range.cursor || range.selection)) return;
-  QAccessibleEvent event(this, QAccessible::DescriptionChanged);
-  QAccessible::updateAccessibility(&event);
 }
 
 QString NoteStrip::Words() const { return ToQString(StripWords(document_)); }

@@ -62,8 +62,6 @@ class NoteStrip final : public QAbstractScrollArea, private DocumentObserver {
   // DocumentObserver
   void DocumentChanged(const ChangedRange& range) override;
 
-  void TellReaders(const ChangedRange& range);
-
   // What is shown.
   void SetZoom(double zoom, double x);
   void Arrange();

@@ -12,6 +12,9 @@
 namespace trillomat {
 namespace {
 
+// An abbreviation, in full where there is room for it.
+constexpr const char* kTempoCaption = "B P M";
+constexpr const char* kTempoWords = "Beats per minute";
 constexpr QRgb kInvalidText = qRgb(255, 0, 0);
 
 QLabel* NewNothing(QWidget* parent) {
@@ -119,7 +122,7 @@ QString SongInfoBox::TipOf(int row) const {
   if (!panel.Rows().at(static_cast<size_t>(row)).enabled) return QStringLiteral("Set by the file format");
   const std::string refusal = panel.RefusalOf(row);
   if (!refusal.empty()) return ToQString(refusal);
-  if (panel.Rows().at(static_cast<size_t>(row)).caption == "B P M") return QStringLiteral("Beats per minute");
+  if (panel.Rows().at(static_cast<size_t>(row)).caption == kTempoCaption) return kTempoWords;
   if (panel.IsEditable(row)) return {};
   return QStringLiteral("Follows from the melody; what is typed here changes nothing");
 }
@@ -129,7 +132,7 @@ void SongInfoBox::ShowCaption(QLabel& label, const QString& caption) {
   const QString text = caption == QStringLiteral("Style") ? QStringLiteral("St&yle") : caption;
   if (label.text() == text) return;
   label.setText(text);
-  label.buddy()->setAccessibleName(caption);
+  label.buddy()->setAccessibleName(caption == kTempoCaption ? QLatin1String(kTempoWords) : caption);
 }
 
 // Valid text has the palette's own colour, which is black in a light palette. What is red is underlined, too,

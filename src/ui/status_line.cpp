@@ -1,5 +1,7 @@
 #include "ui/status_line.h"
 
+#include <utility>
+
 #include "composer/element_words.h"
 #include "playback/player.h"
 #include "ui/accessible_parts.h"
@@ -47,12 +49,19 @@ void StatusLine::ShowState() {
                                         : QStringLiteral("Saved"));
 }
 
+void StatusLine::SpeakElement() {
+  const bool one = document_.HasElement(document_.Cursor()) && document_.Selection().Size() <= 1;
+  QString words = ElementText();
+  if (one) words += QStringLiteral("; %1 of %2").arg(document_.Cursor() + 1).arg(document_.LastIndex() + 1);
+  if (std::exchange(spoken_, words) != words && !words.isEmpty()) Speak(bar_, words);
+}
+
 void StatusLine::Show(const QString& text) { bar_.showMessage(ShownName(text.toStdString())); }
 
 void StatusLine::Say(const QString& text) {
   const QString before = bar_.currentMessage();
   Show(text);
-  if (!text.isEmpty() && bar_.currentMessage() != before) AnnounceMessage(bar_);
+  if (!text.isEmpty() && bar_.currentMessage() != before) Speak(bar_, bar_.currentMessage());
 }
 
 QString StatusLine::PositionText() const {

@@ -20,6 +20,8 @@ class StatusLine : public QObject {
 
   /// Shows what is so now.
   void ShowState();
+  /// Screen readers speak the element at the cursor, if it is another than they spoke last.
+  void SpeakElement();
   /// What is being done: stands in front until something else is said. Empty for nothing.
   void Show(const QString& text);
   /// The same for why the last thing was refused, which screen readers speak at once.
@@ -37,6 +39,7 @@ class StatusLine : public QObject {
   QLabel* position_;
   QLabel* element_;
   QLabel* state_;
+  QString spoken_;  ///< of the element
 };
 
 }  // namespace trillomat

@@ -25,10 +25,14 @@ class Event:
         self.detail = event.detail1
         self.role = role(event.source)
         self.name = name(event.source)
-        self.said = event.any_data if isinstance(event.any_data, str) else ""
 
     def __str__(self):
-        return f"{self.kind}({self.detail}) from {self.role} '{self.name}': {self.said}"
+        return f"{self.kind}({self.detail}) from {self.role} '{self.name}'"
+
+    def is_spoken(self, words):
+        """Whether a screen reader says the words, wherever the focus is: it does for notifications that are shown."""
+        shown = self.kind == "object:state-changed:showing" and self.detail == 1
+        return shown and self.role == "notification" and words in self.name
 
 
 def ask(question, otherwise=None):
@@ -188,7 +192,7 @@ class Program:
         return list(self.events)
 
     def close(self, window):
-        """Closes a dialog by the keyboard."""
+        """Closes a dialog by the keyboard, and waits until it has gone."""
         title = name(window)
         self.press("Escape")
         self.wait(lambda: self.window(title) is None, f"the end of the window '{title}'")
