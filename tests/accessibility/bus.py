@@ -23,16 +23,20 @@ class Event:
     def __init__(self, event):
         self.kind = event.type.name if hasattr(event.type, "name") else str(event.type)
         self.detail = event.detail1
+        self.source = event.source
         self.role = role(event.source)
         self.name = name(event.source)
 
     def __str__(self):
         return f"{self.kind}({self.detail}) from {self.role} '{self.name}'"
 
+    def shows(self, wanted):
+        """Whether an object of that role is shown now."""
+        return self.kind == "object:state-changed:showing" and self.detail == 1 and self.role == wanted
+
     def is_spoken(self, words):
         """Whether a screen reader says the words, wherever the focus is: it does for notifications that are shown."""
-        shown = self.kind == "object:state-changed:showing" and self.detail == 1
-        return shown and self.role == "notification" and words in self.name
+        return self.shows("notification") and words in self.name
 
 
 def ask(question, otherwise=None):
@@ -147,14 +151,9 @@ class Program:
                 return node
         raise LookupError(f"nothing is a {wanted}")
 
-    def popup(self):
-        """A menu that stands by itself."""
-        return next((each for each in self.windows() if role(each) == "popup menu"), None)
-
     def dialog(self, title=None):
         """A window beside the main one, of that title if one is told."""
-        found = [each for each in self.windows() if each != self.main and role(each) != "popup menu"]
-        return next((each for each in found if title in (None, name(each))), None)
+        return next((each for each in self.windows() if each != self.main and title in (None, name(each))), None)
 
     def open(self, menu, item, title):
         """Opens a window by an item of the menus."""

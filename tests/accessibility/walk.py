@@ -125,25 +125,32 @@ class Walk:
         events = self.program.heard(lambda: self.program.press("Return"))
         self.program.activate()
         self.expect_spoken(events, "Imported")
-        self.look_at(self.program.find_role("notification"))
+        self.look_at(self.program.find("Imported tidied, with 1 change", ("notification",)))
         self.press_button(self.program.main, "Show the changes")
         changes = self.program.wait(lambda: self.program.window("Trillomat - Changes"), "the changes")
         self.program.activate()
         self.look_at(changes)
         self.program.close(changes)
 
+    def open_file_menu(self):
+        self.program.focus(self.program.find("Composer", ("text",)))
+        events = self.program.heard(lambda: self.program.press(*["Tab"] * 5, "Menu"))
+        menu = next((event.source for event in events if event.shows("popup menu")), None)
+        if menu is None:
+            raise LookupError("there is no menu of a file")
+        return menu
+
     def file_menu(self):
         """The menu of a file, and what it opens."""
-        for item, title in (("Rename", "Trillomat - Rename"), ("Delete", None)):
-            self.program.focus(self.program.find("Composer", ("text",)))
-            self.program.press(*["Tab"] * 5, "End", "Menu")
-            menu = self.program.wait(lambda: self.program.popup(), "the menu of a file")
-            self.look_at(menu)
-            act(self.program.find(item, root=menu), "Press")
-            window = self.program.wait(lambda: self.program.dialog(title), f"what {item} opens")
-            self.program.activate()
-            self.look_at(window)
-            self.program.close(window)
+        self.look_at(self.open_file_menu())
+        self.program.press("r")
+        window = self.program.wait(self.program.dialog, "what Rename opens")
+        self.program.activate()
+        self.look_at(window)
+        self.program.close(window)
+        self.open_file_menu()
+        self.expect_spoken(self.program.heard(lambda: self.program.press("d")), "Deleted walk.imy")
+        self.press_button(self.program.main, "Restore")
 
     def refusal(self):
         """A melody that cannot be moved higher says so in a box."""
@@ -167,6 +174,8 @@ class Walk:
                     step()
                 except (LookupError, TimeoutError) as lack:
                     self.expect(False, f"{step.__name__}: {lack}")
+                    if self.program.process.poll() is not None:
+                        return self.expect(False, f"the program has ended: {self.program.process.poll()}")
                     self.program.press("Escape", "Escape")
                     self.program.activate()
         finally:
