@@ -2,9 +2,9 @@
 
 #include <QAccessibleWidget>
 
+#include "ui/message_bar.h"
 #include "ui/note_strip.h"
 #include "ui/phone_display.h"
-#include "ui/message_bar.h"
 
 namespace trillomat {
 namespace {

@@ -1,10 +1,42 @@
 #include "ui/colours.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace trillomat {
+namespace {
+
+double Luminance(const QColor& colour) {
+  const auto linear = [](float part) {
+    const double value = part;
+    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+}  // namespace
 
 QColor Mix(const QColor& a, const QColor& b, double share) {
   const auto mix = [share](float x, float y) { return static_cast<float>(x * (1 - share) + y * share); };
   return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()), mix(a.blueF(), b.blueF()));
+}
+
+double Contrast(const QColor& a, const QColor& b) {
+  const auto [darker, lighter] = std::minmax({Luminance(a), Luminance(b)});
+  return (lighter + 0.05) / (darker + 0.05);
+}
+
+QColor Against(const QColor& ink, const QColor& ground, double least) {
+  constexpr double kStep = 0.05;
+  constexpr double kSpare = 1.02;  // what rounding to a screen's colours can take
+  const QColor black(Qt::black);
+  const QColor white(Qt::white);
+  const QColor& end = Contrast(black, ground) > Contrast(white, ground) ? black : white;
+  for (double share = 0; share < 1; share += kStep) {
+    const QColor mixed = Mix(ink, end, share);
+    if (Contrast(mixed, ground) >= least * kSpare) return mixed;
+  }
+  return end;
 }
 
 }  // namespace trillomat

@@ -6,6 +6,9 @@
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <algorithm>
+#include <utility>
+
+#include "ui/colours.h"
 
 namespace trillomat {
 namespace {
@@ -19,7 +22,9 @@ class RowDelegate : public QStyledItemDelegate {
     QStyledItemDelegate::paint(painter, option, index);
     if (!option.state.testFlag(QStyle::State_HasFocus)) return;
     const bool selected = option.state.testFlag(QStyle::State_Selected);
-    QColor mark = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Highlight);
+    const auto [ink, ground] = selected ? std::pair(QPalette::HighlightedText, QPalette::Highlight)
+                                        : std::pair(QPalette::Highlight, QPalette::Base);
+    QColor mark = Against(option.palette.color(ink), option.palette.color(ground), kVisible);
     painter->setPen(mark);
     mark.setAlphaF(selected ? 0.0F : 0.2F);
     painter->setBrush(mark);
@@ -91,7 +96,8 @@ void FileList::paintEvent(QPaintEvent* event) {
   QListView::paintEvent(event);
   if (!hasFocus()) return;
   QPainter painter(viewport());
-  painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+  const QColor accent = palette().color(QPalette::Highlight);
+  painter.setPen(QPen(Against(accent, palette().color(QPalette::Base), kVisible), 2));
   painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
 }
 

@@ -88,6 +88,7 @@ void FilesBox::NameControls() {
        QStringLiteral("Folders and melody files"),
        QStringLiteral("Click a file to open it, double-click a folder to enter it, or press Enter; the "
                       "right button or the menu key deletes and renames")});
+  list_->setAccessibleDescription(list_->toolTip());  // the toolkit takes it from there for others alone
   folder_->setObjectName(QStringLiteral("lblFolder"));
   folder_->setAccessibleDescription(QStringLiteral("The folder that the list shows"));
   folder_->setTextFormat(Qt::PlainText);

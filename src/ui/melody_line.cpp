@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QStyleOptionFrame>
 
+#include "ui/colours.h"
 #include "ui/key_table.h"
 #include "ui/qt_text.h"
 
@@ -62,8 +63,11 @@ void MelodyLine::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const bool focused = left_->hasFocus() || right_->hasFocus();
-  const QColor accent = palette().color(QPalette::Highlight);
-  painter.setPen(QPen(focused ? accent : palette().color(QPalette::Mid), focused ? 2 : 1));
+  const auto seen = [this](QPalette::ColorRole ink, QPalette::ColorRole ground) {
+    return Against(palette().color(ink), palette().color(ground), kVisible);
+  };
+  const QColor accent = seen(QPalette::Highlight, QPalette::Base);
+  painter.setPen(QPen(focused ? accent : seen(QPalette::Mid, QPalette::Window), focused ? 2 : 1));
   painter.setBrush(palette().color(QPalette::Base));
   painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), kMargin, kMargin);
   const double gap = (left_->geometry().right() + right_->geometry().left() + 1) / 2.0;

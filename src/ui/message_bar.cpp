@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "ui/accessible_parts.h"
+#include "ui/colours.h"
 #include "ui/controls.h"
 #include "ui/qt_text.h"
 
@@ -72,9 +73,9 @@ void MessageBar::Run(size_t action) {
 void MessageBar::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  QColor face = palette().color(QPalette::Highlight);
-  painter.setPen(QPen(face, 1));
-  face.setAlphaF(0.15F);
+  const QColor accent = palette().color(QPalette::Highlight);
+  const QColor face = Mix(palette().color(QPalette::Window), accent, 0.15);
+  painter.setPen(QPen(Against(accent, face, kVisible), 1));
   painter.setBrush(face);
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
 }

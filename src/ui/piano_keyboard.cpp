@@ -85,9 +85,9 @@ QColor PianoKey::Face() const {
 }
 
 QColor PianoKey::Ink() const {
-  if (sounding_) return palette().color(QPalette::Active, QPalette::HighlightedText);
   const QColor ink = black_ ? Lighter(palette()) : Darker(palette());
-  return isEnabled() ? ink : Mix(ink, Face(), 0.5);
+  if (sounding_ || isEnabled()) return Against(ink, Face(), kReadable);
+  return Mix(ink, Face(), 0.5);
 }
 
 void PianoKey::paintEvent(QPaintEvent* /*event*/) {
@@ -102,13 +102,14 @@ void PianoKey::PaintFace(QPainter& painter) const {
   const double round = 4;
   // The top corners lie above the widget, so that only the foot is rounded.
   const QRectF face = QRectF(rect()).adjusted(0.5, -round, -0.5, -0.5);
-  const QColor edge = Mix(Darker(palette()), palette().color(QPalette::Window), 0.4);
+  const QColor window = palette().color(QPalette::Window);
+  const QColor edge = Against(Mix(Darker(palette()), window, 0.4), Lighter(palette()), kVisible);
   painter.setPen(QPen(edge, 1));
   painter.setBrush(Face());
   painter.drawRoundedRect(face, round, round);
   painter.drawLine(QPointF(face.left(), 0.5), QPointF(face.right(), 0.5));
   if (!hasFocus()) return;
-  painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+  painter.setPen(QPen(Against(palette().color(QPalette::Highlight), Face(), kVisible), 2));
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(QRectF(rect()).adjusted(3, 3, -3, -3), round, round);
 }
@@ -127,7 +128,8 @@ void PianoKey::PaintLetters(QPainter& painter) const {
     foot.adjust(0, 0, 0, -line);
   }
   painter.setFont(small);
-  painter.setPen(Mix(Ink(), Face(), sounding_ ? 0.0 : 0.35));
+  const QColor soft = Mix(Ink(), Face(), 0.35);
+  painter.setPen(isEnabled() || sounding_ ? Against(soft, Face(), kReadable) : soft);
   painter.drawText(foot, Qt::AlignHCenter | Qt::AlignBottom, letter_ + QLatin1Char(' ') + above_);
 }
 

@@ -16,8 +16,19 @@ constexpr double kGap = 1;      // between two tones
 constexpr double kRound = 2.5;  // of a tone's corners
 constexpr double kThickLine = 2;
 constexpr double kHint = 3.5;
+constexpr double kBlackRow = 0.06;  // how much darker the rows of black keys are
 
 }  // namespace
+
+// All that is drawn in them stands out on the rows of black keys, too.
+StripPainter::StripPainter(QPainter& painter, const StripGeometry& geometry, const QPalette& palette)
+    : painter_(painter),
+      geometry_(geometry),
+      palette_(palette),
+      accent_(Against(palette.color(QPalette::Highlight), Shade(kBlackRow), kVisible)),
+      line_(Against(Shade(0.35), Shade(kBlackRow), kVisible)),
+      paleInk_(Against(Shade(0.4), Shade(kBlackRow), kReadable)),
+      ink_(Against(Shade(0.7), Shade(kBlackRow), kReadable)) {}
 
 // Between the ground and what is written on it.
 QColor StripPainter::Shade(double share) const {
@@ -41,15 +52,15 @@ void StripPainter::PaintRows() {
   for (int row = geometry_.rows.lowest; row <= geometry_.rows.highest; ++row) {
     const QRectF band(geometry_.view.left(), geometry_.Y(row), geometry_.view.width(), geometry_.rowHeight);
     if (!band.intersects(geometry_.view)) continue;
-    if (IsBlackRow(row)) painter_.fillRect(band, Shade(0.06));
+    if (IsBlackRow(row)) painter_.fillRect(band, Shade(kBlackRow));
     if (row % kRowsPerOctave != 0) continue;
-    painter_.setPen(Shade(0.2));
+    painter_.setPen(line_);
     painter_.drawLine(band.bottomLeft(), band.bottomRight());
   }
 }
 
 void StripPainter::PaintBars(const std::vector<double>& bars) {
-  painter_.setPen(Shade(0.35));
+  painter_.setPen(line_);
   for (const double bar : bars) {
     const double x = Sharp(geometry_.X(bar));
     painter_.drawLine(QPointF(x, geometry_.view.top()), QPointF(x, geometry_.view.bottom()));
@@ -62,9 +73,9 @@ void StripPainter::PaintSelection(const StripState& state) {
   const double left = geometry_.X(state.selectedFrom);
   const QRectF band(left, geometry_.view.top(), geometry_.X(state.selectedTo) - left,
                     geometry_.view.height());
-  QColor light = Accent();
+  QColor light = accent_;
   light.setAlphaF(0.25F);
-  painter_.setPen(QPen(Accent(), kThickLine));
+  painter_.setPen(QPen(accent_, kThickLine));
   painter_.setBrush(light);
   painter_.drawRect(band.adjusted(1, 1, -1, -1));
 }
@@ -77,7 +88,7 @@ void StripPainter::PaintItem(const Element& element, const StripItem& item, bool
     case StripKind::Pause: return PaintPause(item);
     case StripKind::Mark: break;
   }
-  PaintSymbol(painter_, Column(item), SymbolOf(element), Shade(item.held ? 0.7 : 0.4));
+  PaintSymbol(painter_, Column(item), SymbolOf(element), item.held ? ink_ : paleInk_);
   if (item.held) return;
   painter_.setPen(QPen(Shade(0.8), 1, Qt::DashLine));
   painter_.setBrush(Qt::NoBrush);
@@ -89,11 +100,11 @@ void StripPainter::PaintItem(const Element& element, const StripItem& item, bool
 void StripPainter::PaintTone(const StripItem& item, bool playing) {
   const QRectF box = BoxOf(item);
   if (!box.intersects(geometry_.view)) return PaintHint(box);
-  const QColor fill = Mix(Accent(), palette_.color(QPalette::Base), 0.15);
+  const QColor fill = Mix(accent_, palette_.color(QPalette::Base), 0.15);
   const double round = std::min(kRound, box.width() / 2);
   if (item.held) {
-    painter_.setPen(QPen(playing ? Shade(1) : Mix(Accent(), Shade(1), 0.5), playing ? kThickLine : 1));
-    painter_.setBrush(playing ? Mix(Accent(), palette_.color(QPalette::HighlightedText), 0.35) : fill);
+    painter_.setPen(QPen(playing ? Shade(1) : Mix(accent_, Shade(1), 0.5), playing ? kThickLine : 1));
+    painter_.setBrush(playing ? Mix(accent_, palette_.color(QPalette::HighlightedText), 0.35) : fill);
   } else {
     painter_.setPen(QPen(Shade(1), playing ? kThickLine : 1, Qt::DashLine));
     painter_.setBrush(Shade(0));
@@ -110,7 +121,7 @@ void StripPainter::PaintHint(const QRectF& box) {
   const QPointF tip(box.center().x(), above ? geometry_.view.top() + 1 : geometry_.view.bottom() - 1);
   const QPointF down(0, above ? kHint : -kHint);
   painter_.setPen(Qt::NoPen);
-  painter_.setBrush(Shade(0.5));
+  painter_.setBrush(line_);
   painter_.drawPolygon(QPolygonF({tip, tip + down - QPointF(kHint, 0), tip + down + QPointF(kHint, 0)}));
 }
 
@@ -128,13 +139,13 @@ void StripPainter::PaintPause(const StripItem& item) {
   const double height = 2 * geometry_.rowHeight;
   const QRectF rest(column.left() + kGap, column.center().y() - height / 2,
                     std::max(column.width() - 2 * kGap, 1.0), height);
-  painter_.setPen(QPen(Shade(item.held ? 0.35 : 0.8), 1, item.held ? Qt::SolidLine : Qt::DashLine));
-  painter_.setBrush(QBrush(Shade(0.35), item.held ? Qt::BDiagPattern : Qt::DiagCrossPattern));
+  painter_.setPen(QPen(item.held ? line_ : Shade(0.8), 1, item.held ? Qt::SolidLine : Qt::DashLine));
+  painter_.setBrush(QBrush(line_, item.held ? Qt::BDiagPattern : Qt::DiagCrossPattern));
   painter_.drawRoundedRect(rest, kRound, kRound);
 }
 
 void StripPainter::PaintPlaying(const StripItem& item) {
-  QColor light = Accent();
+  QColor light = accent_;
   light.setAlphaF(0.3F);
   painter_.fillRect(Column(item), light);
   painter_.setPen(QPen(Shade(1), kThickLine));
@@ -183,12 +194,12 @@ void StripPainter::PaintKeys() {
     if (IsBlackRow(row)) painter_.fillRect(key.adjusted(0, 0, -keys.width() * 0.6, 0), Shade(0.6));
     if (row % kRowsPerOctave == 0) PaintOctave(row, key);
   }
-  painter_.setPen(Shade(0.35));
+  painter_.setPen(line_);
   painter_.drawLine(keys.topRight(), keys.bottomRight());
 }
 
 void StripPainter::PaintOctave(int row, const QRectF& key) {
-  painter_.setPen(Shade(0.2));
+  painter_.setPen(line_);
   painter_.drawLine(key.bottomLeft(), key.bottomRight());
   painter_.setPen(Shade(0.9));
   const double line = painter_.fontMetrics().height();
@@ -198,7 +209,7 @@ void StripPainter::PaintOctave(int row, const QRectF& key) {
 }
 
 void StripPainter::PaintFocus() {
-  painter_.setPen(QPen(Accent(), kThickLine));
+  painter_.setPen(QPen(accent_, kThickLine));
   painter_.setBrush(Qt::NoBrush);
   painter_.drawRect(geometry_.view.adjusted(1, 1, -1, -1));
 }

@@ -38,8 +38,7 @@ struct StripState {
 
 class StripPainter {
  public:
-  StripPainter(QPainter& painter, const StripGeometry& geometry, const QPalette& palette)
-      : painter_(painter), geometry_(geometry), palette_(palette) {}
+  StripPainter(QPainter& painter, const StripGeometry& geometry, const QPalette& palette);
 
   /// `document` is the one that `shown` was made of.
   void Paint(const Document& document, const StripLayout::Shown& shown, const StripState& state);
@@ -64,11 +63,14 @@ class StripPainter {
   QRectF BoxOf(const StripItem& item) const;
   double Sharp(double x) const;
   QColor Shade(double share) const;
-  QColor Accent() const { return palette_.color(QPalette::Highlight); }
 
   QPainter& painter_;
   const StripGeometry& geometry_;
   const QPalette& palette_;
+  QColor accent_;
+  QColor line_;
+  QColor paleInk_;  ///< of what the format lacks
+  QColor ink_;
 };
 
 }  // namespace trillomat
