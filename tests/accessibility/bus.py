@@ -94,12 +94,14 @@ def act(node, wanted):
     names = actions_of(node)
     if wanted not in names:
         raise LookupError(f"{role(node)} '{name(node)}' has no action {wanted}, but {names}")
+    Atspi.set_timeout(800, 15000)
     ask(lambda: node.queryAction().doAction(names.index(wanted)))
+    Atspi.set_timeout(5000, 15000)
 
 
 class Program:
     def __init__(self, program, melody):
-        Atspi.set_timeout(1500, 15000)
+        Atspi.set_timeout(5000, 15000)
         self.screen = Screen()
         self.events = []
         pyatspi.Registry.registerEventListener(lambda event: self.events.append(Event(event)), *EVENTS)

@@ -5,7 +5,7 @@ import sys
 
 import pyatspi
 
-from bus import Program, act, role, has, name, text_of
+from bus import Program, act, everything, role, has, name, text_of
 from rules import judge
 
 SETTINGS = "[Settings]\nAutoPlay=False\nPlayMoving=False\nPlayComposing=False\n"
@@ -164,9 +164,19 @@ class Walk:
                 return self.program.close(box)
         return self.expect(False, "a melody that cannot be moved says so")
 
+    def recover_list(self):
+        """What was replaced, in a menu that is filled when it is opened."""
+        act(self.program.find("File", ("menu item",)), "ShowMenu")
+        events = self.program.heard(lambda: self.program.press("v"))
+        menu = next((event.source for event in events if event.shows("popup menu")), None)
+        items = [name(each) for each in everything(menu)] if menu else []
+        self.expect(any("5 elements" in item for item in items), f"the songs to recover are told: {items}")
+        self.program.press("Escape", "Escape", "Escape")
+
     def run(self):
         steps = (self.main_window, self.texts, self.melody_text, self.note_strip, self.refused_tempo,
-                 self.small_windows, self.file_menu, self.refusal, self.import_of_tunes)
+                 self.small_windows, self.file_menu, self.refusal, self.import_of_tunes,
+                 self.recover_list)
         try:
             for step in steps:
                 print(f"\n== {step.__name__}", flush=True)
