@@ -4,14 +4,17 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPainterPathStroker>
 #include <QPalette>
+#include <utility>
 
 namespace trillomat {
 namespace {
 
-class ArrowEngine : public QIconEngine {
+// A shape in a square from -0.5 to 0.5.
+class ShapeEngine : public QIconEngine {
  public:
-  explicit ArrowEngine(Qt::ArrowType direction) : direction_(direction) {}
+  explicit ShapeEngine(QPainterPath shape) : shape_(std::move(shape)) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
     const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
@@ -19,8 +22,8 @@ class ArrowEngine : public QIconEngine {
     painter->setPen(Qt::NoPen);
     painter->setBrush(QApplication::palette().color(group, QPalette::ButtonText));
     painter->translate(QRectF(rect).center());
-    painter->scale(direction_ == Qt::LeftArrow ? -rect.width() : rect.width(), rect.height());
-    painter->drawPolygon(QPolygonF({{-0.28, -0.38}, {0.38, 0.0}, {-0.28, 0.38}}));
+    painter->scale(rect.width(), rect.height());
+    painter->drawPath(shape_);
   }
 
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
@@ -31,14 +34,30 @@ class ArrowEngine : public QIconEngine {
     return picture;
   }
 
-  QIconEngine* clone() const override { return new ArrowEngine(direction_); }
+  QIconEngine* clone() const override { return new ShapeEngine(shape_); }
 
  private:
-  Qt::ArrowType direction_;
+  QPainterPath shape_;
 };
 
 }  // namespace
 
-QIcon ArrowIcon(Qt::ArrowType direction) { return QIcon(new ArrowEngine(direction)); }
+QIcon ArrowIcon(Qt::ArrowType direction) {
+  const double side = direction == Qt::LeftArrow ? -1 : 1;
+  QPainterPath arrow;
+  arrow.addPolygon(QPolygonF({{-0.28 * side, -0.38}, {0.38 * side, 0.0}, {-0.28 * side, 0.38}}));
+  return QIcon(new ShapeEngine(arrow));
+}
+
+QIcon CrossIcon() {
+  QPainterPath lines;
+  for (const double side : {-1.0, 1.0}) {
+    lines.moveTo(-0.3 * side, -0.3);
+    lines.lineTo(0.3 * side, 0.3);
+  }
+  QPainterPathStroker pen;
+  pen.setWidth(0.14);
+  return QIcon(new ShapeEngine(pen.createStroke(lines)));
+}
 
 }  // namespace trillomat

@@ -1,4 +1,4 @@
-// The arrows on buttons, drawn in the palette's own colours.
+// The arrows and the cross on buttons, drawn in the palette's own colours.
 #pragma once
 
 #include <QIcon>
@@ -7,5 +7,7 @@ namespace trillomat {
 
 /// An arrow to the left or right that is sharp at any scale and follows the palette it is drawn with.
 QIcon ArrowIcon(Qt::ArrowType direction);
+/// A cross of the same kind, for what closes something.
+QIcon CrossIcon();
 
 }  // namespace trillomat

@@ -281,7 +281,9 @@ QString WithKey(const QString& tip, KeyCommand command, int index) {
 void SetShortcuts(QAction& item) {
   for (const KeyRow& row : kTable) {
     const QLatin1String name(row.item);
-    if (!name.isEmpty() && item.objectName() == name) item.setShortcuts(KeysOf(row.command));
+    if (name.isEmpty() || item.objectName() != name) continue;
+    item.setShortcuts(KeysOf(row.command));
+    item.setToolTip(WithKey(QLatin1String(row.words), row.command));
   }
 }
 

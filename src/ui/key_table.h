@@ -81,7 +81,7 @@ QList<QKeySequence> KeysOf(KeyCommand command);
 QString KeyName(KeyCommand command, int index = 0);
 /// A tooltip that names the key, too: "Move the cursor left (Left)".
 QString WithKey(const QString& tip, KeyCommand command, int index = 0);
-/// Gives a menu item that has a row in the table the row's keys.
+/// Gives a menu item that has a row in the table the row's keys, and a tooltip of its words.
 void SetShortcuts(QAction& item);
 
 /// "Entering".

@@ -38,6 +38,7 @@ MainMenu::MainMenu(QMenuBar& bar, const Document& document, Composer& composer, 
 QMenu& MainMenu::AddMenu(const char* objectName, const QString& caption) {
   QMenu* menu = bar_.addMenu(caption);
   menu->setObjectName(QLatin1String(objectName));
+  menu->setToolTipsVisible(true);
   return *menu;
 }
 

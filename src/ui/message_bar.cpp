@@ -3,10 +3,10 @@
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QStyle>
 #include <utility>
 
 #include "ui/accessible_parts.h"
+#include "ui/arrow_icon.h"
 #include "ui/colours.h"
 #include "ui/controls.h"
 #include "ui/qt_text.h"
@@ -29,7 +29,7 @@ MessageBar::MessageBar(QWidget* parent)
   }
   NameControl(*close_, QStringLiteral("messageClose"),
               {{}, QStringLiteral("Close the message"), QStringLiteral("Close")});
-  close_->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+  close_->setIcon(CrossIcon());
   close_->setAutoRaise(true);
   close_->setFocusPolicy(Qt::TabFocus);
   connect(close_, &QToolButton::clicked, this, [this] {

@@ -5,7 +5,7 @@ import sys
 
 import pyatspi
 
-from bus import Program, act, everything, role, has, name, text_of
+from bus import Program, act, everything, has, name, role, text_of
 from rules import judge
 
 SETTINGS = "[Settings]\nAutoPlay=False\nPlayMoving=False\nPlayComposing=False\n"

@@ -25,8 +25,9 @@ bool IsWorked(const QWidget& widget) {
   }
   if (widget.objectName().startsWith("qt_") || widget.inherits("QScrollBar")) return false;
   const auto inherits = [&widget](const char* kind) { return widget.inherits(kind); };
-  constexpr std::array kKinds{"QAbstractButton", "QLineEdit",         "QComboBox",          "QAbstractSlider",
-                              "QPlainTextEdit",  "QAbstractItemView", "trillomat::NoteStrip"};
+  constexpr std::array kKinds{"QAbstractButton",     "QLineEdit",      "QComboBox",
+                              "QAbstractSlider",     "QPlainTextEdit", "QAbstractItemView",
+                              "trillomat::NoteStrip"};
   return std::any_of(kKinds.begin(), kKinds.end(), inherits);
 }
 
@@ -84,7 +85,8 @@ TEST_F(Accessibility, EveryControlOfEveryWindowHasAWordANameAndAWayToIt) {
   ChangesWindow changes({"a change"}, nullptr);
   changes.setAttribute(Qt::WA_DeleteOnClose, false);
   TuneWindow tune(tunes, nullptr);
-  for (QWidget* each : std::initializer_list<QWidget*>{&import, &exporting, &rename, &about, &keys, &changes, &tune}) {
+  for (QWidget* each :
+       std::initializer_list<QWidget*>{&import, &exporting, &rename, &about, &keys, &changes, &tune}) {
     ExpectTold(*each);
   }
 }
@@ -98,6 +100,11 @@ TEST_F(Accessibility, TooltipsNameTheKeysOfTheirControls) {
         Case{"txtRight", KeyCommand::EraseRight}, Case{"cmdTone(0)", KeyCommand::TonesAbove}}) {
     EXPECT_TRUE(Get<QWidget>(name).toolTip().contains(KeyName(command))) << name;
   }
+}
+
+TEST_F(Accessibility, TooltipsOfTheMenusSayWhatTheirItemsDo) {
+  EXPECT_EQ(Action("mnuEditUndo").toolTip(), "Take back the last change (Ctrl+Z)");
+  EXPECT_TRUE(Get<QMenu>("mnuEdit").toolTipsVisible());
 }
 
 // By its colour, its underline, its tooltip, the status bar, and what screen readers say of it.
@@ -154,7 +161,8 @@ TEST_P(Focus, IsSeenOnEveryControlThatTakesIt) {
     for (int y = 0; y < with.height(); ++y) {
       for (int x = 0; x < with.width(); ++x) changed += with.pixel(x, y) != without.pixel(x, y);
     }
-    EXPECT_GT(changed, 2 * std::min(control->width(), control->height())) << control->objectName().toStdString();
+    EXPECT_GT(changed, 2 * std::min(control->width(), control->height()))
+        << control->objectName().toStdString();
     ++looked;
   }
   EXPECT_GT(looked, 50);

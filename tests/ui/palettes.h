@@ -17,8 +17,8 @@ inline QPalette PaletteOf(std::string_view name) {
   const QColor base(27, 30, 32);
   const QColor text(252, 252, 252);
   const QColor accent(61, 174, 233);
-  QPalette dark(text, QColor(49, 54, 59), QColor(80, 88, 96), QColor(20, 22, 24), QColor(36, 40, 44), text, text, base,
-                window);
+  QPalette dark(text, QColor(49, 54, 59), QColor(80, 88, 96), QColor(20, 22, 24), QColor(36, 40, 44), text,
+                text, base, window);
   dark.setColor(QPalette::AlternateBase, QColor(35, 38, 41));
   dark.setColor(QPalette::Highlight, accent);
   dark.setColor(QPalette::HighlightedText, text);
