@@ -14,6 +14,8 @@ double Luminance(const QColor& colour) {
   return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 
+double Ratio(double a, double b) { return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05); }
+
 }  // namespace
 
 QColor Mix(const QColor& a, const QColor& b, double share) {
@@ -21,20 +23,16 @@ QColor Mix(const QColor& a, const QColor& b, double share) {
   return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()), mix(a.blueF(), b.blueF()));
 }
 
-double Contrast(const QColor& a, const QColor& b) {
-  const auto [darker, lighter] = std::minmax({Luminance(a), Luminance(b)});
-  return (lighter + 0.05) / (darker + 0.05);
-}
+double Contrast(const QColor& a, const QColor& b) { return Ratio(Luminance(a), Luminance(b)); }
 
 QColor Against(const QColor& ink, const QColor& ground, double least) {
   constexpr double kStep = 0.05;
   constexpr double kSpare = 1.02;  // what rounding to a screen's colours can take
-  const QColor black(Qt::black);
-  const QColor white(Qt::white);
-  const QColor& end = Contrast(black, ground) > Contrast(white, ground) ? black : white;
+  const double behind = Luminance(ground);
+  const QColor end(Ratio(0, behind) > Ratio(1, behind) ? Qt::black : Qt::white);
   for (double share = 0; share < 1; share += kStep) {
     const QColor mixed = Mix(ink, end, share);
-    if (Contrast(mixed, ground) >= least * kSpare) return mixed;
+    if (Ratio(Luminance(mixed), behind) >= least * kSpare) return mixed;
   }
   return end;
 }

@@ -94,6 +94,12 @@ class Contrasts : public InPalette, public MainWindowTest {
   }
 };
 
+TEST(Colours, AreApartAsTheGuidelinesCountIt) {
+  EXPECT_DOUBLE_EQ(Contrast(Qt::white, Qt::black), 21);
+  EXPECT_NEAR(Contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.005);
+  EXPECT_NEAR(Contrast(Qt::white, Qt::red), 4.00, 0.005);
+}
+
 TEST_P(Contrasts, OfTheNoteStrip) {
   document.Apply({.inserted = ElementsOf("*4e1 r2 ledon (  c3. *4g1 volV+ @3) r0"), .cursor = 8});
   QTest::qWait(20);
