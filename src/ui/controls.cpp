@@ -25,7 +25,8 @@ QPushButton* NewButton(const QString& objectName, const ControlText& text, QWidg
 
 void ShowSpoken(QLabel& label, const QString& spoken, const QString& text) {
   label.setText(text);
-  label.setAccessibleName(text.isEmpty() ? spoken : spoken + QStringLiteral(": ") + text);
+  const QString name = text.isEmpty() ? spoken : spoken + QStringLiteral(": ") + text;
+  if (label.accessibleName() != name) label.setAccessibleName(name);
 }
 
 QLabel* NewLabel(const QString& objectName, const QString& caption, QWidget* buddy, QWidget* parent) {

@@ -1,5 +1,6 @@
 #include "ui/status_line.h"
 
+#include <QAccessible>
 #include <utility>
 
 #include "composer/element_words.h"
@@ -50,6 +51,7 @@ void StatusLine::ShowState() {
 }
 
 void StatusLine::SpeakElement() {
+  if (!QAccessible::isActive()) return;
   const bool one = document_.HasElement(document_.Cursor()) && document_.Selection().Size() <= 1;
   QString words = ElementText();
   if (one) words += QStringLiteral("; %1 of %2").arg(document_.Cursor() + 1).arg(document_.LastIndex() + 1);

@@ -173,10 +173,15 @@ class Walk:
         self.expect(any("5 elements" in item for item in items), f"the songs to recover are told: {items}")
         self.program.press("Escape", "Escape", "Escape")
 
+    def exit(self):
+        act(self.program.find("Exit"), "Press")
+        status = self.program.wait(lambda: self.program.process.poll() is not None, "the end of the program")
+        self.expect(status and self.program.process.returncode == 0, "the program ends well")
+
     def run(self):
         steps = (self.main_window, self.texts, self.melody_text, self.note_strip, self.refused_tempo,
                  self.small_windows, self.file_menu, self.refusal, self.import_of_tunes,
-                 self.recover_list)
+                 self.recover_list, self.exit)
         try:
             for step in steps:
                 print(f"\n== {step.__name__}", flush=True)
