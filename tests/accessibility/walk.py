@@ -8,7 +8,7 @@ import pyatspi
 from bus import Program, act, everything, has, name, role, text_of
 from rules import judge
 
-SETTINGS = "[Settings]\nAutoPlay=False\nPlayMoving=False\nPlayComposing=False\n"
+SETTINGS = "[Version]\nCounter=1000\n\n[Settings]\nAutoPlay=False\nPlayMoving=False\nPlayComposing=False\n"
 MELODY = ("BEGIN:IMELODY\r\nVERSION:1.2\r\nFORMAT:CLASS1.0\r\nNAME:Walk\r\nCOMPOSER:A walker\r\nBEAT:100\r\n"
           "STYLE:S0\r\nMELODY:c2d2r2#f2g1\r\nEND:IMELODY\r\n")
 TUNES = "One:d=4,o=5,b=100:c,d,e\nTwo:d=4,o=5,b=100:e,,d,C\n"
