@@ -74,19 +74,19 @@ class StatusBarAccessible : public QAccessibleWidget {
   explicit StatusBarAccessible(QStatusBar& bar)
       : QAccessibleWidget(&bar, QAccessible::StatusBar),
         bar_(bar),
-        spoken_(QAccessible::registerAccessibleInterface(new SpokenText(bar))) {}
-  ~StatusBarAccessible() override { QAccessible::deleteAccessibleInterface(spoken_); }
+        spoken_(new SpokenText(bar)),
+        id_(QAccessible::registerAccessibleInterface(spoken_)) {}
+  ~StatusBarAccessible() override { QAccessible::deleteAccessibleInterface(id_); }
   StatusBarAccessible(const StatusBarAccessible&) = delete;
   StatusBarAccessible& operator=(const StatusBarAccessible&) = delete;
 
   int childCount() const override { return QAccessibleWidget::childCount() + 1; }
   QAccessibleInterface* child(int index) const override {
     const bool last = index == QAccessibleWidget::childCount();
-    return last ? QAccessible::accessibleInterface(spoken_) : QAccessibleWidget::child(index);
+    return last ? spoken_ : QAccessibleWidget::child(index);
   }
   int indexOfChild(const QAccessibleInterface* child) const override {
-    const bool last = child == QAccessible::accessibleInterface(spoken_);
-    return last ? QAccessibleWidget::childCount() : QAccessibleWidget::indexOfChild(child);
+    return child == spoken_ ? QAccessibleWidget::childCount() : QAccessibleWidget::indexOfChild(child);
   }
   QString text(QAccessible::Text which) const override {
     return which == QAccessible::Name ? bar_.currentMessage() : QAccessibleWidget::text(which);
@@ -94,7 +94,8 @@ class StatusBarAccessible : public QAccessibleWidget {
 
  private:
   QStatusBar& bar_;
-  QAccessible::Id spoken_;
+  QAccessibleInterface* spoken_;  ///< the toolkit's, which deletes it
+  QAccessible::Id id_;
 };
 
 QAccessibleInterface* MakeInterface(const QString& /*className*/, QObject* object) {

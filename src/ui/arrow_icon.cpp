@@ -6,7 +6,6 @@
 #include <QPainterPath>
 #include <QPainterPathStroker>
 #include <QPalette>
-#include <utility>
 
 namespace trillomat {
 namespace {
@@ -14,7 +13,7 @@ namespace {
 // A shape in a square from -0.5 to 0.5.
 class ShapeEngine : public QIconEngine {
  public:
-  explicit ShapeEngine(QPainterPath shape) : shape_(std::move(shape)) {}
+  explicit ShapeEngine(const QPainterPath& shape) : shape_(shape) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
     const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;

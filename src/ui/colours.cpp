@@ -26,12 +26,12 @@ QColor Mix(const QColor& a, const QColor& b, double share) {
 double Contrast(const QColor& a, const QColor& b) { return Ratio(Luminance(a), Luminance(b)); }
 
 QColor Against(const QColor& ink, const QColor& ground, double least) {
-  constexpr double kStep = 0.05;
+  constexpr int kSteps = 20;
   constexpr double kSpare = 1.02;  // what rounding to a screen's colours can take
   const double behind = Luminance(ground);
   const QColor end(Ratio(0, behind) > Ratio(1, behind) ? Qt::black : Qt::white);
-  for (double share = 0; share < 1; share += kStep) {
-    const QColor mixed = Mix(ink, end, share);
+  for (int step = 0; step < kSteps; ++step) {
+    const QColor mixed = Mix(ink, end, 1.0 * step / kSteps);
     if (Ratio(Luminance(mixed), behind) >= least * kSpare) return mixed;
   }
   return end;

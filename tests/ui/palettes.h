@@ -32,7 +32,7 @@ inline QPalette PaletteOf(std::string_view name) {
 class InPalette : public testing::WithParamInterface<const char*> {
  protected:
   InPalette() { QApplication::setPalette(PaletteOf(GetParam())); }
-  ~InPalette() { QApplication::setPalette(QPalette()); }
+  ~InPalette() override { QApplication::setPalette(QPalette()); }
   InPalette(const InPalette&) = delete;
   InPalette& operator=(const InPalette&) = delete;
 };
