@@ -102,11 +102,16 @@ std::string SizeText(const PhoneFit& fit) {
   return text;
 }
 
-std::string MisfitText(const PhoneFit& fit, std::string_view firstWords) {
-  const auto [index, loss] = *fit.first;
-  std::string text = "does not fit: element " + std::to_string(index + 1);
-  text += " (" + std::string(firstWords) + ") ";
-  text += kLossWords.at(static_cast<size_t>(loss)).first;
+std::string MisfitText(const Misfit& misfit, std::string_view words) {
+  std::string text = "element " + std::to_string(misfit.index + 1);
+  if (!words.empty()) text += " (" + std::string(words) + ')';
+  text += ' ';
+  text += kLossWords.at(static_cast<size_t>(misfit.loss)).first;
+  return text;
+}
+
+std::string NoFitText(const PhoneFit& fit, std::string_view firstWords) {
+  std::string text = "does not fit: " + MisfitText(*fit.first, firstWords);
   const size_t lost = LostCount(fit);
   if (lost > 1) text += "; " + std::to_string(lost) + " of " + std::to_string(fit.elements) + " in all";
   return text;
@@ -133,9 +138,11 @@ std::string FitText(const PhoneFit& fit, std::string_view firstWords) {
   std::string_view name = TargetOf(fit.phone).name;
   if (name.starts_with(kArticle)) name.remove_prefix(kArticle.size());
   std::string text = std::string(name) + ": ";
-  if (fit.first) return text + MisfitText(fit, firstWords);
+  if (fit.first) return text + NoFitText(fit, firstWords);
   return text + "fits" + MoveText(fit.octaves) + "; " + SizeText(fit);
 }
+
+std::string MisfitText(const Misfit& misfit) { return MisfitText(misfit, {}); }
 
 std::string LossText(const PhoneFit& fit) {
   const size_t lost = LostCount(fit);

@@ -40,6 +40,9 @@ PhoneFit FitOf(Phone phone, const Song& song, RtttlSpelling spelling = RtttlSpel
 /// those of the element that does not fit first. Elements count from 1.
 std::string FitText(const PhoneFit& fit, std::string_view firstWords);
 
+/// "element 12 has a length that it lacks".
+std::string MisfitText(const Misfit& misfit);
+
 /// "3 of 42 elements left out: 2 commands, 1 dot or triplet"; empty where the export says everything.
 std::string LossText(const PhoneFit& fit);
 
