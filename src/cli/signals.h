@@ -22,7 +22,8 @@ class SignalWatch {
 };
 
 /// As long as the watch lives, such a signal first calls `cleanUp`, in a thread of its own and whatever the
-/// program waits for meanwhile, and then ends the process as it would have done without.
+/// program waits for meanwhile, and then ends the process as it would have done without. A write to a pipe
+/// that nobody reads only fails; what that signals ends the process with the watch.
 std::unique_ptr<SignalWatch> WatchSignals(std::function<void()> cleanUp);
 
 }  // namespace trillomat

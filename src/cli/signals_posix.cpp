@@ -11,13 +11,15 @@
 namespace trillomat {
 namespace {
 
+void AddUnlessIgnored(sigset_t& signals, int signal) {
+  struct sigaction found {};
+  if (sigaction(signal, nullptr, &found) == 0 && found.sa_handler != SIG_IGN) sigaddset(&signals, signal);
+}
+
 sigset_t EndingSignals() {
   sigset_t signals{};
   sigemptyset(&signals);
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-    struct sigaction found {};
-    if (sigaction(signal, nullptr, &found) == 0 && found.sa_handler != SIG_IGN) sigaddset(&signals, signal);
-  }
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) AddUnlessIgnored(signals, signal);
   return signals;
 }
 
@@ -87,6 +89,9 @@ class ThreadedWatch : public SignalWatch {
   static sigset_t Watched() {
     sigset_t signals = EndingSignals();
     sigaddset(&signals, kWake);
+    // That of a closed pipe goes to the thread that writes, where it waits until the watch ends: the write
+    // fails meanwhile, and nothing is left unfinished.
+    AddUnlessIgnored(signals, SIGPIPE);
     return signals;
   }
 
