@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "core/terminal_text.h"
 
@@ -23,7 +24,8 @@ size_t WholeSize(std::string_view text) {
 
 }  // namespace
 
-TerminalBuffer::TerminalBuffer(std::ostream& stream) : stream_(stream), terminal_(*stream.rdbuf(this)) {}
+TerminalBuffer::TerminalBuffer(std::ostream& stream, std::function<void()> beforeShown)
+    : stream_(stream), terminal_(*stream.rdbuf(this)), beforeShown_(std::move(beforeShown)) {}
 
 TerminalBuffer::~TerminalBuffer() {
   Show(waiting_.size());
@@ -33,6 +35,9 @@ TerminalBuffer::~TerminalBuffer() {
 bool TerminalBuffer::Show(size_t size) {
   const std::string shown = EscapedForTerminal(std::string_view(waiting_).substr(0, size));
   waiting_.erase(0, size);
+  if (shown.empty()) return true;
+  endsLine_ = shown.back() == '\n';
+  beforeShown_();
   return terminal_.sputn(shown.data(), static_cast<std::streamsize>(shown.size())) ==
          static_cast<std::streamsize>(shown.size());
 }

@@ -1,6 +1,7 @@
 // Stands before a stream that goes to a terminal, which would obey what names and tokens of files hold.
 #pragma once
 
+#include <functional>
 #include <ostream>
 #include <streambuf>
 #include <string>
@@ -11,10 +12,15 @@ namespace trillomat {
 /// EscapedForTerminal makes of the text. A character is shown once it is whole, however it comes in.
 class TerminalBuffer : public std::streambuf {
  public:
-  explicit TerminalBuffer(std::ostream& stream);
+  /// `beforeShown` is called before anything reaches the terminal.
+  explicit TerminalBuffer(
+      std::ostream& stream, std::function<void()> beforeShown = [] {});
   TerminalBuffer(const TerminalBuffer&) = delete;
   TerminalBuffer& operator=(const TerminalBuffer&) = delete;
   ~TerminalBuffer() override;
+
+  /// Whether all of it is shown, and ended its last line.
+  bool IsAtLineStart() const { return waiting_.empty() && endsLine_; }
 
  protected:
   int_type overflow(int_type character) override;
@@ -26,7 +32,9 @@ class TerminalBuffer : public std::streambuf {
 
   std::ostream& stream_;
   std::streambuf& terminal_;
+  std::function<void()> beforeShown_;
   std::string waiting_;
+  bool endsLine_ = true;
 };
 
 }  // namespace trillomat
