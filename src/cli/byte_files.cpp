@@ -3,6 +3,7 @@
 #include <array>
 #include <iostream>
 
+#include "cli/console.h"
 #include "cli/failure.h"
 #include "core/limits.h"
 #include "files/path_text.h"
@@ -36,7 +37,9 @@ std::string ReadInput(const fs::path& file, const FileStore& store) {
 }
 
 void FlushStandardOutput() {
-  if (!std::cout.flush()) throw Refused("cannot write to standard output");
+  if (std::cout.flush()) return;
+  if (IsOutputAbandoned()) throw ClosedPipe("standard output is closed");
+  throw Refused("cannot write to standard output");
 }
 
 void WriteOutput(const fs::path& file, FileStore& store, const WriteContent& write) {

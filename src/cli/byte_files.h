@@ -18,7 +18,7 @@ std::string ReadInput(const std::filesystem::path& file, const FileStore& store)
 void WriteOutput(const std::filesystem::path& file, FileStore& store, const WriteContent& write);
 void WriteOutput(const std::filesystem::path& file, FileStore& store, std::string_view bytes);
 
-/// Throws Refused when not everything could be written to standard output.
+/// Throws Refused when not everything could be written to standard output, or ClosedPipe.
 void FlushStandardOutput();
 
 }  // namespace trillomat

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <iostream>
+#include <utility>
 
 #include "cli/byte_files.h"
 #include "cli/checked_file.h"
@@ -26,12 +27,28 @@ std::vector<fs::path> MelodiesIn(const fs::path& folder) {
   return files;
 }
 
+// With the files of the folders in their places.
+std::vector<fs::path> FilesOf(const std::vector<fs::path>& inputs) {
+  std::vector<fs::path> files;
+  for (const fs::path& input : inputs) {
+    std::error_code notThere;
+    if (!fs::is_directory(input, notThere)) {
+      files.push_back(input);
+      continue;
+    }
+    for (fs::path& file : MelodiesIn(input)) files.push_back(std::move(file));
+  }
+  return files;
+}
+
 CheckedFile Check(const fs::path& file, const Invocation& call, const CommandServices& services) {
   const std::string name = Utf8OfPath(file);
   const auto mode = ModeOfPath(file, call.mode);
   if (!mode) return Unreadable(name, "its name tells no format; tell it with --mode");
   try {
-    return CheckText(name, ReadInput(file, services.store), *mode, services.tokens);
+    services.Begin("reading", file);
+    const std::string text = ReadInput(file, services.store);
+    return CheckText(name, text, *mode, services);
   } catch (const Refused& refused) {
     const std::string why = refused.what();
     return Unreadable(name, why.starts_with(name + ": ") ? why.substr(name.size() + 2) : why);
@@ -51,6 +68,10 @@ class Report {
     } else {
       std::cout << CheckedLine(file) << '\n';
     }
+    if (json_ || file.complaint.empty()) return;
+    // Below the line that it belongs to, where both are seen.
+    std::cout.flush();
+    std::cerr << file.complaint;
   }
 
   void End() const {
@@ -70,14 +91,13 @@ class Report {
 }  // namespace
 
 void CheckCommand(const Invocation& call, const CommandServices& services) {
+  const std::vector<fs::path> files = FilesOf(call.inputs);
   Report report(call.json);
-  for (const fs::path& input : call.inputs) {
-    std::error_code notThere;
-    if (!fs::is_directory(input, notThere)) {
-      report.Print(Check(input, call, services));
-      continue;
-    }
-    for (const fs::path& file : MelodiesIn(input)) report.Print(Check(file, call, services));
+  size_t number = 0;
+  for (const fs::path& file : files) {
+    services.BeginFile(file, ++number, files.size());
+    report.Print(Check(file, call, services));
+    if (!std::cout) break;
   }
   report.End();
 }

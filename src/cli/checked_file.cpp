@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "cli/extract.h"
 #include "cli/json_text.h"
 #include "cli/melody_source.h"
 #include "core/code_page.h"
@@ -18,21 +19,40 @@ namespace {
 std::string_view NameOf(FormatMode mode) { return kModeNames.at(static_cast<size_t>(mode)); }
 std::string_view NameOf(Phone phone) { return TargetOf(phone).option; }
 
-Finding Find(std::string_view text, FormatMode mode, TokenMemory* tokens) {
-  SilentServices silent;
-  ReadResult read = Read(text, mode, {}, {silent.log, silent.pump, tokens});
+// The columns are in bytes.
+Finding Find(std::string_view text, FormatMode mode, const CommandServices& services) {
+  SilentLog silent;
+  ReadResult read = Read(text, mode, {}, {silent, services.pump, services.tokens});
   Finding finding{.refusal = std::move(read.refusal)};
   if (finding.refusal) return finding;
   const Song song{std::move(read.elements), std::move(read.record.info)};
   finding.elements = song.elements.size();
   finding.notUnderstood = std::move(read.notUnderstood);
   for (const ModeLimits& limits : kModeLimits) {
+    services.Tell("fitting into ", limits.caption);
     if (FormatHolds(limits.mode, song)) finding.formats.push_back(limits.mode);
   }
   for (const ExportTarget& target : kExportTargets) {
+    services.Tell("fitting into ", target.name);
     if (!song.elements.empty() && FitOf(target.phone, song).Fits()) finding.phones.push_back(target.phone);
   }
   return finding;
+}
+
+// What there is to say against it, as other commands say it, with the place marked. Why it was refused is
+// said in full in the line of the file.
+std::string ComplaintOf(const std::string& name, const Finding& finding, std::string_view text) {
+  const size_t lost = finding.notUnderstood.count;
+  if (!finding.refusal && lost == 0) return {};
+  const Refusal& found = finding.refusal ? *finding.refusal : finding.notUnderstood.first;
+  const std::string extract = ExtractOf(text, found);
+  if (extract.empty()) return {};
+  const Refusal place = InCharacters(found, text);
+  const std::string why = finding.refusal ? ToUtf8(place.why)
+                          : lost == 1     ? "warning: not understood"
+                                      : "warning: the first of " + std::to_string(lost) + " not understood";
+  return "trillomat-cli: " + name + ": line " + std::to_string(place.line) + ", column " +
+         std::to_string(place.column) + ": " + why + '\n' + extract;
 }
 
 template <typename Names>
@@ -78,11 +98,17 @@ void AddFinding(std::string& json, const Finding& finding) {
 
 }  // namespace
 
-CheckedFile CheckText(std::string name, std::string_view text, FormatMode mode, TokenMemory* tokens) {
-  CheckedFile file{.name = std::move(name), .mode = mode, .asItIs = Find(text, mode, tokens)};
+CheckedFile CheckText(std::string name, std::string_view text, FormatMode mode,
+                      const CommandServices& services) {
+  CheckedFile file{.name = std::move(name), .mode = mode, .asItIs = Find(text, mode, services)};
+  file.complaint = ComplaintOf(file.name, file.asItIs, text);
+  if (file.asItIs.refusal) file.asItIs.refusal = InCharacters(*std::move(file.asItIs.refusal), text);
+  NotUnderstood& lost = file.asItIs.notUnderstood;
+  lost.first = InCharacters(std::move(lost.first), text);
+  services.Tell("tidying");
   const Tidied tidied = Tidy(text, mode);
   file.changes = tidied.changes.size();
-  file.tidied = tidied.changes.empty() ? file.asItIs : Find(tidied.text, mode, tokens);
+  file.tidied = tidied.changes.empty() ? file.asItIs : Find(tidied.text, mode, services);
   // A place in the tidied text is none in the file.
   if (file.changes > 0) file.tidied.notUnderstood.first.line = 0;
   return file;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/commands.h"
 #include "core/format_mode.h"
 #include "core/refusal.h"
 #include "exchange/export.h"
@@ -25,12 +26,14 @@ struct CheckedFile {
   std::string name = {};                ///< UTF-8
   std::optional<FormatMode> mode = {};  ///< that it was read in; nothing where it could not be
   Finding asItIs = {};
-  size_t changes = 0;   ///< of tidying
-  Finding tidied = {};  ///< the same as `asItIs` without changes
+  size_t changes = 0;          ///< of tidying
+  Finding tidied = {};         ///< the same as `asItIs` without changes
+  std::string complaint = {};  ///< of the text as it is, marked in it: lines with their ends, or none
 };
 
-/// Reads the text, as it is and tidied; `tokens` as in Services.
-CheckedFile CheckText(std::string name, std::string_view text, FormatMode mode, TokenMemory* tokens);
+/// Reads the text, as it is and tidied. Nothing goes to the log; events run.
+CheckedFile CheckText(std::string name, std::string_view text, FormatMode mode,
+                      const CommandServices& services);
 /// A file without a text. Both are UTF-8.
 CheckedFile Unreadable(std::string name, const std::string& why);
 

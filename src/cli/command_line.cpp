@@ -25,6 +25,26 @@ using Command = void (*)(const Invocation& call, const CommandServices& services
 
 constexpr int kRefused = 1;
 constexpr int kWrongUsage = 2;
+constexpr int kClosedPipe = 128 + 13;  // what a shell says of a process that the signal for it has ended
+
+constexpr std::string_view kStreamsAndStatus =
+    "A path of \"-\" is standard input or output.\n"
+    "Exit status: 0 done, 1 the input was refused, 2 wrong usage.\n";
+
+// Clears the line while the signals are still watched.
+class LineEnd {
+ public:
+  explicit LineEnd(ProgressLine& line) : line_(line) {}
+  LineEnd(const LineEnd&) = delete;
+  LineEnd& operator=(const LineEnd&) = delete;
+  ~LineEnd() {
+    line_.Clear();
+    line_.beforeFirst = {};
+  }
+
+ private:
+  ProgressLine& line_;
+};
 
 class CommandLine {
  public:
@@ -34,7 +54,8 @@ class CommandLine {
   CommandLine(const CommandLine&) = delete;
   CommandLine& operator=(const CommandLine&) = delete;
 
-  int Run(std::vector<std::string> arguments);
+  /// `progress` is null where nobody would see it.
+  int Run(std::vector<std::string> arguments, ProgressLine* progress);
 
  private:
   struct CommandRow {
@@ -42,6 +63,7 @@ class CommandLine {
     const char* description;
     Command run;
     void (CommandLine::*addOptions)(CLI::App* command);
+    const char* examples;  ///< that work in a folder of the samples, one after the other
   };
   static const std::array<CommandRow, 8> kCommands;
 
@@ -64,7 +86,7 @@ class CommandLine {
   void AddTranspose(CLI::App* transpose);
   void AddPlay(CLI::App* play);
   void AddRender(CLI::App* render);
-  void Execute();
+  void Execute(ProgressLine* progress);
 
   CLI::App app_{
       "Ringtone melodies without a window: show, check, convert, import, export, transpose, play, render.",
@@ -74,16 +96,29 @@ class CommandLine {
 };
 
 constexpr std::array<CommandLine::CommandRow, 8> CommandLine::kCommands{{
-    {"show", "Print the song information and every element", ShowCommand, &CommandLine::AddShow},
+    {"show", "Print the song information and every element", ShowCommand, &CommandLine::AddShow,
+     "  trillomat-cli show ode_to_joy.rtx\n"
+     "  trillomat-cli show --json --tidy frere_jacques.imy"},
     {"check", "Say what reads, what tidying would change, and what holds it", CheckCommand,
-     &CommandLine::AddCheck},
-    {"convert", "Read one melody or MIDI file and write another", ConvertCommand, &CommandLine::AddConvert},
-    {"import", "Turn a pasted text or a MIDI file into a melody file", ImportCommand,
-     &CommandLine::AddImport},
-    {"export", "Print the melody as a phone takes it", ExportCommand, &CommandLine::AddExport},
-    {"transpose", "Move every tone by octaves", TransposeCommand, &CommandLine::AddTranspose},
-    {"play", "Play the melody until its end or Ctrl-C", PlayCommand, &CommandLine::AddPlay},
-    {"render", "Write the sound of the melody as a WAV file", RenderCommand, &CommandLine::AddRender},
+     &CommandLine::AddCheck,
+     "  trillomat-cli check .\n"
+     "  trillomat-cli check --json twinkle.mel au_clair.emy"},
+    {"convert", "Read one melody or MIDI file and write another", ConvertCommand, &CommandLine::AddConvert,
+     "  trillomat-cli convert greensleeves.imy greensleeves.mid\n"
+     "  trillomat-cli convert --to rtttl --spelling modern --to-folder rtttl *.imy *.emy"},
+    {"import", "Turn a pasted text or a MIDI file into a melody file", ImportCommand, &CommandLine::AddImport,
+     "  echo 'Tune:d=4,o=5,b=120:c,8d,2e6' | trillomat-cli import --from rtttl - tune.imy\n"
+     "  trillomat-cli import --from midi --track 1 greensleeves.mid green.rtx"},
+    {"export", "Print the melody as a phone takes it", ExportCommand, &CommandLine::AddExport,
+     "  trillomat-cli export --to nokia --report ode_to_joy.rtx\n"
+     "  trillomat-cli export --to t39 --to-folder keys *.imy"},
+    {"transpose", "Move every tone by octaves", TransposeCommand, &CommandLine::AddTranspose,
+     "  trillomat-cli transpose --octaves 1 ode_to_joy.rtx higher.rtx"},
+    {"play", "Play the melody until its end or Ctrl-C", PlayCommand, &CommandLine::AddPlay,
+     "  trillomat-cli play frere_jacques.imy\n"
+     "  trillomat-cli play --trace ode_to_joy.rtx | head"},
+    {"render", "Write the sound of the melody as a WAV file", RenderCommand, &CommandLine::AddRender,
+     "  trillomat-cli render frere_jacques.imy frere_jacques.wav"},
 }};
 
 CommandLine::CommandLine(const std::vector<std::string>& arguments) {
@@ -93,17 +128,18 @@ CommandLine::CommandLine(const std::vector<std::string>& arguments) {
   app_.get_formatter()->label("SUBCOMMAND", "COMMAND");
   app_.fallthrough();
   app_.allow_windows_style_options(false);
-  app_.footer(
-      "A path of \"-\" is standard input or output. Exit status: 0 done, 1 the input was refused,\n"
-      "2 wrong usage. trillomat-cli COMMAND --help lists what a command takes.");
+  app_.footer(std::string(kStreamsAndStatus) +
+              "trillomat-cli COMMAND --help lists what a command takes, with examples.");
   app_.failure_message([](const CLI::App* app, const CLI::Error& error) {
     return "trillomat-cli: " + std::string(error.what()) + "; see " + app->get_name() + " --help\n";
   });
   for (const CommandRow& row : kCommands) {
     CLI::App* command = app_.add_subcommand(row.name, row.description);
     command->callback([this, &row] { command_ = row.run; });
-    if (std::find(arguments.begin(), arguments.end(), row.name) != arguments.end())
-      (this->*row.addOptions)(command);
+    if (std::find(arguments.begin(), arguments.end(), row.name) == arguments.end()) continue;
+    (this->*row.addOptions)(command);
+    command->footer("");
+    command->footer([&row] { return std::string(kStreamsAndStatus) + "\nExamples:\n" + row.examples; });
   }
 }
 
@@ -266,7 +302,7 @@ void CommandLine::AddRender(CLI::App* render) {
   AddOut(render, "OUT.wav");
 }
 
-int CommandLine::Run(std::vector<std::string> arguments) {
+int CommandLine::Run(std::vector<std::string> arguments, ProgressLine* progress) {
   try {
     std::reverse(arguments.begin(), arguments.end());  // as CLI11 wants them
     app_.parse(std::move(arguments));
@@ -275,33 +311,46 @@ int CommandLine::Run(std::vector<std::string> arguments) {
     FlushStandardOutput();  // of the help or the version
     return 0;
   }
-  Execute();
+  Execute(progress);
   return 0;
 }
 
-void CommandLine::Execute() {
+void CommandLine::Execute(ProgressLine* line) {
   if (command_ == nullptr) throw WrongUsage("no command given; see trillomat-cli --help");
   const std::unique_ptr<FileStore> store = SystemFileStore();
   std::unique_ptr<SignalWatch> watch;
-  if (!call_.out.empty() || !call_.toFolder.empty())
-    watch = WatchSignals([&store] { store->DeleteUnfinished(); });
+  const auto startWatch = [&] {
+    if (watch) return;
+    watch = WatchSignals([&store, line] {
+      store->DeleteUnfinished();
+      if (line != nullptr) line->End();
+    });
+  };
+  if (!call_.out.empty() || !call_.toFolder.empty()) startWatch();
   SleepPump pump;
   StreamLog log(std::cerr, call_.verbose);
   TokenMemory tokens;
-  command_(call_, {{log, pump, &tokens}, *store});
+  if (line == nullptr) return command_(call_, {{log, pump, &tokens}, *store});
+  // What plays waits for signals itself.
+  if (command_ != PlayCommand || call_.trace) line->beforeFirst = startWatch;
+  const LineEnd end(*line);
+  Progress progress(pump, *line);
+  command_(call_, {{log, progress, &tokens}, *store, &progress});
 }
 
 }  // namespace
 
-int RunCommandLine(std::vector<std::string> arguments) {
+int RunCommandLine(std::vector<std::string> arguments, ProgressLine* progress) {
   try {
     CommandLine commandLine(arguments);
-    return commandLine.Run(std::move(arguments));
+    return commandLine.Run(std::move(arguments), progress);
   } catch (const WrongUsage& error) {
-    std::cerr << "trillomat-cli: " << error.what() << '\n';
+    Complain(error);
     return kWrongUsage;
+  } catch (const ClosedPipe&) {
+    return kClosedPipe;
   } catch (const std::exception& error) {
-    std::cerr << "trillomat-cli: " << error.what() << '\n';
+    Complain(error);
     return kRefused;
   }
 }

@@ -5,8 +5,10 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "cli/progress.h"
 #include "core/codec.h"
 #include "core/format_mode.h"
 #include "core/services.h"
@@ -38,7 +40,20 @@ struct Invocation {
 };
 
 struct CommandServices : Services {
-  FileStore& store;  ///< of all files, so that there is one that knows what is unfinished
+  FileStore& store;              ///< of all files, so that there is one that knows what is unfinished
+  Progress* progress = nullptr;  ///< stands in `pump` where somebody watches
+
+  /// As Progress does.
+  void BeginFile(const std::filesystem::path& file, size_t number, size_t of) const {
+    if (progress != nullptr) progress->BeginFile(file, number, of);
+  }
+  void Begin(std::string_view part, const std::filesystem::path& file, size_t steps = 0,
+             size_t skipped = 0) const {
+    if (progress != nullptr) progress->Begin(part, file, steps, skipped);
+  }
+  void Tell(std::string_view part, std::string_view object = {}) const {
+    if (progress != nullptr) progress->Tell(part, object);
+  }
 };
 
 /// Prints the melody as a listing or as JSON.

@@ -3,8 +3,11 @@
 #include <fcntl.h>
 #include <io.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdio>
 
+#include "platform/terminal.h"
 #include "platform/win32.h"
 // after windows.h
 #include <shellapi.h>
@@ -26,5 +29,18 @@ void PrepareStreams() {
   // What is printed is UTF-8, which a console does not expect by itself.
   SetConsoleOutputCP(CP_UTF8);
 }
+
+size_t ErrorColumns() {
+  CONSOLE_SCREEN_BUFFER_INFO screen{};
+  if (GetConsoleScreenBufferInfo(GetStdHandle(STD_ERROR_HANDLE), &screen) == 0) return kUsualColumns;
+  return static_cast<size_t>(std::max(1, screen.srWindow.Right - screen.srWindow.Left + 1));
+}
+
+bool IsErrorWatched() {
+  return IsTerminal(StandardStream::Error) && GetFileType(GetStdHandle(STD_OUTPUT_HANDLE)) != FILE_TYPE_PIPE;
+}
+
+// Asked at once, as long as the error is the last.
+bool IsOutputAbandoned() { return errno == EPIPE || errno == EINVAL; }
 
 }  // namespace trillomat

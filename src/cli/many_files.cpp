@@ -1,6 +1,5 @@
 #include "cli/many_files.h"
 
-#include <iostream>
 #include <map>
 
 #include "cli/byte_files.h"
@@ -49,12 +48,14 @@ fs::path OutputOf(const fs::path& in, const fs::path& folder, std::string_view e
 
 }  // namespace
 
-void ForEachInput(const Invocation& call, std::string_view extension,
+void ForEachInput(const Invocation& call, std::string_view extension, const CommandServices& services,
                   const std::function<void(const Invocation&)>& command) {
   MakeFolder(call.toFolder);
   Written written;
   size_t failed = 0;
+  size_t number = 0;
   for (const fs::path& in : call.inputs) {
+    services.BeginFile(in, ++number, call.inputs.size());
     try {
       Invocation one = call;
       one.in = in;
@@ -63,7 +64,7 @@ void ForEachInput(const Invocation& call, std::string_view extension,
       command(one);
     } catch (const std::exception& error) {
       ++failed;
-      std::cerr << "trillomat-cli: " << error.what() << '\n';
+      Complain(error);
     }
   }
   if (failed == 0) return;

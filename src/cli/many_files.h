@@ -12,7 +12,7 @@ namespace trillomat {
 /// `extension` (no dot). The folder is made where there is none. What fails is said and the others are done
 /// all the same; so fails what would replace an output of the same call. Throws Refused at the end when any
 /// failed.
-void ForEachInput(const Invocation& call, std::string_view extension,
+void ForEachInput(const Invocation& call, std::string_view extension, const CommandServices& services,
                   const std::function<void(const Invocation&)>& command);
 
 }  // namespace trillomat

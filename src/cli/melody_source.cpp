@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "cli/byte_files.h"
+#include "cli/extract.h"
 #include "cli/failure.h"
 #include "cli/tidying.h"
 #include "composer/song_info.h"
@@ -25,6 +26,12 @@ std::string BytesOf(const std::filesystem::path& file, FormatMode mode, const Co
     if (!IsStandardStream(file)) LogReaderFault(mode, services.log);
     throw;
   }
+}
+
+std::string NotUnderstoodExtract(std::string_view text, const Refusal& first) {
+  const Refusal place = InCharacters(first, text);
+  return ExtractOf(text, first,
+                   "line " + std::to_string(place.line) + ", column " + std::to_string(place.column));
 }
 
 }  // namespace
@@ -54,24 +61,34 @@ FormatMode FormatOfPath(const std::filesystem::path& file, std::optional<FormatM
 LoadedSong LoadSong(const Invocation& call, const CommandServices& services) {
   FormatMode mode = FormatOfPath(call.in, call.mode);
   const std::string name = Utf8OfPath(call.in);
+  services.Begin("reading", call.in);
   std::string text = BytesOf(call.in, mode, services);
+  bool isTidied = false;
   if (call.tidy) {
     mode = LookOf(text, mode, name);
-    text = TidyAloud(text, mode, name);
+    services.Begin("tidying", call.in);
+    std::string tidied = TidyAloud(text, mode, name);
+    isTidied = tidied != text;
+    text = std::move(tidied);
+    services.Begin("reading", call.in);
   }
   ReadResult read = Read(text, mode, {}, services);
-  if (!read) throw Refused(name + ": " + RefusalText({}, *read.refusal));
+  if (!read) throw RefusedText(name, text, *read.refusal, isTidied);
   NormaliseStyleAndVolume(read.record.info);
-  return {{std::move(read.elements), std::move(read.record.info)}, mode};
+  LoadedSong loaded{{std::move(read.elements), std::move(read.record.info)}, mode};
+  const NotUnderstood& lost = read.notUnderstood;
+  if (call.report && lost.count > 0) loaded.notUnderstood = NotUnderstoodExtract(text, lost.first);
+  return loaded;
 }
 
 void SaveSong(const Song& song, const std::filesystem::path& file, FormatMode mode,
               const CommandServices& services, RtttlSpelling spelling) {
-  if (mode == FormatMode::Rtttl) WarnOfName(song.info, spelling);
+  services.Begin("writing", file, song.elements.size());
+  if (mode == FormatMode::Rtttl) WarnOfName(file, song.info, spelling);
   const auto bytes = spelling == RtttlSpelling::Classic
                          ? Write(song, mode, services)
                          : Result<std::string>(RtttlFile(song, spelling, services.log));
-  if (!bytes) throw Refused(ToUtf8(bytes.Why().why));
+  if (!bytes) throw Refused("cannot write " + Utf8OfPath(file) + ": " + ToUtf8(bytes.Why().why));
   WriteOutput(file, services.store, *bytes);
 }
 
@@ -80,9 +97,10 @@ RtttlSpelling SpellingOf(const Invocation& call, bool isRtttl) {
   return call.spelling.value_or(RtttlSpelling::Classic);
 }
 
-void WarnOfName(const SongInfo& info, RtttlSpelling spelling) {
+void WarnOfName(const std::filesystem::path& file, const SongInfo& info, RtttlSpelling spelling) {
   const std::string warning = RtttlNameWarning(info, spelling);
-  if (!warning.empty()) std::cerr << "trillomat-cli: warning: " << ToUtf8(warning) << '\n';
+  if (warning.empty()) return;
+  std::cerr << "trillomat-cli: " << Utf8OfPath(file) << ": warning: " << ToUtf8(warning) << '\n';
 }
 
 }  // namespace trillomat

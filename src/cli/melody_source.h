@@ -4,6 +4,7 @@
 #include <array>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "cli/commands.h"
@@ -30,6 +31,7 @@ FormatMode FormatOfPath(const std::filesystem::path& file, std::optional<FormatM
 struct LoadedSong {
   Song song;
   FormatMode mode;
+  std::string notUnderstood = {};  ///< with --report: the first element that is not, marked in the text
 };
 
 /// The song of `call.in` as the window program would open it: style and volume have passed through the panel;
@@ -45,7 +47,8 @@ void SaveSong(const Song& song, const std::filesystem::path& file, FormatMode mo
 /// The spelling that the user asked for. Throws WrongUsage where that was asked for what is not RTTTL.
 RtttlSpelling SpellingOf(const Invocation& call, bool isRtttl);
 
-/// Says on standard error what comes of a name that RTTTL cannot hold.
-void WarnOfName(const SongInfo& info, RtttlSpelling spelling);
+/// Says on standard error what comes of a name that RTTTL cannot hold, of a song that becomes `file` or
+/// comes from it.
+void WarnOfName(const std::filesystem::path& file, const SongInfo& info, RtttlSpelling spelling);
 
 }  // namespace trillomat

@@ -4,11 +4,14 @@
 #include <utility>
 
 #include "cli/byte_files.h"
+#include "cli/console.h"
 #include "cli/failure.h"
 #include "cli/melody_source.h"
 #include "cli/output_check.h"
+#include "cli/shown_line.h"
 #include "composer/song_info.h"
 #include "core/code_page.h"
+#include "core/number_text.h"
 #include "document/document.h"
 #include "exchange/midi_read.h"
 #include "exchange/midi_write.h"
@@ -29,12 +32,27 @@ FormatMode ModeFor(const std::filesystem::path& file, std::optional<FormatMode> 
   return HasMidiName(file) ? FormatMode::IMelody : FormatOfPath(file, told);
 }
 
+// Which tracks there are to choose from, a line each.
+std::string TracksText(const std::vector<MidiTrackTitle>& tracks) {
+  std::string text;
+  for (const MidiTrackTitle& track : tracks) {
+    std::string line = "track " + std::to_string(track.number) + ": " + Counted(track.notes, "note", "notes");
+    if (track.drums) line += " of drums";
+    if (!track.name.empty()) line += ", \"" + ToUtf8(track.name) + '"';
+    text += "  " + FittedTo(line, kUsualColumns - 3) + '\n';
+  }
+  return text;
+}
+
 }  // namespace
 
 Song LoadMidi(const Invocation& call, FormatMode mode, const CommandServices& services) {
+  services.Begin("reading", call.in);
   const std::string bytes = ReadInput(call.in, services.store);
   MidiRead midi = ReadMidiFile(bytes, mode, call.track, {}, services);
-  if (!midi.read) throw Refused(Utf8OfPath(call.in) + ": " + ToUtf8(midi.read.refusal->why));
+  if (!midi.read) {
+    throw Refused(Utf8OfPath(call.in) + ": " + ToUtf8(midi.read.refusal->why), TracksText(midi.tracks));
+  }
   Tell(call.in, midi.dropped);
   NormaliseStyleAndVolume(midi.read.record.info);
   return {std::move(midi.read.elements), std::move(midi.read.record.info)};
@@ -42,6 +60,7 @@ Song LoadMidi(const Invocation& call, FormatMode mode, const CommandServices& se
 
 void SaveMidi(const Song& song, FormatMode mode, const std::filesystem::path& file,
               const CommandServices& services) {
+  services.Begin("writing", file);
   auto played = PlayedElements(Document(song, mode), 1, services);
   if (!played) throw Refused(Utf8OfPath(file) + ": not written: " + played.Why().why);
   if (played->empty()) throw Refused(Utf8OfPath(file) + ": not written: there is nothing to hear");

@@ -6,9 +6,10 @@
 namespace trillomat {
 
 void ShowCommand(const Invocation& call, const CommandServices& services) {
-  const auto [song, mode] = LoadSong(call, services);
+  const auto [song, mode, lost] = LoadSong(call, services);
+  services.Begin("showing", call.in, song.elements.size());
   WriteOutput("-", services.store,
-              call.json ? ShowJson(song, mode, services.log) : ShowText(song, mode, services.log));
+              call.json ? ShowJson(song, mode, services) : ShowText(song, mode, services));
 }
 
 }  // namespace trillomat

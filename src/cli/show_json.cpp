@@ -32,13 +32,14 @@ std::string ElementJson(const Element& element, std::string_view token) {
 
 }  // namespace
 
-std::string ShowJson(const Song& song, FormatMode mode, Log& log) {
+std::string ShowJson(const Song& song, FormatMode mode, const Services& services) {
   std::string json = "{\"header\": " + HeaderJson(song.info) + ",\n \"elements\": [";
   std::string_view separator = "\n  ";
   for (const Element& element : song.elements) {
     json += separator;
-    json += ElementJson(element, Encode(element, mode, kNoTokenDefaults, log).text);
+    json += ElementJson(element, Encode(element, mode, kNoTokenDefaults, services.log).text);
     separator = ",\n  ";
+    services.pump.PumpEvents();
   }
   return json + "]}\n";
 }

@@ -49,7 +49,7 @@ std::string ColumnOrDash(std::string_view text, size_t width) {
 
 }  // namespace
 
-std::string ShowText(const Song& song, FormatMode mode, Log& log) {
+std::string ShowText(const Song& song, FormatMode mode, const Services& services) {
   std::string text = HeaderText(song, mode);
   if (song.elements.empty()) return text;
   text += "\nindex   octave  note  beats   extra      special  token\n";
@@ -61,7 +61,8 @@ std::string ShowText(const Song& song, FormatMode mode, Log& log) {
     text += Column(FloatText(element.duration), 8);
     text += Column(FloatText(element.extra), 11);
     text += ColumnOrDash(element.Command(), 9);
-    text += Printable(Encode(element, mode, kNoTokenDefaults, log).text) + '\n';
+    text += Printable(Encode(element, mode, kNoTokenDefaults, services.log).text) + '\n';
+    services.pump.PumpEvents();
   }
   return text;
 }

@@ -6,15 +6,15 @@
 #include <string>
 
 #include "core/format_mode.h"
-#include "core/log.h"
+#include "core/services.h"
 #include "core/song.h"
 
 namespace trillomat {
 
 /// The song information, then a line for each element.
-std::string ShowText(const Song& song, FormatMode mode, Log& log);
+std::string ShowText(const Song& song, FormatMode mode, const Services& services);
 
 /// The same as one JSON object with the members "header" and "elements".
-std::string ShowJson(const Song& song, FormatMode mode, Log& log);
+std::string ShowJson(const Song& song, FormatMode mode, const Services& services);
 
 }  // namespace trillomat
