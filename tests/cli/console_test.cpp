@@ -55,6 +55,31 @@ TEST_F(ProgramTest, OnlyATerminalGetsTextWithoutItsOrders) {
   close(terminal);
 }
 
+// Whether the signal of such a pipe ends processes, or is ignored where the program is started.
+TEST_F(ProgramTest, AClosedPipeEndsItQuietly) {
+  std::string notes;
+  for (int i = 0; i < 20'000; ++i) notes += "c,x,";
+  folder_.Write("long.rtx", "long:d=4,o=5,b=120:" + notes);
+  const auto statusOf = [this](const std::string& before, const std::string& command) {
+    return Run("", "",
+               "bash -c '" + before + " exec 3>&1; { \"$0\" " + command + "; echo -n $? >&3; } | true' ");
+  };
+  for (const std::string before : {"", "trap \"\" PIPE;"}) {
+    for (const std::string command :
+         {"show long.rtx", "play --trace long.rtx", "check --json long.rtx long.rtx",
+          "export --to nokia long.rtx", "convert long.rtx - --mode imelody",
+          "render --force long.rtx /dev/stdout"}) {
+      const Ran ran = statusOf(before, command);
+      EXPECT_EQ(ran.out, "141") << before << command;
+      EXPECT_EQ(ran.err, "") << before << command;
+    }
+    // What nobody hears of is done all the same.
+    statusOf(before, "convert --force --verbose long.rtx out.imy 2>&1");
+    EXPECT_THAT(folder_.Read("out.imy"), testing::EndsWith("END:IMELODY\r\n"));
+    EXPECT_THAT(folder_.Names(), testing::ElementsAre("long.rtx", "out.imy"));
+  }
+}
+
 // The clean-up makes a file; then the process is ended by the signal itself, also while it waits.
 TEST_F(ProgramTest, ASignalEndsTheProcessAfterCleaningUp) {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {

@@ -38,14 +38,18 @@ TEST_F(ManyTest, CheckSaysOfEachFileWhatItIs) {
       "r320\n";
   ExpectEach(
       {{"check clean.rtx", 0, HasSubstr("clean.rtx: reads; 4 elements; formats imelody"), IsEmpty()},
-       {"check sharp.rtx sub", 0, Eq(sharp + inFolder), IsEmpty()},
+       {"check sharp.rtx sub", 0, Eq(sharp + inFolder),
+        Eq("trillomat-cli: sharp.rtx: line 1, column 21: warning: not understood\n"
+           "  Sharp:d=4,o=5,b=120:c_,d\n"
+           "                      ^~\n")},
        {"check bad.imy clean.rtx gone.mel sub/other.txt", 1,
         AllOf(HasSubstr("bad.imy: does not read: line 1, column 1: "), HasSubstr("\nclean.rtx: reads"),
               HasSubstr("\ngone.mel: does not read: "),
               HasSubstr("\nsub/other.txt: does not read: its name tells no format")),
-        Eq("trillomat-cli: 3 of 4 files do not read\n")},
+        Eq("trillomat-cli: bad.imy: line 1, column 1: the line has no \":\"\n  no colon\n  ^~~~~~~~\n"
+           "trillomat-cli: 3 of 4 files do not read\n")},
        {"check --mode rtttl -", 0, HasSubstr("-: reads; 2 elements; 1 of 3 elements was not understood"),
-        IsEmpty(), "a:d=4,o=5,b=90:c,so,d"},
+        HasSubstr("\n                   ^~\n"), "a:d=4,o=5,b=90:c,so,d"},
        {"check --mode rtttl -", 0, HasSubstr("-: reads; 4 elements"), IsEmpty(), kClean},
        {"check", 2, IsEmpty(), HasSubstr("FILE is required")}});
 }
@@ -64,7 +68,7 @@ TEST_F(ManyTest, CheckPrintsOneJsonArray) {
               {"check --json bad.imy gone.rtx", 1,
                AllOf(HasSubstr("\"reads\": false, \"refusal\": " + refused),
                      HasSubstr(",\n  {\"file\": \"gone.rtx\", \"format\": null, \"reads\": false")),
-               HasSubstr("2 of 2 files do not read")},
+               Eq("trillomat-cli: 2 of 2 files do not read\n")},
               {"check --json .", 1, HasSubstr("clean.rtx"), HasSubstr("1 of 4 files")}});
 }
 
@@ -116,7 +120,9 @@ TEST_F(ManyTest, AFolderTakesWhatManyFilesBecome) {
 
 TEST_F(ManyTest, ExportReportsWhatItLeavesOut) {
   ExpectEach({{"export --to rtttl --report light.imy", 0, "a:d=4,o=6,b=90:C",
-               Eq("light.imy: 2 of 3 elements left out: 1 command, 1 dot or triplet\n")},
+               Eq("light.imy: 2 of 3 elements left out: 1 command, 1 dot or triplet\n"
+                  "  *4c2 ledon *4d3:\n"
+                  "       ^~~~~ element 2 is a command that it lacks\n")},
               {"export --to rtttl light.imy", 0, "a:d=4,o=6,b=90:C", IsEmpty()},
               {"export --to rtttl --report clean.rtx", 0, HasSubstr("C,D"), IsEmpty()}});
 }

@@ -1,5 +1,9 @@
 // How the program is used, and what it shows of a file.
 
+#include <algorithm>
+#include <fstream>
+#include <sstream>
+
 #include "cli/program.h"
 
 namespace trillomat {
@@ -40,6 +44,44 @@ TEST_F(ProgramTest, HelpAndVersionSucceedAndWrongUsageIsTwo) {
       {"import --from rtttl gone.txt b.imy", 1, IsEmpty(), complains("gone.txt: ")},
   });
   EXPECT_THAT(folder_.Names(), testing::ElementsAre("a.imy", "a.txt"));
+}
+
+// What stands behind "  trillomat-cli " or in a pipe with it, in the texts for users.
+std::vector<std::string> ExamplesIn(const std::string& text) {
+  std::vector<std::string> examples;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    line.erase(std::remove(line.begin(), line.end(), '\\'), line.end());  // as the manual escapes it
+    const bool isPiped = line.find("| trillomat-cli ") != std::string::npos;
+    if (line.starts_with("  trillomat-cli ") || isPiped) examples.push_back(line);
+  }
+  return examples;
+}
+
+TEST_F(ProgramTest, TheExamplesWorkInAFolderOfTheSamples) {
+  std::string help;
+  for (const std::string command :
+       {"show", "check", "convert", "import", "export", "transpose", "play", "render"}) {
+    const Ran ran = Run(command + " --help");
+    EXPECT_THAT(ExamplesIn(ran.out), testing::Not(IsEmpty())) << command;
+    help += ran.out;
+  }
+  // What sounds is ended soon, as a user would do it.
+  folder_.Write("trillomat-cli",
+                "#!/bin/sh\nexec timeout --preserve-status -s INT 1 '" CLI_PROGRAM "' \"$@\"\n");
+  std::filesystem::permissions("trillomat-cli", std::filesystem::perms::owner_all);
+  std::ostringstream manual;
+  manual << std::ifstream(CLI_MANUAL).rdbuf();
+  for (const std::string& text : {help, manual.str()}) {
+    const TempFolder samples;
+    std::filesystem::copy(CLI_SAMPLES, samples.Path());
+    for (const std::string& example : ExamplesIn(text)) {
+      folder_.Write("example", "cd " + samples.Path().string() + "\n" + example + "\n");
+      const Ran ran = Run("", "", "PATH=" + folder_.Path().string() + ":$PATH sh example");
+      EXPECT_EQ(ran.status, 0) << example;
+      EXPECT_THAT(ran.err, testing::Not(HasSubstr("trillomat-cli: "))) << example;
+    }
+  }
 }
 
 TEST_F(ProgramTest, OutputThatCannotBeWrittenIsNoticed) {
