@@ -28,9 +28,8 @@ void FileBrowser::ShowSamples(const std::filesystem::path& samples) {
   samples_ = samples;
   samplesFolder_ = folder_;
   folderBeforeSamples_ = before;
-  parts_.host.Say(
-      {"Click a sample melody in the list to open it; each format has samples of its own",
-       FileMessage::Offer::CopySamples});
+  parts_.host.Say({"Click a sample melody in the list to open it; each format has samples of its own",
+                   FileMessage::Offer::CopySamples});
 }
 
 void FileBrowser::ShowSamplesToNewcomer(const std::filesystem::path& samples) {
