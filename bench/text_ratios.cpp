@@ -7,7 +7,7 @@
 #include "bench/random_melody.h"
 #include "bench/side_by_side.h"
 #include "core/silent_services.h"
-#include "core/token_memory.h"
+#include "core/token_cache.h"
 #include "exchange/export.h"
 #include "exchange/import.h"
 #include "formats/formats.h"
@@ -24,7 +24,7 @@ class TextRatios {
     for (const std::string& tune : tunes) all += tune;
     PrintRatio("scan", ScanOf(all), ScanOf(all));
     // As the command that checks many files reads them.
-    TokenMemory tokens;
+    TokenCache tokens;
     const Services services{silent_.log, silent_.pump, &tokens};
     PrintRatio("read-tunes", ScanOf(all), [&] {
       for (const std::string& tune : tunes) Note(Read(tune, FormatMode::Rtttl, {}, services));

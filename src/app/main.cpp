@@ -15,7 +15,7 @@
 #include "app/trillomat_application.h"
 #include "core/code_page.h"
 #include "core/log.h"
-#include "core/token_memory.h"
+#include "core/token_cache.h"
 #include "document/document.h"
 #include "files/path_text.h"
 #include "files/replace_file.h"
@@ -145,7 +145,7 @@ class Program {
   std::unique_ptr<Clock> clock_ = SystemClock();
   std::unique_ptr<MessageBox> messages_;
   QtPump pump_;
-  TokenMemory tokens_;
+  TokenCache tokens_;
   FileLog log_;
   Document document_;
   ReadRecord record_;

@@ -12,7 +12,7 @@
 #include "cli/melody_source.h"
 #include "cli/signals.h"
 #include "cli/stream_log.h"
-#include "core/token_memory.h"
+#include "core/token_cache.h"
 #include "exchange/export.h"
 #include "files/path_text.h"
 #include "platform/pump_sleep.h"
@@ -329,7 +329,7 @@ void CommandLine::Execute(ProgressLine* line) {
   if (!call_.out.empty() || !call_.toFolder.empty()) startWatch();
   SleepPump pump;
   StreamLog log(std::cerr, call_.verbose);
-  TokenMemory tokens;
+  TokenCache tokens;
   if (line == nullptr) return command_(call_, {{log, pump, &tokens}, *store});
   // What plays waits for signals itself.
   if (command_ != PlayCommand || call_.trace) line->beforeFirst = startWatch;

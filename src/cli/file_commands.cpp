@@ -66,7 +66,7 @@ void TellLosses(const std::string& name, const PhoneFit& fit, const LoadedSong& 
 // The Result text of an export, after what there is to say of it.
 std::string ExportOne(const Invocation& call, Phone phone, const CommandServices& services) {
   const RtttlSpelling spelling = SpellingOf(call, phone == Phone::Rtttl);
-  const LoadedSong loaded = LoadSong(call, services);
+  const LoadedSong loaded = LoadSong(call, services, call.report ? Losses::Reported : Losses::Warned);
   const Song& song = loaded.song;
   const std::string in = Utf8OfPath(call.in);
   if (song.elements.empty()) {
@@ -126,6 +126,7 @@ void ImportCommand(const Invocation& call, const CommandServices& services) {
   if (!imported.notAdapted.empty()) {
     std::cerr << "trillomat-cli: " << in << ": not adapted: " << ToUtf8(imported.notAdapted) << '\n';
   }
+  WarnOfNotUnderstood(call.in, text, read.notUnderstood);
   NormaliseStyleAndVolume(read.record.info);
   SaveSong({std::move(read.elements), std::move(read.record.info)}, call.out, to, services);
 }

@@ -28,12 +28,6 @@ std::string BytesOf(const std::filesystem::path& file, FormatMode mode, const Co
   }
 }
 
-std::string NotUnderstoodExtract(std::string_view text, const Refusal& first) {
-  const Refusal place = InCharacters(first, text);
-  return ExtractOf(text, first,
-                   "line " + std::to_string(place.line) + ", column " + std::to_string(place.column));
-}
-
 }  // namespace
 
 std::optional<FormatMode> ModeOfName(std::string_view name) {
@@ -58,7 +52,7 @@ FormatMode FormatOfPath(const std::filesystem::path& file, std::optional<FormatM
       "--mode imelody, emelody, rtttl or melody");
 }
 
-LoadedSong LoadSong(const Invocation& call, const CommandServices& services) {
+LoadedSong LoadSong(const Invocation& call, const CommandServices& services, Losses losses) {
   FormatMode mode = FormatOfPath(call.in, call.mode);
   const std::string name = Utf8OfPath(call.in);
   services.Begin("reading", call.in);
@@ -77,8 +71,21 @@ LoadedSong LoadSong(const Invocation& call, const CommandServices& services) {
   NormaliseStyleAndVolume(read.record.info);
   LoadedSong loaded{{std::move(read.elements), std::move(read.record.info)}, mode};
   const NotUnderstood& lost = read.notUnderstood;
-  if (call.report && lost.count > 0) loaded.notUnderstood = NotUnderstoodExtract(text, lost.first);
+  if (losses == Losses::Warned) WarnOfNotUnderstood(call.in, text, lost);
+  if (losses == Losses::Reported && lost.count > 0) {
+    const Refusal first = InCharacters(lost.first, text);
+    loaded.notUnderstood = ExtractOf(
+        text, lost.first, "line " + std::to_string(first.line) + ", column " + std::to_string(first.column));
+  }
   return loaded;
+}
+
+void WarnOfNotUnderstood(const std::filesystem::path& file, std::string_view text, NotUnderstood lost) {
+  if (lost.count == 0) return;
+  const std::string extract = ExtractOf(text, lost.first);
+  lost.first = InCharacters(std::move(lost.first), text);
+  std::cerr << "trillomat-cli: " + Utf8OfPath(file) + ": warning: " + NotUnderstoodText(lost) + '\n' +
+                   extract;
 }
 
 void SaveSong(const Song& song, const std::filesystem::path& file, FormatMode mode,

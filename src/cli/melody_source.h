@@ -9,6 +9,7 @@
 
 #include "cli/commands.h"
 #include "core/song.h"
+#include "formats/formats.h"
 
 namespace trillomat {
 
@@ -31,13 +32,22 @@ FormatMode FormatOfPath(const std::filesystem::path& file, std::optional<FormatM
 struct LoadedSong {
   Song song;
   FormatMode mode;
-  std::string notUnderstood = {};  ///< with --report: the first element that is not, marked in the text
+  std::string notUnderstood =
+      {};  ///< with Losses::Reported: the first element that is not, marked in the text
 };
+
+/// How the user learns of elements that were not understood: by a warning on standard error, by what the
+/// command prints, or by its own report.
+enum class Losses { Warned, Shown, Reported };
 
 /// The song of `call.in` as the window program would open it: style and volume have passed through the panel;
 /// with --tidy its text has been tidied. Throws Refused when it is refused, WrongUsage when nothing tells its
 /// format.
-LoadedSong LoadSong(const Invocation& call, const CommandServices& services);
+LoadedSong LoadSong(const Invocation& call, const CommandServices& services, Losses losses = Losses::Warned);
+
+/// Says on standard error that not all elements of `file` were understood, if they were not, and marks the
+/// first in `text`, in which its place counts bytes.
+void WarnOfNotUnderstood(const std::filesystem::path& file, std::string_view text, NotUnderstood lost);
 
 /// Saves the song as `file` in the format `mode`, RTTTL in that spelling; a name that RTTTL cannot hold is
 /// said before. Throws Refused when it cannot be written; an existing file is then as it was.

@@ -6,7 +6,7 @@
 namespace trillomat {
 
 void ShowCommand(const Invocation& call, const CommandServices& services) {
-  const auto [song, mode, lost] = LoadSong(call, services);
+  const auto [song, mode, reported] = LoadSong(call, services, Losses::Shown);
   services.Begin("showing", call.in, song.elements.size());
   WriteOutput("-", services.store,
               call.json ? ShowJson(song, mode, services) : ShowText(song, mode, services));

@@ -6,14 +6,13 @@
 
 namespace trillomat {
 
-class TokenMemory;
+class TokenCache;
 
 /// Handed on by value; what it refers to outlives the work.
 struct Services {
   Log& log;
   EventPump& pump;
-  TokenMemory* tokens =
-      nullptr;  ///< lives longer than one read, so that the next has less to decode; may be null
+  TokenCache* tokens = nullptr;  ///< outlives a read, so that the next has less to decode; may be null
 
   /// The same, with events run by `other`.
   Services With(EventPump& other) const { return {log, other, tokens}; }

@@ -6,7 +6,7 @@
 
 #include "core/byte_map.h"
 #include "core/services.h"
-#include "core/token_memory.h"
+#include "core/token_cache.h"
 
 namespace trillomat {
 
@@ -34,8 +34,8 @@ class TokenDecoder {
   TokenDefaults defaults_;
   TokenRules rules_;
   const ByteMap& spelling_;
-  std::optional<TokenMemory> own_;
-  TokenMemory& known_;
+  std::optional<TokenCache> own_;
+  TokenCache& known_;
   DecodedToken last_;
   Log& log_;
 };

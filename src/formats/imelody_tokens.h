@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "core/ascii.h"
-#include "core/token_memory.h"
+#include "core/token_cache.h"
 #include "formats/token_ends.h"
 
 namespace trillomat {

@@ -59,7 +59,7 @@ TEST_F(ProgramTest, OnlyATerminalGetsTextWithoutItsOrders) {
 // start. program is started.
 TEST_F(ProgramTest, AClosedPipeEndsItQuietly) {
   std::string notes;
-  for (int i = 0; i < 20'000; ++i) notes += "c,x,";
+  for (int i = 0; i < 20'000; ++i) notes += "c,d,";
   folder_.Write("long.rtx", "long:d=4,o=5,b=120:" + notes);
   const auto statusOf = [this](const std::string& before, const std::string& command) {
     return Run("", "",

@@ -40,6 +40,9 @@ TEST_F(ProgramTest, ErrorsMarkTheirPlaceInTheText) {
       {"a.rtx", tune + "c,\xC3\xA9\xF0\x9F\x8E\xB5,d\n", "check",
        "a.rtx: line 1, column 19: warning: not understood\n  " + tune +
            "c,\xC3\xA9\xF0\x9F\x8E\xB5,d\n                    ^~~\n"},
+      {"a.rtx", tune + "c,85_,d,x\n", "convert --force",
+       "a.rtx: warning: 2 of 4 elements were not understood, the first is \"85_\" in line 1, column 19\n  " +
+           tune + "c,85_,d,x\n                    ^~~\n"},
       {"a.rtx", "\xC3\xA9:d=4,o=5,b=120:", "show --tidy",
        "\n  \xC3\xA9:d=4,o=5,b=120:\n                  ^ in the text as it was tidied\n"},
       {"a.rtx", tune + "c5,c8", "export --to r320",
@@ -50,7 +53,7 @@ TEST_F(ProgramTest, ErrorsMarkTheirPlaceInTheText) {
        "             ^~~ element 4 would leave the octaves of its format\n"}};
   for (const Wrong& wrong : wrongs) {
     folder_.Write(wrong.file, wrong.bytes);
-    const std::string out = wrong.arguments.starts_with("transpose") ? " b.rtx" : "";
+    const std::string out = wrong.arguments.ends_with("--force") ? " b.rtx" : "";
     EXPECT_THAT(Run(wrong.arguments + ' ' + wrong.file + out).err, EndsWith(wrong.message)) << wrong.bytes;
   }
 }

@@ -80,7 +80,7 @@ struct TokenKey {
   bool operator==(const TokenKey&) const = default;
 };
 
-class TokenMemory : public Cache<TokenKey, DecodedToken> {
+class TokenCache : public Cache<TokenKey, DecodedToken> {
  public:
   using Cache::Cache;
 };
