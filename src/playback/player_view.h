@@ -46,15 +46,4 @@ class NullPlayerView : public PlayerView {
   void PaintNow() override {}
 };
 
-/// Where vibration puts the phone pictures, in the window's coordinate units.
-struct VibrationSpot {
-  int left = 0;
-  int top = 0;
-};
-
-/// The spot of two random numbers from 0 up to 1, inside a square of 81 by 81.
-constexpr VibrationSpot RandomVibrationSpot(double left, double top) {
-  return {static_cast<int>(left * 81 + 200), static_cast<int>(top * 81 + 260)};
-}
-
 }  // namespace trillomat

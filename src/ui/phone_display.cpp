@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <random>
 
 #include "ui/controls.h"
@@ -19,7 +20,6 @@ namespace {
 constexpr QSizeF kPhone(96, 168);
 constexpr double kJitter = 81;
 constexpr std::chrono::milliseconds kJumpInterval(100);
-constexpr VibrationSpot kOrigin = RandomVibrationSpot(0, 0);
 
 constexpr std::array<const char*, 4> kSpoken{"Phone", "Phone with its backlight on", "Phone with its LED on",
                                              "Phone with its LED and backlight on"};
@@ -50,8 +50,11 @@ void PhonePictures::Show(int picture) {
   }
 }
 
-void PhonePictures::PutAt(VibrationSpot spot) {
-  spot_ = QPointF(spot.left - kOrigin.left, spot.top - kOrigin.top);
+void PhonePictures::PutAtRandom() {
+  std::minstd_rand generator(std::random_device{}());
+  std::uniform_real_distribution<double> random(0, kJitter);
+  const double left = std::floor(random(generator));
+  spot_ = QPointF(left, std::floor(random(generator)));
   Place();
 }
 
@@ -79,7 +82,7 @@ PhoneDisplay::PhoneDisplay(QWidget* parent)
   auto* column = new QVBoxLayout(this);
   column->addWidget(pictures_, 1);
   column->addLayout(NewFrequencyRow());
-  connect(&timer_, &QTimer::timeout, this, &PhoneDisplay::Jump);
+  connect(&timer_, &QTimer::timeout, this, [this] { pictures_->PutAtRandom(); });
   ShowPicture(0);
   ShowFrequency("0");
 }
@@ -109,13 +112,6 @@ void PhoneDisplay::Vibrate(bool on) {
   if (on) return timer_.start(kJumpInterval);
   timer_.stop();
   pictures_->PutInTheMiddle();
-}
-
-void PhoneDisplay::Jump() {
-  std::minstd_rand generator(std::random_device{}());
-  std::uniform_real_distribution<double> random(0, 1);
-  const double left = random(generator);
-  pictures_->PutAt(RandomVibrationSpot(left, random(generator)));
 }
 
 }  // namespace trillomat

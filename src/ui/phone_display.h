@@ -12,8 +12,6 @@
 #include <string_view>
 #include <utility>
 
-#include "playback/player_view.h"
-
 namespace trillomat {
 
 /// One drawing that fills the widget. It is read when it is shown first.
@@ -37,10 +35,11 @@ class PhonePictures : public QWidget {
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint() / 2; }
 
+  /// As PhoneDisplay::ShowPicture.
   void Show(int picture);
-  /// Puts the pictures where vibration has them.
-  void PutAt(VibrationSpot spot);
-  /// Where the phone is while it does not vibrate.
+  /// Puts the pictures at a random spot of the square, as vibration does.
+  void PutAtRandom();
+  /// Puts them where the phone is while it does not vibrate.
   void PutInTheMiddle();
 
  protected:
@@ -66,7 +65,6 @@ class PhoneDisplay : public QGroupBox {
   void Vibrate(bool on);
 
  private:
-  void Jump();
   QLayout* NewFrequencyRow();
 
   PhonePictures* pictures_;

@@ -173,11 +173,5 @@ TEST(Player, MidiSoundsNothingAndTakesNoTimeButForPauses) {
   EXPECT_NEAR(p.clock.seconds, 0.6, 0.001);
 }
 
-TEST(VibrationSpot, StaysInItsSquare) {
-  const VibrationSpot first = RandomVibrationSpot(0, 0);
-  const VibrationSpot last = RandomVibrationSpot(0.9999, 0.9999);
-  EXPECT_THAT((std::vector{first.left, first.top, last.left, last.top}), ElementsAre(200, 260, 280, 340));
-}
-
 }  // namespace
 }  // namespace trillomat
