@@ -9,6 +9,7 @@
 #include "core/silent_services.h"
 #include "document/document.h"
 #include "files/path_text.h"
+#include "files/refusal_text.h"
 #include "platform/system_parts.h"
 #include "playback/play_controls.h"
 #include "playback/play_trace.h"
@@ -99,7 +100,7 @@ void RenderCommand(const Invocation& call, const CommandServices& services) {
     const auto failure = RenderWave(document, options, services, stream);
     // Of a stream that failed the output itself is to blame, and it knows why.
     if (!failure || !stream) return;
-    throw Refused(Utf8OfPath(call.in) + ": " + failure->why +
+    throw Refused(Utf8OfPath(call.in) + ": " + SentenceText(failure->why) +
                   (failure->tooMuch ? " --force renders it all the same." : ""));
   });
 }

@@ -1,5 +1,6 @@
 #include "files/refusal_text.h"
 
+#include "core/ascii.h"
 #include "core/code_page.h"
 #include "core/number_text.h"
 
@@ -37,6 +38,12 @@ std::string NotUnderstoodText(const NotUnderstood& lost) {
   return std::to_string(lost.count) + " of " + elements +
          (lost.count == 1 ? " was not understood: it is " : " were not understood, the first is ") + first +
          (place.empty() ? "" : " in " + place);
+}
+
+std::string SentenceText(std::string_view why) {
+  std::string sentence(why);
+  if (!sentence.empty()) sentence.front() = ToUpper(sentence.front());
+  return sentence + '.';
 }
 
 // What stands alone needs no full stop.

@@ -17,6 +17,9 @@ std::string RefusalText(std::string_view name, const Refusal& refusal);
 /// '3 of 120 elements were not understood, the first is "85_" in line 1, column 24'; empty where all were.
 std::string NotUnderstoodText(const NotUnderstood& lost);
 
+/// The words of a refusal as a sentence: "the file is empty" becomes "The file is empty.".
+std::string SentenceText(std::string_view why);
+
 /// Two texts as sentences behind each other; either may be empty, and then the other stands without a full
 /// stop.
 std::string JoinedSentences(std::string first, const std::string& second);

@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "core/ascii.h"
 #include "playback/play_trace.h"
 #include "playback/played_length.h"
 #include "playback/wave_synthesis.h"
@@ -96,19 +95,13 @@ class WaveWriter {
   int64_t time_ = 0;  // milliseconds
 };
 
-std::string Sentence(std::string_view why) {
-  std::string sentence(why);
-  sentence.front() = ToUpper(sentence.front());
-  return sentence + '.';
-}
-
 // Why the melody, as far as it was measured, is more than can or should be rendered; nothing when it is not.
 std::optional<RenderFailure> TooMuch(const PlayedLength& length, bool anyLength) {
   if (const std::string_view tooMuch = length.WhyTooMuch(); !anyLength && !tooMuch.empty()) {
-    return RenderFailure{Sentence(tooMuch), true};
+    return RenderFailure{std::string(tooMuch), true};
   }
   if (DataSizeAt(length.Milliseconds()) > kMaxDataSize) {
-    return RenderFailure{"The melody is too long for a WAV file."};
+    return RenderFailure{"the melody is too long for a WAV file"};
   }
   return std::nullopt;
 }
@@ -117,7 +110,7 @@ std::optional<RenderFailure> TooMuch(const PlayedLength& length, bool anyLength)
 
 std::optional<RenderFailure> RenderWave(const Document& document, const RenderOptions& options,
                                         const Services& services, std::ostream& out) {
-  const RenderFailure interrupted{"Interrupted."};
+  const RenderFailure interrupted{"interrupted"};
   // The header holds the size, and the stream may be one that cannot go back to it: so the walk is made
   // twice.
   SilentLog silent;
@@ -135,7 +128,7 @@ std::optional<RenderFailure> RenderWave(const Document& document, const RenderOp
   WaveWriter writer(out);
   const auto write = [&writer](const TraceStep& step) { return writer.Write(step.played); };
   if (!TraceMelody(document, options.endlessRounds, services, write) || !out.flush()) {
-    return out.good() ? interrupted : RenderFailure{"The WAV file could not be written."};
+    return out.good() ? interrupted : RenderFailure{"the WAV file could not be written"};
   }
   return std::nullopt;
 }

@@ -18,7 +18,7 @@ struct RenderOptions {
 
 /// Why there is no WAV file.
 struct RenderFailure {
-  std::string why;       ///< a sentence for the user
+  std::string why;       ///< as in Refusal
   bool tooMuch = false;  ///< `anyLength` would render it
 };
 

@@ -3,7 +3,6 @@
 #include <sstream>
 #include <utility>
 
-#include "core/ascii.h"
 #include "exchange/midi_write.h"
 #include "playback/played_elements.h"
 #include "playback/render_wave.h"
@@ -19,19 +18,12 @@ Result<SoundBytes> MidiOf(const Document& song, const Services& services) {
   return SoundBytes{std::move(written.bytes), std::move(written.changes)};
 }
 
-// Of a sentence that stands alone.
-Refusal RefusalOf(const RenderFailure& failure) {
-  Refusal refusal{.why = failure.why.substr(0, failure.why.find_last_not_of('.') + 1)};
-  if (!refusal.why.empty()) refusal.why.front() = ToLower(refusal.why.front());
-  return refusal;
-}
-
 }  // namespace
 
 Result<SoundBytes> ExportedSound(const Document& song, std::string_view extension, const Services& services) {
   if (extension == "mid") return MidiOf(song, services);
   std::ostringstream stream;
-  if (const auto failure = RenderWave(song, {}, services, stream)) return RefusalOf(*failure);
+  if (const auto failure = RenderWave(song, {}, services, stream)) return Refusal{failure->why};
   return SoundBytes{std::move(stream).str()};
 }
 

@@ -118,9 +118,9 @@ TEST(RenderWave, LogsOnceWhatThePlayerLogsAndGivesNoTimeToWhatIsNotSounded) {
 }
 
 TEST(RenderWave, SaysWhyItDoesNot) {
-  const std::string hour = "The melody has more than an hour of sound.";
-  const std::string again = "The melody plays more than 30,000 elements over again.";
-  const std::string tooLong = "The melody is too long for a WAV file.";
+  const std::string hour = "the melody has more than an hour of sound";
+  const std::string again = "the melody plays more than 30,000 elements over again";
+  const std::string tooLong = "the melody is too long for a WAV file";
   struct Case {
     std::string tokens;  // at a beat a minute
     bool anyLength;
@@ -135,7 +135,7 @@ TEST(RenderWave, SaysWhyItDoesNot) {
     std::ostringstream out;
     if (c.why.empty()) out.setstate(std::ios::badbit);  // what could be rendered is refused here
     const auto failure = RenderWave(p.document, {.anyLength = c.anyLength}, p.services, out);
-    const std::string expected = c.why.empty() ? "The WAV file could not be written." : c.why;
+    const std::string expected = c.why.empty() ? "the WAV file could not be written" : c.why;
     ASSERT_TRUE(failure) << c.tokens;
     EXPECT_EQ(failure->why, expected) << c.tokens;
     EXPECT_EQ(failure->tooMuch, c.why == hour || c.why == again) << c.tokens;
@@ -144,7 +144,7 @@ TEST(RenderWave, SaysWhyItDoesNot) {
   Playing p("*3a2");
   p.pump.ending = true;
   std::ostringstream out;
-  EXPECT_EQ(RenderWave(p.document, {}, p.services, out)->why, "Interrupted.");
+  EXPECT_EQ(RenderWave(p.document, {}, p.services, out)->why, "interrupted");
 }
 
 TEST(Volume, FullIsBitForBitAndHalfOfItIsTenDecibelsWeaker) {
