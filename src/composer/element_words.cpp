@@ -6,8 +6,8 @@
 
 #include "core/ascii.h"
 #include "core/number_text.h"
-#include "playback/player.h"
-#include "playback/tone_table.h"
+#include "core/tone.h"
+#include "playback/element_sound.h"
 
 namespace trillomat {
 namespace {
@@ -70,18 +70,6 @@ std::string DurationWords(const Element& element) {
 bool IsCommand(const Element& element) { return element.Note().empty() && !element.Command().empty(); }
 
 }  // namespace
-
-int32_t ElementLength(const Element& element, int32_t bpm) {
-  if (IsCommand(element)) return 0;
-  if (!IsPause(element) && ElementFrequency(element) == 0) return 0;
-  const double milliseconds = double{element.duration} * double{element.extra} * BeatLength(bpm);
-  return std::max(RoundToInt32(milliseconds).value_or(0), 0);
-}
-
-int32_t ElementFrequency(const Element& element) {
-  if (IsPause(element)) return 0;
-  return ToneFrequency(BaseFrequency(element.Note()).value_or(0), element.octave).value_or(0);
-}
 
 std::string ElementWords(const Element& element, int32_t bpm) {
   if (IsCommand(element)) return ElementWords(element);

@@ -1,12 +1,12 @@
 #include "playback/player.h"
 
-#include <cmath>
 #include <string>
 
 #include "core/ascii.h"
 #include "core/codec.h"
 #include "core/number_text.h"
 #include "core/scoped_value.h"
+#include "playback/element_sound.h"
 #include "playback/tone_table.h"
 #include "playback/wave_synthesis.h"
 
@@ -63,12 +63,6 @@ bool PhoneLights::Perform(std::string_view command) {
     return true;
   }
   return false;
-}
-
-int32_t BeatLength(int32_t bpm) {
-  if (bpm == 0) bpm = kDefaultTempo;
-  // No tempo but 0 gives more than a minute, so the result always fits.
-  return static_cast<int32_t>(std::nearbyint(1000 / (bpm / 60.0)));
 }
 
 int32_t Player::PlayElement(const Element& element, int32_t index) {

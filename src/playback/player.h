@@ -35,10 +35,6 @@ struct PhoneLights {
   bool Perform(std::string_view command);
 };
 
-/// Milliseconds of a quarter-note beat at `bpm` beats per minute, rounded half to even: 600 at 100. A tempo
-/// of 0 counts as kDefaultTempo; a negative one gives a negative length, which is played as 0.
-int32_t BeatLength(int32_t bpm);
-
 /// What the player reaches the outside world through.
 struct PlayerSeams {
   Services services;

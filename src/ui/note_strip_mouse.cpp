@@ -8,6 +8,7 @@
 
 #include "composer/element_words.h"
 #include "core/codec.h"
+#include "playback/element_sound.h"
 #include "ui/controls.h"
 #include "ui/note_strip.h"
 #include "ui/qt_text.h"

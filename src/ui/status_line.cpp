@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "composer/element_words.h"
-#include "playback/player.h"
+#include "playback/element_sound.h"
 #include "ui/accessible_parts.h"
 #include "ui/controls.h"
 #include "ui/qt_text.h"

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "core/silent_services.h"
-#include "playback/play_trace.h"
 #include "support/sample_notes.h"
 
 namespace trillomat {
@@ -29,23 +27,6 @@ TEST(ElementWordsTest, NamesWhatTheElementIs) {
       {Command("Error"), "command \"Error\""}};
   for (const auto& [element, words] : cases) EXPECT_EQ(ElementWords(element, 100), words);
   EXPECT_EQ(ElementWords(Note("a"), 0), "a, octave 4, quarter, 600 ms") << "as the tempo 0 is played";
-}
-
-// Entered commands hold a length, but it is never played.
-TEST(ElementWordsTest, LengthAndFrequencyAreThoseThatArePlayed) {
-  Song song{ElementsOf("*4c2. *0&d0: r3; *8b5 ledon V10 *4x2 r0:"), {.bpm = 133}};
-  song.elements[4].duration = song.elements[4].extra = 1.0F;
-  song.elements.push_back(Note("c", 30));
-  SilentServices silent;
-  const Document document(song, FormatMode::IMelody);
-  int32_t expected = 0;
-  TraceMelody(document, 1, silent.services, [&](const TraceStep& step) {
-    EXPECT_EQ(step.index, expected++);
-    EXPECT_EQ(ElementLength(document.At(step.index), 133), step.played.length) << step.index;
-    EXPECT_EQ(ElementFrequency(document.At(step.index)), step.played.frequency) << step.index;
-    return true;
-  });
-  EXPECT_EQ(expected, document.LastIndex() + 1);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "playback/play_trace.h"
 
+#include "playback/element_sound.h"
 #include "playback/played_elements.h"
 #include "playing.h"
 
@@ -106,6 +107,24 @@ TEST(PlayedElements, AreRefusedWhenTheyTakeTooLong) {
   EXPECT_EQ(why("( *3a0 r0 @2000)"), "the melody has more than an hour of sound");
   EXPECT_EQ(why("( V10 @32000)"), "the melody plays more than 30,000 elements over again");
   EXPECT_EQ(why("*3a2", true), "the program is ending");
+}
+
+// Entered commands hold a length, but it is never played.
+TEST(ElementSound, LengthAndFrequencyAreThoseThatArePlayed) {
+  ElementList elements = ElementsOf("*4c2. *0&d0: r3; *8b5 ledon V10 *4x2 r0:");
+  elements[4].duration = elements[4].extra = 1.0F;
+  elements.push_back(Note("c", 30));
+  Playing p;
+  p.Load(elements);
+  p.SetTempo(133);
+  int32_t expected = 0;
+  TraceMelody(p.document, 1, p.services, [&](const TraceStep& step) {
+    EXPECT_EQ(step.index, expected++);
+    EXPECT_EQ(ElementLength(p.document.At(step.index), 133), step.played.length) << step.index;
+    EXPECT_EQ(ElementFrequency(p.document.At(step.index)), step.played.frequency) << step.index;
+    return true;
+  });
+  EXPECT_EQ(expected, p.document.LastIndex() + 1);
 }
 
 }  // namespace

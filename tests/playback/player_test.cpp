@@ -4,6 +4,7 @@
 #include <map>
 #include <stdexcept>
 
+#include "playback/element_sound.h"
 #include "playback/tone_table.h"
 #include "playing.h"
 
