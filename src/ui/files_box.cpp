@@ -177,11 +177,12 @@ void FilesBox::Import() {
 void FilesBox::TakeImported(Imported&& imported, const ImportOrigin& origin) {
   ReadResult& read = imported.read;
   if (!read) {
-    const FileMessage said = second_.Refused("Not imported: " + RefusalText({}, *read.refusal), origin, read);
+    const FileMessage said =
+        second_.OfferAfterRefusal("Not imported: " + RefusalText({}, *read.refusal), origin, read);
     parts_.record = read.record;
     return Say(said);
   }
-  FileMessage done = second_.Imported(origin, read);
+  FileMessage done = second_.OfferAfterImport(origin, read);
   if (!imported.notAdapted.empty()) {
     done.text = JoinedSentences("Not adapted: " + ToUtf8(imported.notAdapted), done.text);
   }
@@ -268,7 +269,7 @@ FileMessage FilesBox::AfterPaste(std::string said, std::string_view text, const 
   const uint64_t song = parts_.document.SongNumber();
   if (text.empty()) return {std::move(said)};
   FileMessage message =
-      second_.Offered(std::move(said), text, {parts_.document.Mode(), false, TextSource::Clipboard}, read);
+      second_.WithOffer(std::move(said), text, {parts_.document.Mode(), false, TextSource::Clipboard}, read);
   if (message.offer != FileMessage::Offer::None) pasted_ = read ? std::optional(song) : std::nullopt;
   return message;
 }
@@ -330,7 +331,7 @@ void FilesBox::SetSaveCaption(std::string_view caption) {
 
 FileMessage FilesBox::WithBetterReading(std::string said, std::string_view bytes, FormatMode mode,
                                         const ReadResult& read) {
-  return second_.Offered(std::move(said), bytes, {.mode = mode}, read);
+  return second_.WithOffer(std::move(said), bytes, {.mode = mode}, read);
 }
 
 void FilesBox::SetSaveAsCaption(std::string_view caption) { saveAsButton_->setText(FromUtf8Bytes(caption)); }

@@ -13,12 +13,12 @@
 namespace trillomat {
 namespace {
 
-/// What is done with texts of a source.
+// How taking in a text from a source is called.
 struct SourceWords {
-  std::string_view order;
-  std::string_view done;
-  std::string_view step;
-  std::string_view stepTidied;
+  std::string_view command;     ///< on the button that does it
+  std::string_view done;        ///< in the message afterwards
+  std::string_view step;        ///< behind "Undo"
+  std::string_view stepTidied;  ///< the same where it was tidied
 };
 
 const SourceWords& WordsOf(TextSource source) {
@@ -41,57 +41,59 @@ std::string HintText(const BetterWay& better, bool otherFormat, const ReadResult
 
 }  // namespace
 
-FileMessage SecondReadings::Offered(std::string said, std::string_view text, const ReadingWay& way,
-                                    const ReadResult& read) {
+FileMessage SecondReadings::WithOffer(std::string said, std::string_view text, const ReadingWay& way,
+                                      const ReadResult& read) {
   if (read && !read.elements.empty() && read.notUnderstood.count == 0) return {std::move(said)};
   const auto better = FindBetterWay(text, way, read, record_, services_.pump);
   if (!better) return {std::move(said)};
   const bool otherFormat = better->way.mode != way.mode;
-  offer_ = {std::string(text), better->way, otherFormat};
-  const std::string order(WordsOf(way.source).order);
+  offered_ = {std::string(text), better->way, otherFormat};
+  const std::string command(WordsOf(way.source).command);
   return {JoinedSentences(std::move(said), HintText(*better, otherFormat, read)),
-          FileMessage::Offer::ReadBetter, order + (otherFormat ? AsFormat(better->way.mode) : " tidied")};
+          FileMessage::Offer::ReadBetter, command + (otherFormat ? AsFormat(better->way.mode) : " tidied")};
 }
 
-// The places in what is said are those of the tidied text, so its changes are offered where nothing else is.
-FileMessage SecondReadings::Refused(std::string said, const ImportOrigin& origin, const ReadResult& read) {
-  FileMessage message = Offered(std::move(said), origin.text, origin.way, read);
+// The line and column in `said` are those of the tidied text: the changes tell the user where that is in the
+// text as it was.
+FileMessage SecondReadings::OfferAfterRefusal(std::string said, const ImportOrigin& origin,
+                                              const ReadResult& read) {
+  FileMessage message = WithOffer(std::move(said), origin.text, origin.way, read);
   const FileMessage::Offer changes = KeepChanges(origin.changes);
   if (message.offer == FileMessage::Offer::None) message.offer = changes;
   return message;
 }
 
-FileMessage SecondReadings::Imported(const ImportOrigin& origin, const ReadResult& read) {
-  if (origin.way.tidied) return Done(origin.way, false, read.notUnderstood, origin.changes);
-  return Offered(NotUnderstoodText(read.notUnderstood), origin.text, origin.way, read);
+FileMessage SecondReadings::OfferAfterImport(const ImportOrigin& origin, const ReadResult& read) {
+  if (origin.way.tidied) return DoneMessage(origin.way, false, read.notUnderstood, origin.changes);
+  return WithOffer(NotUnderstoodText(read.notUnderstood), origin.text, origin.way, read);
 }
 
 std::optional<BetterReading> SecondReadings::Read() {
-  if (!offer_) return std::nullopt;
-  const Offer offer = *offer_;
-  const auto text = ChosenText(TextsFor(offer.way, offer.text), &parent_);
+  if (!offered_) return std::nullopt;
+  const OfferedReading offered = *offered_;
+  const auto text = ChosenText(TextsFor(offered.way, offered.text), &parent_);
   if (!text) return std::nullopt;
-  WayResult result = ReadInWay(offer.way, *text, offer.text, record_, services_);
+  WayResult result = ReadInWay(offered.way, *text, offered.text, record_, services_);
   if (!result.read) return std::nullopt;
-  FileMessage done = Done(offer.way, offer.otherFormat, result.read.notUnderstood, result.changes);
-  const TextSource source = offer.way.source;
+  FileMessage done = DoneMessage(offered.way, offered.otherFormat, result.read.notUnderstood, result.changes);
+  const TextSource source = offered.way.source;
   const SourceWords& words = WordsOf(source);
   return BetterReading{.read = std::move(result.read),
-                       .mode = offer.way.mode,
-                       .step = offer.way.tidied ? words.stepTidied : words.step,
+                       .mode = offered.way.mode,
+                       .step = offered.way.tidied ? words.stepTidied : words.step,
                        .done = std::move(done),
                        .plays = source == TextSource::File,
                        .pasted = source == TextSource::Clipboard};
 }
 
-FileMessage SecondReadings::Done(const ReadingWay& way, bool otherFormat, NotUnderstood lost,
-                                 const std::vector<TidyChange>& changes) {
+FileMessage SecondReadings::DoneMessage(const ReadingWay& way, bool otherFormat, NotUnderstood lost,
+                                        const std::vector<TidyChange>& changes) {
   std::string said;
   if (otherFormat || way.tidied) said = WordsOf(way.source).done;
   if (otherFormat) said += AsFormat(way.mode);
   if (way.tidied && changes.empty()) said += "; there was nothing to tidy";
   if (!changes.empty()) said += " tidied, with " + Counted(changes.size(), "change", "changes");
-  // A place in the tidied text is none in the one that the user has.
+  // The line and column would be those of the tidied text, which the user does not have.
   if (!changes.empty()) lost.first.line = 0;
   return {JoinedSentences(said, NotUnderstoodText(lost)), KeepChanges(changes)};
 }

@@ -20,35 +20,39 @@ class SecondReadings {
   SecondReadings(QWidget& parent, const ReadRecord& record, const Services& services)
       : parent_(parent), record_(record), services_(services) {}
 
-  /// What is to be said of a text that came to `read` when it was read in `way`: `said`, and the offer of a
-  /// better way, if there is one.
-  FileMessage Offered(std::string said, std::string_view text, const ReadingWay& way, const ReadResult& read);
+  /// The message `said` (UTF-8) about `text` (Windows-1252), which came to `read` when it was read in `way`,
+  /// with the offer of a better way, if there is one.
+  FileMessage WithOffer(std::string said, std::string_view text, const ReadingWay& way,
+                        const ReadResult& read);
 
-  // The same of an import, which may have been tidied.
-  FileMessage Refused(std::string said, const ImportOrigin& origin, const ReadResult& read);
-  FileMessage Imported(const ImportOrigin& origin, const ReadResult& read);
+  /// The same for an import that was refused, and for one that was read. Where it was tidied and there is
+  /// no better way, the changes are offered.
+  FileMessage OfferAfterRefusal(std::string said, const ImportOrigin& origin, const ReadResult& read);
+  FileMessage OfferAfterImport(const ImportOrigin& origin, const ReadResult& read);
 
-  /// Reads the text that was offered last, which stays until another is; asks for one of several tunes.
+  /// Reads the text of the last offer in the better way, asking which of several tunes is meant. Nothing when
+  /// that was cancelled, when the text is refused, and when there was no offer yet. The offer stays for
+  /// another call.
   std::optional<BetterReading> Read();
 
-  /// Of what was read, or refused, last.
+  /// Shows what tidying changed in the text that was read, or refused, last.
   void ShowChanges();
 
  private:
-  FileMessage Done(const ReadingWay& way, bool otherFormat, NotUnderstood lost,
-                   const std::vector<TidyChange>& changes);
+  FileMessage DoneMessage(const ReadingWay& way, bool otherFormat, NotUnderstood lost,
+                          const std::vector<TidyChange>& changes);
   FileMessage::Offer KeepChanges(const std::vector<TidyChange>& changes);
 
-  struct Offer {
+  struct OfferedReading {
     std::string text;
     ReadingWay way;
-    bool otherFormat;
+    bool otherFormat;  ///< than the text was read as before
   };
 
   QWidget& parent_;
   const ReadRecord& record_;
   Services services_;
-  std::optional<Offer> offer_;
+  std::optional<OfferedReading> offered_;
   QStringList changes_;
   QPointer<ChangesWindow> window_;
 };
