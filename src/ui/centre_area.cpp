@@ -12,7 +12,7 @@ constexpr int kTightSpacing = 1;
 constexpr int kTightMargin = 2;
 constexpr int kRowSpacing = 6;
 
-// Only heights: what stands side by side keeps its distance.
+// Saves height alone: what stands side by side keeps a distance.
 void SetTightSpacing(QLayout& layout, bool tight) {
   const int spacing = tight ? kTightSpacing : -1;  // -1 is the style's own
   if (auto* grid = qobject_cast<QGridLayout*>(&layout)) grid->setVerticalSpacing(spacing);
@@ -36,8 +36,8 @@ CentreArea::CentreArea(QWidget* content, QWidget* parent) : QScrollArea(parent) 
 }
 
 void CentreArea::resizeEvent(QResizeEvent* event) {
-  // What can do with little height, the note strip above all, is to have what it likes before the rest
-  // spreads.
+  // The layout is roomy only where there is the preferred height, not just the least one: so the spacing
+  // shrinks before widgets do that can be low, the note strip above all.
   if (!tight_)
     roomy_ = roomy_.expandedTo({widget()->minimumSizeHint().width(), widget()->sizeHint().height()});
   SetTight(roomy_.boundedTo(maximumViewportSize()) != roomy_);

@@ -8,7 +8,7 @@ namespace trillomat {
 
 class CentreArea : public QScrollArea {
  public:
-  /// Holds `content`, whose layouts it makes tight and roomy.
+  /// Shows `content`, and changes the spacing and margins of all layouts in it.
   CentreArea(QWidget* content, QWidget* parent);
 
  protected:
@@ -18,7 +18,7 @@ class CentreArea : public QScrollArea {
   void SetTight(bool tight);
 
   bool tight_ = false;
-  QSize roomy_;  ///< what the content needs at least while it is not tight
+  QSize roomy_;  ///< the least size that the content is laid out roomily in
 };
 
 }  // namespace trillomat

@@ -14,7 +14,7 @@ EditCommands::EditCommands(const Document& document, Composer& composer, const S
                            EditWords words)
     : document_(document), composer_(composer), services_(services), words_(std::move(words)) {}
 
-// What was copied is what is cut, whatever ran while the text of it was made.
+// Copying lets events run, which may change the selection. Nothing is erased then that was not copied.
 void EditCommands::Cut() {
   if (!composer_.MayEdit() || !HasSelection()) return;
   const ElementList cut = composer_.Selected();

@@ -13,7 +13,7 @@
 namespace trillomat {
 namespace {
 
-// Rows that a finger or an unsteady hand can hit, and a mark on the one that the keys are on.
+// Makes the rows high enough for a finger or an unsteady hand, and marks the one that Enter acts on.
 class RowDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -54,7 +54,8 @@ QItemSelectionModel::SelectionFlags FileList::selectionCommand(const QModelIndex
   return QItemSelectionModel::NoUpdate;
 }
 
-// What "Save" writes over is to be seen also where a list without the focus shows its selection in pale grey.
+// Styles show the selection of a list without the focus in pale grey. What "Save" writes over is to be seen
+// then, too.
 void FileList::initViewItemOption(QStyleOptionViewItem* option) const {
   QListView::initViewItemOption(option);
   option->state |= QStyle::State_Active;
@@ -68,7 +69,7 @@ void FileList::ShowSelected(int row) {
   selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
 }
 
-// The click comes last: what it starts may fill this list anew or play a melody to its end.
+// The signals come last: what they start may fill this list anew or play a melody to its end.
 void FileList::mousePressEvent(QMouseEvent* event) {
   const QModelIndex index = indexAt(event->pos());
   const int row = index.isValid() ? index.row() : -1;
@@ -84,14 +85,14 @@ void FileList::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton && index.isValid()) emit DoubleClicked(index.row());
 }
 
-// The mouse has asked already, by its press.
+// A right click has asked for the menu when it was pressed, so here only the menu key does.
 void FileList::contextMenuEvent(QContextMenuEvent* event) {
   if (event->reason() != QContextMenuEvent::Keyboard) return;
   menuPlace_ = viewport()->mapToGlobal(visualRect(currentIndex()).center());
   emit MenuRequested(currentIndex().row());
 }
 
-// As the melody does, the list shows where the keys go.
+// While the list has the focus it has a frame, as the melody line and the note strip have.
 void FileList::paintEvent(QPaintEvent* event) {
   QListView::paintEvent(event);
   if (!hasFocus()) return;

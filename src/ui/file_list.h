@@ -23,6 +23,7 @@ class FileList : public QListView {
   QPoint MenuPlace() const { return menuPlace_; }
 
  signals:
+  // `row` is one of the rows, from 0.
   void Clicked(int row);
   void DoubleClicked(int row);
   /// The right button, or the menu key, was pressed on `row`, -1 for none.

@@ -47,7 +47,7 @@ void FileRows::ShowUpTo(int count) {
   }
 }
 
-// The rows can change before they are refilled.
+// The rows can have changed since the last Refill.
 QVariant FileRows::data(const QModelIndex& index, int role) const {
   const auto row = static_cast<size_t>(index.row());
   if (role != Qt::DisplayRole || row >= rows_.size()) return {};

@@ -19,7 +19,7 @@ class FileRows : public QAbstractListModel {
 
   /// The rows changed. Up to 10,000 of them are there at once, the others come from the event loop.
   void Refill();
-  /// Row `row` is to be there at once.
+  /// Shows the rows up to row `row` at once.
   void Reach(int row);
 
   int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : shown_; }

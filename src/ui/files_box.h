@@ -1,5 +1,5 @@
-// "Files": the drive list, the file list, and the buttons that save, import and export. It is what the file
-// commands need of the window, and it keeps the composed song safe: the timer that writes the recovery file.
+// "Files": the drive list, the file list, and the buttons that save, import and export. It is the host
+// of the file commands, and runs the timer that writes the recovery file.
 #pragma once
 
 #include <QComboBox>
@@ -27,6 +27,7 @@
 
 namespace trillomat {
 
+/// What the box works on; all of it outlives it.
 struct FilesBoxParts {
   Document& document;
   ReadRecord& record;
@@ -50,11 +51,14 @@ class FilesBox : public QGroupBox, private FilesHost {
   FileBrowser& Browser() { return browser_; }
   const FileBrowser& Browser() const { return browser_; }
 
-  /// At the program's start and at its normal end. False when the program has to end at once.
+  /// To be called at the program's start: lists the files and finds what the last run left. False when the
+  /// program has to end at once.
   bool Start();
+  /// To be called at the program's normal end. A song that is not saved is kept.
   void End();
   /// After a run that left a song unsaved: says so and offers to bring it back.
   void OfferRecovery();
+  /// Keeps the song, which is about to be cleared, among those that can be recovered.
   void KeepBeforeClearing() { recovery_.KeepBeforeReplacing(); }
 
   // The commands of the buttons and of the "File" menu.
@@ -72,22 +76,24 @@ class FilesBox : public QGroupBox, private FilesHost {
   RecentFiles& Recent() { return recent_; }
   const RecentFiles& Recent() const { return recent_; }
   std::vector<KeptSong> KeptSongs() const { return recovery_.Songs(); }
-  /// What the last message offered is wanted, or the message was closed.
+  /// Does what the last message offered.
   void Accept(FileMessage::Offer offer) { browser_.Accept(offer); }
+  /// To be called when the user has closed the message, and with it its offer.
   void CloseMessage() { browser_.CloseMessage(); }
-  /// What is to be said of a text that was pasted, or refused, as `read`: `said`, and the offer of a better
-  /// reading, if there is one.
+  /// The message `said` (UTF-8) about the pasted `text` (Windows-1252), which came to `read`, with the offer
+  /// of a better reading, if there is one.
   FileMessage AfterPaste(std::string said, std::string_view text, const ReadResult& read);
 
   bool modernSpelling = false;  ///< the Export window's check box
   bool tidyImports = false;     ///< that of the Import window
 
+  /// Enables the buttons that can be used now.
   void ShowState();
-  /// Lists the folder anew, once it was listed at the start.
+  /// Lists the folder anew, but not before Start.
   void ShowFilesOfMode();
 
  signals:
-  /// In the place of what was said before; without a text that no longer applies.
+  /// Takes the place of the message before, which an empty one only takes away.
   void Said(const FileMessage& message);
   /// How far long work has come, empty at its end.
   void Progress(const QString& text);
@@ -143,7 +149,7 @@ class FilesBox : public QGroupBox, private FilesHost {
   QTimer clickTimer_;
   QTimer recoveryTimer_;
   bool started_ = false;
-  std::optional<KeptSong> left_;
+  std::optional<KeptSong> left_;    ///< by the last run, which did not save it
   std::optional<uint64_t> pasted_;  ///< the song that the paste made whose text is offered
 
   QComboBox* drives_;

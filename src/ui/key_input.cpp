@@ -24,7 +24,7 @@ bool IsOption(const QWidget& widget) {
 
 bool IsList(const QWidget& widget) { return qobject_cast<const QAbstractItemView*>(&widget) != nullptr; }
 
-// Whether the arrow keys and their like move something in it.
+// Whether the arrow keys, Home, End and the page keys move something in it.
 bool IsMovedIn(const QWidget& widget) {
   return IsList(widget) || IsOption(widget) || qobject_cast<const QAbstractSlider*>(&widget) != nullptr ||
          qobject_cast<const QComboBox*>(&widget) != nullptr;
@@ -79,8 +79,8 @@ bool KeyInput::eventFilter(QObject* watched, QEvent* event) {
   return override ? Override(widget, key) : Press(widget, key);
 }
 
-// A key that is accepted here is no shortcut of a menu, and comes back as a key press: to be handled here, or
-// by the widget that has a use of its own for it.
+// The toolkit asks this before it looks for a shortcut in the menus. An accepted key is no shortcut, but
+// comes again as a key press: for Press, or for the widget where that has a use of its own for it.
 bool KeyInput::Override(const QWidget& widget, QKeyEvent& key) {
   const auto stroke = StrokeOf(key);
   const bool ours = stroke && HandlerOf(widget, key, *stroke) != nullptr;

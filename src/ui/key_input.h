@@ -20,13 +20,14 @@ class KeyInput : public QObject {
   Q_OBJECT
 
  public:
-  /// Is told the index of the key in the row of the table.
+  /// Called with the index of the key in KeysOf.
   using Handler = std::function<void(int index)>;
 
   /// For `window` and all of the widgets in it now. `mayRepeat` tells whether a key that is held down may act
   /// again at this moment.
   KeyInput(QWidget& window, std::function<bool()> mayRepeat);
 
+  /// Calls `handler` when a key of `command` is pressed.
   void Bind(KeyCommand command, Handler handler) { handlers_[command] = std::move(handler); }
 
  protected:

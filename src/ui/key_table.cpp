@@ -221,8 +221,8 @@ constexpr std::array kTable{
            .item = "mnuHelpKeys"},
 };
 
-// The modifiers that a key's meaning depends on. Signs stand on other keys on other keyboards, some with
-// Shift.
+// The modifiers that a key's meaning depends on. Whether a sign takes Shift differs from keyboard to
+// keyboard, so for signs Shift does not count.
 Qt::KeyboardModifiers ModifiersOf(const QKeyEvent& press) {
   Qt::KeyboardModifiers modifiers = press.modifiers() & ~(Qt::KeypadModifier | Qt::GroupSwitchModifier);
   const int key = press.key();
@@ -236,13 +236,14 @@ bool IsLetterOrDigit(int key) {
   return (key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9);
 }
 
-// The key as the rows by place name it, 0 for none.
+// The key at the pressed place of a keyboard for US English, 0 for none that the rows name. Where the system
+// does not tell the place, letters and digits are taken as they are.
 int PlacedKey(const QKeyEvent& press) {
   if (const auto scanCode = PlaceOf(press)) return KeyAtPlace(*scanCode);
   return IsLetterOrDigit(press.key()) && !press.modifiers().testFlag(Qt::KeypadModifier) ? press.key() : 0;
 }
 
-// Among the rows that mean places, or the others.
+// Looks for `key` in the rows whose flag `byPlace` is the same.
 std::optional<KeyStroke> Find(const QKeySequence& key, bool byPlace) {
   for (const KeyRow& row : kTable) {
     const auto index = row.byPlace == byPlace ? KeysOf(row.command).indexOf(key) : -1;
@@ -293,8 +294,8 @@ QString TitleOf(KeyGroup group) {
   return QLatin1String(kTitles.at(static_cast<size_t>(group)));
 }
 
-// A sign that stands nowhere else on this keyboard, or where a letter means a tone, is found at its place,
-// too.
+// Places come first: where another keyboard has "." on a key that means a tone, the key means the tone. A key
+// that means nothing else has the meaning of "-" or "." when it is in that sign's place.
 std::optional<KeyStroke> StrokeOf(const QKeyEvent& press) {
   const Qt::KeyboardModifiers modifiers = ModifiersOf(press);
   const int placed = PlacedKey(press);

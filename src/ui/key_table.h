@@ -17,7 +17,7 @@ enum class KeyGroup { Entering, Moving, Changing, Playing, Files, View, Help };
 inline constexpr int kKeyGroups = 7;
 
 enum class KeyCommand {
-  Tones,       ///< twelve keys, c to b in the octave in force
+  Tones,       ///< twelve keys, c to b in the active octave
   TonesAbove,  ///< the same, an octave higher
   Pause,
   Durations,  ///< six keys, from the full note to 1/32
@@ -84,7 +84,7 @@ QString WithKey(const QString& tip, KeyCommand command, int index = 0);
 /// Gives a menu item that has a row in the table the row's keys, and a tooltip of its words.
 void SetShortcuts(QAction& item);
 
-/// "Entering".
+/// What stands above the group in the list of keys: "Entering".
 QString TitleOf(KeyGroup group);
 
 /// A command's key that was pressed.

@@ -23,7 +23,7 @@ MainMenu::MainMenu(QMenuBar& bar, const Document& document, Composer& composer, 
     places_.at(static_cast<size_t>(place)) = &AddMenu(objectName, caption);
   };
   add(MenuPlace::File, "mnuFile", QStringLiteral("&File"));
-  // All letters of the other captions stand for buttons.
+  // The other menus have no mnemonic, because each letter of their captions is one of a button.
   add(MenuPlace::Edit, "mnuEdit", QStringLiteral("Edit"));
   AddSettingMenu();
   add(MenuPlace::View, "mnuView", QStringLiteral("View"));

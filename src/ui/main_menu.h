@@ -44,8 +44,9 @@ class MainMenu : public QObject {
   MainMenu(QMenuBar& bar, const Document& document, Composer& composer, PlaySettings& settings,
            Player& player);
 
-  /// Both to be called once, in this order.
+  /// Adds the items to their menus. To be called once.
   void Fill(std::vector<MenuItem> items);
+  /// Adds a menu in "File". To be called after Fill.
   void AddList(const ListMenu& list);
 
   /// Moves the check marks to where they belong and names what can be taken back; "File", "Setting" and

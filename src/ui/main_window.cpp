@@ -23,9 +23,9 @@ constexpr std::array<std::string_view, 6> kDurationTexts{"Full note", "1/&2 note
 constexpr std::array<std::string_view, 4> kExtraTexts{"Nothing", "Dotted note", "Double dotted note",
                                                       "2/3 length"};
 
-// On a large screen controls are not drawn out farther than the eye and the hand like to go.
+// Pixels. On a large screen the controls stay together, so that eye and hand need not go far.
 constexpr int kWidestCentre = 1600;
-constexpr int kHighestUpperRow = 420;  // what large letters need, too
+constexpr int kHighestUpperRow = 420;  // has room for large fonts, too
 
 QString DurationTip(int index) {
   const QString caption = ToQString(kDurationTexts.at(static_cast<size_t>(index)));
@@ -36,7 +36,7 @@ QString ExtraTip(int /*index*/) {
   return WithKey(QLatin1String(RowOf(KeyCommand::NextExtra).words), KeyCommand::NextExtra);
 }
 
-// Where names are bytes, the place of a file holds them as they are.
+// Where names of files are bytes, toLocalFile would lose those that are no UTF-8; the URL itself holds them.
 std::filesystem::path LocalFile(const QUrl& place) {
 #ifdef Q_OS_WIN
   return place.toLocalFile().toStdWString();
@@ -144,7 +144,7 @@ void MainWindow::Connect() {
       Qt::QueuedConnection);
 }
 
-// Who has typed a text goes back to the melody with Enter or with the next button.
+// After a text was typed, Enter or a press on any button gives the focus back to the melody.
 void MainWindow::SetUpFocus() {
   for (auto* box : findChildren<QLineEdit*>()) {
     connect(box, &QLineEdit::returnPressed, this, [this] { melody_->Line().TakeFocus(); });
@@ -263,14 +263,14 @@ void MainWindow::ShowMelody(const MelodyText& text) {
   ShowEdited();
 }
 
-// What follows every change of the song or of the cursor.
+// To be called after every change of the song or of the cursor.
 void MainWindow::ShowEdited() {
   menu_->ShowState();
   status_->ShowState();
   if (composer_.MayEdit()) status_->SpeakElement();  // while the melody plays, it is heard itself
 }
 
-// The bar is for what offers something.
+// Only a message that offers something goes to the message bar.
 void MainWindow::SayPasted(std::string said, const ClipboardMelody& melody) {
   const FileMessage message = files_->AfterPaste(std::move(said), melody.text, melody.read);
   if (message.offer != FileMessage::Offer::None) return ShowMessage(message);
@@ -289,11 +289,11 @@ void MainWindow::ShowMessage(const FileMessage& message) {
   offer(Offer::ReadBetter, ShownName(message.caption), true);
   offer(Offer::ShowChanges, QStringLiteral("Show the changes"), true);
   offer(Offer::CopySamples, QStringLiteral("Copy them to my music"));
-  if (shown.actions.empty()) status_->Show(shown.text);  // the bar speaks
+  if (shown.actions.empty()) status_->Show(shown.text);  // not Say: the bar speaks
   bar_->Say(std::move(shown));
 }
 
-// A name can hold the mark that stands for where "*" is shown.
+// In a title "[*]" stands for the mark of an unsaved song; in a name it is doubled, which stands for itself.
 void MainWindow::ShowTitle() {
   const Document& document = parts_.document;
   QString name = document.File().empty() ? QStringLiteral("Untitled")
@@ -335,7 +335,7 @@ void MainWindow::ShowPlaying(const std::optional<NowPlaying>& now) {
   melody_->Strip().ShowPlaying(now ? now->index : -1);
 }
 
-// What changed the places of controls comes before what paints them. Both are done without the event queue.
+// Lays out what has changed, then paints it. The events are sent past the event queue, so that no others run.
 void MainWindow::PaintNow() {
   if (melodyBehind_) composer_.RefreshMelodyView();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
@@ -348,7 +348,7 @@ void MainWindow::DocumentChanged(const ChangedRange& range) {
   if (range.file || range.SongChanged()) ShowTitle();
   if (range.file) status_->ShowState();
   if (range.SongChanged() || range.cursor || range.selection) status_->Show({});
-  // Why something was refused counts no more once something was done; what is offered is offered still.
+  // A refusal need not be shown once the song was changed; an offer still holds.
   if (range.SongChanged() && bar_->Said().actions.empty()) bar_->Say({});
 }
 

@@ -57,7 +57,7 @@ QStringList MainWindow::RecoverTexts() const {
   return texts;
 }
 
-// By what the list shows now: another program may have changed it since it was opened.
+// The lists are asked again, because they may have changed while the menu was open.
 void MainWindow::OpenRecent(int index) {
   const auto& files = files_->Recent().Files();
   if (static_cast<size_t>(index) < files.size())

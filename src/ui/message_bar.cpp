@@ -53,7 +53,7 @@ void MessageBar::Say(BarMessage message) {
   const bool shown = isVisible();
   setVisible(!message_.text.isEmpty());
   if (message_.text.isEmpty() || !QAccessible::isActive()) return;
-  if (shown) Announce(*this);  // else its being shown has done so
+  if (shown) Announce(*this);  // else setVisible has done so
   QAccessibleEvent alert(this, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
 }
@@ -62,7 +62,7 @@ void MessageBar::EnableActions(bool enable) {
   for (QPushButton* action : actions_) action->setEnabled(enable);
 }
 
-// It says no more before what it offers is done, which may have something to say itself.
+// The message goes before its action runs, because the action may show a message of its own.
 void MessageBar::Run(size_t action) {
   const auto chosen = message_.actions.at(action);
   if (!chosen.stays) Say({});

@@ -30,13 +30,14 @@ class MessageBar : public QFrame {
  public:
   explicit MessageBar(QWidget* parent);
 
-  /// Says this in the place of what was said before, to screen readers as well; without a text it goes.
+  /// Shows `message` in the place of the one before, and has screen readers speak it; without a text, hides
+  /// the bar.
   void Say(BarMessage message);
   const BarMessage& Said() const { return message_; }
-  /// Whether its buttons can be pressed, but for the one that closes it.
+  /// Enables or disables the buttons of its actions; the one that closes it always works.
   void EnableActions(bool enable);
 
-  /// The height of a long message must not depend on a width that a scroll bar takes and gives.
+  /// Else the height of a long message would follow the width, which changes as scroll bars come and go.
   bool hasHeightForWidth() const override { return false; }
 
  signals:

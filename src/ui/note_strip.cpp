@@ -11,7 +11,7 @@
 namespace trillomat {
 namespace {
 
-constexpr double kReach = 6;  // of what is drawn beside its place: heads and borders
+constexpr double kReach = 6;  // how far heads of the cursor and borders are drawn beside their place
 
 }  // namespace
 
@@ -21,7 +21,7 @@ NoteStrip::NoteStrip(Document& document, Composer& composer, QWidget* parent)
       composer_(composer),
       layout_(document),
       mouse_(document, layout_, composer) {
-  InstallAccessibleParts();  // before anything asks for it, as the naming does
+  InstallAccessibleParts();  // before NameControl asks for them
   NameControl(*this, QStringLiteral("noteStrip"), {{}, QStringLiteral("Note strip")});
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
@@ -72,7 +72,7 @@ void NoteStrip::ShowPlaying(int32_t index) {
 
 void NoteStrip::UpdateFrom(double place) { UpdateBetween(place, Geometry().Place(viewport()->width())); }
 
-// With the heads of a cursor line, and a thick border.
+// With room on both sides for the heads of a cursor line, or for a thick border.
 void NoteStrip::UpdateBetween(double from, double to) {
   const StripGeometry geometry = Geometry();
   const QRectF changed(geometry.X(from), 0, to - from, viewport()->height());

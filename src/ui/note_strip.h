@@ -26,13 +26,12 @@ class NoteStrip final : public QAbstractScrollArea, private DocumentObserver {
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
-  /// The element at `index` sounds, none for -1. It is lit, and while the melody plays kept in view.
+  /// Lights the element at `index`, none for -1, and keeps it in view while the melody plays.
   void ShowPlaying(int32_t index);
-  /// About the cursor, as far as it goes.
+  // Zooming goes as far as its limits; the cursor stays where it is seen. Percent are of the usual size.
   void ZoomIn();
   void ZoomOut();
   void ZoomReset();
-  /// 100 is the first zoom; as it goes, others are put to its nearest end.
   int ZoomPercent() const { return qRound(zoom_ * 100); }
   void SetZoomPercent(int percent);
 
@@ -90,7 +89,7 @@ class NoteStrip final : public QAbstractScrollArea, private DocumentObserver {
   RowSpan rows_;
   double cursorShown_ = 0;  ///< the place of the cursor line as it was painted
   int32_t playing_ = -1;
-  QBasicTimer scrolling_;  ///< while a drag is outside
+  QBasicTimer scrolling_;  ///< runs while a selection is dragged beyond an edge
 };
 
 }  // namespace trillomat

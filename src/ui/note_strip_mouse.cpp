@@ -1,4 +1,4 @@
-// The mouse on the note strip: where it is, what it would do there, and its tooltip.
+// The mouse on the note strip: where it is, what it would do there, and the tooltip there.
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -48,7 +48,7 @@ void NoteStrip::mouseMoveEvent(QMouseEvent* event) {
   ShowShape(PointAt(event->position()));
 }
 
-// Selecting goes on beyond the edges, which follow.
+// A selection can be dragged beyond an edge; the strip scrolls then.
 void NoteStrip::MoveMouse(const QPointF& at) {
   const bool outside = at.x() < Geometry().keys || at.x() > viewport()->width();
   if (!outside || !mouse_.Selects()) {
@@ -84,7 +84,6 @@ void NoteStrip::keyPressEvent(QKeyEvent* event) {
   event->setAccepted(event->key() == Qt::Key_Escape && mouse_.Cancel());
 }
 
-// The pointer tells what a drag would do.
 void NoteStrip::ShowShape(const StripPoint& point) {
   const bool keys = point.at.x() < Geometry().keys;
   viewport()->setCursor(keys || !composer_.MayEdit() ? Qt::ArrowCursor : mouse_.ShapeAt(point.hit));

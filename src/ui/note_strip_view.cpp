@@ -1,4 +1,4 @@
-// The part of the note strip that is seen: zoom, scrolling, and what is kept in view.
+// Which part of the note strip is seen: zoom, scrolling, and what is kept in view.
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
@@ -11,24 +11,25 @@ namespace {
 
 // In heights of a line of text.
 constexpr double kBeatWidth = 2.6;
-constexpr double kMarkWidth = 1.1;
-constexpr double kLowestRow = 0.36;
-constexpr double kHighestRow = 0.55;
-constexpr double kMargin = 0.4;
-constexpr double kRoomBehind = 2;
-constexpr double kEdge = 0.25;  // above the highest row and below the lowest
+constexpr double kMarkWidth = 1.1;    // of a phone command or repeat mark
+constexpr double kLowestRow = 0.36;   // what can just be hit
+constexpr double kHighestRow = 0.55;  // what still looks well, where the melody does not need it higher
+constexpr double kMargin = 0.4;       // between the keyboard and the first element
+constexpr double kRoomBehind = 2;     // the last element
+constexpr double kEdge = 0.25;        // above the highest row and below the lowest
 
 // A scroll bar counts pixels in whole numbers of 32 bits.
 constexpr double kLongestBar = 1 << 30;
 
-// So far out that a screen still shows no more than some thousand elements.
+// At the smallest zoom a screen shows some thousand elements, which are still painted quickly.
 constexpr double kFarthestZoom = 0.15;
 constexpr double kNearestZoom = 8;
 constexpr double kZoomStep = 1.25;
 
-// How much of a page that is turned shows what comes before the cursor, forwards and backwards.
-constexpr double kBeforePage = 0.15;
-constexpr double kBehindPage = 0.7;
+// Where in the view the element stands after scrolling to it, as a share of the width: its left edge when the
+// view moved forwards, its right edge when it moved backwards.
+constexpr double kForwardsPlace = 0.15;
+constexpr double kBackwardsPlace = 0.7;
 
 constexpr int kFewestRows = 20;
 constexpr int kRowsBeside = 4;  // of the highest and the lowest tone
@@ -70,7 +71,7 @@ void NoteStrip::SetZoom(double zoom, double x) {
 
 double NoteStrip::RowsHeight() const { return rows_.Size() * rowHeight_; }
 
-// To be called when the melody, the mode, the size, the zoom or the font is another.
+// To be called when the melody, the mode, the size, the zoom or the font has changed.
 void NoteStrip::Arrange() {
   const double line = fontMetrics().height();
   layout_.scale = {.tick = kBeatWidth * line * zoom_ / kTicksPerBeat, .mark = kMarkWidth * line};
@@ -83,7 +84,8 @@ void NoteStrip::Arrange() {
   if (!mouse_.Edits()) ArrangeRows();
 }
 
-// As high as lets the octaves of the melody be seen at once, within what can be hit and what looks well.
+// Makes the rows so high that all pitches of the melody are seen at once, within the limits of a row. Where
+// all rows of the mode need less than the view, they fill it.
 void NoteStrip::ArrangeRows() {
   const double middle = Geometry().Row(viewport()->height() / 2.0);
   const double line = fontMetrics().height();
@@ -104,7 +106,7 @@ void NoteStrip::CentreRow(double row) {
                                 qRound(geometry.Y(row - 1) - geometry.view.height() / 2));
 }
 
-// In an empty melody, where the first one comes.
+// In an empty melody, centres the octave that the first tone will be entered in.
 void NoteStrip::CentrePitches() {
   RowSpan pitches = layout_.Pitches();
   const int octave = composer_.State().octave * kRowsPerOctave;
@@ -112,7 +114,7 @@ void NoteStrip::CentrePitches() {
   CentreRow((pitches.lowest + pitches.highest + 1) / 2.0);
 }
 
-// Turns the page when the element is not on it, so that what comes next can be seen.
+// Scrolls only when the element is out of view, and then so far that its neighbours are seen, too.
 void NoteStrip::KeepInView(int32_t index) {
   const StripGeometry geometry = Geometry();
   const double left = geometry.X(layout_.Left(index)) - geometry.keys;
@@ -120,11 +122,11 @@ void NoteStrip::KeepInView(int32_t index) {
   const double seen = geometry.view.width() - geometry.keys;
   double way = 0;
   if (right < 0) {
-    way = right - seen * kBehindPage;
+    way = right - seen * kBackwardsPlace;
   } else if (left < 0) {
     way = left;
   } else if (right > seen) {
-    way = left - seen * kBeforePage;
+    way = left - seen * kForwardsPlace;
   }
   horizontalScrollBar()->setValue(horizontalScrollBar()->value() + qRound(way));
   KeepRowInView(index);

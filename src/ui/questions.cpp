@@ -12,7 +12,8 @@
 namespace trillomat {
 namespace {
 
-// The descriptions of the pairs of a filter: each is a filter of Qt's own kind.
+// `filter` holds descriptions and patterns in turn, with zero bytes between them. A description,
+// "MIDI (*.mid)", is what Qt calls a filter.
 QStringList FiltersOf(const std::string& filter) {
   const QStringList parts =
       QString::fromLatin1(filter.data(), static_cast<qsizetype>(filter.size())).split(QChar(0));
@@ -30,7 +31,7 @@ std::string ExtensionOf(const QString& filter) {
 
 // Whether a file may be replaced is asked afterwards, by the save command.
 std::optional<std::filesystem::path> QtQuestions::AskSavePath(QWidget* parent, const SaveDialog& dialog) {
-  // The dialog knows folders whose names are text; in any other place it opens where it opened last.
+  // The dialog cannot open in a folder whose name is no valid text; there it opens where it did last.
   const QString folder = FromUtf8Bytes(Utf8OfPath(dialog.folder));
   const QStringList filters = FiltersOf(dialog.filter);
   QString selected = filters.value(0);
@@ -39,7 +40,7 @@ std::optional<std::filesystem::path> QtQuestions::AskSavePath(QWidget* parent, c
       filters.join(QStringLiteral(";;")), &selected, QFileDialog::DontConfirmOverwrite);
   if (file.isEmpty()) return std::nullopt;
   std::filesystem::path path = PathOfUtf8(file.toStdString());
-  // What the command itself would add is that of the first.
+  // The save command adds the extension of the first filter by itself.
   if (filters.indexOf(selected) > 0 && !path.has_extension()) path += ExtensionOf(selected);
   return path;
 }

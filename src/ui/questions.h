@@ -1,5 +1,5 @@
-// What the window asks the user in dialogs of their own, and what it has other programs show. Abstract so
-// that tests can give the answers.
+// What the window asks the user in dialogs of the system or the toolkit, and what it has other programs show.
+// Abstract so that tests can give the answers.
 #pragma once
 
 #include <QString>

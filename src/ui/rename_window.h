@@ -14,7 +14,7 @@ class RenameWindow : public QDialog {
   /// `name` is the file's name without its extension.
   explicit RenameWindow(const QString& name, QWidget* parent = nullptr);
 
-  /// The name in the box, without an extension; it counts when the window was accepted.
+  /// The name in the box, without an extension; only valid once the window was accepted.
   QString NewName() const { return name_->text(); }
 
  private:

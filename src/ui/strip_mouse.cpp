@@ -14,7 +14,7 @@ void StripMouse::Press(const StripPoint& point, bool extend) {
   pressed_ = point;
 }
 
-// The element that is clicked is to be in the selection, on whichever side of its other end it is.
+// The clicked element is part of the selection, on whichever side of the anchor it is.
 int32_t StripMouse::EndOfSelection(int32_t index) const {
   return index > document_.Anchor() ? index : index - 1;
 }
@@ -46,7 +46,8 @@ void StripMouse::Begin(Action action) {
   if (Edits()) before_ = document_.At(pressed_.hit.index);
 }
 
-// What sounds lets the next moves in, so nothing is done behind a command.
+// The command sounds the tone, and meanwhile events run that can move the mouse and change the melody: what
+// was read before it is not used after it.
 void StripMouse::MovePitch(double row) {
   const RowSpan rows = RowsOf(LimitsOf(document_.Mode()));
   const int way = static_cast<int>(std::lround(row - pressed_.row));
@@ -75,7 +76,7 @@ void StripMouse::Select(const StripHit& hit) {
   composer_.SelectElements({std::min(from, to), std::max(from, to) + 1});
 }
 
-// Behind the end counts as the last element.
+// Behind the end of the melody counts as its last element.
 int32_t StripMouse::IndexOf(const StripHit& hit) const {
   return hit.index < 0 ? document_.LastIndex() : hit.index;
 }

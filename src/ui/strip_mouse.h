@@ -13,7 +13,7 @@ namespace trillomat {
 
 /// A place of the strip under the pointer.
 struct StripPoint {
-  QPointF at;        ///< in the window
+  QPointF at;        ///< in pixels of the viewport
   double row = 0;    ///< as StripLayout::At counts
   double place = 0;  ///< as StripLayout measures
   StripHit hit;
@@ -24,24 +24,25 @@ class StripMouse {
   StripMouse(const Document& document, const StripLayout& layout, Composer& composer)
       : document_(document), layout_(layout), composer_(composer) {}
 
-  /// `extend` selects up to there, as Shift does.
+  /// The button was pressed at `point`; with `extend`, which Shift stands for, that selects up to there.
   void Press(const StripPoint& point, bool extend);
   void Move(const StripPoint& point);
   void Release();
   void DoubleClick(const StripPoint& point);
-  /// Takes back what the drag that is under way has done. False when there is none.
+  /// Takes back what the drag has done so far. False when there is no drag.
   bool Cancel();
 
-  /// To be called after each change of the document: another melody or mode that is not the drag's own doing
-  /// ends it.
+  /// To be called after each change of the document: a change of the melody or mode that the drag did not
+  /// make itself ends it.
   void Follow(const ChangedRange& range);
 
+  /// A drag that selects is under way.
   bool Selects() const { return action_ == Action::Select; }
-  /// A tone or an end hangs on the pointer, so rows and places have to stay where they are.
+  /// A drag that moves a tone or an end is under way, so the rows and the scale have to stay as they are.
   bool Edits() const { return action_ == Action::Pitch || action_ == Action::Length; }
-  /// Under the pointer nothing is to move that it does not move itself.
+  /// A click or a drag is under way, so the strip must not scroll to the cursor by itself.
   bool HoldsView() const { return clicks_ || action_ != Action::None; }
-  /// What a drag from there does.
+  /// The shape of the pointer there, which tells what a drag would do.
   Qt::CursorShape ShapeAt(const StripHit& hit) const;
 
  private:
@@ -61,10 +62,10 @@ class StripMouse {
   Composer& composer_;
   Action action_ = Action::None;
   StripPoint pressed_;
-  Element before_;  ///< what is dragged, as it was
+  Element before_;  ///< the dragged element as it was
   ElementRange selectedBefore_;
-  bool clicks_ = false;   ///< the next change is that of a click
-  bool own_ = false;      ///< the next change of the melody is the drag's
+  bool clicks_ = false;   ///< the next change of the document is that of a click
+  bool own_ = false;      ///< the next change of the melody is one that the drag makes
   bool changed_ = false;  ///< the drag has changed the melody
 };
 

@@ -1,4 +1,4 @@
-// The window "Trillomat - Tunes": one of several tunes that a text holds is chosen.
+// The window "Trillomat - Tunes", which asks for one of the several tunes that a text holds.
 #pragma once
 
 #include <QDialog>
@@ -16,14 +16,15 @@ class TuneWindow : public QDialog {
   /// `tunes` are RTTTL texts, in Windows-1252.
   TuneWindow(const std::vector<std::string_view>& tunes, QWidget* parent);
 
-  /// The index of the tune that is marked; it counts when the window was accepted.
+  /// The index of the chosen tune; only valid once the window was accepted.
   size_t Chosen() const { return static_cast<size_t>(list_->currentRow()); }
 
  private:
   QListWidget* list_;
 };
 
-/// One of `texts`, asked for where there are several; nothing when that was cancelled.
+/// One of `texts`, Windows-1252 of which there is at least one. Asks which where there are several; nothing
+/// when that was cancelled.
 std::optional<std::string_view> ChosenText(const std::vector<std::string_view>& texts, QWidget* parent);
 
 }  // namespace trillomat
