@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QFontMetrics>
+#include <QHBoxLayout>
 #include <QScreen>
 
 #include "ui/qt_text.h"
@@ -23,6 +24,20 @@ QPushButton* NewDialogButton(const QString& objectName, const ControlText& text,
   QPushButton* button = NewButton(objectName, text, parent);
   button->setAutoDefault(true);
   return button;
+}
+
+QLayout* NewOkCancelRow(QDialog& dialog, const QString& ok, const QString& cancel) {
+  auto* okButton = NewDialogButton(QStringLiteral("cmdOK"), {QStringLiteral("&OK"), ok}, &dialog);
+  okButton->setDefault(true);
+  auto* cancelButton =
+      NewDialogButton(QStringLiteral("cmdCancel"), {QStringLiteral("&Cancel"), cancel}, &dialog);
+  QObject::connect(okButton, &QPushButton::clicked, &dialog, &QDialog::accept);
+  QObject::connect(cancelButton, &QPushButton::clicked, &dialog, &QDialog::reject);
+  auto* row = new QHBoxLayout;
+  row->addStretch();
+  row->addWidget(okButton);
+  row->addWidget(cancelButton);
+  return row;
 }
 
 void SetUpTextBox(QPlainTextEdit& box) {

@@ -36,15 +36,10 @@ FilesBox::FilesBox(const FilesBoxParts& parts, QWidget* parent)
       parts_(parts),
       recovery_(parts.document, parts.files, parts.stateFolder, parts.services.log),
       kept_(parts.files, parts.keeper),
-      browser_({parts.document, parts.record, parts.files, operations_, recovery_, kept_, recent_, *this,
-                parts.services}),
-      save_({parts.document, parts.record, parts.files, operations_, recovery_, kept_, recent_, *this,
-             parts.services},
-            browser_),
+      browser_(CommandParts()),
+      save_(CommandParts(), browser_),
       second_(*this, parts.record, parts.services),
-      sound_({parts.document, parts.record, parts.files, operations_, recovery_, kept_, recent_, *this,
-              parts.services},
-             browser_, ExportedSound),
+      sound_(CommandParts(), browser_, ExportedSound),
       drives_(new QComboBox(this)),
       folder_(new QLabel(this)),
       list_(new FileList(browser_.Rows(), this)),
@@ -69,6 +64,11 @@ FilesBox::FilesBox(const FilesBoxParts& parts, QWidget* parent)
   LayOut();
   AddMenuItems();
   Connect();
+}
+
+FileParts FilesBox::CommandParts() {
+  return {parts_.document, parts_.record, parts_.files, operations_,    recovery_,
+          kept_,           recent_,       *this,        parts_.services};
 }
 
 QPushButton* FilesBox::NewCommand(const char* objectName, const ControlText& text,
@@ -329,11 +329,11 @@ void FilesBox::SetSaveCaption(std::string_view caption) {
   saveButton_->setText(caption == "Save" ? QStringLiteral("Sa&ve") : FromUtf8Bytes(caption));
 }
 
+void FilesBox::SetSaveAsCaption(std::string_view caption) { saveAsButton_->setText(FromUtf8Bytes(caption)); }
+
 FileMessage FilesBox::WithBetterReading(std::string said, std::string_view bytes, FormatMode mode,
                                         const ReadResult& read) {
   return second_.WithOffer(std::move(said), bytes, {.mode = mode}, read);
 }
-
-void FilesBox::SetSaveAsCaption(std::string_view caption) { saveAsButton_->setText(FromUtf8Bytes(caption)); }
 
 }  // namespace trillomat

@@ -100,6 +100,8 @@ class FilesBox : public QGroupBox, private FilesHost {
 
  private:
   void TakeImported(Imported&& imported, const ImportOrigin& origin);
+  /// What all file commands work on: the box's own members.
+  FileParts CommandParts();
   void NameControls();
   void LayOut();
   QLayout* NewButtonColumn();

@@ -9,10 +9,7 @@
 namespace trillomat {
 namespace {
 
-bool IsShown(QChar character) {
-  return !TurnsDirection(character.unicode()) && character.category() != QChar::Other_Control &&
-         character != QChar::LineSeparator && character != QChar::ParagraphSeparator;
-}
+bool IsShown(QChar character) { return !TurnsDirection(character.unicode()) && !BreaksLine(character); }
 
 }  // namespace
 
@@ -25,6 +22,11 @@ std::string FromQString(const QString& text) {
 
 QString FromUtf8Bytes(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+bool BreaksLine(QChar character) {
+  return character.category() == QChar::Other_Control || character == QChar::LineSeparator ||
+         character == QChar::ParagraphSeparator;
 }
 
 QString ShownName(std::string_view text) {

@@ -1,4 +1,4 @@
-// The program's single-byte text to and from Qt's strings, and captions as the list tables give them.
+// The program's texts to and from Qt's strings, and how names, messages and lengths of time are shown.
 #pragma once
 
 #include <QString>
@@ -7,15 +7,19 @@
 
 namespace trillomat {
 
+/// From Windows-1252.
 QString ToQString(std::string_view codePageText);
 
-/// A character that Windows-1252 lacks becomes "?".
+/// To Windows-1252. A character that Windows-1252 lacks becomes "?".
 std::string FromQString(const QString& text);
 
-/// Of text that the file layer gives, and of the questions that it asks.
+/// From UTF-8, as the texts of files/ are. Bytes that are no UTF-8 become "\uFFFD".
 QString FromUtf8Bytes(std::string_view text);
 
-/// A name or path of the file layer as it can be shown in one line: a control character, a line break or one
+/// Whether a text of one line cannot hold `character`: line breaks and other control characters.
+bool BreaksLine(QChar character);
+
+/// A name or path (UTF-8) as it can be shown in one line: a control character, a line break or one
 /// that turns the direction of what follows stands as "\uFFFD", as bytes do that are no UTF-8.
 QString ShownName(std::string_view text);
 

@@ -1,9 +1,7 @@
 #include "ui/rename_window.h"
 
 #include <QFontMetrics>
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "ui/dialog_parts.h"
@@ -25,23 +23,8 @@ RenameWindow::RenameWindow(const QString& name, QWidget* parent)
   layout->addWidget(NewLabel(QStringLiteral("lblName"), QStringLiteral("&New name:"), name_, this));
   layout->addWidget(name_);
   layout->addStretch();
-  layout->addLayout(NewButtonRow());
-}
-
-QLayout* RenameWindow::NewButtonRow() {
-  auto* ok = NewDialogButton(QStringLiteral("cmdOK"),
-                             {QStringLiteral("&OK"), QStringLiteral("Rename the file")}, this);
-  ok->setDefault(true);
-  auto* cancel =
-      NewDialogButton(QStringLiteral("cmdCancel"),
-                      {QStringLiteral("&Cancel"), QStringLiteral("Keep the name of the file")}, this);
-  connect(ok, &QPushButton::clicked, this, &RenameWindow::accept);
-  connect(cancel, &QPushButton::clicked, this, &RenameWindow::reject);
-  auto* row = new QHBoxLayout;
-  row->addStretch();
-  row->addWidget(ok);
-  row->addWidget(cancel);
-  return row;
+  layout->addLayout(
+      NewOkCancelRow(*this, QStringLiteral("Rename the file"), QStringLiteral("Keep the name of the file")));
 }
 
 }  // namespace trillomat

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QDialog>
-#include <QLayout>
 #include <QLineEdit>
 
 namespace trillomat {
@@ -18,8 +17,6 @@ class RenameWindow : public QDialog {
   QString NewName() const { return name_->text(); }
 
  private:
-  QLayout* NewButtonRow();
-
   QLineEdit* name_;
 };
 

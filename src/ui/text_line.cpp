@@ -3,16 +3,12 @@
 #include <QValidator>
 
 #include "core/code_page.h"
+#include "ui/qt_text.h"
 
 namespace trillomat {
 namespace {
 
-bool BreaksLine(QChar character) {
-  return character.category() == QChar::Other_Control || character == QChar::LineSeparator ||
-         character == QChar::ParagraphSeparator;
-}
-
-// Mends whatever comes into the box, by whatever way.
+// Mends whatever is typed, pasted or dropped into the box.
 class LineValidator : public QValidator {
  public:
   LineValidator(Characters characters, QObject* parent) : QValidator(parent), characters_(characters) {}

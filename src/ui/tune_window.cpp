@@ -1,7 +1,5 @@
 #include "ui/tune_window.h"
 
-#include <QHBoxLayout>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "core/code_page.h"
@@ -29,23 +27,13 @@ TuneWindow::TuneWindow(const std::vector<std::string_view>& tunes, QWidget* pare
   for (const std::string_view tune : tunes) list_->addItem(TitleText(tune));
   list_->setCurrentRow(0);
   list_->setUniformItemSizes(true);
-  auto* ok = NewDialogButton(QStringLiteral("cmdOK"),
-                             {QStringLiteral("&OK"), QStringLiteral("Take the marked tune")}, this);
-  ok->setDefault(true);
-  auto* cancel = NewDialogButton(QStringLiteral("cmdCancel"),
-                                 {QStringLiteral("&Cancel"), QStringLiteral("Take none of the tunes")}, this);
-  connect(ok, &QPushButton::clicked, this, &TuneWindow::accept);
-  connect(cancel, &QPushButton::clicked, this, &TuneWindow::reject);
   connect(list_, &QListWidget::itemActivated, this, &TuneWindow::accept);
-  auto* row = new QHBoxLayout;
-  row->addStretch();
-  row->addWidget(ok);
-  row->addWidget(cancel);
   auto* column = new QVBoxLayout(this);
   const QString caption = QStringLiteral("The text holds %L1 &tunes. Which one?").arg(tunes.size());
   column->addWidget(NewLabel(QStringLiteral("lblTunes"), caption, list_, this));
   column->addWidget(list_, 1);
-  column->addLayout(row);
+  column->addLayout(NewOkCancelRow(*this, QStringLiteral("Take the marked tune"),
+                                   QStringLiteral("Take none of the tunes")));
   list_->setFocus();
 }
 
