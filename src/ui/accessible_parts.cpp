@@ -9,7 +9,7 @@
 namespace trillomat {
 namespace {
 
-// Its name, and what it shows at the cursor in words, made when somebody asks.
+// The name, and as description what the strip shows at the cursor, put into words when somebody asks.
 class StripAccessible : public QAccessibleWidget {
  public:
   explicit StripAccessible(NoteStrip& strip)
@@ -37,8 +37,8 @@ class BarAccessible : public QAccessibleWidget {
   const MessageBar& bar_;
 };
 
-// What was spoken last in the name of a status bar. The toolkit does not pass on what has changed in the
-// name or description of a widget, so this, too, is a notification that is shown.
+// What was spoken last for a status bar. The toolkit does not tell screen readers that the name or
+// description of a widget has changed, so this, too, is a notification that is shown.
 class SpokenText : public QAccessibleInterface {
  public:
   explicit SpokenText(QStatusBar& bar) : bar_(bar) {}
@@ -68,7 +68,7 @@ class SpokenText : public QAccessibleInterface {
   QString text_;
 };
 
-// The text stands behind the widgets of the bar.
+// Has the spoken text as its last child, behind the widgets of the bar.
 class StatusBarAccessible : public QAccessibleWidget {
  public:
   explicit StatusBarAccessible(QStatusBar& bar)
@@ -94,7 +94,7 @@ class StatusBarAccessible : public QAccessibleWidget {
 
  private:
   QStatusBar& bar_;
-  QAccessibleInterface* spoken_;  ///< the toolkit's, which deletes it
+  QAccessibleInterface* spoken_;  ///< owned by the toolkit once it is registered
   QAccessible::Id id_;
 };
 

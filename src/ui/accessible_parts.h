@@ -6,12 +6,13 @@
 
 namespace trillomat {
 
-/// From now on each of these parts tells what it is. To be called before the first of them is made.
+/// From now on each of these parts tells screen readers what it is. To be called before the first of them is
+/// made; calling it again changes nothing.
 void InstallAccessibleParts();
 
 /// Has screen readers speak what a message bar says now.
 void Announce(QWidget& messageBar);
-/// Has screen readers speak `text`, in the name of the status bar.
+/// Has screen readers speak `text` as if `bar` said it.
 void Speak(QStatusBar& bar, const QString& text);
 
 }  // namespace trillomat

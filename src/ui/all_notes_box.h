@@ -15,6 +15,7 @@ class AllNotesBox : public QGroupBox {
  public:
   AllNotesBox(Composer& composer, QWidget* parent);
 
+  /// Enables the buttons while the melody may be edited.
   void ShowState();
 
  private:

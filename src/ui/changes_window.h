@@ -6,12 +6,12 @@
 
 namespace trillomat {
 
-/// Leaves the main window usable, so that the melody can be compared with it. Goes for good when it is
-/// closed.
+/// Not modal, so that the melody can be compared with it. Deletes itself when it is closed.
 class ChangesWindow : public QDialog {
   Q_OBJECT
 
  public:
+  /// `changes` holds a line for each.
   ChangesWindow(const QStringList& changes, QWidget* parent);
 };
 

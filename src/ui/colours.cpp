@@ -25,7 +25,7 @@ QColor Mix(const QColor& a, const QColor& b, double share) {
 
 double Contrast(const QColor& a, const QColor& b) { return Ratio(Luminance(a), Luminance(b)); }
 
-QColor Against(const QColor& ink, const QColor& ground, double least) {
+QColor WithContrast(const QColor& ink, const QColor& ground, double least) {
   constexpr int kSteps = 20;
   constexpr double kSpare = 1.02;  // what rounding to a screen's colours can take
   const double behind = Luminance(ground);

@@ -4,6 +4,10 @@
 
 namespace trillomat {
 
+QString IndexedName(const char* group, int index) {
+  return QString::fromLatin1(group) + QLatin1Char('(') + QString::number(index) + QLatin1Char(')');
+}
+
 void NameControl(QWidget& control, const QString& objectName, const ControlText& text) {
   control.setObjectName(objectName);
   control.setAccessibleName(text.spoken);

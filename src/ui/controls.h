@@ -16,6 +16,9 @@ struct ControlText {
   QString tip = {};
 };
 
+/// The name of member `index` of an indexed group of controls: "cmdTone(3)".
+QString IndexedName(const char* group, int index);
+
 /// Names `control` and sets its accessible name and tooltip.
 void NameControl(QWidget& control, const QString& objectName, const ControlText& text);
 
@@ -26,10 +29,10 @@ QString PlainToolTip(const QString& text);
 /// melody. The Tab key still reaches it.
 QPushButton* NewButton(const QString& objectName, const ControlText& text, QWidget* parent);
 
-/// Shows `text` in a label that stands for itself and no control: screen readers say `spoken` before it.
+/// Shows `text` in a label that belongs to no control; screen readers say `spoken` before it.
 void ShowSpoken(QLabel& label, const QString& spoken, const QString& text);
 
-/// A label whose mnemonic leads to `buddy`.
+/// A label of plain text whose mnemonic leads to `buddy`, which is null for a label without one.
 QLabel* NewLabel(const QString& objectName, const QString& caption, QWidget* buddy, QWidget* parent);
 
 }  // namespace trillomat

@@ -5,14 +5,13 @@
 #include "composer/problems.h"
 #include "core/scoped_value.h"
 #include "files/refusal_text.h"
-#include "ui/melody_clipboard.h"
 #include "ui/qt_text.h"
 
 namespace trillomat {
 
 EditCommands::EditCommands(const Document& document, Composer& composer, const Services& services,
-                           EditWords words)
-    : document_(document), composer_(composer), services_(services), words_(std::move(words)) {}
+                           EditCallbacks callbacks)
+    : document_(document), composer_(composer), services_(services), callbacks_(std::move(callbacks)) {}
 
 // Copying lets events run, which may change the selection. Nothing is erased then that was not copied.
 void EditCommands::Cut() {
@@ -29,19 +28,19 @@ void EditCommands::Copy() {
 void EditCommands::Paste() {
   if (!composer_.MayEdit() || pasting_) return;
   const ScopedValue pasting(pasting_, true);
-  ClipboardMelody melody = PasteFromClipboard(document_.Mode(), services_);
+  ClipboardMelody melody = ReadClipboard(document_.Mode(), services_);
   const ReadResult& read = melody.read;
   if (read) composer_.Paste(read.elements);
   std::string said =
       read ? NotUnderstoodText(read.notUnderstood) : "Not pasted: " + RefusalText({}, *read.refusal);
-  words_.pasted(std::move(said), melody);
+  callbacks_.pasted(std::move(said), melody);
 }
 
 void EditCommands::GoToNextProblem() {
   if (!composer_.MayEdit()) return;
   const auto index = NextProblem(document_);
   if (index) composer_.SelectElements({*index, *index + 1});
-  words_.say(ToQString(ProblemWords(document_, index)));
+  callbacks_.say(ToQString(ProblemWords(document_, index)));
 }
 
 }  // namespace trillomat

@@ -10,16 +10,17 @@
 
 namespace trillomat {
 
-/// Who is told what the commands came to.
-struct EditWords {
-  std::function<void(const QString&)> say;
+/// Called with what the commands came to.
+struct EditCallbacks {
+  std::function<void(const QString&)> say;  ///< a text for the status bar
   /// What is to be said of a paste, UTF-8 and empty where all went well, and what the clipboard held.
   std::function<void(std::string said, const ClipboardMelody&)> pasted;
 };
 
 class EditCommands {
  public:
-  EditCommands(const Document& document, Composer& composer, const Services& services, EditWords words);
+  EditCommands(const Document& document, Composer& composer, const Services& services,
+               EditCallbacks callbacks);
 
   /// Both do nothing where nothing is selected.
   void Cut();
@@ -35,7 +36,7 @@ class EditCommands {
   const Document& document_;
   Composer& composer_;
   Services services_;
-  EditWords words_;
+  EditCallbacks callbacks_;
   bool pasting_ = false;  ///< reading lets events run, and with them another command
 };
 

@@ -174,7 +174,7 @@ void ExportWindow::ShowResult(std::string result, const QString& status) {
   status_->setText(status);
 }
 
-// In the middle of another export nothing is shown that it could change.
+// While an export runs that a button began, no Result is shown, so it is not disturbed here.
 void ExportWindow::ChangeSpelling() {
   FindFit(Phone::Rtttl);
   ShowFits();
@@ -198,7 +198,7 @@ void ExportWindow::ShowFits() {
   fitsLabel_->setText(lines.join('\n'));
 }
 
-// What is left out, and a name that will not come back, are said before the text leaves the window.
+// Says what was left out, and whether the name will not be read back, before the text is copied.
 QString ExportWindow::StatusOf(Phone phone) const {
   QString status = CopyKey() + " copies the Result.";
   const std::string losses = LossText(fits_.at(static_cast<size_t>(phone)));

@@ -1,5 +1,5 @@
 // The window "Trillomat - Export": the exports of the composed song. It is made anew each time and shown
-// modally, and changes nothing but itself. What becomes of the song in each export it tells beforehand.
+// modally, and changes nothing but itself. It says beforehand what each export would lose of the song.
 #pragma once
 
 #include <QCheckBox>
@@ -18,6 +18,7 @@ class ExportWindow : public QDialog {
   Q_OBJECT
 
  public:
+  /// `modernSpelling` ticks the check box that ModernSpelling() tells.
   ExportWindow(std::shared_ptr<const Song> song, bool modernSpelling, const Services& services,
                QWidget* parent = nullptr);
 
@@ -50,7 +51,7 @@ class ExportWindow : public QDialog {
   std::string result_;
   StoppablePump* running_ = nullptr;  ///< of the export that runs
   bool closing_ = false;
-  std::optional<Phone> shown_;  ///< what the Result is of
+  std::optional<Phone> shown_;  ///< the phone that the Result is for; nothing while there is none
   std::array<PhoneFit, kExportTargets.size()> fits_;
 
   QPlainTextEdit* resultBox_;

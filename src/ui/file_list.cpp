@@ -24,7 +24,7 @@ class RowDelegate : public QStyledItemDelegate {
     const bool selected = option.state.testFlag(QStyle::State_Selected);
     const auto [ink, ground] = selected ? std::pair(QPalette::HighlightedText, QPalette::Highlight)
                                         : std::pair(QPalette::Highlight, QPalette::Base);
-    QColor mark = Against(option.palette.color(ink), option.palette.color(ground), kVisible);
+    QColor mark = WithContrast(option.palette.color(ink), option.palette.color(ground), kVisible);
     painter->setPen(mark);
     mark.setAlphaF(selected ? 0.0F : 0.2F);
     painter->setBrush(mark);
@@ -98,7 +98,7 @@ void FileList::paintEvent(QPaintEvent* event) {
   if (!hasFocus()) return;
   QPainter painter(viewport());
   const QColor accent = palette().color(QPalette::Highlight);
-  painter.setPen(QPen(Against(accent, palette().color(QPalette::Base), kVisible), 2));
+  painter.setPen(QPen(WithContrast(accent, palette().color(QPalette::Base), kVisible), 2));
   painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
 }
 

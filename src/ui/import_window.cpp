@@ -38,8 +38,8 @@ QString ReplacedWords(qsizetype count) {
   return QStringLiteral("%1 characters are unknown to the phones and are read as \"?\".").arg(count);
 }
 
-// Takes no more than an import may hold, whether it is pasted or dropped. The toolkit's box looks at the
-// first of the forms that the clipboard has, though an empty one has none.
+// Takes no more than an import may hold, whether it is pasted or dropped. Data without any format, as an
+// empty clipboard has, must not reach the toolkit's box, which looks at the first format without asking.
 class SourceBox : public QPlainTextEdit {
  public:
   SourceBox(std::function<void()> tooLarge, QWidget* parent)
@@ -95,20 +95,20 @@ QWidget* ImportWindow::NewFormatFrame() {
 QWidget* ImportWindow::NewSourceFrame() {
   auto* frame = new QGroupBox(QStringLiteral("&Source"), this);
   const auto tooLarge = [this] {
-    replaced_->setText("The text is " + QString::fromStdString(TooLargeText()) + " and was not taken.");
-    replaced_->show();
+    sourceNote_->setText("The text is " + QString::fromStdString(TooLargeText()) + " and was not taken.");
+    sourceNote_->show();
   };
   sourceBox_ = new SourceBox(tooLarge, frame);
   NameControl(*sourceBox_, QStringLiteral("txtSource"),
               {{}, QStringLiteral("Melody text to import"), QStringLiteral("Paste the melody text here")});
   SetUpTextBox(*sourceBox_);
   connect(sourceBox_, &QPlainTextEdit::textChanged, this, &ImportWindow::TakeSource);
-  replaced_ = NewLabel(QStringLiteral("lblReplaced"), {}, nullptr, frame);
-  replaced_->setWordWrap(true);
-  replaced_->hide();
+  sourceNote_ = NewLabel(QStringLiteral("lblReplaced"), {}, nullptr, frame);
+  sourceNote_->setWordWrap(true);
+  sourceNote_->hide();
   auto* layout = new QVBoxLayout(frame);
   layout->addWidget(sourceBox_, 1);
-  layout->addWidget(replaced_);
+  layout->addWidget(sourceNote_);
   return frame;
 }
 
@@ -164,8 +164,8 @@ void ImportWindow::TakeSource() {
   const auto characters = text.toUcs4();
   const auto replaced = std::count_if(characters.begin(), characters.end(),
                                       [](char32_t character) { return !CodePageHas(character); });
-  replaced_->setText(ReplacedWords(replaced));
-  replaced_->setVisible(replaced != 0);
+  sourceNote_->setText(ReplacedWords(replaced));
+  sourceNote_->setVisible(replaced != 0);
   UpdateImportButton();
 }
 
@@ -196,7 +196,7 @@ void ImportWindow::Import() {
   accept();
 }
 
-// Closed at once, the main window would take clicks while the import goes on.
+// An import that runs ends first, because behind a closed window the main window would take clicks meanwhile.
 void ImportWindow::reject() {
   cancelled_ = true;
   if (running_ != nullptr) return running_->Stop();

@@ -36,10 +36,10 @@ class ImportWindow : public QDialog {
   std::optional<Imported>& Result() { return result_; }
   const ImportOrigin& Origin() const { return origin_; }
 
-  /// "Tidy common slips".
+  /// Whether "Tidy common slips" is ticked.
   bool Tidies() const { return tidy_->isChecked(); }
   void SetTidies(bool tidy) { tidy_->setChecked(tidy); }
-  /// A MIDI file is to be imported instead.
+  /// Whether the window was closed in order to import a MIDI file instead.
   bool WantsMidi() const { return wantsMidi_; }
 
   /// "Cancel", Escape and the window's own close button: nothing is imported. An import that runs ends as
@@ -68,7 +68,7 @@ class ImportWindow : public QDialog {
 
   std::array<QRadioButton*, kImportOptions.size()> options_{};
   QPlainTextEdit* sourceBox_;
-  QLabel* replaced_;
+  QLabel* sourceNote_;  ///< what is wrong with the source
   QCheckBox* adapt_;
   QCheckBox* tidy_;
   QPushButton* import_;

@@ -10,23 +10,23 @@ namespace {
 constexpr int kFirstVolume = 7;
 constexpr const char* kVolumeTip = "Volume that \"Set Volume\" inserts";
 
-struct Spoken {
+struct ButtonText {
   const char* caption;  ///< with its mnemonic
-  const char* text;
+  const char* spoken;   ///< accessible name and tooltip
 };
 
 // By the button's index. The tooltips tell the two light buttons apart.
-constexpr std::array<Spoken, kInsertButtons> kSpoken{{{"LED on", "Insert LED on"},
-                                                      {"LED off", "Insert LED off"},
-                                                      {"VIB on", "Insert vibration on"},
-                                                      {"VIB off", "Insert vibration off"},
-                                                      {"Lig&ht on", "Insert backlight on"},
-                                                      {"Li&ght on", "Insert backlight off"},
-                                                      {"Volume (&+)", "Insert volume up"},
-                                                      {"Volume (&-)", "Insert volume down"},
-                                                      {"Repeat start", "Insert repeat start"},
-                                                      {"Repeat stop", "Insert repeat stop"},
-                                                      {"Set Volume", "Insert volume"}}};
+constexpr std::array<ButtonText, kInsertButtons> kButtonTexts{{{"LED on", "Insert LED on"},
+                                                               {"LED off", "Insert LED off"},
+                                                               {"VIB on", "Insert vibration on"},
+                                                               {"VIB off", "Insert vibration off"},
+                                                               {"Lig&ht on", "Insert backlight on"},
+                                                               {"Li&ght on", "Insert backlight off"},
+                                                               {"Volume (&+)", "Insert volume up"},
+                                                               {"Volume (&-)", "Insert volume down"},
+                                                               {"Repeat start", "Insert repeat start"},
+                                                               {"Repeat stop", "Insert repeat stop"},
+                                                               {"Set Volume", "Insert volume"}}};
 
 }  // namespace
 
@@ -43,10 +43,10 @@ InsertBox::InsertBox(Composer& composer, QWidget* parent)
 
 // Even indices stand left, odd ones right.
 void InsertBox::AddButton(QGridLayout& grid, int index) {
-  const Spoken& spoken = kSpoken.at(static_cast<size_t>(index));
-  auto* button = NewButton(
-      IndexedName("cmdInsert", index),
-      {QLatin1String(spoken.caption), QLatin1String(spoken.text), QLatin1String(spoken.text)}, this);
+  const ButtonText& text = kButtonTexts.at(static_cast<size_t>(index));
+  auto* button =
+      NewButton(IndexedName("cmdInsert", index),
+                {QLatin1String(text.caption), QLatin1String(text.spoken), QLatin1String(text.spoken)}, this);
   connect(button, &QPushButton::clicked, this, [this, index] {
     composer_.EnterCommand(index, FromQString(repeat_->text()), FromQString(volume_->currentText()));
   });
@@ -67,8 +67,8 @@ void InsertBox::AddVolume(QGridLayout& grid) {
   volume_->setCurrentIndex(kFirstVolume);
   SetUpTextLine(*volume_->lineEdit(), Characters::OfCodePage);
   volume_->lineEdit()->setAccessibleName(volume_->accessibleName());
-  // Where the toolkit calls a list by what is chosen in it, screen readers take its name from a label. "Set
-  // Volume" stands in the place of one that is seen.
+  // Screen readers may be told the chosen text as the name of an editable list; then they take its name from
+  // a label. This one is hidden, because the button "Set Volume" stands where it would.
   NewLabel(QStringLiteral("lblVolume"), volume_->accessibleName(), volume_, this)->hide();
   grid.addWidget(volume_, kSetVolume / 2, 1);
 }
@@ -94,13 +94,13 @@ void InsertBox::AddRepeat(QGridLayout& grid) {
   }
 }
 
-// What the format cannot hold says so.
+// What is disabled because the format cannot hold it says so in its tooltip.
 void InsertBox::ShowState() {
   const bool held = composer_.CanSetVolume();
   const QString why = QStringLiteral("Files of this format hold no phone commands");
   for (size_t i = 0; i < buttons_.size(); ++i) {
     buttons_.at(i)->setEnabled(composer_.CanInsertCommands());
-    buttons_.at(i)->setToolTip(held ? QLatin1String(kSpoken.at(i).text) : why);
+    buttons_.at(i)->setToolTip(held ? QLatin1String(kButtonTexts.at(i).spoken) : why);
   }
   volume_->setEnabled(held);
   volume_->setToolTip(held ? QLatin1String(kVolumeTip) : why);

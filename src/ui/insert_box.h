@@ -19,6 +19,7 @@ class InsertBox : public QGroupBox {
  public:
   InsertBox(Composer& composer, QWidget* parent);
 
+  /// Shows what is enabled, and the repeat count while a repeat is open.
   void ShowState();
 
  private:

@@ -3,7 +3,7 @@
 namespace trillomat {
 namespace {
 
-// Those that the mode has, in turn.
+// Goes round the extras that the mode has.
 void SelectNextExtra(Composer& composer) {
   constexpr int kCount = static_cast<int>(kDurationExtras.size());
   for (int i = 1; i < kCount; ++i) {

@@ -1,4 +1,4 @@
-// Binds the keys that no menu stands for to what they do.
+// Binds the keys of the main window to what they do, but for those that a menu item alone stands for.
 #pragma once
 
 #include "composer/composer.h"
@@ -15,6 +15,7 @@ struct KeyTargets {
   MelodyBox& melody;
 };
 
+/// Binds them in `keys`.
 void BindKeys(KeyInput& keys, const KeyTargets& targets);
 
 }  // namespace trillomat

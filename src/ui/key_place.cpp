@@ -17,7 +17,7 @@ constexpr std::array<PlaceRow, 5> kRows{
 
 }  // namespace
 
-// The X server, and with it Wayland's, counts eight more than Linux.
+// The key codes of X11, and with them those of Wayland, are Linux's plus eight.
 std::optional<quint32> PlaceOf(const QKeyEvent& press) {
   constexpr quint32 kOffset = 8;
   const quint32 code = press.nativeScanCode();

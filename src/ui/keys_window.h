@@ -5,8 +5,8 @@
 
 namespace trillomat {
 
-/// Leaves the main window usable, so that the list can be looked at while composing. Closed by Escape; to
-/// be shown again, it is kept by who made it.
+/// Not modal, so that the list can be looked at while composing. Escape only hides it: the main window keeps
+/// it and shows it again.
 class KeysWindow : public QDialog {
   Q_OBJECT
 

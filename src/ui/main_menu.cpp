@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/format_mode.h"
+#include "ui/controls.h"
 #include "ui/key_table.h"
 #include "ui/qt_text.h"
 

@@ -64,7 +64,7 @@ class MainWindow final : public QMainWindow,
   /// folder its folder. With "AutoPlay" on it is played to its end, unless `mayPlay` is false.
   void OpenFile(const std::filesystem::path& file, bool mayPlay = true);
 
-  /// A picture of all of the window, on a screen that it has to be scrolled on, too.
+  /// A picture of the window, made as large as needs no scrolling even where its screen is smaller.
   QPixmap TakePicture();
 
  signals:

@@ -5,9 +5,8 @@
 #include <functional>
 #include <optional>
 
-#include "ui/arrow_icon.h"
+#include "ui/button_icons.h"
 #include "ui/controls.h"
-#include "ui/qt_text.h"
 
 namespace trillomat {
 namespace {

@@ -31,6 +31,7 @@ class MelodyBox : public QGroupBox {
   /// Presses the button that the keys of `command` stand for; does nothing for any other command, and
   /// nothing while the button is disabled.
   void Press(KeyCommand command);
+  /// Presses "Play" while no melody plays, else "Stop".
   void PlayOrStop();
 
  signals:

@@ -30,7 +30,7 @@ void CopyToClipboard(const ElementList& elements, const Document& document, cons
   QGuiApplication::clipboard()->setMimeData(data.release());
 }
 
-ClipboardMelody PasteFromClipboard(FormatMode mode, const Services& services) {
+ClipboardMelody ReadClipboard(FormatMode mode, const Services& services) {
   const QMimeData* data = QGuiApplication::clipboard()->mimeData();
   if (data == nullptr) return Refused("the clipboard is empty");
   const QByteArray own = data->data(QLatin1String(kElementsType));

@@ -8,18 +8,18 @@
 
 namespace trillomat {
 
-/// Takes the text that recovery_text.h describes.
+/// The program's own type of data, whose text recovery_text.h describes.
 inline constexpr const char* kElementsType = "application/x-trillomat-elements";
 
 /// Puts `elements` on the clipboard, with the song information and in the mode of `document`.
 void CopyToClipboard(const ElementList& elements, const Document& document, const Services& services);
 
-/// What the clipboard holds: the program's own elements, or what a text is read as. Refused in words where
-/// that is no melody.
+/// What the clipboard holds.
 struct ClipboardMelody {
-  ReadResult read;
+  ReadResult read;        ///< the program's own elements, or what the text is read as; else refused
   std::string text = {};  ///< Windows-1252; empty for the program's own elements
 };
-ClipboardMelody PasteFromClipboard(FormatMode mode, const Services& services);
+/// Reads a text by ReadPasted, which lets events run.
+ClipboardMelody ReadClipboard(FormatMode mode, const Services& services);
 
 }  // namespace trillomat

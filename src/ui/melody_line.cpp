@@ -64,7 +64,7 @@ void MelodyLine::paintEvent(QPaintEvent* /*event*/) {
   painter.setRenderHint(QPainter::Antialiasing);
   const bool focused = left_->hasFocus() || right_->hasFocus();
   const auto seen = [this](QPalette::ColorRole ink, QPalette::ColorRole ground) {
-    return Against(palette().color(ink), palette().color(ground), kVisible);
+    return WithContrast(palette().color(ink), palette().color(ground), kVisible);
   };
   const QColor accent = seen(QPalette::Highlight, QPalette::Base);
   painter.setPen(QPen(focused ? accent : seen(QPalette::Mid, QPalette::Window), focused ? 2 : 1));

@@ -14,6 +14,7 @@ class MelodyLine : public QWidget {
  public:
   explicit MelodyLine(QWidget* parent);
 
+  /// Shows both halves, scrolled to where they meet.
   void ShowMelody(const MelodyText& text);
   /// Gives the melody the focus.
   void TakeFocus() { right_->setFocus(Qt::OtherFocusReason); }

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "ui/accessible_parts.h"
-#include "ui/arrow_icon.h"
+#include "ui/button_icons.h"
 #include "ui/colours.h"
 #include "ui/controls.h"
 #include "ui/qt_text.h"
@@ -75,7 +75,7 @@ void MessageBar::paintEvent(QPaintEvent* /*event*/) {
   painter.setRenderHint(QPainter::Antialiasing);
   const QColor accent = palette().color(QPalette::Highlight);
   const QColor face = Mix(palette().color(QPalette::Window), accent, 0.15);
-  painter.setPen(QPen(Against(accent, face, kVisible), 1));
+  painter.setPen(QPen(WithContrast(accent, face, kVisible), 1));
   painter.setBrush(face);
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
 }

@@ -9,7 +9,6 @@
 #include "ui/colours.h"
 #include "ui/controls.h"
 #include "ui/key_table.h"
-#include "ui/qt_text.h"
 
 namespace trillomat {
 namespace {
@@ -86,7 +85,7 @@ QColor PianoKey::Face() const {
 
 QColor PianoKey::Ink() const {
   const QColor ink = black_ ? Lighter(palette()) : Darker(palette());
-  if (sounding_ || isEnabled()) return Against(ink, Face(), kReadable);
+  if (sounding_ || isEnabled()) return WithContrast(ink, Face(), kReadable);
   return Mix(ink, Face(), 0.5);
 }
 
@@ -103,13 +102,13 @@ void PianoKey::PaintFace(QPainter& painter) const {
   // The top corners lie above the widget, so that only the foot is rounded.
   const QRectF face = QRectF(rect()).adjusted(0.5, -round, -0.5, -0.5);
   const QColor window = palette().color(QPalette::Window);
-  const QColor edge = Against(Mix(Darker(palette()), window, 0.4), Lighter(palette()), kVisible);
+  const QColor edge = WithContrast(Mix(Darker(palette()), window, 0.4), Lighter(palette()), kVisible);
   painter.setPen(QPen(edge, 1));
   painter.setBrush(Face());
   painter.drawRoundedRect(face, round, round);
   painter.drawLine(QPointF(face.left(), 0.5), QPointF(face.right(), 0.5));
   if (!hasFocus()) return;
-  painter.setPen(QPen(Against(palette().color(QPalette::Highlight), Face(), kVisible), 2));
+  painter.setPen(QPen(WithContrast(palette().color(QPalette::Highlight), Face(), kVisible), 2));
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(QRectF(rect()).adjusted(3, 3, -3, -3), round, round);
 }
@@ -129,7 +128,7 @@ void PianoKey::PaintLetters(QPainter& painter) const {
   }
   painter.setFont(small);
   const QColor soft = Mix(Ink(), Face(), 0.35);
-  painter.setPen(isEnabled() || sounding_ ? Against(soft, Face(), kReadable) : soft);
+  painter.setPen(isEnabled() || sounding_ ? WithContrast(soft, Face(), kReadable) : soft);
   painter.drawText(foot, Qt::AlignHCenter | Qt::AlignBottom, letter_ + QLatin1Char(' ') + above_);
 }
 

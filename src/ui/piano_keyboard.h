@@ -12,10 +12,11 @@ class PianoKey : public QAbstractButton {
   Q_OBJECT
 
  public:
+  /// `tone`: 0 for c to 11 for b.
   PianoKey(int tone, QWidget* parent);
 
   bool IsBlack() const { return black_; }
-  /// Its tone sounds, or has ended.
+  /// Lights the key, or puts it out.
   void SetSounding(bool sounding);
 
  protected:
@@ -31,7 +32,7 @@ class PianoKey : public QAbstractButton {
   bool black_;
   bool sounding_ = false;
   QString letter_;  ///< of the computer keyboard
-  QString above_;   ///< the one that plays the octave above
+  QString above_;   ///< the letter for the same tone an octave higher
 };
 
 class PianoKeyboard : public QWidget {

@@ -63,8 +63,4 @@ QString MinutesText(double milliseconds) {
   return QStringLiteral("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QLatin1Char('0'));
 }
 
-QString IndexedName(const char* group, int index) {
-  return QString::fromLatin1(group) + QLatin1Char('(') + QString::number(index) + QLatin1Char(')');
-}
-
 }  // namespace trillomat

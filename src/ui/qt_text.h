@@ -31,7 +31,4 @@ QString ShownMessage(const QString& text);
 /// A length in minutes and seconds: "1:07". A negative one counts as none.
 QString MinutesText(double milliseconds);
 
-/// The name of member `index` of an indexed group of controls: "cmdTone(3)".
-QString IndexedName(const char* group, int index);
-
 }  // namespace trillomat

@@ -12,12 +12,12 @@
 namespace trillomat {
 namespace {
 
-// An abbreviation, in full where there is room for it.
+// The panel's caption, and what it stands for, for tooltips and screen readers.
 constexpr const char* kTempoCaption = "B P M";
 constexpr const char* kTempoWords = "Beats per minute";
 constexpr QRgb kInvalidText = qRgb(255, 0, 0);
 
-QLabel* NewNothing(QWidget* parent) {
+QLabel* NewNoRowsLabel(QWidget* parent) {
   QLabel* label = NewLabel(QStringLiteral("lblNoSongInfo"),
                            QStringLiteral("This format stores no song information"), nullptr, parent);
   label->setWordWrap(true);
@@ -25,8 +25,9 @@ QLabel* NewNothing(QWidget* parent) {
   return label;
 }
 
-// What is typed is a step of the song, so taking it back is not the text box's own affair.
-bool IsLeftToMenu(QKeyEvent& key) {
+// What is typed is a step of the song, so "Undo" and "Redo" of the menu are for it, too, and not those of the
+// text box. True when `key` is one of these.
+bool LeaveToMenu(QKeyEvent& key) {
   const bool left = key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
   if (left) key.ignore();
   return left;
@@ -35,7 +36,9 @@ bool IsLeftToMenu(QKeyEvent& key) {
 }  // namespace
 
 SongInfoBox::SongInfoBox(Composer& composer, QWidget* parent)
-    : QGroupBox(QStringLiteral("Song information"), parent), composer_(composer), nothing_(NewNothing(this)) {
+    : QGroupBox(QStringLiteral("Song information"), parent),
+      composer_(composer),
+      noRows_(NewNoRowsLabel(this)) {
   auto* grid = new QGridLayout(this);
   for (int row = 0; row < static_cast<int>(labels_.size()); ++row) {
     QWidget* control = nullptr;
@@ -50,7 +53,7 @@ SongInfoBox::SongInfoBox(Composer& composer, QWidget* parent)
     grid->addWidget(control, row, 1);
     labels_.at(static_cast<size_t>(row)) = label;
   }
-  grid->addWidget(nothing_, 0, 0, 1, 2);
+  grid->addWidget(noRows_, 0, 0, 1, 2);
   grid->setColumnStretch(1, 1);
   grid->setRowStretch(grid->rowCount(), 1);
 }
@@ -64,7 +67,7 @@ QLineEdit* SongInfoBox::NewTextBox(int index) {
   return box;
 }
 
-// What is refused again says so again.
+// While the text is refused, each change of it says so again.
 void SongInfoBox::Edit(int index, const QString& text) {
   composer_.EditSongText(index, FromQString(text));
   const QString& refusal = refusals_.at(static_cast<size_t>(index));
@@ -89,7 +92,7 @@ QComboBox* SongInfoBox::NewList(int index) {
 // The key filter of the boxes for numbers. Keys that type nothing always pass.
 bool SongInfoBox::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusIn) composer_.EndTyping();
-  if (event->type() == QEvent::ShortcutOverride) return IsLeftToMenu(static_cast<QKeyEvent&>(*event));
+  if (event->type() == QEvent::ShortcutOverride) return LeaveToMenu(static_cast<QKeyEvent&>(*event));
   if (event->type() != QEvent::KeyPress) return QGroupBox::eventFilter(watched, event);
   const QString typed = static_cast<QKeyEvent*>(event)->text();
   for (int i = 0; i < static_cast<int>(texts_.size()); ++i) {
@@ -110,7 +113,7 @@ void SongInfoBox::ShowState() {
     labels_.at(i)->buddy()->setEnabled(rows.at(i).enabled);
     labels_.at(i)->buddy()->setToolTip(TipOf(static_cast<int>(i)));
   }
-  nothing_->setVisible(!rows.front().visible);
+  noRows_->setVisible(!rows.front().visible);
   for (int i = 0; i < SongInfoPanel::kTextRows; ++i) ShowTextRow(i);
   ShowList(*lists_[0], rows.at(SongInfoPanel::kStyleRow));
   ShowList(*lists_[1], rows.at(SongInfoPanel::kVolumeRow));

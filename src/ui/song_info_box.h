@@ -17,10 +17,11 @@ class SongInfoBox : public QGroupBox {
  public:
   SongInfoBox(Composer& composer, QWidget* parent);
 
+  /// Shows the rows of the panel as they are now.
   void ShowState();
 
  signals:
-  /// What stands in a box is not taken over: why, and what counts instead. Empty once it is taken over.
+  /// Why the text of a box is not taken into the song, and what counts instead; empty once it is taken.
   void Refused(const QString& why);
 
  protected:
@@ -36,7 +37,7 @@ class SongInfoBox : public QGroupBox {
   void ShowList(QComboBox& list, const SongInfoRow& row);
 
   Composer& composer_;
-  QLabel* nothing_;  ///< in the place of the rows where there are none
+  QLabel* noRows_;  ///< what stands in the place of the rows where there are none
   std::array<QLabel*, 7> labels_{};
   std::array<QLineEdit*, SongInfoPanel::kTextRows> texts_{};
   std::array<QComboBox*, 2> lists_{};

@@ -18,13 +18,13 @@ class StatusLine : public QObject {
   /// `times` are those of `document`.
   StatusLine(QStatusBar& bar, const Document& document, const StripTimes& times);
 
-  /// Shows what is so now.
+  /// Shows the parts as the document is now.
   void ShowState();
   /// Screen readers speak the element at the cursor, if it is another than they spoke last.
   void SpeakElement();
-  /// What is being done: stands in front until something else is said. Empty for nothing.
+  /// Shows `text` in the place of the parts until another is shown; empty shows the parts again.
   void Show(const QString& text);
-  /// The same for why the last thing was refused, which screen readers speak at once.
+  /// The same, and screen readers speak it at once.
   void Say(const QString& text);
 
  private:
@@ -39,7 +39,7 @@ class StatusLine : public QObject {
   QLabel* position_;
   QLabel* element_;
   QLabel* state_;
-  QString spoken_;  ///< of the element
+  QString spoken_;  ///< what SpeakElement spoke last
 };
 
 }  // namespace trillomat

@@ -20,15 +20,15 @@ constexpr double kBlackRow = 0.06;  // how much darker the rows of black keys ar
 
 }  // namespace
 
-// All that is drawn in them stands out on the rows of black keys, too.
+// The contrast of the colours is measured on the rows of black keys, where it is least.
 StripPainter::StripPainter(QPainter& painter, const StripGeometry& geometry, const QPalette& palette)
     : painter_(painter),
       geometry_(geometry),
       palette_(palette),
-      accent_(Against(palette.color(QPalette::Highlight), Shade(kBlackRow), kVisible)),
-      line_(Against(Shade(0.35), Shade(kBlackRow), kVisible)),
-      paleInk_(Against(Shade(0.4), Shade(kBlackRow), kReadable)),
-      ink_(Against(Shade(0.7), Shade(kBlackRow), kReadable)) {}
+      accent_(WithContrast(palette.color(QPalette::Highlight), Shade(kBlackRow), kVisible)),
+      line_(WithContrast(Shade(0.35), Shade(kBlackRow), kVisible)),
+      paleInk_(WithContrast(Shade(0.4), Shade(kBlackRow), kReadable)),
+      ink_(WithContrast(Shade(0.7), Shade(kBlackRow), kReadable)) {}
 
 // Between the ground and what is written on it.
 QColor StripPainter::Shade(double share) const {
@@ -67,7 +67,7 @@ void StripPainter::PaintBars(const std::vector<double>& bars) {
   }
 }
 
-// A band with a border, which tells it without its colour.
+// A band with a border, so that not the colour alone tells it.
 void StripPainter::PaintSelection(const StripState& state) {
   if (!(state.selectedTo > state.selectedFrom)) return;
   const double left = geometry_.X(state.selectedFrom);
@@ -168,7 +168,7 @@ void StripPainter::PaintCursor(double place) {
   painter_.drawPolygon(QPolygonF({foot - across, foot + across, foot - down}));
 }
 
-// Edges between two pixels of the screen are blurred.
+// `x` put between two pixels of the screen, because an edge inside one is blurred.
 double StripPainter::Sharp(double x) const { return std::round(x / geometry_.pixel) * geometry_.pixel; }
 
 QRectF StripPainter::Column(const StripItem& item) const {

@@ -17,7 +17,7 @@ struct StripGeometry {
   double left = 0;       ///< x of place 0
   double top = 0;        ///< y of the upper edge of the highest row
   double rowHeight = 1;  ///< of a semitone
-  double pixel = 1;      ///< of the screen
+  double pixel = 1;      ///< size of one of the screen
   RowSpan rows;          ///< all of them, seen or not
 
   double X(double place) const { return left + place; }

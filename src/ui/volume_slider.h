@@ -1,12 +1,12 @@
-// The slider of how loud the program's own output is.
+// The slider for the volume of what the program plays.
 #pragma once
 
 #include <QSlider>
 
 namespace trillomat {
 
-/// From 0 to 100 percent, as the ear counts: see playback/volume.h. The slider tells its value by its signal
-/// `valueChanged`. The mouse wheel moves it, too, and it is never locked.
+/// From 0 to 100 percent of loudness as the ear judges it (playback/volume.h). The value is told by the
+/// signal `valueChanged`. It works while a melody plays, too.
 class VolumeSlider : public QSlider {
   Q_OBJECT
 

@@ -10,14 +10,14 @@
 
 namespace trillomat {
 
-/// Gives `window` the size that was kept, or its first one, but none that its screen has no room for: it is
-/// maximized then.
+/// Gives `window` the size that was kept, or at the first start a usual one. Where that is more than
+/// its screen has room for, the window is maximized.
 void RestoreSize(QWidget& window, SettingsDraft& draft);
 
-/// What `draft` is to write when it is saved.
+/// Puts the size of `window` into `draft`, to be written when that is saved.
 void PutSize(const QWidget& window, SettingsDraft& draft);
 
-/// Deletes what is kept, once `draft` is saved.
+/// Takes the size out of `draft`, to be deleted when that is saved.
 void ForgetSize(SettingsDraft& draft);
 
 }  // namespace trillomat

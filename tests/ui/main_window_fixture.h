@@ -21,9 +21,9 @@
 #include "support/memory_store.h"
 #include "support/sample_notes.h"
 #include "support/temp_folder.h"
+#include "ui/controls.h"
 #include "ui/dialog_probe.h"
 #include "ui/main_window.h"
-#include "ui/qt_text.h"
 
 namespace trillomat {
 

@@ -1,4 +1,4 @@
-#include "ui/arrow_icon.h"
+#include "ui/button_icons.h"
 
 #include <QApplication>
 #include <QIconEngine>
