@@ -18,8 +18,8 @@
 namespace trillomat {
 namespace {
 
-/// Whether somebody does something with it; parts of such a control do not count.
-bool IsWorked(const QWidget& widget) {
+/// Whether the user works with the widget. A part of a control does not count beside the whole.
+bool IsWorkedWith(const QWidget& widget) {
   for (const QWidget* whole = widget.parentWidget(); whole != nullptr; whole = whole->parentWidget()) {
     if (whole->inherits("QComboBox") || whole->inherits("QAbstractItemView")) return false;
   }
@@ -41,7 +41,7 @@ QString Caption(const QWidget& widget) {
   return {};
 }
 
-/// By the Tab key, by the arrow keys from the option that it reaches, or by a letter.
+/// Whether the keyboard reaches it: by the Tab key, or by the arrow keys from another option of its group.
 bool IsReached(const QWidget& widget) {
   if ((widget.focusPolicy() & Qt::TabFocus) != 0) return true;
   const auto* option = qobject_cast<const QRadioButton*>(&widget);
@@ -51,12 +51,12 @@ bool IsReached(const QWidget& widget) {
                      [](const QRadioButton* each) { return each->focusPolicy() & Qt::TabFocus; });
 }
 
-void ExpectTold(QWidget& window) {
+void ExpectNamedAndReached(QWidget& window) {
   const QRegularExpression word("[a-z]{2}");
   const QRegularExpression sign("^[^a-z]+$|\\b[A-Z]{2}|[+-]");
   int worked = 0;
   for (const QWidget* widget : window.findChildren<QWidget*>()) {
-    if (!IsWorked(*widget) || widget->objectName().startsWith("messageAction")) continue;
+    if (!IsWorkedWith(*widget) || widget->objectName().startsWith("messageAction")) continue;
     ++worked;
     const std::string name = widget->objectName().toStdString();
     EXPECT_TRUE(widget->accessibleName().contains(word)) << name;
@@ -72,9 +72,9 @@ void ExpectTold(QWidget& window) {
 class Accessibility : public MainWindowTest {};
 
 TEST_F(Accessibility, EveryControlOfEveryWindowHasAWordANameAndAWayToIt) {
-  ExpectTold(window);
+  ExpectNamedAndReached(window);
   SetMode(FormatMode::Rtttl);
-  ExpectTold(window);
+  ExpectNamedAndReached(window);
   const auto song = std::make_shared<const Song>();
   const std::vector<std::string_view> tunes{"a:d=4:c", "b:d=4:c"};
   ImportWindow import(record, services);
@@ -87,7 +87,7 @@ TEST_F(Accessibility, EveryControlOfEveryWindowHasAWordANameAndAWayToIt) {
   TuneWindow tune(tunes, nullptr);
   for (QWidget* each :
        std::initializer_list<QWidget*>{&import, &exporting, &rename, &about, &keys, &changes, &tune}) {
-    ExpectTold(*each);
+    ExpectNamedAndReached(*each);
   }
 }
 
@@ -151,7 +151,7 @@ TEST_P(Focus, IsSeenOnEveryControlThatTakesIt) {
   QTest::qWait(20);
   int looked = 0;
   for (auto* control : window.findChildren<QWidget*>()) {
-    if (!IsWorked(*control) || !control->isVisible() || !control->isEnabled()) continue;
+    if (!IsWorkedWith(*control) || !control->isVisible() || !control->isEnabled()) continue;
     auto& other = Get<QWidget>(control->objectName() == "cmdExport" ? "cmdTone(0)" : "cmdExport");
     other.setFocus(Qt::TabFocusReason);
     const QImage without = Around(*control);

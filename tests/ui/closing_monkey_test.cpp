@@ -16,7 +16,7 @@
 namespace trillomat {
 namespace {
 
-/// Level-2 messages are boxes.
+/// Shows level-2 messages in real boxes.
 class ShownLog : public Log {
  public:
   void WriteLog(std::string_view message, int16_t level) override {

@@ -14,7 +14,7 @@
 namespace trillomat {
 namespace {
 
-/// As far as the end of the program goes, what the main window is.
+/// Ends the program when it is closed, as the main window does.
 class Window : public QMainWindow {
  public:
   explicit Window(QtPump& pump) : pump_(pump) {}

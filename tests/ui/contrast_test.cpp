@@ -1,5 +1,5 @@
-// How far what the windows draw themselves stands out, measured in the pixels that they paint, in a light and
-// in a dark palette. Prints a table of it.
+// The contrast of what the windows draw themselves, measured in the pixels that they paint, in a light and in
+// a dark palette. Prints a table of it.
 #include <QApplication>
 #include <QImage>
 #include <QMap>
@@ -33,17 +33,17 @@ QMap<QRgb, int> Counted(const QImage& picture) {
   return counted;
 }
 
-struct Found {
+struct Measured {
   QColor ink;
   QColor ground;
   double contrast = 1;
 };
 
-/// The colour that stands out most from the commonest one, of those that are more than the seams of letters
-/// and lines.
-Found Judge(const QImage& picture) {
+/// The colour with the most contrast to the commonest one. Colours of a few pixels alone, as smooth edges
+/// have, do not count.
+Measured MeasuredIn(const QImage& picture) {
   const QMap<QRgb, int> counted = Counted(picture);
-  Found found;
+  Measured found;
   int most = 0;
   for (auto each = counted.begin(); each != counted.end(); ++each) {
     if (each.value() > most) found.ground = QColor(each.key());
@@ -68,7 +68,7 @@ class Contrasts : public InPalette, public MainWindowTest {
   /// Measures `part` of the widget, or all of it.
   void Measure(const char* what, const QWidget& widget, double least, QRect part = {}) {
     auto& seen = const_cast<QWidget&>(widget);
-    const Found found = Judge(Painted(seen, part.isNull() ? widget.rect() : part));
+    const Measured found = MeasuredIn(Painted(seen, part.isNull() ? widget.rect() : part));
     std::printf("%-5s  %-36s %s on %s %6.2f : 1, at least %.1f\n", GetParam(), what,
                 found.ink.name().toLatin1().data(), found.ground.name().toLatin1().data(), found.contrast,
                 least);
@@ -83,7 +83,7 @@ class Contrasts : public InPalette, public MainWindowTest {
   // Parts of the note strip.
   NoteStrip& Strip() const { return Get<NoteStrip>("noteStrip"); }
   double X(int32_t index) const { return Strip().Geometry().X(Strip().Layout().Left(index)); }
-  /// The column of an element, as far as its row, or the middle of the strip, goes.
+  /// The part of an element's column that is `rows` above and below its tone, or the middle of the strip.
   QRect Column(int32_t index, double rows) const {
     const StripGeometry strip = Strip().Geometry();
     const int row = RowOf(document.At(index));
@@ -94,7 +94,7 @@ class Contrasts : public InPalette, public MainWindowTest {
   }
 };
 
-TEST(Colours, AreApartAsTheGuidelinesCountIt) {
+TEST(Colours, ContrastIsThatOfTheGuidelines) {
   EXPECT_DOUBLE_EQ(Contrast(Qt::white, Qt::black), 21);
   EXPECT_NEAR(Contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.005);
   EXPECT_NEAR(Contrast(Qt::white, Qt::red), 4.00, 0.005);
@@ -179,7 +179,7 @@ TEST_P(Contrasts, OfTheTextsAndBars) {
   // Pure red is given for what is refused. It is underlined and explained, too.
   auto& tempo = Get<QLineEdit>("txtSongInfo(4)");
   tempo.setText("20000");
-  const Found refused = Judge(Painted(tempo, tempo.rect().adjusted(4, 4, -4, -4)));
+  const Measured refused = MeasuredIn(Painted(tempo, tempo.rect().adjusted(4, 4, -4, -4)));
   std::printf("%-5s  %-36s %s on %s %6.2f : 1, a given colour\n", GetParam(), "refused tempo",
               refused.ink.name().toLatin1().data(), refused.ground.name().toLatin1().data(),
               refused.contrast);

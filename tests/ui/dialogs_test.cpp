@@ -109,7 +109,7 @@ TEST_F(ImportWindowTest, PastingAnEmptyClipboardDoesNothing) {
   EXPECT_EQ(source.toPlainText(), kTune);
 }
 
-// The toolkit goes on telling the box of it that was under the pointer.
+// The toolkit goes on telling the drag to the widget that was under the pointer.
 TEST(Dialogs, ADragGoesOnWhenTheDialogUnderItHasClosed) {
   QMimeData text;
   text.setText("c2");

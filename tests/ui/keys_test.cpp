@@ -58,7 +58,7 @@ class Keys : public MainWindowTest {
     const QKeyCombination key = KeysOf(command).at(index)[0];
     QTest::keyClick(window.focusWidget(), key.key(), key.keyboardModifiers());
   }
-  /// Notes with the cursor as "|", what is selected, octave, duration and extra in force.
+  /// Notes with the cursor as "|", what is selected, and the octave, duration and extra of the next.
   std::string State() const {
     const auto cursor = document.Elements().begin() + document.Cursor() + 1;
     const auto checked = [this](const char* group, int count) {

@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
   // Where the file dialogs remember what they showed.
   const QTemporaryDir toolkit;
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, toolkit.path());
-  // The tests close window after window.
+  // Else the first window that a test closes would end the application.
   QApplication::setQuitOnLastWindowClosed(false);
   trillomat::LoadResources();
   return RUN_ALL_TESTS();

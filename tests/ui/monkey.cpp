@@ -27,7 +27,7 @@ template <class W>
 QList<W*> Usable(const QWidget& window) {
   QList<W*> usable;
   for (W* widget : window.findChildren<W*>()) {
-    // The toolkit's own button for menus that find no room waits for a hand on its menu.
+    // The toolkit's button for menus without room opens a menu and waits until that is closed.
     if (widget->objectName() == "qt_menubar_ext_button") continue;
     if (widget->isVisible() && widget->isEnabled() && widget->window() == &window) usable << widget;
   }

@@ -15,7 +15,7 @@ constexpr const char* kTexts[] = {"",    "0",   "2",     "15",  "16",    "100", 
                                   "abc", "-1",  "ä\nb",  "V7",  "S1",    "99999999999", ")",
                                   "((",  "@0)", "cDe#f", "1.5", "a:b,c", "Ж☺",          "x:d=4:c,8d#,2p,e6."};
 
-// What a reader never makes: the form can hold all of it.
+// No reader makes elements of these, but the program's own form on the clipboard can hold them.
 constexpr const char* kOddNotes[] = {"c", "#d", "&e", "r", "H", "xyz", "", "a note of more than a word"};
 constexpr const char* kOddCommands[] = {"(",      "@2)", "@0)",     "vibeon", "V15",
                                         "ledoff", ")",   "nothing", "@99999)"};
@@ -42,7 +42,7 @@ std::string OwnForm(Dice& dice) {
   return WriteRecovery(song, static_cast<FormatMode>(dice.Number(4)), {}, 0);
 }
 
-// Cut, with a byte changed, or with a part of it twice.
+// `text` cut, with one byte changed, or with a part of it twice.
 std::string Damaged(std::string text, Dice& dice) {
   const auto place = static_cast<size_t>(dice.Number(static_cast<int>(text.size())));
   switch (dice.Number(3)) {
@@ -64,7 +64,7 @@ QUrl AnyPlace(Dice& dice, FileMischief& files, const TempFolder& folder) {
   return QUrl::fromLocalFile(FromUtf8Bytes(Utf8OfPath(folder / files.AnyName())));
 }
 
-// Of as many tracks.
+// A MIDI file with `tracks` tracks.
 std::string Midi(int tracks) {
   std::vector<std::string> bytes;
   for (int i = 0; i < tracks; ++i) {

@@ -20,9 +20,9 @@ class MonkeyDrag {
   void Begin(std::unique_ptr<QMimeData> data) { data_ = std::move(data); }
   /// Moves to a place over `target`, which is visible, or there drops what is dragged, or leaves.
   void GoOn(const QWidget& target);
-  /// Ends it, wherever it is: no window that goes may be dragged over by the toolkit's account.
+  /// Ends it, wherever it is. To be called before a window goes that the toolkit may count as dragged over.
   void End();
-  /// That were taken.
+  /// How many drops were taken.
   int Drops() const { return drops_; }
 
  private:

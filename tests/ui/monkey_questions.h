@@ -1,4 +1,4 @@
-// Questions that a monkey answers: at times by itself in the real boxes, at times at once.
+// Questions to a monkey: some it answers in the real boxes, others are answered at once.
 #pragma once
 
 #include "support/dice.h"

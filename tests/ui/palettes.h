@@ -28,7 +28,7 @@ inline QPalette PaletteOf(std::string_view name) {
   return dark;
 }
 
-/// A test in one of them: to come before what makes a window.
+/// A test in the palette of its parameter. To be the first base class, before the one that makes a window.
 class InPalette : public testing::WithParamInterface<const char*> {
  protected:
   InPalette() { QApplication::setPalette(PaletteOf(GetParam())); }
