@@ -14,7 +14,8 @@
 namespace trillomat {
 
 /// The modes as the command line calls them, in the order of FormatMode.
-inline constexpr std::array<const char*, 4> kModeNames{"imelody", "emelody", "rtttl", "melody"};
+inline constexpr std::array<const char*, kFormatModes> kModeNames{"imelody", "emelody", "rtttl", "melody"};
+static_assert(kModeNames.back() != nullptr, "a mode has no name");
 
 /// What is none of them, and can be read and written all the same.
 inline constexpr const char* kMidiName = "midi";

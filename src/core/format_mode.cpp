@@ -4,7 +4,7 @@
 
 namespace trillomat {
 
-const std::array<ModeLimits, 4> kModeLimits{{
+const std::array<ModeLimits, kFormatModes> kModeLimits{{
     {.mode = FormatMode::IMelody,
      .caption = "I-Melody",
      .extension = "imy",

@@ -9,6 +9,7 @@
 namespace trillomat {
 
 enum class FormatMode : int16_t { IMelody = 0, EMelody = 1, Rtttl = 2, Melody = 3 };
+inline constexpr int kFormatModes = 4;
 
 /// What one mode can express and offer. Ranges include both ends.
 struct ModeLimits {
@@ -36,7 +37,7 @@ struct ModeLimits {
 };
 
 /// The table, in the order of the mode numbers.
-extern const std::array<ModeLimits, 4> kModeLimits;
+extern const std::array<ModeLimits, kFormatModes> kModeLimits;
 
 const ModeLimits& LimitsOf(FormatMode mode);
 

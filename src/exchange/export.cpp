@@ -7,11 +7,13 @@
 
 namespace trillomat {
 
-const std::array<ExportTarget, 5> kExportTargets{{{Phone::Rtttl, "rtttl", "RTTTL", {3, 6}},
-                                                  {Phone::Nokia, "nokia", "the Nokia Composer", {3, 6}, 50},
-                                                  {Phone::T68i, "t68i", "the T68i", {4, 7}},
-                                                  {Phone::T39, "t39", "the T39", {3, 5}},
-                                                  {Phone::R320, "r320", "the R320 and T28", {3, 4}}}};
+constexpr std::array<ExportTarget, kPhones> kExportTargets{
+    {{Phone::Rtttl, "rtttl", "RTTTL", {3, 6}},
+     {Phone::Nokia, "nokia", "the Nokia Composer", {3, 6}, 50},
+     {Phone::T68i, "t68i", "the T68i", {4, 7}},
+     {Phone::T39, "t39", "the T39", {3, 5}},
+     {Phone::R320, "r320", "the R320 and T28", {3, 4}}}};
+static_assert(!kExportTargets.back().option.empty(), "a phone has no row");
 
 const std::array<ExportButton, 8> kExportButtons{{{"T68i KeyPress", Phone::T68i, false},
                                                   {"T39 KeyPress", Phone::T39, false},

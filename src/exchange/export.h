@@ -17,6 +17,7 @@
 namespace trillomat {
 
 enum class Phone { Rtttl, Nokia, T68i, T39, R320 };
+inline constexpr size_t kPhones = static_cast<size_t>(Phone::R320) + 1;
 
 /// One export.
 struct ExportTarget {
@@ -29,7 +30,7 @@ struct ExportTarget {
 
 /// The exports, in the order of Phone. The 50 notes of Nokia's built-in composer are those of the ring tone
 /// formats listed at geocities.ws/free2ringtones/ringtone-formats.html.
-extern const std::array<ExportTarget, 5> kExportTargets;
+extern const std::array<ExportTarget, kPhones> kExportTargets;
 
 const ExportTarget& TargetOf(Phone phone);
 

@@ -15,11 +15,12 @@ struct Format {
   Result<std::string> (*write)(const Song& song, const Services& services);
 };
 
-constexpr std::array<Format, kModeLimits.size()> kFormats{
+constexpr std::array<Format, kFormatModes> kFormats{
     {{FormatMode::IMelody, "bReadFile_IMelody", ReadIMelody, "bSaveFile_IMelody", WriteIMelody},
      {FormatMode::EMelody, "bReadFile_EMelody", ReadEMelody, "bSaveFile_EMelody", WriteEMelody},
      {FormatMode::Rtttl, "bReadFile_RTTTL", ReadRtttl, "bSaveFile_RTTTL", WriteRtttl},
      {FormatMode::Melody, "bReadFile_Melody", ReadMelody, "bSaveFile_Melody", WriteMelody}}};
+static_assert(kFormats.back().write != nullptr, "a mode has no row");
 
 const Format& FormatOf(FormatMode mode) { return kFormats.at(static_cast<size_t>(mode)); }
 

@@ -33,6 +33,7 @@ constexpr std::array<TargetWords, kExportButtons.size()> kTargetWords{
      {'M', "MIDI, exports nothing", "Exports nothing"},
      {'W', "WAVE, exports nothing", "Exports nothing"},
      {'2', "Export as R320 and T28 key presses", "The keys that type the melody into an R320 or a T28"}}};
+static_assert(kTargetWords.back().spoken != nullptr, "a button has no words");
 
 QString CopyKey() { return QKeySequence(QKeySequence::Copy).toString(QKeySequence::NativeText); }
 

@@ -80,7 +80,7 @@ class MainMenu : public QObject {
   std::array<QAction*, 3> locked_{};  ///< hidden while the composer is locked
   std::vector<MenuItem> items_;
   std::vector<QAction*> actions_;  ///< one for each of items_
-  std::array<QAction*, 4> formats_{};
+  std::array<QAction*, kFormatModes> formats_{};
   std::array<QAction*, 3> outputs_{};
   std::array<QAction*, 3> toggles_{};
   QAction* useDefault_ = nullptr;

@@ -42,7 +42,7 @@ class AnyEditing {
       case 11: return composer.Paste(ElementsOf("c2 *5#d3. ledon r4"));
       case 12: return Drag();
       case 13: return composer.EditSongText(Number(7), kTexts.at(static_cast<size_t>(Number(6))));
-      case 14: return composer.SetMode(static_cast<FormatMode>(Number(4)));
+      case 14: return composer.SetMode(static_cast<FormatMode>(Number(kFormatModes)));
       case 15: return Number(8) == 0 ? composer.Clear() : composer.EraseSelected("cutting");
       default: return Number(8) == 0 ? Open() : composer.TypeTone(Number(12));
     }
@@ -64,7 +64,7 @@ class AnyEditing {
     record.info.name = "Opened";
     on_.composer.TakeIn({.elements = ElementsOf("d2 e2 &a3"),
                          .record = record,
-                         .mode = static_cast<FormatMode>(Number(4)),
+                         .mode = static_cast<FormatMode>(Number(kFormatModes)),
                          .file = imported ? "" : "/tunes/opened",
                          .step = "opening"});
   }

@@ -37,7 +37,7 @@ TEST(HistoryTest, EverythingIsTakenBackAndMadeAgain) {
       change.inserted.push_back(Tone("c", static_cast<int16_t>(pick(9)), kDurations.at(pick(6)), 1.0F));
     }
     if (pick(5) == 0) change.info = SongInfo{.name = std::to_string(step)};
-    if (pick(5) == 0) change.mode = static_cast<FormatMode>(pick(4));
+    if (pick(5) == 0) change.mode = static_cast<FormatMode>(pick(kFormatModes));
     if (pick(5) == 0) change.file = SongFile{std::to_string(step), SongFile::kThisSong};
     history.Do("editing", std::move(change));
   }

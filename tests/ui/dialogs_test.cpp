@@ -15,6 +15,7 @@
 #include "core/limits.h"
 #include "support/fakes.h"
 #include "support/sample_notes.h"
+#include "ui/controls.h"
 #include "ui/dialog_probe.h"
 #include "ui/export_window.h"
 #include "ui/import_window.h"

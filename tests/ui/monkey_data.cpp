@@ -39,7 +39,7 @@ std::string OwnForm(Dice& dice) {
   for (int i = dice.Number(12); i > 0; --i) song.elements.push_back(AnyElement(dice));
   song.info.name = AnyText(dice).toStdString();
   song.info.bpm = dice.Number(1000) - 50;
-  return WriteRecovery(song, static_cast<FormatMode>(dice.Number(4)), {}, 0);
+  return WriteRecovery(song, static_cast<FormatMode>(dice.Number(kFormatModes)), {}, 0);
 }
 
 // `text` cut, with one byte changed, or with a part of it twice.

@@ -254,7 +254,7 @@ class MonkeyTest : public testing::Test {
     ASSERT_TRUE(std::filesystem::is_regular_file(document->File(), unknown));
     const auto there = files.Read(document->File(), kLargestInput).bytes;
     bool found = false;
-    for (int mode = 0; mode < 4 && !found; ++mode) {
+    for (int mode = 0; mode < kFormatModes && !found; ++mode) {
       const auto bytes = Write(document->CurrentSong(), static_cast<FormatMode>(mode), silent_.services);
       found = bytes && *bytes == there;
     }
