@@ -8,8 +8,8 @@
 namespace trillomat {
 namespace {
 
-// The list lays all of its rows out anew at each step, so the steps grow: all together they take twice the
-// last one.
+// The list lays all of its rows out anew at each step. So each step doubles the rows: together the steps take
+// only about twice as long as the last one alone.
 constexpr int kFirstStep = 10000;
 
 }  // namespace

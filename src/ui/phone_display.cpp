@@ -65,7 +65,7 @@ void PhonePictures::PutInTheMiddle() {
 
 void PhonePictures::resizeEvent(QResizeEvent* /*event*/) { Place(); }
 
-// The size is rounded by itself, so that no jump changes it.
+// The size is rounded apart from the corner, so that it is the same wherever the phone jumps.
 void PhonePictures::Place() {
   const QSizeF needed(sizeHint());
   const double scale = std::min(width() / needed.width(), height() / needed.height());

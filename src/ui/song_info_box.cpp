@@ -25,8 +25,8 @@ QLabel* NewNoRowsLabel(QWidget* parent) {
   return label;
 }
 
-// What is typed is a step of the song, so "Undo" and "Redo" of the menu are for it, too, and not those of the
-// text box. True when `key` is one of these.
+// Leaves the keys of "Undo" and "Redo" to the menu, because what is typed is a step of the song and not the
+// text box's own affair. Returns whether `key` is one of them.
 bool LeaveToMenu(QKeyEvent& key) {
   const bool left = key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
   if (left) key.ignore();
@@ -119,7 +119,7 @@ void SongInfoBox::ShowState() {
   ShowList(*lists_[1], rows.at(SongInfoPanel::kVolumeRow));
 }
 
-// Says why nothing can be typed, or to what end.
+// What the row means, why its text is refused, or why typing there changes nothing.
 QString SongInfoBox::TipOf(int row) const {
   const SongInfoPanel& panel = composer_.Panel();
   if (!panel.Rows().at(static_cast<size_t>(row)).enabled) return QStringLiteral("Set by the file format");
