@@ -104,7 +104,10 @@ class Program {
     window_.show();
     int status = 0;
     // From inside the event loop, because opening a file may play it.
-    QTimer::singleShot(0, &window_, [this, &status] { status = Start(); });
+    QTimer start;
+    start.setSingleShot(true);
+    QObject::connect(&start, &QTimer::timeout, &window_, [this, &status] { status = Start(); });
+    start.start(0);
     QApplication::exec();
     window_.Unload();
     return status;

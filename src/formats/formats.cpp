@@ -20,7 +20,7 @@ constexpr std::array<Format, kFormatModes> kFormats{
      {FormatMode::EMelody, "bReadFile_EMelody", ReadEMelody, "bSaveFile_EMelody", WriteEMelody},
      {FormatMode::Rtttl, "bReadFile_RTTTL", ReadRtttl, "bSaveFile_RTTTL", WriteRtttl},
      {FormatMode::Melody, "bReadFile_Melody", ReadMelody, "bSaveFile_Melody", WriteMelody}}};
-static_assert(kFormats.back().write != nullptr, "a mode has no row");
+static_assert(!kFormats.back().writer.empty(), "a mode has no row");
 
 const Format& FormatOf(FormatMode mode) { return kFormats.at(static_cast<size_t>(mode)); }
 
