@@ -37,6 +37,7 @@ class Progress : public EventPump {
     return pump_.PumpEvents();
   }
   bool WaitForEvents(double milliseconds) override { return pump_.WaitForEvents(milliseconds); }
+  void TimeHasPassed() override { pump_.TimeHasPassed(); }
 
  private:
   void Show();
