@@ -128,9 +128,8 @@ class FileBrowser {
   bool clicked_ = false;             ///< the selected row was clicked, not only right-clicked
   std::optional<FileRow> deferred_;  ///< the row whose click waits for the click timer
   bool rightButtonDown_ = false;
-  std::optional<KeptSong> left_;   ///< the song that the last run left, while it is offered
-  std::filesystem::path samples_;  ///< that were shown last
-  std::string samplesFolder_;      ///< the same in the given form
+  std::optional<KeptSong> left_;  ///< the song that the last run left, while it is offered
+  std::string samplesFolder_;     ///< that was shown last; empty for none
   std::string folderBeforeSamples_;
 };
 

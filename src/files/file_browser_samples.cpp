@@ -7,7 +7,7 @@
 namespace trillomat {
 
 const std::string& FileBrowser::OwnFolder() const {
-  return !samplesFolder_.empty() && folder_ == samplesFolder_ ? folderBeforeSamples_ : folder_;
+  return folder_ == samplesFolder_ ? folderBeforeSamples_ : folder_;
 }
 
 // False, with the list as it was, for a folder that the list cannot name.
@@ -25,7 +25,6 @@ void FileBrowser::ShowSamples(const std::filesystem::path& samples) {
   if (!operation) return;
   const std::string before = OwnFolder();
   if (!EnterPlace(samples)) return;
-  samples_ = samples;
   samplesFolder_ = folder_;
   folderBeforeSamples_ = before;
   parts_.host.Say({"Click a sample melody in the list to open it; each format has samples of its own",
@@ -41,7 +40,8 @@ void FileBrowser::CopySamples() {
   const auto operation = parts_.operations.Begin();
   if (!operation) return;
   const auto folder = parts_.host.MusicFolder() / "Trillomat samples";
-  const CopiedSamples done = trillomat::CopySamples(samples_, folder, parts_.store);
+  const CopiedSamples done =
+      trillomat::CopySamples(parts_.store.NativePath(samplesFolder_), folder, parts_.store);
   if (!done.fault.empty()) {
     return parts_.host.Say({"Not copied: " + done.fault, FileMessage::Offer::CopySamples});
   }

@@ -12,12 +12,11 @@ namespace {
 namespace fs = std::filesystem;
 
 std::vector<std::string> MelodiesIn(const fs::path& folder, FileStore& store) {
-  std::vector<std::string> names;
-  for (const ModeLimits& limits : kModeLimits) {
-    for (std::string& name : store.List(folder, "*." + std::string(limits.extension)).files.names) {
-      names.push_back(std::move(name));
-    }
-  }
+  std::vector<std::string> names = store.List(folder, "*").files.names;
+  std::erase_if(names, [](const std::string& name) {
+    const size_t dot = name.rfind('.');
+    return dot == std::string::npos || !ModeOfExtension(std::string_view(name).substr(dot + 1));
+  });
   return names;
 }
 
