@@ -91,9 +91,8 @@ class Program {
                  *keeper_,
                  questions_,
                  StateFolder(),
-                 MusicFolder(),
-                 InstalledData(ProgramFolder(), "samples"),
-                 InstalledData(ProgramFolder(), "manual/manual.html")}) {
+                 MusicFolder,
+                 [](std::string_view name) { return InstalledData(ProgramFolder(), name); }}) {
     QObject::connect(&window_, &MainWindow::Closed, &window_, [this] { pump_.End(); });
   }
 
@@ -116,11 +115,11 @@ class Program {
  private:
   int Start() {
     const bool screenshot = !options_.screenshot.empty();
-    WaitForWindow();
     if (!screenshot) window_.OfferRecovery();
     if (options_.file.empty()) {
       window_.GreetNewcomer();
     } else {
+      WaitForWindow();
       window_.OpenFile(options_.file, !screenshot);
     }
     return screenshot ? TakeScreenshot() : 0;

@@ -38,8 +38,8 @@ struct FilesBoxParts {
   PlayControls& play;
   const PlaySettings& playSettings;
   Services services;
-  std::filesystem::path stateFolder;  ///< of the recovery file; empty keeps none
-  std::filesystem::path music;        ///< the user's folder for it
+  std::filesystem::path stateFolder;             ///< of the recovery file; empty keeps none
+  std::function<std::filesystem::path()> music;  ///< the user's folder for it
 };
 
 class FilesBox : public QGroupBox, private FilesHost {
@@ -126,7 +126,7 @@ class FilesBox : public QGroupBox, private FilesHost {
   void StartClickTimer() override;
   void StopClickTimer() override;
   void Say(const FileMessage& message) override { emit Said(message); }
-  std::filesystem::path MusicFolder() const override { return parts_.music; }
+  std::filesystem::path MusicFolder() const override { return parts_.music(); }
   void ShowProgress(std::string_view text) override { emit Progress(FromUtf8Bytes(text)); }
   std::optional<std::string> AskNewName(std::string_view name) override;
   std::optional<std::filesystem::path> AskSavePath(const SaveDialog& dialog) override;

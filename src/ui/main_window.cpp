@@ -169,7 +169,7 @@ bool MainWindow::Load() {
 }
 
 void MainWindow::GreetNewcomer() {
-  if (firstStart_) files_->Browser().ShowSamplesToNewcomer(parts_.samples);
+  if (firstStart_) files_->Browser().ShowSamplesToNewcomer(parts_.installed("samples"));
 }
 
 void MainWindow::Unload() {

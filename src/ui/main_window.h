@@ -4,6 +4,8 @@
 
 #include <QMainWindow>
 #include <filesystem>
+#include <functional>
+#include <string_view>
 
 #include "composer/composer.h"
 #include "settings/settings.h"
@@ -36,9 +38,13 @@ struct WindowParts {
   FileKeeper& keeper;  ///< of files that are replaced or deleted
   Questions& questions;
   std::filesystem::path stateFolder = {};  ///< where the recovery file is kept; empty for nowhere
-  std::filesystem::path music = {};        ///< the user's folder for music, whether it exists or not
-  std::filesystem::path samples = {};  ///< the folder of the sample melodies; empty where they are missing
-  std::filesystem::path manual = {};   ///< its first page; empty where it is missing
+  /// The user's folder for music, whether it exists or not.
+  std::function<std::filesystem::path()> music = [] { return std::filesystem::path(); };
+  /// Where that lies which is installed with the program: "samples", "manual/manual.html". Empty where it is
+  /// missing.
+  std::function<std::filesystem::path(std::string_view)> installed = [](std::string_view /*name*/) {
+    return std::filesystem::path();
+  };
 };
 
 class MainWindow final : public QMainWindow,

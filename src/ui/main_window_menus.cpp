@@ -154,14 +154,16 @@ std::vector<MenuItem> MainWindow::HelpItems() {
 }
 
 void MainWindow::ShowManual() {
-  if (parts_.manual.empty()) return ShowMessage({"The manual is not installed with the program"});
-  if (parts_.questions.ShowPage(parts_.manual)) return;
-  ShowMessage({"Nothing on this computer shows the manual: " + Utf8OfPath(parts_.manual)});
+  const auto manual = parts_.installed("manual/manual.html");
+  if (manual.empty()) return ShowMessage({"The manual is not installed with the program"});
+  if (parts_.questions.ShowPage(manual)) return;
+  ShowMessage({"Nothing on this computer shows the manual: " + Utf8OfPath(manual)});
 }
 
 void MainWindow::ShowSamples() {
-  if (parts_.samples.empty()) return ShowMessage({"No sample melodies are installed with the program"});
-  files_->Browser().ShowSamples(parts_.samples);
+  const auto samples = parts_.installed("samples");
+  if (samples.empty()) return ShowMessage({"No sample melodies are installed with the program"});
+  files_->Browser().ShowSamples(samples);
 }
 
 void MainWindow::ShowAbout() { AboutWindow(QCoreApplication::applicationVersion(), this).exec(); }

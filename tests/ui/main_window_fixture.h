@@ -75,8 +75,18 @@ constexpr const char* kRefusedTune = "NAME:Refused\r\nBEAT:300\r\nSTYLE:S1\r\nno
 /// What the program is made of, apart from the window.
 struct Parts : FakeServices {
   WindowParts ForWindow(const std::filesystem::path& stateFolder = {}) {
-    return {document,  record,      services,         clock,   sound, settings, files, keeper,
-            questions, stateFolder, folder / "Music", samples, manual};
+    return {document,
+            record,
+            services,
+            clock,
+            sound,
+            settings,
+            files,
+            keeper,
+            questions,
+            stateFolder,
+            [this] { return folder / "Music"; },
+            [this](std::string_view name) { return name == "samples" ? samples : manual; }};
   }
 
   Document document;
